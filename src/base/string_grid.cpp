@@ -1,0 +1,168 @@
+#include "base/string_grid.h"
+
+#include <algorithm>
+
+namespace kelvane {
+
+StringGrid::StringGrid(int columns, QObject* parent)
+    : QAbstractTableModel(parent), m_columns(columns), m_columnHidden(static_cast<size_t>(columns), false) {
+    m_rows.resize(1);
+    m_rows[0].cells.resize(static_cast<size_t>(columns));
+}
+
+QString StringGrid::cell(int column, int row) const {
+    if (!hasRow(row) || column < 0 || column >= m_columns) return {};
+    return m_rows[static_cast<size_t>(row)].cells[static_cast<size_t>(column)];
+}
+
+void StringGrid::setCell(int column, int row, const QString& text) {
+    if (row < 0 || column < 0 || column >= m_columns) return;
+    if (row >= RowCount()) setRowCount(row + 1);
+    QString& place = m_rows[static_cast<size_t>(row)].cells[static_cast<size_t>(column)];
+    if (place == text) return;
+    place = text;
+    rowChanged(row);
+}
+
+void StringGrid::setRowCount(int count) {
+    count = std::max(count, 1);
+    const int old = RowCount();
+    if (count == old) return;
+    if (count < old) {
+        beginRemoveRows({}, count - 1, old - 2);
+        m_rows.resize(static_cast<size_t>(count));
+        endRemoveRows();
+        return;
+    }
+    beginInsertRows({}, old - 1, count - 2);
+    m_rows.resize(static_cast<size_t>(count));
+    for (size_t row = static_cast<size_t>(old); row < m_rows.size(); ++row)
+        m_rows[row].cells.resize(static_cast<size_t>(m_columns));
+    endInsertRows();
+}
+
+void StringGrid::blank(int fromColumn, int toColumn, int fromRow, int toRow) {
+    for (int row = std::max(fromRow, 0); row <= std::min(toRow, RowCount() - 1); ++row)
+        for (int column = fromColumn; column <= std::min(toColumn, m_columns - 1); ++column)
+            setCell(column, row, {});
+}
+
+void StringGrid::setHeaders(const QStringList& headers) {
+    for (int column = 0; column < static_cast<int>(headers.size()); ++column)
+        setCell(column, 0, headers[column]);
+}
+
+void StringGrid::addCheckBox(int row, bool set) {
+    if (row < 0) return;
+    if (row >= RowCount()) setRowCount(row + 1);
+    m_rows[static_cast<size_t>(row)].check = set;
+    rowChanged(row);
+}
+
+void StringGrid::removeCheckBox(int row) {
+    if (!hasCheckBox(row)) return;
+    m_rows[static_cast<size_t>(row)].check.reset();
+    rowChanged(row);
+}
+
+bool StringGrid::hasCheckBox(int row) const {
+    return hasRow(row) && m_rows[static_cast<size_t>(row)].check.has_value();
+}
+
+bool StringGrid::checkBox(int row) const {
+    return hasRow(row) && m_rows[static_cast<size_t>(row)].check.value_or(false);
+}
+
+void StringGrid::setCheckBox(int row, bool set) {
+    if (!hasCheckBox(row) || checkBox(row) == set) return;
+    m_rows[static_cast<size_t>(row)].check = set;
+    rowChanged(row);
+}
+
+bool StringGrid::columnHidden(int column) const {
+    return column >= 0 && column < m_columns && m_columnHidden[static_cast<size_t>(column)];
+}
+
+void StringGrid::setColumnHidden(int column, bool hidden) {
+    if (column < 0 || column >= m_columns || columnHidden(column) == hidden) return;
+    m_columnHidden[static_cast<size_t>(column)] = hidden;
+    Q_EMIT hiddenColumnsChanged();
+}
+
+bool StringGrid::rowHidden(int row) const { return hasRow(row) && m_rows[static_cast<size_t>(row)].hidden; }
+
+void StringGrid::setRowHidden(int row, bool hidden) {
+    if (!hasRow(row) || rowHidden(row) == hidden) return;
+    m_rows[static_cast<size_t>(row)].hidden = hidden;
+    Q_EMIT hiddenRowsChanged();
+}
+
+void StringGrid::showAllRows() {
+    for (int row = 0; row < RowCount(); ++row) setRowHidden(row, false);
+}
+
+int StringGrid::visibleRowCount() const {
+    return static_cast<int>(std::count_if(m_rows.begin(), m_rows.end(), [](const Row& r) { return !r.hidden; }));
+}
+
+int StringGrid::realRow(int visibleRow) const {
+    for (int row = 0; row < RowCount(); ++row)
+        if (!m_rows[static_cast<size_t>(row)].hidden && visibleRow-- == 0) return row;
+    return -1;
+}
+
+bool StringGrid::edited(int row) const { return hasRow(row) && m_rows[static_cast<size_t>(row)].edited; }
+
+void StringGrid::setEdited(int row, bool edited) {
+    if (!hasRow(row) || this->edited(row) == edited) return;
+    m_rows[static_cast<size_t>(row)].edited = edited;
+    rowChanged(row);
+}
+
+void StringGrid::rowChanged(int row) {
+    if (row == 0) {
+        Q_EMIT headerDataChanged(Qt::Horizontal, 0, m_columns - 1);
+    } else {
+        Q_EMIT dataChanged(index(row - 1, 0), index(row - 1, m_columns - 1));
+    }
+}
+
+int StringGrid::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : RowCount() - 1; }
+
+int StringGrid::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_columns; }
+
+QVariant StringGrid::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) return {};
+    const int column = index.column();
+    const int row = index.row() + 1;
+    switch (role) {
+        case Qt::DisplayRole: return cell(column, row);
+        case Qt::CheckStateRole:
+            if (column != 0 || !hasCheckBox(row)) return {};
+            return checkBox(row) ? Qt::Checked : Qt::Unchecked;
+        case Qt::ForegroundRole:
+            if (cellColours)
+                if (const auto colour = cellColours(column, row).text) return QColor(*colour);
+            return {};
+        case Qt::BackgroundRole:
+            if (cellColours)
+                if (const auto colour = cellColours(column, row).background) return QColor(*colour);
+            return {};
+        case EditedRole: return edited(row);
+        default: return {};
+    }
+}
+
+QVariant StringGrid::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::DisplayRole) return cell(section, 0);
+    if (role == Qt::CheckStateRole && section == 0 && hasCheckBox(0))
+        return checkBox(0) ? Qt::Checked : Qt::Unchecked;
+    return {};
+}
+
+Qt::ItemFlags StringGrid::flags(const QModelIndex& index) const {
+    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
+}
+
+}  // namespace kelvane

@@ -1,0 +1,86 @@
+// The grid of the plant without its widget: text cells addressed by column and row, row 0 being the header row,
+// check boxes in column 0, hidden columns and rows, cell colours by a rule. Engines fill it, ui/ shows it. As an
+// item model its row r is grid row r + 1 and its header is grid row 0.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QColor>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace kelvane {
+
+struct CellColours {
+    std::optional<QRgb> text;
+    std::optional<QRgb> background;
+};
+
+class StringGrid : public QAbstractTableModel {
+    Q_OBJECT
+   public:
+    explicit StringGrid(int columns, QObject* parent = nullptr);
+
+    // Cells. Reading outside gives empty text; writing past the last row makes the grid grow, writing past the
+    // last column is dropped.
+    QString cell(int column, int row) const;
+    void setCell(int column, int row, const QString& text);
+    int ColCount() const { return m_columns; }
+    int RowCount() const { return static_cast<int>(m_rows.size()); }  // header row included
+    // Rows that are cut lose their cells, check boxes and edit marks; new rows are blank.
+    void setRowCount(int count);
+    void blank(int fromColumn, int toColumn, int fromRow, int toRow);  // clipped to what exists
+    void setHeaders(const QStringList& headers);
+
+    // Check boxes, column 0. A row without a box reads unset.
+    void addCheckBox(int row, bool set);
+    void removeCheckBox(int row);
+    bool hasCheckBox(int row) const;
+    bool checkBox(int row) const;
+    void setCheckBox(int row, bool set);  // nothing on a row without a box
+
+    // Hidden columns and rows. Hidden rows drop out of the visible numbering: visibleCell(c, 1) is the first
+    // row behind the header that is not hidden.
+    bool columnHidden(int column) const;
+    void setColumnHidden(int column, bool hidden);
+    bool rowHidden(int row) const;
+    void setRowHidden(int row, bool hidden);
+    void showAllRows();
+    int visibleRowCount() const;
+    int realRow(int visibleRow) const;  // -1 when there is none
+    QString visibleCell(int column, int visibleRow) const { return cell(column, realRow(visibleRow)); }
+
+    // Rows edited but not yet written; shown as a mark, never as a colour that has a meaning.
+    bool edited(int row) const;
+    void setEdited(int row, bool edited);
+
+    // Colours of a cell, asked when it is drawn.
+    std::function<CellColours(int column, int row)> cellColours;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+    static constexpr int EditedRole = Qt::UserRole + 1;
+
+   Q_SIGNALS:
+    void hiddenColumnsChanged();
+    void hiddenRowsChanged();
+
+   private:
+    struct Row {
+        std::vector<QString> cells;
+        std::optional<bool> check;
+        bool hidden = false;
+        bool edited = false;
+    };
+    bool hasRow(int row) const { return row >= 0 && row < RowCount(); }
+    void rowChanged(int row);
+    int m_columns;
+    std::vector<Row> m_rows;
+    std::vector<bool> m_columnHidden;
+};
+
+}  // namespace kelvane
