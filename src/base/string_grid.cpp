@@ -131,6 +131,12 @@ int StringGrid::rowCount(const QModelIndex& parent) const { return parent.isVali
 
 int StringGrid::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_columns; }
 
+QVariant StringGrid::colourOf(int column, int row, std::optional<Rgb> CellColours::*which) const {
+    if (!cellColours) return {};
+    const std::optional<Rgb> colour = cellColours(column, row).*which;
+    return colour ? QVariant(*colour) : QVariant();
+}
+
 QVariant StringGrid::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
     const int column = index.column();
@@ -140,14 +146,8 @@ QVariant StringGrid::data(const QModelIndex& index, int role) const {
         case Qt::CheckStateRole:
             if (column != 0 || !hasCheckBox(row)) return {};
             return checkBox(row) ? Qt::Checked : Qt::Unchecked;
-        case Qt::ForegroundRole:
-            if (cellColours)
-                if (const auto colour = cellColours(column, row).text) return QColor(*colour);
-            return {};
-        case Qt::BackgroundRole:
-            if (cellColours)
-                if (const auto colour = cellColours(column, row).background) return QColor(*colour);
-            return {};
+        case TextColourRole: return colourOf(column, row, &CellColours::text);
+        case BackgroundColourRole: return colourOf(column, row, &CellColours::background);
         case EditedRole: return edited(row);
         default: return {};
     }

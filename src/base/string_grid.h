@@ -4,16 +4,17 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QColor>
 #include <functional>
 #include <optional>
 #include <vector>
 
 namespace kelvane {
 
+using Rgb = quint32;  // 0xRRGGBB
+
 struct CellColours {
-    std::optional<QRgb> text;
-    std::optional<QRgb> background;
+    std::optional<Rgb> text;
+    std::optional<Rgb> background;
 };
 
 class StringGrid : public QAbstractTableModel {
@@ -63,7 +64,10 @@ class StringGrid : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
+    // Roles beside the standard ones; colours are Rgb numbers, absent when the rule gives none.
     static constexpr int EditedRole = Qt::UserRole + 1;
+    static constexpr int TextColourRole = Qt::UserRole + 2;
+    static constexpr int BackgroundColourRole = Qt::UserRole + 3;
 
    Q_SIGNALS:
     void hiddenColumnsChanged();
@@ -78,6 +82,7 @@ class StringGrid : public QAbstractTableModel {
     };
     bool hasRow(int row) const { return row >= 0 && row < RowCount(); }
     void rowChanged(int row);
+    QVariant colourOf(int column, int row, std::optional<Rgb> CellColours::*which) const;
     int m_columns;
     std::vector<Row> m_rows;
     std::vector<bool> m_columnHidden;
