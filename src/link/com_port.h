@@ -6,6 +6,7 @@
 #include <QString>
 #include <QtGlobal>
 #include <functional>
+#include <optional>
 
 namespace kelvane {
 
@@ -50,7 +51,7 @@ class TApdComPort {
 
     virtual bool PutBlock(const QByteArray& bytes) = 0;  // an RTU frame; false when not written
     virtual bool PutString(const QByteArray& text) = 0;  // an ASCII frame
-    virtual char GetChar() = 0;                          // one received byte; 0 when none waits
+    virtual std::optional<char> GetChar() = 0;           // one received byte; nothing is a read error
     virtual void dropInput() = 0;                        // throws away what has arrived and was not taken
 
     // Called in the event loop, never from inside another call of the port, whenever bytes wait; count of them

@@ -1,0 +1,258 @@
+#include "link/task_table.h"
+
+#include <algorithm>
+#include <array>
+
+#include "link/fault_names.h"
+#include "link/number_text.h"
+#include "link/request_scheduler.h"
+
+namespace kelvane {
+
+namespace {
+
+constexpr quint8 Hazel = static_cast<quint8>(Family::Hazel);
+constexpr quint8 Aspen = static_cast<quint8>(Family::Aspen);
+constexpr quint8 Keypad = static_cast<quint8>(Family::Keypad);
+
+// Generated commands by family index. "G" stands for the group name read, empty for no entry.
+struct FamilyCommands {
+    const char* task21;
+    const char* task1;
+    const char* task4;
+};
+
+constexpr std::array<FamilyCommands, 10> familyCommands{{
+    {"FF0300500001", "FF0300500001", "FF0321000010"},  // Rowan
+    {"FF0300000001", "FF0300000001", "FF032100000B"},  // Aspen
+    {"G", "FF0300000001", "FF0321000010"},             // Larch
+    {"FF0300060001", "FF0300000001", "FF032100000B"},  // Hazel
+    {"G", "FF0300000001", "FF0321000010"},             // Tilia
+    {"G", "FF0307000001", "FF032100000E"},             // Osier
+    {"G", "FF0300000001", "FF032100000B"},             // Willow
+    {"", "", ""},                                      // no family
+    {"G", "FF0300000001", "FF0321000010"},             // Yarrow
+    {"G", "FF0300000001", "FF0321000010"},             // Sorrel
+}};
+
+QString byFamily(const DriveStatusRecord& status, const char* FamilyCommands::*column) {
+    if (status.DriveFamily >= familyCommands.size()) return {};
+    const QString text = QString::fromLatin1(familyCommands[status.DriveFamily].*column);
+    if (text != QLatin1String("G")) return text;
+    return QStringLiteral("FF0331") % IntToBaseStr(status.GroupIndex, 16, 2) % QStringLiteral("0008");
+}
+
+// The register table behind the last group gives each group's parameter count.
+QString groupCountCommand(const DriveStatusRecord& status) {
+    return QStringLiteral("FF03") % IntToBaseStr(status.GroupCount + 1, 16, 2) %
+           IntToBaseStr(status.GroupIndex, 16, 2) % QStringLiteral("0001");
+}
+
+void setAt(auto& array, int index, auto value) {
+    if (index >= 0 && static_cast<size_t>(index) < array.size())
+        array[static_cast<size_t>(index)] = static_cast<typename std::decay_t<decltype(array)>::value_type>(value);
+}
+
+// ---- Status poll ----
+
+void storeStatusWords(RequestScheduler& link, const QByteArray& RxData) {
+    DriveStatusRecord& status = link.DriveStatus;
+    const bool stateWordApart = status.DriveFamily == 0 || status.DriveFamily == 2;
+    for (int i = 0; i < status.StatusWordCount + 2; ++i) {
+        if (i == 1 && stateWordApart) continue;
+        const quint16 word = wordAt(RxData, 4 + 2 * i);
+        setAt(status.StatusWords, i, word);
+        if (i == 0 && stateWordApart) link.push(17, QStringLiteral("FF0321190001"));
+        if (i < 2 || i - 2 >= static_cast<int>(status.StatusText.size())) continue;
+        const auto item = static_cast<size_t>(i - 2);
+        status.StatusText[item] = InsertDecimalPoint(QString::number(word), status.StatusDecimals[item]);
+    }
+}
+
+void decodeStatus(RequestScheduler& link, const QByteArray& RxData) {
+    storeStatusWords(link, RxData);
+    DriveStatusRecord& status = link.DriveStatus;
+    status.FaultCode = static_cast<quint8>(status.StatusWords[0] & 0xFF);
+    if (status.FaultCode == 0) status.FaultTextValid = 0;
+    status.JogActive = (status.StatusWords[1] >> 2) & 1;
+    status.ReservedEnabled = (status.StatusWords[1] >> 5) & 1;
+    status.DriveReady = 1;
+    if (link.ActiveFunction == OwnerMain) link.Notice.TInitialForm = false;
+    link.Trend.KeypadTransparentButton = true;
+    const bool keypadRests = link.ActiveFunction == OwnerParameter ||
+                             link.ActiveFunction == OwnerAutoTuning || link.ActiveFunction == OwnerPid;
+    if (!keypadRests && status.KeypadDataDue) link.Keypad.GetDataTimer = true;
+    if (link.Keypad.KeypadPage == 2) link.push(7, ratedWordsCommand(status.DriveFamily));
+    Q_EMIT link.statusDecoded();
+}
+
+// ---- Group counts ----
+
+void storeGroupParamCount(RequestScheduler& link, const QByteArray& RxData) {
+    setAt(link.DriveStatus.GroupParamCount, link.DriveStatus.GroupIndex, wordAt(RxData, 4));
+}
+
+// True while another group follows, whose read is then pushed.
+bool pushNextGroup(RequestScheduler& link, quint8 task) {
+    if (link.DriveStatus.GroupIndex >= link.DriveStatus.GroupCount) return false;
+    ++link.DriveStatus.GroupIndex;
+    link.push(task);
+    return true;
+}
+
+void showKeypad(RequestScheduler& link) {
+    link.Keypad.keys = true;
+    const int page = link.Keypad.KeypadStartMode - 1;
+    link.Keypad.KeypadPage = static_cast<qint8>(page < 0 || page > 3 ? 4 : page);
+    link.Keypad.stepPage();
+    if (link.Keypad.KeypadPage == 2) link.push(7, ratedWordsCommand(link.DriveStatus.DriveFamily));
+    link.Keypad.pageIndex = 0;
+    Q_EMIT link.keypadModeClick();
+}
+
+void onGroupCount(RequestScheduler& link, const QByteArray& RxData) {
+    storeGroupParamCount(link, RxData);
+    if (pushNextGroup(link, 11)) return;
+    link.push(9, maxFreqCommand(link.DriveStatus.DriveFamily));
+    showKeypad(link);
+}
+
+void onKeypadGroupCount(RequestScheduler& link, const QByteArray& RxData) {
+    storeGroupParamCount(link, RxData);
+    if (pushNextGroup(link, 81)) return;
+    link.emptyQueues();
+    link.DriveStatus.DriveReady = 1;
+    Q_EMIT link.keypadTableReady();
+}
+
+// ---- Parameters ----
+
+void onParameterRead(RequestScheduler& link, const QString& command, const QByteArray& RxData) {
+    ParamReadRecord& read = link.ParamRead;
+    read.ReadDone = 1;
+    read.ReadField[0] = wordAt(RxData, 4);
+    const quint8 family = link.DriveStatus.DriveFamily;
+    if (family == Keypad) return;
+    for (int field = 1; field <= 3; ++field) read.ReadField[static_cast<size_t>(field)] = wordAt(RxData, 4 + 2 * field);
+    if (family != Hazel) {
+        read.ReadField[4] = wordAt(RxData, 12);
+        read.ReadName = dataText(RxData, 11, 16);
+        read.ReadUnit = dataText(RxData, 27, 4);
+        return;
+    }
+    read.ReadField[4] = 0;
+    read.ReadUnit.clear();
+    const int group = BaseStrToInt(command.mid(4, 2), 16);
+    const int number = BaseStrToInt(command.mid(6, 2), 16);
+    read.ReadName = link.fixedParaName ? link.fixedParaName(group, number) : QString();
+}
+
+void onGeneralRead(RequestScheduler& link, const QByteArray& RxData) {
+    const int bytes = byteAt(RxData, 3);
+    link.ReadDataText = RxData.mid(3, bytes);
+    for (int i = 0; i < bytes / 2; ++i) setAt(link.ReadWords, i, wordAt(RxData, 4 + 2 * i));
+    if (link.ActiveFunction == OwnerAdvance)
+        link.completeConsoleLine(QStringLiteral("Receive > ") % link.Rx.RxLogText, link.ConsoleLog.topLineColour);
+    link.ParamRead.ReadDone = 1;
+}
+
+void onWritten(RequestScheduler& link) {
+    if (link.ActiveFunction == OwnerAdvance)
+        link.completeConsoleLine(QStringLiteral("Receive > ") % link.Rx.RxLogText, link.ConsoleLog.topLineColour);
+    link.ParamRead.WriteDone = 1;
+}
+
+// ---- Faults and refusals ----
+
+void onFaultText(RequestScheduler& link, const QByteArray& RxData) {
+    DriveStatusRecord& status = link.DriveStatus;
+    status.FaultTextValid = 1;
+    status.ExceptionText = dataText(RxData, 1, 16);
+    status.FaultName = dataText(RxData, 17, 4);
+    const QString name = status.DriveFamily == Aspen ? FaultNamesAspen(status.FaultCode) : status.FaultName;
+    link.ShowHistoryMsg(name % QStringLiteral(" : ") % status.ExceptionText);
+}
+
+void onExceptionText(RequestScheduler& link, const QByteArray& RxData) {
+    DriveStatusRecord& status = link.DriveStatus;
+    status.ExceptionText = dataText(RxData, 1, 16);
+    link.ShowHistoryMsg(QStringLiteral("CE ") % QString::number(status.ExceptionCode) % QStringLiteral(" : ") %
+                        status.ExceptionText);
+    status.ExceptionTextDone = 1;
+    if (link.ActiveFunction == OwnerQuickSetup) link.ParamRead.WriteDone = 1;
+}
+
+void storeRatedWords(RequestScheduler& link, const QByteArray& RxData) {
+    DriveStatusRecord& status = link.DriveStatus;
+    status.RatedWords[0] = wordAt(RxData, 4);
+    status.RatedWords[1] = wordAt(RxData, 6);
+    if (status.DriveFamily != Hazel) status.RatedWords[2] = wordAt(RxData, 8);
+}
+
+// Digit of the direction command line: the status still shows the direction before the change.
+int directionDigit(const DriveStatusRecord& status) { return status.StatusWords[1] & 8 ? 50 : 40; }
+
+void onConsoleReply(RequestScheduler& link, const QString& command, const QByteArray& RxData) {
+    link.completeConsoleLine(QStringLiteral("Receive > ") % link.Rx.RxLogText, link.ConsoleLog.topLineColour);
+    link.ConsoleLog.CanSend = 1;
+    Q_EMIT link.consoleGoodReply(command, RxData);
+}
+
+}  // namespace
+
+QString generatedCommand(quint8 task, const DriveStatusRecord& DriveStatus) {
+    switch (task) {
+        case 1: return byFamily(DriveStatus, &FamilyCommands::task1);
+        case 4: return byFamily(DriveStatus, &FamilyCommands::task4);
+        case 11:
+        case 81: return groupCountCommand(DriveStatus);
+        case 21: return byFamily(DriveStatus, &FamilyCommands::task21);
+        // Kept: the blanks stand in the strings of the brand variant's tasks.
+        case 50: return QStringLiteral("FF03 4001 0402");
+        case 51: return QStringLiteral("FF03 4005 0002");
+        case 52: return QStringLiteral("FF03 2110 0001");
+        case 53: return QStringLiteral("FF03 2100 000B");
+        case 80: return QStringLiteral("FF0321110001");
+        default: return {};
+    }
+}
+
+QString ratedWordsCommand(quint8 DriveFamily) {
+    return DriveFamily == Hazel ? QStringLiteral("FF03210B0002") : QStringLiteral("FF0321160003");
+}
+
+QString maxFreqCommand(quint8 DriveFamily) {
+    return DriveFamily == Hazel ? QStringLiteral("FF0301000001") : QStringLiteral("FF03211B0001");
+}
+
+void installTaskTable(RequestScheduler& link) {
+    auto& on = link.taskHandlers;
+    using Text = const QString&;
+    using Bytes = const QByteArray&;
+    on[2] = on[6] = [&link](Text, Bytes) { link.Trend.AbTrend2Digit[0] = 10; };
+    on[3] = [&link](Text, Bytes) { link.Trend.AbTrend2Digit[0] = 0; };
+    on[4] = [&link](Text, Bytes data) { decodeStatus(link, data); };
+    on[5] = [&link](Text, Bytes) { link.Trend.AbTrend2Digit[2] = directionDigit(link.DriveStatus); };
+    on[7] = [&link](Text, Bytes data) { storeRatedWords(link, data); };
+    on[9] = [&link](Text, Bytes data) { link.DriveStatus.MaxFreqWord = wordAt(data, 4); };
+    on[10] = [&link](Text, Bytes) { link.DriveStatus.KeypadDataDue = 1; };
+    on[11] = [&link](Text, Bytes data) { onGroupCount(link, data); };
+    on[12] = [&link](Text command, Bytes data) { onParameterRead(link, command, data); };
+    on[13] = [&link](Text, Bytes) { onWritten(link); };
+    on[14] = [&link](Text, Bytes data) { onFaultText(link, data); };
+    on[15] = [&link](Text, Bytes data) { onExceptionText(link, data); };
+    on[17] = [&link](Text, Bytes data) { link.DriveStatus.StatusWords[1] = wordAt(data, 4); };
+    on[18] = [&link](Text, Bytes data) {
+        link.ParamRead.ReadField[0] = wordAt(data, 4);
+        link.ParamRead.ReadDone = 1;
+    };
+    on[19] = [&link](Text command, Bytes data) { onConsoleReply(link, command, data); };
+    on[20] = [&link](Text, Bytes data) { onGeneralRead(link, data); };
+    on[80] = [&link](Text, Bytes data) {
+        link.DriveStatus.GroupCount = byteAt(data, 5);
+        link.DriveStatus.GroupIndex = 0;
+    };
+    on[81] = [&link](Text, Bytes data) { onKeypadGroupCount(link, data); };
+}
+
+}  // namespace kelvane

@@ -1,0 +1,24 @@
+// What a task code means: the command that the send step generates for it, and what a good reply fills. Tasks 0,
+// 1, 21 and 50 to 52 identify the drive and get their handlers from the catalogue.
+#pragma once
+
+#include <QString>
+
+#include "link/link_records.h"
+
+namespace kelvane {
+
+class RequestScheduler;
+
+// Command of tasks 1, 4, 11, 21, 50 to 53, 80 and 81; empty for all others, whose command comes with the push,
+// and for a family without an entry.
+QString generatedCommand(quint8 task, const DriveStatusRecord& DriveStatus);
+
+// Commands that are pushed with their task and differ for Hazel.
+QString ratedWordsCommand(quint8 DriveFamily);  // task 7
+QString maxFreqCommand(quint8 DriveFamily);     // task 9
+
+// Sets the reply handlers of this table.
+void installTaskTable(RequestScheduler& link);
+
+}  // namespace kelvane
