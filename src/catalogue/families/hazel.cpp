@@ -1,0 +1,19 @@
+// Models of Hazel: even codes 230 V, odd 460 V.
+#include "catalogue/families/model_data.h"
+
+namespace kelvane {
+
+constinit const std::array<ModelTexts, 10> HazelModels = modelTable<10>({
+    {0, {"230V", "1.6A", "0.2 ( 0.25 )"}},
+    {1, {"460V", "0.8A", "0.2 ( 0.25 )"}},
+    {2, {"230V", "2.5A", "0.4 ( 0.5 )"}},
+    {3, {"460V", "1.5A", "0.4 ( 0.5 )"}},
+    {4, {"230V", "5.0A", "0.75 ( 1 )"}},
+    {5, {"460V", "3.0A", "0.75 ( 1 )"}},
+    {6, {"230V", "7.0A", "1.5 ( 2 )"}},
+    {7, {"460V", "4.0A", "1.5 ( 2 )"}},
+    {8, {"230V", "10.0A", "2.2 ( 3 )"}},
+    {9, {"460V", "5.0A", "2.2 ( 3 )"}},
+});
+
+}  // namespace kelvane

@@ -1,0 +1,173 @@
+#include "catalogue/family_profiles.h"
+
+#include <gtest/gtest.h>
+
+#include <QSet>
+#include <map>
+
+namespace kelvane {
+namespace {
+
+const FamilyProfile& profile(Family family) { return *familyProfile(static_cast<quint8>(family)); }
+
+// Names "c1" to "c5" and "f1" to "f9" show where an entry came from.
+QStringList namesOf(Family family) {
+    std::vector<QString> common;
+    std::vector<QString> own;
+    for (int i = 1; i <= 5; ++i) common.push_back(QStringLiteral("c%1").arg(i));
+    for (int i = 1; i <= 9; ++i) own.push_back(QStringLiteral("f%1").arg(i));
+    return itemNames(profile(family), common, own);
+}
+
+// A grid of the trend window: what stood before, then what a drive writes.
+using Grid = std::map<std::pair<int, int>, std::string>;
+void write(Grid& grid, Family family) {
+    for (const InfoCell& cell : infoGridCells(profile(family), namesOf(family)))
+        grid[{cell.column, cell.row}] = cell.text.toStdString();
+}
+
+struct StatusTables {
+    quint8 StatusWordCount = 0;
+    std::array<quint8, 16> StatusScale{};
+    std::array<quint8, 16> StatusDecimals{};
+    std::array<QString, 16> StatusUnit;
+    std::array<QString, 16> StatusFormat;
+};
+
+TEST(FamilyProfile, HasNoRowOutsideTheNineFamilies) {
+    for (int DriveFamily = 0; DriveFamily < 256; ++DriveFamily) {
+        const FamilyProfile* found = familyProfile(static_cast<quint8>(DriveFamily));
+        EXPECT_EQ(found != nullptr, DriveFamily <= 9 && DriveFamily != 7);
+        if (found) {
+            EXPECT_EQ(static_cast<int>(found->DriveFamily), DriveFamily);
+        }
+    }
+}
+
+TEST(FamilyProfile, TellsWhatAFamilyAllows) {
+    std::string tuning, pid, names, asks;
+    for (const Family family : AllFamilies) {
+        const auto digit = static_cast<char>('0' + static_cast<int>(family));
+        if (profile(family).AutoTuning) tuning += digit;
+        if (profile(family).PIDControl) pid += digit;
+        if (profile(family).groupNamesFromDrive) names += digit;
+        if (profile(family).asksSecondStateWord()) asks += digit;
+    }
+    EXPECT_EQ(tuning, "02469");
+    EXPECT_EQ(pid, "0124568");
+    EXPECT_EQ(names, "245689");
+    EXPECT_EQ(asks, "02");
+}
+
+TEST(FamilyProfile, ScalesItemsAsTheDriveSendsThem) {
+    EXPECT_EQ(statusItemValue(300, profile(Family::Rowan).StatusScale[5]), 300);
+    EXPECT_DOUBLE_EQ(statusItemValue(523, profile(Family::Tilia).StatusScale[2]), 5.23);
+    EXPECT_EQ(statusItemValue(310, profile(Family::Aspen).StatusScale[3]), 310);
+    EXPECT_DOUBLE_EQ(statusItemValue(523, profile(Family::Larch).StatusScale[2]), 52.3);
+    EXPECT_STREQ(profile(Family::Larch).StatusUnit[13], "KW");
+    EXPECT_STREQ(profile(Family::Sorrel).StatusUnit[13], "kW");
+    EXPECT_STREQ(profile(Family::Yarrow).StatusUnit[13], "kw");
+    EXPECT_STREQ(profile(Family::Yarrow).StatusUnit[11], "mA");
+    EXPECT_STREQ(profile(Family::Osier).StatusUnit[8], "%");
+}
+
+class ProfileOfFamily : public testing::TestWithParam<Family> {};
+
+TEST_P(ProfileOfFamily, HasAFormatOfTheSamePlacesAsItsText) {
+    const FamilyProfile& tested = profile(GetParam());
+    for (std::size_t k = 0; k < tested.StatusWordCount; ++k) {
+        if (GetParam() == Family::Aspen && k == 8) continue;
+        const QString format = QString::fromLatin1(tested.StatusFormat[k]);
+        EXPECT_EQ(format.section(QLatin1Char('.'), 1).size(), tested.StatusDecimals[k]) << k;
+        const int divisor[3] = {0, 10, 100};
+        EXPECT_EQ(tested.StatusScale[k], divisor[tested.StatusDecimals[k]]) << k;
+    }
+    EXPECT_STREQ(tested.StatusUnit[0], "Hz");
+    EXPECT_STREQ(tested.StatusUnit[2], "A");
+}
+
+TEST_P(ProfileOfFamily, GivesEveryEntryOfTheListOneItem) {
+    const FamilyProfile& tested = profile(GetParam());
+    const QStringList names = namesOf(GetParam());
+    EXPECT_EQ(names.size(), GetParam() == Family::Willow ? 6 : tested.StatusWordCount);
+    EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());
+    for (int i = 1; i < names.size(); ++i)
+        EXPECT_GT(itemOfListIndex(tested, i), itemOfListIndex(tested, i - 1)) << i;
+    EXPECT_EQ(itemOfListIndex(tested, -1), -1);
+    EXPECT_EQ(itemOfListIndex(tested, static_cast<int>(names.size())), -1);
+    // A list from an unfilled language table has empty entries, not fewer.
+    EXPECT_EQ(itemNames(tested, {}, {}).size(), names.size());
+}
+
+INSTANTIATE_TEST_SUITE_P(Families, ProfileOfFamily, testing::ValuesIn(AllFamilies),
+                         [](const auto& tested) { return std::string(familyName(tested.param)); });
+
+TEST(ItemList, InterleavesNamesWhereAFamilyOrdersItsItemsDifferently) {
+    EXPECT_EQ(namesOf(Family::Aspen).join(QLatin1Char(' ')).toStdString(), "c1 c2 c3 c4 c5 f1 f2 f3 f4");
+    EXPECT_EQ(namesOf(Family::Willow).join(QLatin1Char(' ')).toStdString(), "c1 c2 c3 c4 c5 f1");
+    EXPECT_EQ(namesOf(Family::Yarrow).join(QLatin1Char(' ')).toStdString(),
+              "c1 c2 c3 f1 f2 f3 c4 c5 f4 f5 f6 f7 f8 f9");
+    std::vector<int> items;
+    for (int i = 0; i < 6; ++i) items.push_back(itemOfListIndex(profile(Family::Willow), i));
+    EXPECT_EQ(items, (std::vector<int>{0, 1, 2, 6, 7, 8}));
+    EXPECT_EQ(itemOfListIndex(profile(Family::Yarrow), 6), 6);
+}
+
+TEST(InfoGrid, ShowsNamesAndUnitsInTwoColumns) {
+    Grid grid;
+    write(grid, Family::Larch);
+    EXPECT_EQ((grid[{0, 1}]), "c1");
+    EXPECT_EQ((grid[{0, 7}]), "f2");
+    EXPECT_EQ((grid[{4, 1}]), "f3");
+    EXPECT_EQ((grid[{4, 7}]), "f9");
+    EXPECT_EQ((grid[{2, 1}]), "Hz");
+    EXPECT_EQ((grid[{6, 3}]), "N-M");
+    EXPECT_EQ((grid[{6, 4}]), "RPM");
+    EXPECT_EQ((grid[{6, 7}]), "KW");
+    // A shorter family leaves nothing of it behind.
+    write(grid, Family::Aspen);
+    EXPECT_EQ((grid[{4, 2}]), "f4");
+    for (const int row : {3, 4, 5, 6, 7}) {
+        EXPECT_EQ((grid[{4, row}]), "") << row;
+        EXPECT_EQ((grid[{6, row}]), "") << row;
+    }
+}
+
+TEST(InfoGrid, KeepsRowSevenOfAFormerDriveForWillow) {
+    Grid grid;
+    write(grid, Family::Larch);
+    grid[{1, 3}] = "12.5";
+    write(grid, Family::Willow);
+    std::string names, units;
+    for (int row = 1; row <= 6; ++row) {
+        names += grid[{0, row}] + " ";
+        units += grid[{2, row}] + " ";
+        EXPECT_EQ((grid[{4, row}] + grid[{6, row}] + grid[{1, row}]), "") << row;
+    }
+    EXPECT_EQ(names, "c1 c2 c3 c4 c5 f1 ");
+    EXPECT_EQ(units, "Hz Hz A V V  ");
+    EXPECT_EQ((grid[{0, 7}]), "f2");
+    EXPECT_EQ((grid[{4, 7}]), "f9");
+}
+
+TEST(StatusItems, KeepsUnitsOfALongerFamilyBehindTheItemsOfAShorterOne) {
+    StatusTables status;
+    writeStatusItems(profile(Family::Larch), status);
+    EXPECT_EQ(status.StatusWordCount, 14);
+    writeStatusItems(profile(Family::Aspen), status);
+    EXPECT_EQ(status.StatusWordCount, 9);
+    EXPECT_EQ(status.StatusUnit[7], QStringLiteral("Sec"));
+    EXPECT_EQ(status.StatusUnit[9], QStringLiteral("N-M"));
+    EXPECT_EQ(status.StatusFormat[13], QStringLiteral("##0.00"));
+}
+
+TEST(StatusItems, KeepsTheWholeNumberFormatOfAspenItem8) {
+    StatusTables status;
+    writeStatusItems(profile(Family::Aspen), status);
+    EXPECT_EQ(status.StatusDecimals[8], 2);
+    EXPECT_EQ(status.StatusScale[8], 10);
+    EXPECT_EQ(status.StatusFormat[8], QStringLiteral("##0"));
+}
+
+}  // namespace
+}  // namespace kelvane

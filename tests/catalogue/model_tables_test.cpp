@@ -1,0 +1,110 @@
+#include "catalogue/model_tables.h"
+
+#include <gtest/gtest.h>
+
+#include "base/drive_family.h"
+#include "link/number_text.h"
+
+namespace kelvane {
+namespace {
+
+struct Plate {
+    Family family;
+    quint8 DriveIdCode;
+    const char* RatedVoltage;
+    const char* RatedCurrent;
+    const char* Power;
+};
+
+void expectPlates(std::initializer_list<Plate> plates) {
+    for (const Plate& plate : plates) {
+        SCOPED_TRACE(testing::Message() << familyName(plate.family) << " " << int(plate.DriveIdCode));
+        const ModelIdentity model = modelIdentity(static_cast<quint8>(plate.family), plate.DriveIdCode);
+        EXPECT_EQ(model.RatedVoltageVrLabel.toStdString(), plate.RatedVoltage);
+        EXPECT_EQ(model.RatedCurrentVrLabel.toStdString(), plate.RatedCurrent);
+        EXPECT_EQ(model.HPVrLabel.toStdString(), plate.Power);
+    }
+}
+
+TEST(ModelTables, TellThePlatesOfKnownDrives) {
+    expectPlates({{Family::Rowan, 0, "230V", "2.5A", "0.4 ( 0.5 )"},
+                  {Family::Rowan, 1, "460V", "---", "0.4 ( 0.5 )"},
+                  {Family::Rowan, 8, "230V", "17.0A", "3.7 ( 5 )"},
+                  {Family::Rowan, 12, "---", "---", "---"},
+                  {Family::Rowan, 13, "460V", "18.0A", "7.5 ( 10 )"},
+                  {Family::Rowan, 19, "---", "---", "---"},
+                  {Family::Rowan, 20, "115V", "1.6A", "0.2 ( 0.25 )"},
+                  {Family::Rowan, 22, "115V", "2.5A", "0.4 ( 0.5 )"},
+                  {Family::Rowan, 23, "", "", ""},
+                  {Family::Rowan, 24, "115V", "4.2A", "0.75 ( 1.0 )"},
+                  {Family::Rowan, 50, "575V", "1.7A", "0.75 ( 1.0 )"},
+                  {Family::Rowan, 55, "575V", "12.2A", "7.5 ( 10 )"},
+                  {Family::Larch, 33, "460V", "150A", "75 ( 100 )"},
+                  {Family::Larch, 99, "", "", ""},
+                  {Family::Larch, 114, "575V", "100A", "75 ( 100 )"},
+                  {Family::Tilia, 32, "230V", "300A", "75 ( 100 )"},
+                  {Family::Osier, 39, "460V", "260A", "130 ( 175 )"}});
+}
+
+TEST(ModelTables, KeepsTheFlawsOfTheProductData) {
+    expectPlates({{Family::Rowan, 9, "460V", "8.2A", "3.75 ( 5 )"},
+                  {Family::Aspen, 0, "115V/230V", "1.6A", "0.56 ( 1/4 )"},
+                  {Family::Larch, 9, "460V", "5.0A", "2.2 ( 2 )"},
+                  {Family::Willow, 1, "460V", "---", "Reserve"},
+                  {Family::Sorrel, 19, "460V", " 27 A", "15 ( 20 )"}});
+}
+
+TEST(ModelTables, NeverReadOutside) {
+    EXPECT_EQ(modelTableLength(0), 60);
+    EXPECT_EQ(modelTableLength(2), 140);
+    for (int DriveFamily = 0; DriveFamily < 256; ++DriveFamily) {
+        const int length = modelTableLength(static_cast<quint8>(DriveFamily));
+        EXPECT_EQ(length > 0, *familyName(static_cast<quint8>(DriveFamily)) != '\0');
+        for (int code = length; code < 256; ++code)
+            EXPECT_EQ(modelIdentity(static_cast<quint8>(DriveFamily), static_cast<quint8>(code)),
+                      ModelIdentity{});
+    }
+}
+
+TEST(ModelTables, TakeTheSeparatorOfTheMachineWhenRead) {
+    DecimalSep = QStringLiteral(",");
+    const ModelIdentity model = modelIdentity(0, 24);
+    DecimalSep = QStringLiteral(".");
+    EXPECT_EQ(model.RatedCurrentVrLabel, QStringLiteral("4,2A"));
+    EXPECT_EQ(model.HPVrLabel, QStringLiteral("0,75 ( 1,0 )"));
+}
+
+class ModelTableOfFamily : public testing::TestWithParam<Family> {};
+
+// Horsepower behind the parenthesis; 0 for codes without a model.
+double horsepower(const QString& HPVrLabel) {
+    const QString text = HPVrLabel.section(QLatin1Char('('), 1).section(QLatin1Char(')'), 0, 0).trimmed();
+    return text == QStringLiteral("1/4") ? 0.25 : text.toDouble();
+}
+
+TEST_P(ModelTableOfFamily, RisesInPowerAndAlternatesItsVoltages) {
+    const auto DriveFamily = static_cast<quint8>(GetParam());
+    const bool small =
+        GetParam() == Family::Aspen || GetParam() == Family::Willow || GetParam() == Family::Yarrow;
+    double before = 0;
+    for (int code = 0; code < modelTableLength(DriveFamily) && code < 40; ++code) {
+        const ModelIdentity model = modelIdentity(DriveFamily, static_cast<quint8>(code));
+        if (GetParam() == Family::Rowan && code >= 12) break;
+        const char* even = small ? "115V/230V" : "230V";
+        EXPECT_EQ(model.RatedVoltageVrLabel.toStdString(), code % 2 ? "460V" : even) << code;
+        EXPECT_FALSE(model.RatedCurrentVrLabel.isEmpty()) << code;
+        const double power = horsepower(model.HPVrLabel);
+        const bool flaw = model.HPVrLabel == QStringLiteral("Reserve") ||
+                          model.HPVrLabel == QStringLiteral("2.2 ( 2 )");
+        if (flaw) continue;
+        EXPECT_GE(power, before) << code;
+        EXPECT_GT(power, 0) << code;
+        before = power;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Families, ModelTableOfFamily, testing::ValuesIn(AllFamilies),
+                         [](const auto& tested) { return std::string(familyName(tested.param)); });
+
+}  // namespace
+}  // namespace kelvane
