@@ -1,0 +1,58 @@
+// What stands behind a port number. The operator chooses plain numbers 1 to 20; a fixed rule, which the file
+// serial_ports.txt in the program's folder may override line by line, says which device or practice drive
+// that is. Owned by the shell; asked by the link port, com setup and the presence rules.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <array>
+
+#include "base/drive_family.h"
+
+namespace kelvane {
+
+inline constexpr int FirstComNumber = 1;
+inline constexpr int LastComNumber = 20;
+
+struct PortTarget {
+    enum class Kind { Nothing, Device, Practice };
+    Kind kind = Kind::Nothing;
+    QString devicePath{};           // of a Device
+    Family family = Family::Larch;  // of a Practice drive
+    bool operator==(const PortTarget&) const = default;
+};
+
+// What com setup shows beside the number.
+struct PortDescription {
+    bool present = false;
+    QString device{};       // "/dev/ttyUSB0", "practice drive Larch"
+    QString maker{};        // of the adapter; empty when unknown
+    QString description{};  // of the adapter; empty when unknown
+    QString text() const;   // all of it in one line
+};
+
+class PortDirectory {
+   public:
+    PortDirectory();  // the fixed rule alone
+
+    // Reads serial_ports.txt of a folder; a missing file leaves the fixed rule.
+    static PortDirectory ofFolder(const QString& folder);
+    // Lines "N=/path/of/device" or "N=practice:Family"; blank lines and lines from "#" on are skipped.
+    static PortDirectory fromText(const QString& text);
+
+    // Kind Nothing outside 1 to 20.
+    PortTarget target(int ComNumber) const;
+    bool isPresent(int ComNumber) const { return isPresent(target(ComNumber)); }
+    static bool isPresent(const PortTarget& target);
+    static PortDescription describe(const PortTarget& target);
+
+    // Why lines of the file were left out, each with its line number, for a person.
+    const QStringList& complaints() const { return m_complaints; }
+
+   private:
+    QString takeLine(const QString& line);  // the reason when the line is damaged
+    std::array<PortTarget, LastComNumber> m_targets;
+    QStringList m_complaints;
+};
+
+}  // namespace kelvane

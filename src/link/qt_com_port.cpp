@@ -1,0 +1,178 @@
+#include "link/qt_com_port.h"
+
+#include <QFileInfo>
+
+namespace kelvane {
+
+namespace {
+
+QSerialPort::Parity qtParity(ComParity parity) {
+    switch (parity) {
+        case ComParity::Odd:
+            return QSerialPort::OddParity;
+        case ComParity::Even:
+            return QSerialPort::EvenParity;
+        case ComParity::None:
+            break;
+    }
+    return QSerialPort::NoParity;
+}
+
+QString noPermission(const QString& devicePath) {
+    const QString group = QFileInfo(devicePath).group();
+    const QString cure =
+        group.isEmpty() || group == QStringLiteral("root")
+            ? QStringLiteral("Ask the administrator for the right to use it.")
+            : QStringLiteral("Join the group \"%1\" (sudo usermod -aG %1 $USER), log out and in again.")
+                  .arg(group);
+    return QStringLiteral("You have no permission to use %1. ").arg(devicePath) % cure;
+}
+
+}  // namespace
+
+QString whyNotOpened(const QString& devicePath, QSerialPort::SerialPortError error,
+                     const QString& systemText) {
+    const QFileInfo device(devicePath);
+    if (!device.exists()) {
+        return QStringLiteral("%1 does not exist. Plug in the adapter or choose another port.")
+            .arg(devicePath);
+    }
+    if (!device.isReadable() || !device.isWritable()) return noPermission(devicePath);
+    if (error == QSerialPort::PermissionError) {
+        return QStringLiteral("%1 is in use by another program. Close that program and try again.")
+            .arg(devicePath);
+    }
+    if (error == QSerialPort::ResourceError) {
+        return QStringLiteral("There is no serial hardware behind %1. Choose another port.").arg(devicePath);
+    }
+    return QStringLiteral("%1 cannot be opened: %2.").arg(devicePath, systemText);
+}
+
+QtComPort::QtComPort(const QString& devicePath, const PortFlow& flow)
+    : m_devicePath(devicePath), m_flow(flow) {
+    m_port.setPortName(devicePath);
+    m_port.setFlowControl(QSerialPort::NoFlowControl);
+    QObject::connect(&m_port, &QSerialPort::readyRead, &m_port, [this] { takeFromDevice(); });
+    QObject::connect(&m_port, &QSerialPort::errorOccurred, &m_port,
+                     [this](QSerialPort::SerialPortError error) { judgeError(error); });
+}
+
+QtComPort::~QtComPort() { m_port.disconnect(); }
+
+bool QtComPort::open() {
+    if (Open()) return true;
+    m_openError.clear();
+    m_losing = false;
+    m_port.clearError();
+    applySettings();
+    if (!m_port.open(QIODevice::ReadWrite)) {
+        m_openError = whyNotOpened(m_devicePath, m_port.error(), m_port.errorString());
+        return false;
+    }
+    applySettings();
+    m_dtr = true;
+    // Neither line exists on a pseudo terminal; the port works all the same.
+    m_port.setDataTerminalReady(true);
+    m_port.setRequestToSend(m_flow.RTS);
+    dropInput();
+    return true;
+}
+
+void QtComPort::close() {
+    m_input.clear();
+    m_taken = 0;
+    if (Open()) m_port.close();
+}
+
+// Values that the device refuses (a pseudo terminal has no data bits) are no reason to give it up.
+void QtComPort::applySettings() {
+    m_port.setBaudRate(m_settings.Baud);
+    m_port.setDataBits(m_settings.DataBits == 7 ? QSerialPort::Data7 : QSerialPort::Data8);
+    m_port.setParity(qtParity(m_settings.Parity));
+    m_port.setStopBits(m_settings.StopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop);
+}
+
+void QtComPort::setSettings(const PortSettings& settings) {
+    m_settings = settings;
+    if (!Open()) return;
+    applySettings();
+    dropInput();
+}
+
+bool QtComPort::PutBlock(const QByteArray& bytes) {
+    if (!Open() || m_losing) return false;
+    m_port.clearError();
+    if (m_port.write(bytes) != bytes.size()) return false;
+    m_port.flush();
+    return m_port.error() == QSerialPort::NoError;
+}
+
+std::optional<char> QtComPort::GetChar() {
+    if (waiting() == 0) return std::nullopt;
+    const char byte = m_input[m_taken++];
+    if (waiting() == 0) {
+        m_input.clear();
+        m_taken = 0;
+    }
+    moveDtr();
+    return byte;
+}
+
+void QtComPort::dropInput() {
+    if (Open()) m_port.clear(QSerialPort::Input);
+    m_input.clear();
+    m_taken = 0;
+    moveDtr();
+}
+
+void QtComPort::takeFromDevice() {
+    const QByteArray bytes = m_port.readAll();
+    m_input.remove(0, std::exchange(m_taken, 0));
+    m_input += bytes.left(BufferSize - m_input.size());
+    moveDtr();
+    announceLater();
+}
+
+void QtComPort::moveDtr() {
+    if (!m_flow.hwfUseDTR || !Open()) return;
+    const bool wanted = m_dtr ? waiting() < m_flow.BufferFull : waiting() <= m_flow.BufferResume;
+    if (wanted != m_dtr) m_port.setDataTerminalReady(m_dtr = wanted);
+}
+
+void QtComPort::announceLater() {
+    if (std::exchange(m_announced, true) || m_inHandler) return;
+    QMetaObject::invokeMethod(
+        &m_port, [this] { announce(); }, Qt::QueuedConnection);
+}
+
+void QtComPort::announce() {
+    m_announced = false;
+    if (!Open() || waiting() == 0 || !OnTriggerAvail) return;
+    const std::weak_ptr<bool> alive = m_alive;
+    m_inHandler = true;
+    OnTriggerAvail(static_cast<int>(waiting()));
+    if (alive.expired()) return;
+    m_inHandler = false;
+    // Bytes that came while the handler ran a loop of its own were only noted.
+    if (std::exchange(m_announced, false)) announceLater();
+}
+
+// The device repeats such an error for ever while it stays open, so the first one closes it.
+void QtComPort::judgeError(QSerialPort::SerialPortError error) {
+    if (!Open() || m_losing) return;
+    if (error != QSerialPort::ReadError && error != QSerialPort::ResourceError) return;
+    m_losing = true;
+    const QString reason =
+        QStringLiteral("The connection to %1 was lost: %2.").arg(m_devicePath, m_port.errorString());
+    QMetaObject::invokeMethod(
+        &m_port, [this, reason] { lose(reason); }, Qt::QueuedConnection);
+}
+
+void QtComPort::lose(const QString& reason) {
+    // Closed or opened afresh in the meantime: the loss is history.
+    if (!std::exchange(m_losing, false) || !Open()) return;
+    close();
+    if (onLost) onLost(reason);
+}
+
+}  // namespace kelvane

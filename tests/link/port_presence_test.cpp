@@ -1,0 +1,139 @@
+#include "link/port_presence.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "base/whole_file.h"
+#include "tests/link/fake_port.h"
+#include "tests/link/real_time.h"
+
+namespace kelvane {
+namespace {
+
+const QString Fail = QStringLiteral("The connecting com port is fail !!");
+const QString Recovery = QStringLiteral("The connecting com port is recovery !!");
+
+struct Presence : testing::Test {
+    Presence() {
+        port.setSettings({.ComNumber = 12});
+        port.open();
+    }
+    FakePort port;
+    QSet<int> listed{12};
+    QStringList history;
+    PortPresence presence{port, [this](int n) { return listed.contains(n); },
+                          [this](const QString& line) { history << line; }};
+};
+
+struct Message {
+    quint8 presentBefore;
+    bool listed;
+    int parameter;
+    quint8 presentAfter;
+    const char* line;
+    int closed;
+};
+
+TEST_F(Presence, AnswersDeviceMessages) {
+    EXPECT_EQ(presence.ComPortPresent, 1);
+    const Message messages[] = {
+        {1, true, DeviceNodesChanged, 1, "", 0},
+        {0, true, DeviceNodesChanged, 0, "", 0},
+        {1, false, DeviceNodesChanged, 1, "", 0},
+        {1, false, DeviceRemoveComplete, 0, "fail", 0},
+        {1, true, DeviceRemoveComplete, 1, "", 0},
+        {0, true, DeviceRemoveComplete, 1, "", 0},
+        {0, true, DeviceArrival, 1, "recovery", 1},
+        {0, false, DeviceArrival, 0, "", 1},
+        {1, true, DeviceArrival, 1, "", 0},
+        {1, false, DeviceArrival, 1, "", 0},
+        {0, true, 0x8001, 0, "", 0},
+        {1, false, 0, 1, "", 0},
+    };
+    for (const Message& m : messages) {
+        SCOPED_TRACE(testing::Message() << m.parameter << " from " << int(m.presentBefore) << m.listed);
+        presence.ComPortPresent = m.presentBefore;
+        listed = m.listed ? QSet<int>{12} : QSet<int>{1};
+        history.clear();
+        port.closed = 0;
+        presence.deviceChange(m.parameter);
+        EXPECT_EQ(presence.ComPortPresent, m.presentAfter);
+        EXPECT_EQ(port.closed, m.closed);
+        const QString line = QString::fromLatin1(m.line);
+        EXPECT_EQ(history, line.isEmpty() ? QStringList()
+                                          : QStringList(line == QStringLiteral("fail") ? Fail : Recovery));
+    }
+}
+
+TEST_F(Presence, TellsPullingAndPluggingBackOnceEach) {
+    listed.clear();
+    presence.deviceChange(DeviceRemoveComplete);
+    EXPECT_TRUE(port.Open());
+    listed.insert(12);
+    presence.deviceChange(DeviceArrival);
+    EXPECT_FALSE(port.Open());
+    port.open();
+    presence.deviceChange(DeviceArrival);
+    EXPECT_TRUE(port.Open());
+    EXPECT_EQ(history, (QStringList{Fail, Recovery}));
+}
+
+struct WatchedFolder : testing::Test {
+    bool reached(const QStringList& lines) {
+        return waitFor([&] { return history == lines; });
+    }
+    void plug(const QString& name) {
+        QDir().mkpath(folder);
+        writeWhole(folder + QLatin1Char('/') + name, "x");
+    }
+    void pull(const QString& name) { QFile::remove(folder + QLatin1Char('/') + name); }
+
+    const QTemporaryDir root;
+    const QString folder = root.filePath(QStringLiteral("serial/by-id"));
+    const QString device = folder + QStringLiteral("/adapter");
+    FakePort port;
+    QStringList history;
+    PortPresence presence{port, [this](int) { return QFile::exists(device); },
+                          [this](const QString& line) { history << line; }};
+    PortWatcher watcher{presence};
+};
+
+TEST_F(WatchedFolder, GivesAMessageForEveryNameThatGoesOrComes) {
+    plug(QStringLiteral("adapter"));
+    plug(QStringLiteral("mouse"));
+    watcher.follow(device);
+    pull(QStringLiteral("adapter"));
+    EXPECT_TRUE(reached({Fail}));
+    plug(QStringLiteral("adapter"));
+    EXPECT_TRUE(reached({Fail, Recovery}));
+    pull(QStringLiteral("mouse"));
+    watcher.look();
+    EXPECT_EQ(presence.ComPortPresent, 1);
+    EXPECT_EQ(history.size(), 2);
+}
+
+TEST_F(WatchedFolder, SeesAFolderGoWithItsLastDeviceAndComeBack) {
+    plug(QStringLiteral("adapter"));
+    watcher.follow(device);
+    QDir(root.filePath(QStringLiteral("serial"))).removeRecursively();
+    EXPECT_TRUE(reached({Fail}));
+    plug(QStringLiteral("adapter"));
+    EXPECT_TRUE(reached({Fail, Recovery}));
+}
+
+TEST_F(WatchedFolder, TellsALostLinkOnceWhetherTheDeviceWentOrNot) {
+    plug(QStringLiteral("adapter"));
+    watcher.follow(device);
+    watcher.portLost(QStringLiteral("hung up"));
+    EXPECT_EQ(history, QStringList{QStringLiteral("hung up")});
+    pull(QStringLiteral("adapter"));
+    watcher.portLost(QStringLiteral("gone"));
+    watcher.look();
+    EXPECT_EQ(history, (QStringList{QStringLiteral("hung up"), Fail}));
+}
+
+}  // namespace
+}  // namespace kelvane

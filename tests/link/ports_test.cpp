@@ -1,0 +1,112 @@
+#include <gtest/gtest.h>
+
+#include "link/qt_com_port.h"
+#include "link/routed_port.h"
+#include "tests/link/fake_port.h"
+
+namespace kelvane {
+namespace {
+
+TEST(PortsAtCreation, HaveThePlantsSettings) {
+    EXPECT_EQ(LinkPortAtCreation, (PortSettings{.ComNumber = 4, .Baud = 9600, .StopBits = 2}));
+    EXPECT_EQ(SetupPortAtCreation.ComNumber, 1);
+    EXPECT_EQ(SetupPortAtCreation.DataBits, 7);
+    EXPECT_EQ(SetupPortAtCreation.StopBits, 2);
+    EXPECT_FALSE(LinkPortFlow.AutoOpen || LinkPortFlow.RTS || SetupPortFlow.AutoOpen);
+    EXPECT_TRUE(LinkPortFlow.hwfUseDTR && LinkPortFlow.hwfUseRTS);
+    EXPECT_EQ(LinkPortFlow.BufferFull, 3686);
+    EXPECT_EQ(LinkPortFlow.BufferResume, 410);
+}
+
+struct Routed : testing::Test {
+    const PortDirectory directory =
+        PortDirectory::fromText(QStringLiteral("7=practice:Osier\n8=/dev/absent"));
+    QList<PortTarget> made;
+    FakePort* last = nullptr;
+    bool factoryWorks = true;
+    RoutedPort port{directory,
+                    [this](const PortTarget& target) -> std::unique_ptr<TApdComPort> {
+                        made << target;
+                        if (!factoryWorks) return nullptr;
+                        auto fake = std::make_unique<FakePort>();
+                        last = fake.get();
+                        return fake;
+                    },
+                    {.ComNumber = 7, .Baud = 19200}};
+    void choose(int ComNumber) {
+        PortSettings settings = port.settings();
+        settings.ComNumber = ComNumber;
+        port.setSettings(settings);
+    }
+};
+
+TEST_F(Routed, BuildsNothingBeforeTheFirstOpenAndKeepsItsPortAfterwards) {
+    EXPECT_FALSE(port.Open());
+    EXPECT_FALSE(port.PutBlock("x"));
+    EXPECT_EQ(port.GetChar(), std::nullopt);
+    port.close();
+    EXPECT_TRUE(made.isEmpty());
+    EXPECT_TRUE(port.open());
+    EXPECT_TRUE(port.open());
+    EXPECT_EQ(last->settings(), port.settings());
+    port.close();
+    EXPECT_FALSE(port.Open());
+    EXPECT_TRUE(port.open());
+    EXPECT_EQ(made, QList<PortTarget>{directory.target(7)});
+}
+
+TEST_F(Routed, PassesEverythingOnAndBack) {
+    port.open();
+    port.PutBlock("block");
+    port.PutString("text");
+    EXPECT_EQ(last->written, (QList<QByteArray>{"block", "text"}));
+    QByteArray taken;
+    port.OnTriggerAvail = [&](int count) {
+        for (int i = 0; i < count; ++i) taken += *port.GetChar();
+    };
+    last->arrive("abc");
+    EXPECT_EQ(taken, "abc");
+    QString reason;
+    port.onLost = [&](const QString& told) { reason = told; };
+    last->onLost(QStringLiteral("pulled"));
+    EXPECT_EQ(reason, QStringLiteral("pulled"));
+    last->input = "old";
+    port.dropInput();
+    EXPECT_TRUE(last->input.isEmpty());
+}
+
+TEST_F(Routed, TakesAnotherNumberAtTheNextOpen) {
+    QList<PortTarget> routed;
+    port.onRouted = [&](const PortTarget& target) { routed << target; };
+    port.open();
+    const FakePort* const first = last;
+    choose(8);
+    EXPECT_TRUE(port.Open());
+    EXPECT_EQ(last, first);
+    port.close();
+    port.open();
+    EXPECT_NE(last, first);
+    EXPECT_EQ(made, (QList<PortTarget>{directory.target(7), directory.target(8)}));
+    EXPECT_EQ(routed, QList<PortTarget>{directory.target(8)});
+}
+
+TEST_F(Routed, TellsWhyItCannotOpen) {
+    choose(21);
+    EXPECT_FALSE(port.open());
+    EXPECT_TRUE(port.openError().contains(QStringLiteral("1 to 20")));
+    factoryWorks = false;
+    choose(8);
+    EXPECT_FALSE(port.open());
+    EXPECT_TRUE(port.openError().contains(QStringLiteral("/dev/absent")));
+    factoryWorks = true;
+    choose(7);
+    port.open();
+    EXPECT_TRUE(port.openError().isEmpty());
+    port.close();
+    last->openWorks = false;
+    EXPECT_FALSE(port.open());
+    EXPECT_EQ(port.openError(), QStringLiteral("no luck"));
+}
+
+}  // namespace
+}  // namespace kelvane

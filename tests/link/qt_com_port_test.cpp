@@ -1,0 +1,198 @@
+#include "link/qt_com_port.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <time.h>
+#include <unistd.h>
+
+#include <QTemporaryDir>
+
+#include "tests/link/real_time.h"
+
+namespace kelvane {
+namespace {
+
+// The far end of the line: the master of a pseudo terminal.
+class FarEnd {
+   public:
+    FarEnd() : m_master(posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK)) {
+        grantpt(m_master);
+        unlockpt(m_master);
+        termios raw{};
+        tcgetattr(m_master, &raw);
+        cfmakeraw(&raw);
+        tcsetattr(m_master, TCSANOW, &raw);
+    }
+    ~FarEnd() { hangUp(); }
+    QString device() const { return QString::fromLocal8Bit(ptsname(m_master)); }
+    void send(const QByteArray& bytes) const {
+        ASSERT_EQ(write(m_master, bytes.data(), bytes.size()), bytes.size());
+    }
+    QByteArray receive() const {
+        char buffer[256];
+        const ssize_t n = read(m_master, buffer, sizeof buffer);
+        return n > 0 ? QByteArray(buffer, n) : QByteArray();
+    }
+    termios line() const {
+        termios result{};
+        tcgetattr(m_master, &result);
+        return result;
+    }
+    void hangUp() {
+        if (m_master >= 0) ::close(std::exchange(m_master, -1));
+    }
+
+   private:
+    int m_master;
+};
+
+struct RealPort : testing::Test {
+    RealPort() {
+        port.OnTriggerAvail = [this](int count) {
+            for (int i = 0; i < count; ++i) taken += *port.GetChar();
+        };
+    }
+    FarEnd far;
+    QtComPort port{far.device()};
+    QByteArray taken;
+};
+
+TEST_F(RealPort, CarriesFramesBothWaysOnAPseudoTerminal) {
+    ASSERT_TRUE(port.open()) << port.openError().toStdString();
+    EXPECT_TRUE(port.open());
+    QByteArray every;
+    for (int i = 0; i < 256; ++i) every += static_cast<char>(i);
+    EXPECT_TRUE(port.PutBlock(every));
+    QByteArray arrived;
+    EXPECT_TRUE(waitFor([&] { return (arrived += far.receive()).size() >= every.size(); }));
+    EXPECT_EQ(arrived, every);
+    far.send(every);
+    EXPECT_TRUE(waitFor([&] { return taken.size() >= every.size(); }));
+    EXPECT_EQ(taken, every);
+    EXPECT_EQ(port.GetChar(), std::nullopt);
+    port.close();
+    port.close();
+    EXPECT_FALSE(port.PutString("x"));
+    EXPECT_TRUE(port.open());
+}
+
+TEST_F(RealPort, AppliesSettingsAtOnceAndDropsOldInput) {
+    const std::pair<int, speed_t> bauds[] = {{1200, B1200},   {2400, B2400},    {4800, B4800},
+                                             {9600, B9600},   {19200, B19200},  {38400, B38400},
+                                             {57600, B57600}, {115200, B115200}};
+    port.setSettings({.Baud = 4800, .DataBits = 7, .Parity = ComParity::Even, .StopBits = 1});
+    ASSERT_TRUE(port.open());
+    const termios opened = far.line();
+    EXPECT_EQ(cfgetospeed(&opened), static_cast<speed_t>(B4800));
+    EXPECT_FALSE(opened.c_cflag & CSTOPB);
+    for (const auto& [baud, speed] : bauds) {
+        port.setSettings({.Baud = baud});
+        const termios line = far.line();
+        EXPECT_EQ(cfgetospeed(&line), speed) << baud;
+        EXPECT_TRUE(line.c_cflag & CSTOPB);
+        EXPECT_FALSE(line.c_cflag & CRTSCTS);
+        EXPECT_FALSE(line.c_iflag & (IXON | IXOFF));
+    }
+    port.OnTriggerAvail = nullptr;
+    far.send("old");
+    waitFor([&] { return port.GetChar() == 'o'; });
+    port.setSettings({.Baud = 9600, .StopBits = 1});
+    EXPECT_EQ(port.GetChar(), std::nullopt);
+    EXPECT_FALSE(far.line().c_cflag & CSTOPB);
+}
+
+TEST_F(RealPort, NeverCallsTheHandlerInsideAnotherCallOrInsideItself) {
+    ASSERT_TRUE(port.open());
+    int depth = 0;
+    int deepest = 0;
+    bool inCall = false;
+    bool calledInside = false;
+    port.OnTriggerAvail = [&](int count) {
+        calledInside = calledInside || inCall;
+        deepest = std::max(deepest, ++depth);
+        for (int i = 0; i < count; ++i) taken += *port.GetChar();
+        if (taken == "first") {
+            far.send("second");
+            runFor(200);
+        }
+        --depth;
+    };
+    far.send("first");
+    inCall = true;
+    port.PutBlock("request");
+    port.GetChar();
+    port.setSettings(port.settings());
+    inCall = false;
+    far.send("first");
+    EXPECT_TRUE(waitFor([&] { return taken.endsWith("second"); })) << taken.toStdString();
+    EXPECT_EQ(deepest, 1);
+    EXPECT_FALSE(calledInside);
+}
+
+TEST_F(RealPort, MayBeDestroyedByItsHandler) {
+    auto own = std::make_unique<QtComPort>(far.device());
+    ASSERT_TRUE(own->open());
+    own->OnTriggerAvail = [&](int) { own.reset(); };
+    far.send("x");
+    EXPECT_TRUE(waitFor([&] { return !own; }));
+}
+
+TEST_F(RealPort, KeepsAFullBufferAndLosesTheRest) {
+    ASSERT_TRUE(port.open());
+    port.OnTriggerAvail = nullptr;
+    const QByteArray block(1000, 'a');
+    for (int i = 0; i < 6; ++i) {
+        far.send(block);
+        runFor(50);
+    }
+    qsizetype kept = 0;
+    while (port.GetChar() == 'a') ++kept;
+    EXPECT_EQ(kept, QtComPort::BufferSize);
+}
+
+double cpuSeconds() {
+    timespec now{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
+}
+
+TEST_F(RealPort, ClosesItselfOnceWhenTheOtherEndGoesAway) {
+    ASSERT_TRUE(port.open());
+    QStringList reasons;
+    port.onLost = [&](const QString& reason) {
+        EXPECT_FALSE(port.Open());
+        reasons << reason;
+    };
+    const double before = cpuSeconds();
+    far.hangUp();
+    EXPECT_TRUE(waitFor([&] { return !port.Open(); }));
+    runFor(1000);
+    EXPECT_EQ(reasons.size(), 1);
+    EXPECT_LT(cpuSeconds() - before, 0.25);
+    EXPECT_FALSE(port.open());
+    EXPECT_TRUE(port.openError().contains(QStringLiteral("does not exist")));
+}
+
+TEST_F(RealPort, TellsWhyItCannotOpen) {
+    ASSERT_TRUE(port.open());
+    QtComPort second(far.device());
+    EXPECT_FALSE(second.open());
+    EXPECT_TRUE(second.openError().contains(QStringLiteral("in use by another program")))
+        << second.openError().toStdString();
+    port.close();
+    EXPECT_TRUE(second.open());
+
+    QtComPort missing(QStringLiteral("/dev/ttyUSB99"));
+    EXPECT_FALSE(missing.open());
+    EXPECT_TRUE(missing.openError().contains(QStringLiteral("does not exist")));
+    const QTemporaryDir folder;
+    QtComPort noDevice(folder.path());
+    EXPECT_FALSE(noDevice.open());
+    EXPECT_FALSE(noDevice.openError().isEmpty());
+}
+
+}  // namespace
+}  // namespace kelvane
