@@ -5,7 +5,8 @@
 namespace kelvane::drive {
 namespace {
 
-constexpr std::array Tables{&RowanData, &AspenData};
+constexpr std::array Tables{&RowanData, &AspenData,  &LarchData,  &HazelData, &TiliaData,
+                            &OsierData, &WillowData, &YarrowData, &SorrelData};
 
 }  // namespace
 
