@@ -1,0 +1,26 @@
+// Which language the program starts in: the number from default.prj, its file, and the built-in English when
+// either fails. Run by the splash before any other window exists; the language menu uses the second half.
+#pragma once
+
+#include "base/operator.h"
+#include "localisation/language_file.h"
+
+namespace kelvane {
+
+inline constexpr quint8 BrandVariant = 0;  // 0, 1 or 2: under which name this build is sold
+inline constexpr quint8 EnglishIndex = 4;
+
+// Number behind section [Language] of default.prj; a file without the section leaves it alone. Errors: cannot
+// open, the section's line is missing, no number in it.
+LanguageResult LoadProject(const QString& path, quint8& LanguageIndex);
+
+// Fills the language from programFolder/default.prj and from the file in languageFolder. Each failure is told
+// in a box and ends in English; after the second no form text is filled, so windows keep their own.
+void startLanguage(Language& language, const QString& programFolder, const QString& languageFolder,
+                   Operator& person);
+
+// Choice in the language menu. True: show the table in the windows. False: the failure was told, and nothing
+// is to be shown. LanguageIndex follows the file's own section only.
+bool chooseLanguage(Language& language, quint8 index, const QString& languageFolder, Operator& person);
+
+}  // namespace kelvane
