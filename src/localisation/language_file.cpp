@@ -120,6 +120,18 @@ private:
     qsizetype m_header = 0;  // index of the line looked at
 };
 
+// The page, or Latin-1 on a system that does not know it.
+QByteArray knownPage(const QByteArray& codePage) {
+    return QStringDecoder(codePage.constData()).isValid() ? codePage : QByteArray("ISO-8859-1");
+}
+
+// One character, "?" when the page lacks it. A converter may not be used again after an error, nor be moved.
+QByteArray encodeCharacter(char32_t character, const QByteArray& page) {
+    QStringEncoder encoder(page.constData());
+    const QByteArray encoded = encoder.encode(QString::fromUcs4(&character, 1));
+    return encoder.hasError() ? QByteArray("?") : encoded;
+}
+
 QString inWords(LanguageStatus status) {
     switch (status) {
         case LanguageStatus::CutShort:
@@ -156,23 +168,18 @@ QByteArray languageCodePage(const QString& path, quint8 LanguageIndex) {
 QString decodeLanguage(const QByteArray& bytes, const QByteArray& codePage) {
     static const QByteArray mark("\xEF\xBB\xBF");
     if (bytes.startsWith(mark)) return QString::fromUtf8(bytes.mid(mark.size()));
-    QStringDecoder decoder(codePage.constData());
-    if (!decoder.isValid()) decoder = QStringDecoder(QStringConverter::Latin1);
+    QStringDecoder decoder(knownPage(codePage).constData());
     return decoder.decode(bytes);
 }
 
 QByteArray encodeLanguage(const QString& text, const QByteArray& codePage) {
-    QStringEncoder encoder(codePage.constData());
-    if (!encoder.isValid()) encoder = QStringEncoder(QStringConverter::Latin1);
+    const QByteArray page = knownPage(codePage);
+    QStringEncoder encoder(page.constData());
     const QByteArray whole = encoder.encode(text);
     if (!encoder.hasError()) return whole;
     // Each page has a sign of its own for what it lacks, so the characters are tried one by one.
     QByteArray bytes;
-    for (const char32_t character : text.toUcs4()) {
-        encoder.resetState();
-        const QByteArray encoded = encoder.encode(QString::fromUcs4(&character, 1));
-        bytes += encoder.hasError() ? QByteArray("?") : encoded;
-    }
+    for (const char32_t character : text.toUcs4()) bytes += encodeCharacter(character, page);
     return bytes;
 }
 
