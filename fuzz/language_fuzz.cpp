@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QByteArray bytes(reinterpret_cast<const char*>(data + 1), static_cast<qsizetype>(size - 1));
     const QString text = decodeLanguage(bytes, page);
     readLanguage(text, language);
-    encodeLanguage(text, page);
+    encodeLanguage(text.left(256), page);
     for (const FormSectionRow& row : formSections()) {
         const FormTexts& form = language.table.form(row.section);
         for (int number = 1; number <= form.Label.filled; ++number)

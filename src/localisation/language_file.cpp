@@ -5,6 +5,8 @@
 #include <QStringEncoder>
 #include <QStringList>
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "base/whole_file.h"
 #include "localisation/language_sections.h"
@@ -125,13 +127,6 @@ QByteArray knownPage(const QByteArray& codePage) {
     return QStringDecoder(codePage.constData()).isValid() ? codePage : QByteArray("ISO-8859-1");
 }
 
-// One character, "?" when the page lacks it. A converter may not be used again after an error, nor be moved.
-QByteArray encodeCharacter(char32_t character, const QByteArray& page) {
-    QStringEncoder encoder(page.constData());
-    const QByteArray encoded = encoder.encode(QString::fromUcs4(&character, 1));
-    return encoder.hasError() ? QByteArray("?") : encoded;
-}
-
 QString inWords(LanguageStatus status) {
     switch (status) {
         case LanguageStatus::CutShort:
@@ -174,12 +169,17 @@ QString decodeLanguage(const QByteArray& bytes, const QByteArray& codePage) {
 
 QByteArray encodeLanguage(const QString& text, const QByteArray& codePage) {
     const QByteArray page = knownPage(codePage);
-    QStringEncoder encoder(page.constData());
-    const QByteArray whole = encoder.encode(text);
-    if (!encoder.hasError()) return whole;
-    // Each page has a sign of its own for what it lacks, so the characters are tried one by one.
+    std::optional<QStringEncoder> encoder(std::in_place, page.constData());
+    const QByteArray whole = encoder->encode(text);
+    if (!encoder->hasError()) return whole;
+    // Each page has a sign of its own for what it lacks, so the characters are tried one by one. An encoder
+    // never forgets an error and must not be moved, so a new one takes its place.
     QByteArray bytes;
-    for (const char32_t character : text.toUcs4()) bytes += encodeCharacter(character, page);
+    for (const char32_t character : text.toUcs4()) {
+        if (encoder->hasError()) encoder.emplace(page.constData());
+        const QByteArray encoded = encoder->encode(QString::fromUcs4(&character, 1));
+        bytes += encoder->hasError() ? QByteArray("?") : encoded;
+    }
     return bytes;
 }
 

@@ -136,14 +136,6 @@ TEST(LanguageFile, WhatWasReadBeforeTheDamageStaysInForce) {
     read(QStringLiteral("[Language]"), LanguageStatus::CutShort);
 }
 
-TEST(LanguageFile, FileThatCannotBeOpenedChangesNothing) {
-    const QTemporaryDir folder;
-    Language language = read(numbered("[QSource Form]", 8));
-    EXPECT_EQ(LoadLanguage(folder.filePath(QStringLiteral("Lang_EN.txt")), language).status,
-              LanguageStatus::CannotOpen);
-    EXPECT_EQ(language.table.form(FormSection::QSource).Caption, QStringLiteral("1"));
-}
-
 TEST(LanguageFile, CodePageFollowsTheNameAndElseTheIndex) {
     EXPECT_EQ(languageCodePage(QStringLiteral("/a/Lang_CHT.txt"), 9), "Big5");
     EXPECT_EQ(languageCodePage(QStringLiteral("lang_ru.TXT"), 4), "windows-1251");
