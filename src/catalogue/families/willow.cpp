@@ -3,6 +3,7 @@
 
 namespace kelvane {
 
+// clang-format off
 constinit const std::array<ModelTexts, 40> WillowModels = modelTable<40>({
     {0, {"115V/230V", "1.6A", "0.2 ( 0.25 )"}},
     // Kept: "Reserve" as told; no such model is sold.
@@ -46,5 +47,6 @@ constinit const std::array<ModelTexts, 40> WillowModels = modelTable<40>({
     {38, {"115V/230V", "520A", "130 ( 175 )"}},
     {39, {"460V", "260A", "130 ( 175 )"}},
 });
+// clang-format on
 
 }  // namespace kelvane
