@@ -97,7 +97,7 @@ enum class Taken { Yes, NotReadable, TooFew };
 using Take = std::function<Taken(int place, const QString& value)>;
 constexpr int CutAtEqualSign = -1;
 
-// A line without the sign is taken whole. The key is for the reader's eye and is not compared.
+// Kept: the key is for the reader's eye and is not compared; a line without the sign is taken whole.
 QString behindKey(const QString& line, int keyWidth) {
     return line.mid(keyWidth == CutAtEqualSign ? line.indexOf(QLatin1Char('=')) + 1 : keyWidth);
 }
@@ -224,6 +224,7 @@ SectionRead readNamedQuickSetup(const QStringList& lines, QuickSetupSection& sec
 
 }  // namespace
 
+// Kept: whatever is not N or E is the third item.
 int parityItemIndex(const QString& letter) {
     if (letter == QLatin1String("N")) return 0;
     return letter == QLatin1String("E") ? 1 : 2;
