@@ -39,7 +39,6 @@ class FindBar : public QWidget {
 
    protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
    private:
     void build();

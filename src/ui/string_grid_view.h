@@ -3,7 +3,6 @@
 // tells what the person did, in grid columns and rows (header = row 0), and the window decides.
 #pragma once
 
-#include <QPointer>
 #include <QSet>
 #include <QTableView>
 #include <vector>
@@ -85,7 +84,6 @@ class StringGridView : public QTableView {
     int boxRowAt(const QPoint& pos) const;
     void followHiddenColumns();
     void followHiddenRows();
-    void followNewRows(int first, int last);
     void applyMetrics();
     void fillWidth();
 
