@@ -2,8 +2,8 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyleOptionButton>
 
+#include "ui/grid_delegate.h"
 #include "ui/string_grid_view.h"
 
 namespace kelvane {
@@ -32,14 +32,7 @@ void CheckHeader::paintSection(QPainter* painter, const QRect& rect, int section
     painter->restore();
     const StringGrid* grid = m_view->grid();
     if (section != BoxColumn || !grid || !grid->hasCheckBox(0)) return;
-    QStyleOptionButton box;
-    box.initFrom(this);
-    box.state.setFlag(QStyle::State_HasFocus, false);
-    box.state |= grid->checkBox(0) ? QStyle::State_On : QStyle::State_Off;
-    const QSize size(style()->pixelMetric(QStyle::PM_IndicatorWidth, &box, this),
-                     style()->pixelMetric(QStyle::PM_IndicatorHeight, &box, this));
-    box.rect = QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, rect);
-    style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, this);
+    drawGridBox(painter, rect, grid->checkBox(0), palette().color(QPalette::Text), palette().color(QPalette::Base));
 }
 
 bool CheckHeader::onBox(const QPoint& pos) const {
@@ -61,6 +54,7 @@ void CheckHeader::mouseReleaseEvent(QMouseEvent* event) {
 
 // The second press of a double click on the box is nothing new: the box has been toggled by the first.
 void CheckHeader::mouseDoubleClickEvent(QMouseEvent* event) {
+    m_boxPressed = false;
     if (!onBox(event->pos())) QHeaderView::mouseDoubleClickEvent(event);
 }
 

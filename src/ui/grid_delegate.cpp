@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
 
 #include "ui/readable_colours.h"
 #include "ui/string_grid_view.h"
@@ -18,7 +19,8 @@ std::optional<QColor> toldColour(const QModelIndex& index, int role) {
 }
 
 // Selection of a cell with told colours: it keeps them and gets bars above and below.
-void drawSelectionBars(QPainter* painter, const QRect& cell, const QColor& colour) {
+void drawSelectionBars(QPainter* painter, const QRect& cell, const ColourPair& pair, const QColor& highlight) {
+    const QColor colour = contrast(highlight, pair.background) >= 2 ? highlight : pair.text;
     painter->fillRect(QRect(cell.left(), cell.top(), cell.width(), 2), colour);
     painter->fillRect(QRect(cell.left(), cell.bottom() - 1, cell.width(), 2), colour);
 }
@@ -34,12 +36,30 @@ void drawEditedMark(QPainter* painter, const QRect& cell, const QColor& ink) {
 void drawHitOutline(QPainter* painter, const QRect& cell, const QColor& ink, bool current) {
     painter->setPen(QPen(ink, current ? 3 : 1, current ? Qt::SolidLine : Qt::DotLine));
     painter->setBrush(Qt::NoBrush);
-    painter->drawRect(current ? cell.adjusted(1, 1, -2, -2) : cell.adjusted(1, 1, -2, -2));
+    painter->drawRect(cell.adjusted(1, 1, -2, -2));
 }
 
 QRect textRect(const QRect& cell) { return cell.adjusted(CellMargin, 0, -CellMargin, 0); }
 
 }  // namespace
+
+void drawGridBox(QPainter* painter, const QRect& room, bool set, const QColor& ink, const QColor& paper) {
+    const double side = std::min(room.height() - 5, painter->fontMetrics().height() - 2);
+    const QRectF box(room.center().x() - side / 2 + 0.5, room.center().y() - side / 2 + 0.5, side, side);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(mix(ink, paper, 0.35), 1));
+    painter->setBrush(paper);
+    painter->drawRoundedRect(box, 2, 2);
+    if (set) {
+        const QPolygonF tick({QPointF(0.22, 0.52), QPointF(0.43, 0.73), QPointF(0.79, 0.27)});
+        painter->translate(box.topLeft());
+        painter->scale(side, side);
+        painter->setPen(QPen(ink, 0.15, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter->drawPolyline(tick);
+    }
+    painter->restore();
+}
 
 GridDelegate::GridDelegate(StringGridView* view) : QStyledItemDelegate(view), m_view(view) {}
 
@@ -48,17 +68,6 @@ void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
     if (m_view->isRightAligned(index.column())) option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
     if (index.column() == m_view->editedMarkColumn() && index.data(StringGrid::EditedRole).toBool())
         option->font.setItalic(true);
-}
-
-void GridDelegate::drawBox(QPainter* painter, const QStyleOptionViewItem& cell, bool set) const {
-    QStyleOptionViewItem box(cell);
-    const QStyle* style = m_view->style();
-    const QSize size(style->pixelMetric(QStyle::PM_IndicatorWidth, &box, m_view),
-                     style->pixelMetric(QStyle::PM_IndicatorHeight, &box, m_view));
-    box.rect = QStyle::alignedRect(cell.direction, Qt::AlignCenter, size, cell.rect);
-    box.state.setFlag(QStyle::State_HasFocus, false);
-    box.state |= set ? QStyle::State_On : QStyle::State_Off;
-    style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter, m_view);
 }
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
@@ -76,9 +85,9 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
 
     painter->save();
     painter->fillRect(cell.rect, pair.background);
-    if (selected && told) drawSelectionBars(painter, cell.rect, highlight);
+    if (selected && told) drawSelectionBars(painter, cell.rect, pair, highlight);
     const QVariant check = index.data(Qt::CheckStateRole);
-    if (check.isValid()) drawBox(painter, cell, check.toInt() == Qt::Checked);
+    if (check.isValid()) drawGridBox(painter, cell.rect, check.toInt() == Qt::Checked, pair.text, pair.background);
     painter->setFont(cell.font);
     painter->setPen(pair.text);
     const QRect room = textRect(cell.rect);

@@ -8,6 +8,10 @@ namespace kelvane {
 
 class StringGridView;
 
+// The grids' check box, in ink on paper and centred in the room; drawn here because a native one sinks into
+// dark and told backgrounds.
+void drawGridBox(QPainter* painter, const QRect& room, bool set, const QColor& ink, const QColor& paper);
+
 class GridDelegate : public QStyledItemDelegate {
     Q_OBJECT
    public:
@@ -21,7 +25,6 @@ class GridDelegate : public QStyledItemDelegate {
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
    private:
-    void drawBox(QPainter* painter, const QStyleOptionViewItem& cell, bool set) const;
     const StringGridView* m_view;
 };
 

@@ -17,8 +17,10 @@ TransparentButton::TransparentButton(const QIcon& icon, const QString& text, QWi
 
 void TransparentButton::setText(const QString& text) {
     if (text == this->text()) return;
+    const bool spokenAsShown = accessibleName() == this->text();
     QToolButton::setText(text);
     setShortcut({});
+    if (spokenAsShown) setAccessibleName(text);
     updateGeometry();
 }
 
