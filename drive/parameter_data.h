@@ -34,19 +34,11 @@ struct GroupRows {
     std::span<const ParamRow> rows;
 };
 
-// Registers outside the groups that answer like parameters: first + i is target + i for i below count.
-struct RegisterMirror {
-    uint16_t first;
-    uint16_t target;
-    uint16_t count;
-};
-
 struct FamilyData {
     Family family;
-    uint8_t modelCode;  // DriveIdCode it answers
-    uint16_t version;   // version word, two decimals (205 is 2.05); Hazel one (24 is 2.4), Willow three
+    uint8_t modelCode;     // DriveIdCode it answers
+    uint16_t version;      // version word, two decimals (205 is 2.05); Willow three, Hazel one
     std::span<const GroupRows> groups;  // ordinary groups 0 to n - 1, then the reserved group n
-    std::span<const RegisterMirror> mirrors;
 };
 
 // Data of a family; one of the nine.

@@ -205,7 +205,6 @@ constinit const FamilyData AspenData{
     .modelCode = 0,
     .version = 112,
     .groups = Groups,
-    .mirrors = {},
 };
 
 }  // namespace kelvane::drive

@@ -12,8 +12,8 @@ namespace {
 // Values are whole numbers; the decimals count the digits behind the point. The first row is number 0.
 // clang-format off
 constexpr std::array<ParamRow, 9> User{{  // 00
-    {"Identity Code",    "",          3,      3,      0,     9, 0, ReadOnly},
-    {"Rated Current",    "A",        42,     42,      0,   999, 1, ReadOnly},
+    {"Identity Code",    "",          7,      7,      0,     9, 0, ReadOnly},
+    {"Rated Current",    "A",        40,     40,      0,   999, 1, ReadOnly},
     {"Parameter Reset",  "",          0,      0,      0,    10, 0, 0},
     {"Startup Display",  "",          0,      0,      0,     3, 0, RunSet},
     {"User-Defined",     "",          1,      0,      0,     4, 0, RunSet},
@@ -164,10 +164,9 @@ static_assert(mostlyWritable(Groups));
 
 constinit const FamilyData HazelData{
     .family = Family::Hazel,
-    .modelCode = 3,
+    .modelCode = 7,
     .version = 24,
     .groups = Groups,
-    .mirrors = {},
 };
 
 }  // namespace kelvane::drive

@@ -314,7 +314,6 @@ constinit const FamilyData LarchData{
     .modelCode = 33,
     .version = 412,
     .groups = Groups,
-    .mirrors = {},
 };
 
 }  // namespace kelvane::drive

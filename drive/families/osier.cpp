@@ -283,10 +283,6 @@ constexpr std::array<GroupRows, 13> Groups{{
 static_assert(rowsFit(Groups, SignedAllowed::No));
 static_assert(mostlyWritable(Groups));
 
-// The PID registers answer a second time at 1000h, the place they had in the first drives of the series.
-constexpr std::array<RegisterMirror, 1> Mirrors{
-    {{.first = 0x1000, .target = 0x0A00, .count = PIDControl.size()}}};
-
 }  // namespace
 
 constinit const FamilyData OsierData{
@@ -294,7 +290,6 @@ constinit const FamilyData OsierData{
     .modelCode = 39,
     .version = 231,
     .groups = Groups,
-    .mirrors = Mirrors,
 };
 
 }  // namespace kelvane::drive

@@ -200,7 +200,6 @@ constinit const FamilyData RowanData{
     .modelCode = 9,
     .version = 325,
     .groups = Groups,
-    .mirrors = {},
 };
 
 }  // namespace kelvane::drive

@@ -249,7 +249,7 @@ constexpr std::array<ParamRow, 17> SpeedFeedback{{  // 10
 constexpr std::array<ParamRow, 12> LiftTorque{{  // 11
     {"Car Speed",        "m/s",     160,    100,     10,   400, 2, 0},
     {"Sheave Diameter",  "mm",      320,    400,    100,  2000, 0, 0},
-    {"Gear Ratio",       "",          1,   1800,      1, 10000, 2, 0},
+    {"Gear Ratio",       "",        100,   1800,      1, 10000, 2, 0},
     {"Roping Ratio",     "",          1,      1,      0,     1, 0, 0},
     {"Load Weighing",    "",          0,      0,      0,     4, 0, RunSet},
     {"Start Torque Up",  "%",       300,    300,      0,  1000, 1, RunSet},
@@ -297,7 +297,6 @@ constinit const FamilyData SorrelData{
     .modelCode = 19,
     .version = 205,
     .groups = Groups,
-    .mirrors = {},
 };
 
 }  // namespace kelvane::drive

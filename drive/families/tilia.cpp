@@ -319,7 +319,6 @@ constinit const FamilyData TiliaData{
     .modelCode = 32,
     .version = 207,
     .groups = Groups,
-    .mirrors = {},
 };
 
 }  // namespace kelvane::drive

@@ -11,8 +11,8 @@ namespace {
 // Values are whole numbers; the decimals count the digits behind the point. The first row is number 0.
 // clang-format off
 constexpr std::array<ParamRow, 12> User{{  // 00
-    {"Identity Code",    "",          5,      5,      0,    39, 0, ReadOnly},
-    {"Rated Current",    "A",        42,     42,      0,  9999, 1, ReadOnly},
+    {"Identity Code",    "",          4,      4,      0,    39, 0, ReadOnly},
+    {"Rated Current",    "A",        50,     50,      0,  9999, 1, ReadOnly},
     {"Parameter Reset",  "",          0,      0,      0,    10, 0, 0},
     {"Start-up Display", "",          0,      0,      0,     5, 0, RunSet},
     {"User Display",     "",          6,      0,      0,    11, 0, RunSet},
@@ -80,7 +80,7 @@ constexpr std::array<ParamRow, 16> Inputs{{  // 04
     {"Input MI5",        "",          3,      3,      0,    24, 0, 0},
     {"Input MI6",        "",         23,      4,      0,    24, 0, 0},
     {"Contact Type",     "",          0,      0,      0,    63, 0, 0},
-    {"Input Filter",     "2ms",       1,      1,      1,    20, 0, 0},
+    {"Input Filter",     "ms",        1,      1,      1,    20, 0, 0},
     {"AVI Min Voltage",  "V",         0,      0,      0,   100, 1, RunSet},
     {"AVI Max Voltage",  "V",       100,    100,      0,   100, 1, RunSet},
     {"ACI Min Current",  "mA",       40,     40,      0,   200, 1, RunSet},
@@ -115,8 +115,8 @@ constexpr std::array<ParamRow, 13> Protection{{  // 06
 }};
 
 constexpr std::array<ParamRow, 10> Motor{{  // 07
-    {"Motor Rated Amps", "A",        34,     42,     12,    50, 1, RunSet},
-    {"No-Load Current",  "A",        15,     17,      0,    41, 1, RunSet},
+    {"Motor Rated Amps", "A",        34,     50,     15,    60, 1, RunSet},
+    {"No-Load Current",  "A",        15,     20,      0,    50, 1, RunSet},
     {"Torque Boost",     "",          0,      0,      0,    10, 0, RunSet},
     {"Slip Gain",        "",          0,      0,      0,  1000, 2, RunSet},
     {"Auto Tuning",      "",          0,      0,      0,     2, 0, 0},
@@ -150,7 +150,7 @@ constexpr std::array<ParamRow, 6> Communication{{  // 09
     {"Comm Fault",       "",          3,      3,      0,     3, 0, RunSet},
     {"Comm Watchdog",    "sec",       0,      0,      0,  1200, 1, RunSet},
     {"Comm Protocol",    "",          0,      0,      0,     8, 0, RunSet},
-    {"Reply Delay",      "2ms",       1,      1,      0,   200, 0, RunSet},
+    {"Reply Delay",      "ms",        1,      1,      0,   200, 0, RunSet},
 }};
 
 constexpr std::array<ParamRow, 13> PID{{  // 10
@@ -198,10 +198,9 @@ static_assert(mostlyWritable(Groups));
 
 constinit const FamilyData WillowData{
     .family = Family::Willow,
-    .modelCode = 5,
+    .modelCode = 4,
     .version = 1150,
     .groups = Groups,
-    .mirrors = {},
 };
 
 }  // namespace kelvane::drive

@@ -1,4 +1,4 @@
-// Yarrow: a 4 kW drive for 460 V with PLC steps, two motors and a motor temperature input.
+// Yarrow: a 3.7 kW drive for 460 V with PLC steps, two motors and a motor temperature input.
 #include <array>
 
 #include "drive/families/family_tables.h"
@@ -11,7 +11,7 @@ namespace {
 // Values are whole numbers; the decimals count the digits behind the point. The first row is number 0.
 // clang-format off
 constexpr std::array<ParamRow, 14> User{{  // 00
-    {"Identity Code",    "",          9,      9,      0,    39, 0, ReadOnly},
+    {"Identity Code",    "",         11,     11,      0,    39, 0, ReadOnly},
     {"Rated Current",    "A",        82,     82,      0,  9999, 1, ReadOnly},
     {"Parameter Reset",  "",          0,      0,      0,    10, 0, 0},
     {"Start-up Display", "",          0,      0,      0,     4, 0, RunSet},
@@ -99,7 +99,7 @@ constexpr std::array<ParamRow, 22> Inputs{{  // 04
     {"Input MI5",        "",          3,      3,      0,    22, 0, 0},
     {"Input MI6",        "",         21,      4,      0,    22, 0, 0},
     {"Contact Type",     "",          0,      0,      0,    63, 0, 0},
-    {"Input Filter",     "2ms",       1,      1,      1,    20, 0, 0},
+    {"Input Filter",     "ms",        1,      1,      1,    20, 0, 0},
     {"AVI Min Voltage",  "V",         0,      0,      0,   100, 1, RunSet},
     {"AVI Max Voltage",  "V",       100,    100,      0,   100, 1, RunSet},
     {"AVI Min Freq.",    "%",         0,      0,      0,  1000, 1, RunSet},
@@ -174,7 +174,7 @@ constexpr std::array<ParamRow, 17> Motor{{  // 07
     {"TH1 Protection",   "",          0,      0,      0,     1, 0, 0},
     {"TH1 Input Mode",   "",          0,      0,      0,     1, 0, 0},
     {"TH1 Level",        "oC",     1300,   1200,      0,  1500, 1, 0},
-    {"TH1 Debounce",     "2ms",     100,    100,      0,  9999, 0, 0},
+    {"TH1 Debounce",     "ms",      100,    100,      0,  9999, 0, 0},
     {"Motor 2 Amps",     "A",        82,     82,     25,    98, 1, RunSet},
     {"Motor 2 No-Load",  "A",        33,     33,      0,    81, 1, RunSet},
 }};
@@ -208,7 +208,7 @@ constexpr std::array<ParamRow, 8> Communication{{  // 09
     {"Comm Fault",       "",          3,      3,      0,     3, 0, RunSet},
     {"Comm Watchdog",    "sec",       0,      0,      0,  1200, 1, RunSet},
     {"Comm Protocol",    "",          3,      0,      0,     8, 0, RunSet},
-    {"Reply Delay",      "2ms",       1,      1,      0,   200, 0, RunSet},
+    {"Reply Delay",      "ms",        1,      1,      0,   200, 0, RunSet},
     {"USB Speed",        "",          2,      2,      0,     4, 0, RunSet},
     {"USB Protocol",     "",          1,      1,      0,     5, 0, RunSet},
 }};
@@ -274,10 +274,9 @@ static_assert(mostlyWritable(Groups));
 
 constinit const FamilyData YarrowData{
     .family = Family::Yarrow,
-    .modelCode = 9,
+    .modelCode = 11,
     .version = 118,
     .groups = Groups,
-    .mirrors = {},
 };
 
 }  // namespace kelvane::drive
