@@ -47,8 +47,8 @@ void PracticePort::dropInput() {
     m_newInput = false;
 }
 
-char PracticePort::GetChar() {
-    if (m_input.isEmpty()) return '\0';
+std::optional<char> PracticePort::GetChar() {
+    if (m_input.isEmpty()) return std::nullopt;
     const char c = m_input[0];
     m_input.remove(0, 1);
     return c;

@@ -33,7 +33,7 @@ public:
     void setSettings(const PortSettings& settings) override;
     bool PutBlock(const QByteArray& bytes) override { return put(bytes, true); }
     bool PutString(const QByteArray& text) override { return put(text, false); }
-    char GetChar() override;
+    std::optional<char> GetChar() override;
     void dropInput() override;
 
     // Pulls the adapter out: an open port closes itself and tells why, from the event loop. Opening fails
