@@ -153,6 +153,7 @@ std::optional<uint16_t> PracticeDrive::identityWord(uint16_t reg) const {
     if (reg == m_traits.modelRegister) return m_data.modelCode;
     if (m_traits.versionRegister && reg == m_traits.versionRegister) return m_data.version;
     if (reg == IdentityBlock) {
+        // Kept: some drives of this series give the code of Osier and are known by their 10 groups.
         const bool disguised = m_options.hazelTellsOsier && m_traits.family == Family::Hazel;
         const auto own = uint8_t(disguised ? Family::Osier : m_traits.family);
         return uint16_t(m_options.familyCode.value_or(own) << 8);

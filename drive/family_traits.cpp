@@ -213,6 +213,7 @@ constexpr auto Traits = std::to_array<FamilyTraits>({
     usualBut(Family::Osier, OsierItems,
              [](FamilyTraits& t) {
                  t.modelRegister = 0x0700;
+                 // Kept: the PID rows are also read at 1001h to 1007h, where this series has them.
                  t.pidGroupAgain = 0x10;
              }),
     usualBut(Family::Willow, WillowItems,
