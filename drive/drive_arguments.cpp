@@ -85,6 +85,7 @@ void describe(Reader& reader) {
     reader.add("late", "Share of replies that come 400 ms late (0).", text("percent"), text("0"));
     reader.add("seed", "Seed of the shares above (1).", text("number"), text("1"));
     reader.add("address", "Address answered beside 255 (1).", text("number"), text("1"));
+    reader.addFlag("keypad", "Play a keypad that holds the family's values instead of a drive.");
     reader.addFlag("until-eof", "Stop when the standard input ends.");
     reader.addFlag("help", "This text.");
 }
@@ -121,6 +122,7 @@ DriveArguments readArguments(const QStringList& arguments) {
     result.corruptPercent = reader.number("corrupt", 0, 100);
     result.latePercent = reader.number("late", 0, 100);
     result.seed = uint32_t(reader.number("seed", 0, 4294967295.0));
+    result.drive.asKeypad = reader.isSet("keypad");
     result.drive.address = uint8_t(reader.number("address", 1, 255));
     return result;
 }

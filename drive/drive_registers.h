@@ -16,14 +16,15 @@
 namespace kelvane::drive {
 
 struct DriveOptions {
-    uint8_t address = 1;                // answered beside FFh
-    bool hazelTellsOsier = false;       // Hazel only: family code 5 at 2110h, known by its 10 groups
-    bool tellsTexts = true;             // false: neither 32ccH nor 33ccH exists
-    bool reservedEnabled = true;        // bit 5 of the second state word; false also locks the reserved group
-    bool frequencyFromLink = true;      // bit 8
-    bool externalFrequency = false;     // bit 9
-    bool commandsFromLink = true;       // bit 10
-    std::optional<uint8_t> familyCode;  // answered at 2110h in place of the family's own
+    uint8_t address = 1;             // answered beside FFh
+    bool hazelTellsOsier = false;    // Hazel only: family code 5 at 2110h, known by its 10 groups
+    bool tellsTexts = true;          // false: neither 32ccH nor 33ccH exists
+    bool reservedEnabled = true;     // bit 5 of the second state word; false also locks the reserved group
+    bool frequencyFromLink = true;   // bit 8
+    bool externalFrequency = false;  // bit 9
+    bool commandsFromLink = true;    // bit 10
+    std::optional<uint8_t> familyCode{};  // answered at 2110h in place of the family's own
+    bool asKeypad = false;                // plays a keypad that holds the family's values: no drive behind it
     double tuneSeconds = 5;
 };
 
@@ -62,6 +63,7 @@ private:
     QByteArray answerRead(const QByteArray& body) const;
     QByteArray answerWrite(const QByteArray& body);
     ReadResult read(uint16_t reg, uint16_t count) const;
+    ReadResult readKeypad(uint16_t reg, uint16_t count) const;
     Refusal write(uint16_t reg, uint16_t word);
 
     std::optional<Words> textBlock(uint16_t reg) const;
@@ -95,7 +97,7 @@ private:
     MotorModel m_motor;
     uint16_t m_lastOrder = 0;  // word last written to 2000h
     bool m_copyMode = false;
-    size_t m_display = 0;  // which value the user display shows
+    size_t m_display = 0;  // presses of the arrow key, which step the user display on
     uint16_t m_tuneMode = 0;
     double m_tuneSecondsLeft = 0;
     uint8_t m_tuneResult = 0;

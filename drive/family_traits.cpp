@@ -138,6 +138,7 @@ constexpr FamilyTraits Usual{
     .recordWords = 15,
     .displayRegister = 0x2116,
     .displayWords = 3,
+    .pidGroupAgain = 0,
     .maxFrequency = 0x0100,
     .baseFrequency = 0x0101,
     .accelTime = 0x0109,
@@ -209,7 +210,12 @@ constexpr auto Traits = std::to_array<FamilyTraits>({
                  t.tunedRowsOfMotor2 = {0x0512, 0x0511};
                  t.signedItems = true;
              }),
-    usualBut(Family::Osier, OsierItems, [](FamilyTraits& t) { t.modelRegister = 0x0007; }),
+    usualBut(Family::Osier, OsierItems,
+             [](FamilyTraits& t) {
+                 t.modelRegister = 0x0700;
+                 // Kept: the PID rows are also read at 1001h to 1007h, where this series has them.
+                 t.pidGroupAgain = 0x10;
+             }),
     usualBut(Family::Willow, WillowItems,
              [](FamilyTraits& t) {
                  t.tuneCommand = 0x0704;

@@ -55,6 +55,7 @@ struct FamilyTraits {
     uint16_t recordWords;      // 15, or 4 without default, name and unit
     uint16_t displayRegister;  // user display: value, format and, with 3 words, the tuning result
     uint16_t displayWords;
+    uint8_t pidGroupAgain;  // high byte at which the PID group, 10, answers a second time; 0 for none
     // Parameters by which the motor runs.
     uint16_t maxFrequency;
     uint16_t baseFrequency;

@@ -28,11 +28,9 @@ ParameterStore::ParameterStore(const FamilyData& data, const FamilyTraits& trait
 }
 
 std::optional<ParameterStore::Place> ParameterStore::find(uint16_t reg) const {
-    for (const RegisterMirror& mirror : m_data.mirrors) {
-        if (reg >= mirror.first && reg - mirror.first < mirror.count)
-            reg = uint16_t(reg - mirror.first + mirror.target);
-    }
-    const size_t group = reg >> 8;
+    constexpr size_t PidGroup = 10;
+    const bool again = m_traits.pidGroupAgain != 0 && reg >> 8 == m_traits.pidGroupAgain;
+    const size_t group = again ? PidGroup : reg >> 8;
     const size_t number = reg & 0xFF;
     if (group >= m_data.groups.size() || number >= m_data.groups[group].rows.size()) return {};
     if (m_reservedLocked && int(group) == groupCount()) return {};
