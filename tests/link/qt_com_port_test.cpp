@@ -141,7 +141,7 @@ TEST_F(RealPort, MayBeDestroyedByItsHandler) {
     EXPECT_TRUE(waitFor([&] { return !own; }));
 }
 
-TEST_F(RealPort, KeepsAFullBufferAndLosesTheRest) {
+TEST_F(RealPort, LosesWhatComesOnTopOfAFullBuffer) {
     ASSERT_TRUE(port.open());
     port.OnTriggerAvail = nullptr;
     const QByteArray block(1000, 'a');
