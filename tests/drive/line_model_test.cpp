@@ -28,7 +28,7 @@ struct Host {
         station.port.open();
         station.port.OnTriggerAvail = [this](int count) {
             QByteArray bytes;
-            for (int i = 0; i < count; ++i) bytes.append(station.port.GetChar());
+            for (int i = 0; i < count; ++i) bytes.append(*station.port.GetChar());
             bursts.push_back({clock.nowUs(), bytes});
         };
     }
@@ -211,7 +211,7 @@ TEST(PracticePort, NeverCallsBackFromInsideACallNorIntoItsOwnHandler) {
         EXPECT_EQ(depth, 0);
         ++depth;
         ++calls;
-        for (int i = 0; i < count; ++i) taken.append(port.GetChar());
+        for (int i = 0; i < count; ++i) taken.append(*port.GetChar());
         if (calls == 1) host.clock.advance(1000);  // a nested event loop
         --depth;
     };
@@ -233,7 +233,7 @@ TEST(PracticePort, DropsAndClosesWithoutLeftovers) {
     host.clock.advance(2000);
     EXPECT_EQ(calls, 5);
     port.dropInput();
-    EXPECT_EQ(port.GetChar(), '\0');
+    EXPECT_EQ(port.GetChar(), std::nullopt);
     host.send(Command);
     port.close();
     port.close();
@@ -274,7 +274,7 @@ TEST(PracticePort, ServesTwoPortsInTurn) {
     PracticePort second(host.clock, host.station.line);
     QByteArray heard;
     second.OnTriggerAvail = [&](int count) {
-        for (int i = 0; i < count; ++i) heard.append(second.GetChar());
+        for (int i = 0; i < count; ++i) heard.append(*second.GetChar());
     };
     host.station.port.close();
     second.setSettings(host.station.line.options().wire);
