@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QHeaderView>
+#include <optional>
 
 namespace kelvane {
 
@@ -24,7 +25,9 @@ class CheckHeader : public QHeaderView {
 
    private:
     bool onBox(const QPoint& pos) const;
+    void askBox(const QMouseEvent& event);
     const StringGridView* m_view;
+    std::optional<quint64> m_askedAt;  // ms, of the window system's clock
     bool m_boxPressed = false;
 };
 
