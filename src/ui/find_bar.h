@@ -20,7 +20,8 @@ class FindBar : public QWidget {
    public:
     explicit FindBar(QWidget* parent = nullptr);  // starts hidden
 
-    // The grid to search; nullptr for none. A changed grid takes its hits along with it.
+    // The view to search, its grid already set; nullptr for none. The search follows what changes in the grid.
+    // The actions are added to every view handed in, so the shortcuts work from there.
     void setView(StringGridView* view);
     void setColumns(const std::vector<int>& columns);
 

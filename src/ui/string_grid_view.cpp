@@ -42,6 +42,7 @@ StringGridView::StringGridView(QWidget* parent) : QTableView(parent), m_header(n
 }
 
 void StringGridView::setGrid(StringGrid* grid) {
+    if (grid == m_grid) return;
     if (m_grid) m_grid->disconnect(this);
     m_grid = grid;
     m_hits.clear();

@@ -96,6 +96,8 @@ TEST(LampFlasher, BlinksEveryThreeHundredMillisecondsAndRestsWhenNothingFlashes)
     run.setFlashing(false);
     EXPECT_TRUE(run.lit());
     EXPECT_FALSE(clock.step());
+    run.setFlashing(true);
+    EXPECT_TRUE(run.lit()) << "it begins bright, however it ended";
 }
 
 TEST(VrIndicator, ClipsItsPositionAndShowsIt) {
