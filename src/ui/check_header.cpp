@@ -34,7 +34,8 @@ void CheckHeader::paintSection(QPainter* painter, const QRect& rect, int section
     painter->restore();
     const StringGrid* grid = m_view->grid();
     if (section != BoxColumn || !grid || !grid->hasCheckBox(0)) return;
-    drawGridBox(painter, rect, grid->checkBox(0), palette().color(QPalette::Text), palette().color(QPalette::Base));
+    drawGridBox(painter, rect, grid->checkBox(0), palette().color(QPalette::Text),
+                palette().color(QPalette::Base));
 }
 
 bool CheckHeader::onBox(const QPoint& pos) const {

@@ -126,7 +126,8 @@ void LampFlasher::watch(AbLED* lamp) {
 
 void LampFlasher::follow() {
     std::erase_if(m_lamps, [](const QPointer<AbLED>& lamp) { return lamp.isNull(); });
-    const bool any = std::any_of(m_lamps.begin(), m_lamps.end(), [](const auto& lamp) { return lamp->flashing(); });
+    const bool any =
+        std::any_of(m_lamps.begin(), m_lamps.end(), [](const auto& lamp) { return lamp->flashing(); });
     m_timer.setEnabled(any);
     if (!any) {
         m_ticks = 0;

@@ -20,7 +20,7 @@ using testing::ElementsAre;
 
 // A small table as the windows fill it: header, group row, four parameters, the last without a box.
 class GridView : public testing::Test {
-   protected:
+protected:
     GridView() {
         grid.setHeaders({"", "Pr. No", "MODBUS", "Description", "Data"});
         grid.addCheckBox(0, false);
@@ -213,8 +213,9 @@ TEST_F(GridView, FifteenHundredRowsFillScrollAndHideWithoutDelay) {
     grid.showAllRows();
     EXPECT_FALSE(view.isRowHidden(0));
     const qint64 show = clock.restart();
-    std::printf("1500 rows: fill %lld ms, refresh %lld ms, 50 pages %lld ms, hide 750 %lld ms, show all %lld ms\n",
-                filled, refresh, scroll, hide, show);
+    std::printf(
+        "1500 rows: fill %lld ms, refresh %lld ms, 50 pages %lld ms, hide 750 %lld ms, show all %lld ms\n",
+        filled, refresh, scroll, hide, show);
     EXPECT_LT(filled, 1000);
     EXPECT_LT(refresh, 500);
     EXPECT_LT(scroll, 50 * 60);
