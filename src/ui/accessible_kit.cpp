@@ -15,7 +15,7 @@ QString named(const QWidget& widget, const QString& caption) {
 }
 
 class ButtonSpeech : public QAccessibleWidget {
-   public:
+public:
     ButtonSpeech(QAbstractButton* button, QAccessible::Role role) : QAccessibleWidget(button, role) {}
 
     QString text(QAccessible::Text kind) const override {
@@ -39,7 +39,7 @@ class ButtonSpeech : public QAccessibleWidget {
         QAccessibleWidget::doAction(action);
     }
 
-   private:
+private:
     QAbstractButton* button() const { return qobject_cast<QAbstractButton*>(object()); }
     QString stateInWords() const {
         const auto* lamp = qobject_cast<const AbLED*>(object());
@@ -49,7 +49,7 @@ class ButtonSpeech : public QAccessibleWidget {
 };
 
 class BarSpeech : public QAccessibleWidget {
-   public:
+public:
     explicit BarSpeech(VrIndicator* bar) : QAccessibleWidget(bar, QAccessible::ProgressBar) {}
 
     QString text(QAccessible::Text kind) const override {
@@ -64,7 +64,8 @@ QAccessibleInterface* speechFor(const QString& className, QObject* object) {
     if (!className.startsWith(QLatin1String("kelvane::"))) return nullptr;
     if (auto* lamp = qobject_cast<AbLED*>(object))
         return new ButtonSpeech(lamp, lamp->clickable() ? QAccessible::CheckBox : QAccessible::Indicator);
-    if (auto* power = qobject_cast<VrPowerButton*>(object)) return new ButtonSpeech(power, QAccessible::CheckBox);
+    if (auto* power = qobject_cast<VrPowerButton*>(object))
+        return new ButtonSpeech(power, QAccessible::CheckBox);
     if (auto* bar = qobject_cast<VrIndicator*>(object)) return new BarSpeech(bar);
     return nullptr;
 }

@@ -1,7 +1,9 @@
 #include "ui/check_header.h"
 
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleHints>
 
 #include "ui/grid_delegate.h"
 #include "ui/string_grid_view.h"
@@ -32,7 +34,8 @@ void CheckHeader::paintSection(QPainter* painter, const QRect& rect, int section
     painter->restore();
     const StringGrid* grid = m_view->grid();
     if (section != BoxColumn || !grid || !grid->hasCheckBox(0)) return;
-    drawGridBox(painter, rect, grid->checkBox(0), palette().color(QPalette::Text), palette().color(QPalette::Base));
+    drawGridBox(painter, rect, grid->checkBox(0), palette().color(QPalette::Text),
+                palette().color(QPalette::Base));
 }
 
 bool CheckHeader::onBox(const QPoint& pos) const {
@@ -49,13 +52,20 @@ void CheckHeader::mousePressEvent(QMouseEvent* event) {
 void CheckHeader::mouseReleaseEvent(QMouseEvent* event) {
     if (!m_boxPressed) return QHeaderView::mouseReleaseEvent(event);
     m_boxPressed = false;
-    if (onBox(event->pos())) Q_EMIT boxClicked();
+    if (onBox(event->pos())) askBox(*event);
 }
 
-// The second press of a double click on the box is nothing new: the box has been toggled by the first.
+// A double click asks once: its first press has asked already, unless it came without one.
 void CheckHeader::mouseDoubleClickEvent(QMouseEvent* event) {
     m_boxPressed = false;
-    if (!onBox(event->pos())) QHeaderView::mouseDoubleClickEvent(event);
+    if (!onBox(event->pos())) return QHeaderView::mouseDoubleClickEvent(event);
+    const auto interval = static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    if (!m_askedAt || event->timestamp() - *m_askedAt > interval) askBox(*event);
+}
+
+void CheckHeader::askBox(const QMouseEvent& event) {
+    m_askedAt = event.timestamp();
+    Q_EMIT boxClicked();
 }
 
 }  // namespace kelvane

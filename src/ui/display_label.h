@@ -12,12 +12,12 @@ class VrLabel : public QLabel {
     Q_PROPERTY(QColor color READ color WRITE setColor)
     Q_PROPERTY(QColor backgroundColor READ backgroundColor WRITE setBackgroundColor)
     Q_PROPERTY(bool digital READ digital WRITE setDigital)
-   public:
+public:
     explicit VrLabel(QWidget* parent = nullptr);
     explicit VrLabel(const QString& text, QWidget* parent = nullptr);
 
-    // Text and background; an invalid colour gives the part back to the palette. A text colour alone keeps to a
-    // background on which it can be read.
+    // Text and background; an invalid colour gives the part back to the palette. A text colour alone keeps to
+    // a background on which it can be read.
     QColor color() const { return m_color; }
     void setColor(const QColor& color);
     QColor backgroundColor() const { return m_background; }
@@ -31,10 +31,10 @@ class VrLabel : public QLabel {
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-   protected:
+protected:
     void changeEvent(QEvent* event) override;
 
-   private:
+private:
     void applyColours();
     QColor m_color;
     QColor m_background;

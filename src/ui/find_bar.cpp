@@ -156,7 +156,8 @@ void FindBar::step(int direction) {
     const int count = hitCount();
     if (m_current >= 0) return jumpTo((m_current + direction + count) % count);
     const int row = m_view->currentCell().row;
-    const auto behind = std::find_if(m_hits.begin(), m_hits.end(), [row](const GridCell& h) { return h.row >= row; });
+    const auto behind =
+        std::find_if(m_hits.begin(), m_hits.end(), [row](const GridCell& h) { return h.row >= row; });
     const int first = static_cast<int>(behind - m_hits.begin());
     jumpTo(direction > 0 ? first % count : (first - 1 + count) % count);
 }
@@ -180,10 +181,13 @@ void FindBar::showState() {
 
 void FindBar::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
-        case Qt::Key_Escape: return closeBar();
+        case Qt::Key_Escape:
+            return closeBar();
         case Qt::Key_Return:
-        case Qt::Key_Enter: return step(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
-        default: QWidget::keyPressEvent(event);
+        case Qt::Key_Enter:
+            return step(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
+        default:
+            QWidget::keyPressEvent(event);
     }
 }
 

@@ -1,5 +1,6 @@
-// The find bar over a table (Ctrl+F): looks for a text in the columns that it is handed, lights all hits in the
-// shown grid and jumps from one to the next. It hides no rows. A window owns one and hands it the grid in front.
+// The find bar over a table (Ctrl+F): looks for a text in the columns that it is handed, lights all hits in
+// the shown grid and jumps from one to the next. It hides no rows. A window owns one and hands it the grid in
+// front.
 #pragma once
 
 #include <QPointer>
@@ -17,10 +18,11 @@ namespace kelvane {
 
 class FindBar : public QWidget {
     Q_OBJECT
-   public:
+public:
     explicit FindBar(QWidget* parent = nullptr);  // starts hidden
 
-    // The grid to search; nullptr for none. A changed grid takes its hits along with it.
+    // The view to search, its grid already set; nullptr for none. The search follows what changes in the
+    // grid. The actions are added to every view handed in, so the shortcuts work from there.
     void setView(StringGridView* view);
     void setColumns(const std::vector<int>& columns);
 
@@ -37,10 +39,10 @@ class FindBar : public QWidget {
     int hitCount() const { return static_cast<int>(m_hits.size()); }
     int currentHit() const { return m_current; }  // from 0; -1 when there is none
 
-   protected:
+protected:
     void keyPressEvent(QKeyEvent* event) override;
 
-   private:
+private:
     void build();
     void watch(StringGridView* view);
     void searchLater();

@@ -19,7 +19,8 @@ std::optional<QColor> toldColour(const QModelIndex& index, int role) {
 }
 
 // Selection of a cell with told colours: it keeps them and gets bars above and below.
-void drawSelectionBars(QPainter* painter, const QRect& cell, const ColourPair& pair, const QColor& highlight) {
+void drawSelectionBars(QPainter* painter, const QRect& cell, const ColourPair& pair,
+                       const QColor& highlight) {
     const QColor colour = contrast(highlight, pair.background) >= 2 ? highlight : pair.text;
     painter->fillRect(QRect(cell.left(), cell.top(), cell.width(), 2), colour);
     painter->fillRect(QRect(cell.left(), cell.bottom() - 1, cell.width(), 2), colour);
@@ -27,7 +28,8 @@ void drawSelectionBars(QPainter* painter, const QRect& cell, const ColourPair& p
 
 void drawEditedMark(QPainter* painter, const QRect& cell, const QColor& ink) {
     const int side = cell.height() / 3;
-    const QPolygon triangle({cell.topRight(), cell.topRight() - QPoint(side, 0), cell.topRight() + QPoint(0, side)});
+    const QPolygon triangle(
+        {cell.topRight(), cell.topRight() - QPoint(side, 0), cell.topRight() + QPoint(0, side)});
     painter->setPen(Qt::NoPen);
     painter->setBrush(ink);
     painter->drawPolygon(triangle);
@@ -70,7 +72,8 @@ void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
         option->font.setItalic(true);
 }
 
-void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
     QStyleOptionViewItem cell(option);
     initStyleOption(&cell, index);
     const auto toldText = toldColour(index, StringGrid::TextColourRole);
@@ -87,7 +90,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     painter->fillRect(cell.rect, pair.background);
     if (selected && told) drawSelectionBars(painter, cell.rect, pair, highlight);
     const QVariant check = index.data(Qt::CheckStateRole);
-    if (check.isValid()) drawGridBox(painter, cell.rect, check.toInt() == Qt::Checked, pair.text, pair.background);
+    if (check.isValid())
+        drawGridBox(painter, cell.rect, check.toInt() == Qt::Checked, pair.text, pair.background);
     painter->setFont(cell.font);
     painter->setPen(pair.text);
     const QRect room = textRect(cell.rect);
@@ -114,7 +118,8 @@ bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
     if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data().toString();
     const bool cut = option.fontMetrics.horizontalAdvance(text) > textRect(option.rect).width();
-    QToolTip::showText(event->globalPos(), cut ? QLatin1String("<p>") + text.toHtmlEscaped() : QString(), view);
+    QToolTip::showText(event->globalPos(), cut ? QLatin1String("<p>") + text.toHtmlEscaped() : QString(),
+                       view);
     return true;
 }
 

@@ -1,5 +1,5 @@
-// Draws a cell of a StringGridView: told colours with their readable partner, selection, the mark of an edited
-// row and the outlines of find hits; shows a text that is cut as a tool tip.
+// Draws a cell of a StringGridView: told colours with their readable partner, selection, the mark of an
+// edited row and the outlines of find hits; shows a text that is cut as a tool tip.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -14,17 +14,20 @@ void drawGridBox(QPainter* painter, const QRect& room, bool set, const QColor& i
 
 class GridDelegate : public QStyledItemDelegate {
     Q_OBJECT
-   public:
+public:
     explicit GridDelegate(StringGridView* view);
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    QWidget* createEditor(QWidget*, const QStyleOptionViewItem&, const QModelIndex&) const override { return nullptr; }
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    QWidget* createEditor(QWidget*, const QStyleOptionViewItem&, const QModelIndex&) const override {
+        return nullptr;
+    }
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
 
-   protected:
+protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
-   private:
+private:
     const StringGridView* m_view;
 };
 

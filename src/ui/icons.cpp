@@ -14,7 +14,8 @@
 #include "base/drive_family.h"
 #include "ui/readable_colours.h"
 
-// Outside the namespace, as the resource compiler wants it; a static library's resources do not load themselves.
+// Outside the namespace, as the resource compiler wants it; a static library's resources do not load
+// themselves.
 static void loadResources() {
     static const bool loaded = [] {
         Q_INIT_RESOURCE(kelvane_ui);
@@ -28,13 +29,15 @@ namespace {
 
 constexpr auto IconCount = static_cast<size_t>(Icon::Count_);
 constexpr std::array<const char*, IconCount> IconNames{
-    "com_setup", "parameter", "quick_setup", "advance", "keypad", "trend", "monitor",
-    "open", "save", "exit", "read_drive", "read_file", "write_select", "write_all", "compare", "print",
-    "language", "find", "previous", "next", "undo", "redo", "backup", "help", "about",
-    "pid", "auto_tuning", "multi_step", "copy", "close", "folder", "folder_up", "file",
-    "accept", "cancel", "test", "connect", "disconnect", "start", "stop", "clear", "option", "cursor", "picture",
-    "zoom", "add", "remove", "edit", "run", "fault", "lock", "motor",
-    "tree_drive", "tree_file", "tree_open", "tree_compare", "tree_parameters"};
+    "com_setup",      "parameter", "quick_setup", "advance",    "keypad",    "trend",        "monitor",
+    "open",           "save",      "exit",        "read_drive", "read_file", "write_select", "write_all",
+    "compare",        "print",     "language",    "find",       "previous",  "next",         "undo",
+    "redo",           "backup",    "help",        "about",      "pid",       "auto_tuning",  "multi_step",
+    "copy",           "close",     "folder",      "folder_up",  "file",      "accept",       "cancel",
+    "test",           "connect",   "disconnect",  "start",      "stop",      "clear",        "option",
+    "cursor",         "picture",   "zoom",        "add",        "remove",    "edit",         "run",
+    "fault",          "lock",      "motor",       "tree_drive", "tree_file", "tree_open",    "tree_compare",
+    "tree_parameters"};
 static_assert(IconNames.back() != nullptr, "one name for each icon");
 
 constexpr std::array TreeImages{Icon::TreeDrive, Icon::TreeFile, Icon::TreeOpen, Icon::TreeCompare,
@@ -54,8 +57,8 @@ struct Tones {
 Tones tonesFor(QIcon::Mode mode, const QPalette& palette) {
     const QColor ground = palette.color(QPalette::Window);
     const QColor line = palette.color(QPalette::Active, QPalette::WindowText);
-    const QColor accent = contrast(AccentOnLight, ground) > contrast(AccentOnDark, ground) ? AccentOnLight
-                                                                                            : AccentOnDark;
+    const QColor accent =
+        contrast(AccentOnLight, ground) > contrast(AccentOnDark, ground) ? AccentOnLight : AccentOnDark;
     if (mode == QIcon::Disabled) return {mix(line, ground, 0.55), mix(line, ground, 0.7)};
     if (mode != QIcon::Selected) return {line, accent};
     const QColor onHighlight = palette.color(QPalette::Active, QPalette::HighlightedText);
@@ -69,7 +72,8 @@ QByteArray drawing(const QString& path) {
 }
 
 QByteArray toned(QByteArray svg, const Tones& tones) {
-    return svg.replace(LineTone, tones.line.name().toLatin1()).replace(AccentTone, tones.accent.name().toLatin1());
+    return svg.replace(LineTone, tones.line.name().toLatin1())
+        .replace(AccentTone, tones.accent.name().toLatin1());
 }
 
 void renderInside(QPainter& painter, const QRectF& room, const QByteArray& svg) {
@@ -88,7 +92,7 @@ QPixmap rendered(const QByteArray& svg, QSize size, qreal devicePixelRatio) {
 }
 
 class TonedIconEngine : public QIconEngine {
-   public:
+public:
     explicit TonedIconEngine(QString path) : m_path(std::move(path)) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
@@ -109,7 +113,7 @@ class TonedIconEngine : public QIconEngine {
     }
     QIconEngine* clone() const override { return new TonedIconEngine(m_path); }
 
-   private:
+private:
     QString m_path;
 };
 
@@ -179,7 +183,8 @@ QSize PictureBox::sizeHint() const { return m_kind == Kind::Logo ? QSize(420, 12
 void PictureBox::paintEvent(QPaintEvent*) {
     if (m_kind == Kind::Nothing) return;
     QPainter painter(this);
-    renderInside(painter, rect(), m_kind == Kind::Logo ? logoDrawing(palette()) : drawing(familyPath(m_family)));
+    renderInside(painter, rect(),
+                 m_kind == Kind::Logo ? logoDrawing(palette()) : drawing(familyPath(m_family)));
 }
 
 }  // namespace kelvane

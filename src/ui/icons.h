@@ -1,6 +1,6 @@
-// The tool's own drawings: icons of buttons and menus, tree images, the pictures of the nine drive families and
-// the logo. Icons are two-tone SVGs that take their line colour from the palette when they are painted, so they
-// fit light and dark and every scale.
+// The tool's own drawings: icons of buttons and menus, tree images, the pictures of the nine drive families
+// and the logo. Icons are two-tone SVGs that take their line colour from the palette when they are painted,
+// so they fit light and dark and every scale.
 #pragma once
 
 #include <QIcon>
@@ -9,6 +9,7 @@
 
 namespace kelvane {
 
+// clang-format off
 enum class Icon {
     ComSetup, Parameter, QuickSetup, Advance, Keypad, Trend, Monitor,
     Open, Save, Exit, ReadDrive, ReadFile, WriteSelect, WriteAll, Compare, Print,
@@ -19,6 +20,7 @@ enum class Icon {
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
     Count_,
 };
+// clang-format on
 
 // Follows the palette; an icon for each number below Count_.
 QIcon icon(Icon which);
@@ -28,8 +30,8 @@ QString iconName(Icon which);
 QIcon treeImage(int index);
 QIcon applicationIcon();
 
-// A drawing of the family's drive; null for a number that is no family. Sizes are in device-independent pixels,
-// the drawing keeps its proportions inside.
+// A drawing of the family's drive; null for a number that is no family. Sizes are in device-independent
+// pixels, the drawing keeps its proportions inside.
 QPixmap familyPicture(quint8 DriveFamily, QSize size = {160, 200}, qreal devicePixelRatio = 1);
 // Name and motif of the tool for splash and main window; text in the palette's colour.
 QPixmap logoPicture(QSize size = {420, 140}, qreal devicePixelRatio = 1);
@@ -37,7 +39,7 @@ QPixmap logoPicture(QSize size = {420, 140}, qreal devicePixelRatio = 1);
 // A picture that keeps its proportions in whatever room it has, sharp at every scale.
 class PictureBox : public QWidget {
     Q_OBJECT
-   public:
+public:
     explicit PictureBox(QWidget* parent = nullptr);
     void showFamily(quint8 DriveFamily);  // nothing for a number that is no family
     void showLogo();
@@ -45,10 +47,10 @@ class PictureBox : public QWidget {
     bool isEmpty() const { return m_kind == Kind::Nothing; }
     QSize sizeHint() const override;
 
-   protected:
+protected:
     void paintEvent(QPaintEvent* event) override;
 
-   private:
+private:
     enum class Kind { Nothing, Family, Logo };
     Kind m_kind = Kind::Nothing;
     quint8 m_family = 0;

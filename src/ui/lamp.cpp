@@ -126,8 +126,14 @@ void LampFlasher::watch(AbLED* lamp) {
 
 void LampFlasher::follow() {
     std::erase_if(m_lamps, [](const QPointer<AbLED>& lamp) { return lamp.isNull(); });
-    const bool any = std::any_of(m_lamps.begin(), m_lamps.end(), [](const auto& lamp) { return lamp->flashing(); });
+    const bool any =
+        std::any_of(m_lamps.begin(), m_lamps.end(), [](const auto& lamp) { return lamp->flashing(); });
     m_timer.setEnabled(any);
+    if (!any) {
+        m_ticks = 0;
+        m_bright = true;
+    }
+    for (const QPointer<AbLED>& lamp : m_lamps) lamp->setBrightPhase(m_bright);
 }
 
 void LampFlasher::tick() {
@@ -135,7 +141,6 @@ void LampFlasher::tick() {
     m_ticks = 0;
     m_bright = !m_bright;
     follow();
-    for (const QPointer<AbLED>& lamp : m_lamps) lamp->setBrightPhase(m_bright);
 }
 
 }  // namespace kelvane

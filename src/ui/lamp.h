@@ -1,6 +1,6 @@
-// AbLED, the lamp of the windows: a disc with a caption. Lit it is a filled disc, dark an empty ring, so that its
-// colour is never the only sign. A lamp may be clickable (a choice between sources); flashing lamps of a window
-// share one LampFlasher, so that they blink together.
+// AbLED, the lamp of the windows: a disc with a caption. Lit it is a filled disc, dark an empty ring, so that
+// its colour is never the only sign. A lamp may be clickable (a choice between sources); flashing lamps of a
+// window share one LampFlasher, so that they blink together.
 #pragma once
 
 #include <QAbstractButton>
@@ -18,7 +18,7 @@ class AbLED : public QAbstractButton {
     Q_PROPERTY(bool flashing READ flashing WRITE setFlashing NOTIFY flashingChanged)
     Q_PROPERTY(QColor color READ color WRITE setColor)
     Q_PROPERTY(bool clickable READ clickable WRITE setClickable)
-   public:
+public:
     explicit AbLED(QWidget* parent = nullptr);
     explicit AbLED(const QString& text, QWidget* parent = nullptr);
 
@@ -27,8 +27,8 @@ class AbLED : public QAbstractButton {
     void setFlashing(bool on);
     QColor color() const { return m_color; }
     void setColor(const QColor& color);
-    // A clickable lamp takes the focus, and click or Space emits clicked(). It changes its state by itself only
-    // when it is autoExclusive; otherwise the window decides.
+    // A clickable lamp takes the focus, and click or Space emits clicked(). It changes its state by itself
+    // only when it is autoExclusive; otherwise the window decides.
     bool clickable() const { return m_clickable; }
     void setClickable(bool on);
 
@@ -39,17 +39,17 @@ class AbLED : public QAbstractButton {
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-   Q_SIGNALS:
+Q_SIGNALS:
     void flashingChanged(bool flashing);
     void doubleClicked();
 
-   protected:
+protected:
     void paintEvent(QPaintEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     bool hitButton(const QPoint& pos) const override;
     void nextCheckState() override;
 
-   private:
+private:
     QRectF discRect() const;
     QColor m_color{0, 160, 0};
     bool m_flashing = false;
@@ -57,14 +57,15 @@ class AbLED : public QAbstractButton {
     bool m_clickable = false;
 };
 
-// Blinks the lamps of a window: 50 ms ticks, the phase changes every sixth. It ticks only while a lamp flashes.
+// Blinks the lamps of a window: 50 ms ticks, the phase changes every sixth. It ticks only while a lamp
+// flashes.
 class LampFlasher : public QObject {
     Q_OBJECT
-   public:
+public:
     explicit LampFlasher(TickClock& clock, QObject* parent = nullptr);
     void watch(AbLED* lamp);
 
-   private:
+private:
     void tick();
     void follow();
     TickTimer m_timer;

@@ -14,7 +14,8 @@ qsizetype nameStart(const QString& path) {
 
 // The longest of "make(n)" that fits, n counted down from most; empty when none does.
 template <typename Make>
-QString longestFitting(qsizetype most, int width, const std::function<int(const QString&)>& widthOf, Make make) {
+QString longestFitting(qsizetype most, int width, const std::function<int(const QString&)>& widthOf,
+                       Make make) {
     for (qsizetype n = most; n >= 0; --n) {
         const QString shorter = make(n);
         if (widthOf(shorter) <= width) return shorter;
@@ -25,7 +26,8 @@ QString longestFitting(qsizetype most, int width, const std::function<int(const 
 QString shortenedName(const QString& name, int width, const std::function<int(const QString&)>& widthOf) {
     if (widthOf(name) <= width) return name;
     return longestFitting(name.size() - 1, width, widthOf, [&](qsizetype kept) {
-        const qsizetype tail = std::min(kept, std::max<qsizetype>(kept / 2, name.size() - name.lastIndexOf(u'.')));
+        const qsizetype tail =
+            std::min(kept, std::max<qsizetype>(kept / 2, name.size() - name.lastIndexOf(u'.')));
         return QString(name.left(kept - tail) % Dots % name.right(tail));
     });
 }

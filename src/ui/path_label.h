@@ -6,14 +6,14 @@
 
 namespace kelvane {
 
-// The path shortened to `width` as measured by `widthOf`: as it is, then with folders replaced by "..." from the
-// right, then the file name alone, then the file name with its middle left out (end and ending kept).
+// The path shortened to `width` as measured by `widthOf`: as it is, then with folders replaced by "..." from
+// the right, then the file name alone, then the file name with its middle left out (end and ending kept).
 QString calLabelString(const QString& path, int width, const std::function<int(const QString&)>& widthOf);
 
 class PathLabel : public QLabel {
     Q_OBJECT
     Q_PROPERTY(QString path READ path WRITE setPath)
-   public:
+public:
     explicit PathLabel(QWidget* parent = nullptr);
 
     QString path() const { return m_path; }
@@ -22,11 +22,11 @@ class PathLabel : public QLabel {
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-   protected:
+protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
-   private:
+private:
     void fit();
     QString m_path;
 };

@@ -30,6 +30,7 @@ VrPowerButton::VrPowerButton(QWidget* parent) : VrPowerButton(QString(), parent)
 VrPowerButton::VrPowerButton(const QString& text, QWidget* parent) : QAbstractButton(parent) {
     installAccessibleKit();
     setCheckable(true);
+    setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     setText(text);

@@ -1,5 +1,5 @@
-// Text and background that can be read together. The plant tells some colours as plain numbers; whichever half
-// is not told is chosen here so that the pair keeps its contrast in a light and in a dark palette.
+// Text and background that can be read together. The plant tells some colours as plain numbers; whichever
+// half is not told is chosen here so that the pair keeps its contrast in a light and in a dark palette.
 #pragma once
 
 #include <QColor>

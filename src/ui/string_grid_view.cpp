@@ -42,6 +42,7 @@ StringGridView::StringGridView(QWidget* parent) : QTableView(parent), m_header(n
 }
 
 void StringGridView::setGrid(StringGrid* grid) {
+    if (grid == m_grid) return;
     if (m_grid) m_grid->disconnect(this);
     m_grid = grid;
     m_hits.clear();
@@ -171,7 +172,8 @@ void StringGridView::askBoxesOfSelection() {
     if (!std::binary_search(rows.begin(), rows.end(), current.row)) rows = {current.row};
     const bool set = !m_grid->checkBox(current.row);
     for (const int row : rows)
-        if (m_grid && m_grid->hasCheckBox(row) && m_grid->checkBox(row) != set) Q_EMIT checkBoxClicked(row, set);
+        if (m_grid && m_grid->hasCheckBox(row) && m_grid->checkBox(row) != set)
+            Q_EMIT checkBoxClicked(row, set);
 }
 
 bool StringGridView::actsOnCurrentCell(const QKeyEvent& event) {
@@ -180,14 +182,16 @@ bool StringGridView::actsOnCurrentCell(const QKeyEvent& event) {
         case Qt::Key_Enter:
         case Qt::Key_F2: {
             const GridCell cell = currentCell();
-            if (m_keysAct && cell.row > 0 && !event.isAutoRepeat()) Q_EMIT dblClickCell(cell.column, cell.row);
+            if (m_keysAct && cell.row > 0 && !event.isAutoRepeat())
+                Q_EMIT dblClickCell(cell.column, cell.row);
             return true;
         }
         case Qt::Key_Space:
             if (!m_keysAct || event.isAutoRepeat()) return true;
             event.modifiers().testFlag(Qt::ControlModifier) ? askHeaderBox() : askBoxesOfSelection();
             return true;
-        default: return false;
+        default:
+            return false;
     }
 }
 
@@ -204,7 +208,8 @@ void StringGridView::keyPressEvent(QKeyEvent* event) {
 
 int StringGridView::boxRowAt(const QPoint& pos) const {
     const QModelIndex index = indexAt(pos);
-    const bool onBox = index.isValid() && index.column() == 0 && m_grid && m_grid->hasCheckBox(gridRow(index));
+    const bool onBox =
+        index.isValid() && index.column() == 0 && m_grid && m_grid->hasCheckBox(gridRow(index));
     return onBox ? gridRow(index) : -1;
 }
 

@@ -1,6 +1,6 @@
-// A StringGrid on the screen: the tables, lists and records of the windows. Shows cells, check boxes, colours,
-// edit marks and find hits; owns column widths, selection and the keyboard. It never writes a cell or a box: it
-// tells what the person did, in grid columns and rows (header = row 0), and the window decides.
+// A StringGrid on the screen: the tables, lists and records of the windows. Shows cells, check boxes,
+// colours, edit marks and find hits; owns column widths, selection and the keyboard. It never writes a cell
+// or a box: it tells what the person did, in grid columns and rows (header = row 0), and the window decides.
 #pragma once
 
 #include <QSet>
@@ -21,15 +21,15 @@ struct GridCell {
 
 class StringGridView : public QTableView {
     Q_OBJECT
-   public:
+public:
     explicit StringGridView(QWidget* parent = nullptr);
 
     // The grid to show; not owned. Hidden columns and rows follow it from then on.
     void setGrid(StringGrid* grid);
     StringGrid* grid() const { return m_grid; }
 
-    // Widths in characters of the table's font, column by column; columns behind the list keep theirs. A person
-    // may drag them afterwards.
+    // Widths in characters of the table's font, column by column; columns behind the list keep theirs. A
+    // person may drag them afterwards.
     void setColumnCharacters(const std::vector<int>& characters);
     // The column that takes what room is left; it never gets narrower than its characters. -1: none.
     void setStretchColumn(int column);
@@ -58,7 +58,7 @@ class StringGridView : public QTableView {
     bool isRightAligned(int column) const { return m_rightAligned.contains(column); }
     int editedMarkColumn() const { return m_editedMarkColumn; }
 
-   Q_SIGNALS:
+Q_SIGNALS:
     // Double click, Enter or F2 on a cell; double click on a header section without a check box (row 0).
     void dblClickCell(int column, int row);
     // The person wants a check box set so; row 0 is the header's. Space asks for every selected row.
@@ -67,7 +67,7 @@ class StringGridView : public QTableView {
     // Context menu wanted at a global place; row -1 where there is no cell.
     void cellMenuRequested(int column, int row, const QPoint& globalPos);
 
-   protected:
+protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -77,7 +77,7 @@ class StringGridView : public QTableView {
     void changeEvent(QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
-   private:
+private:
     bool actsOnCurrentCell(const QKeyEvent& event);
     void askBoxesOfSelection();
     void askHeaderBox();

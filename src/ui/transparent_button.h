@@ -1,5 +1,5 @@
-// TransparentButton, the picture button of tool bars and dialogs: icon over or beside its caption. Captions come
-// from language files, so "&" is a character like any other and the button grows with its text.
+// TransparentButton, the picture button of tool bars and dialogs: icon over or beside its caption. Captions
+// come from language files, so "&" is a character like any other and the button grows with its text.
 #pragma once
 
 #include <QToolButton>
@@ -11,7 +11,7 @@ class TransparentButton : public QToolButton {
     Q_PROPERTY(QString text READ text WRITE setText)
     Q_PROPERTY(QString hint READ toolTip WRITE setToolTip)
     Q_PROPERTY(int tag READ tag WRITE setTag)
-   public:
+public:
     enum class Layout { IconOver, IconLeft };
 
     explicit TransparentButton(QWidget* parent = nullptr);
@@ -26,11 +26,11 @@ class TransparentButton : public QToolButton {
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-   protected:
+protected:
     void initStyleOption(QStyleOptionToolButton* option) const override;
     void keyPressEvent(QKeyEvent* event) override;  // Enter presses it, like Space
 
-   private:
+private:
     int m_tag = 0;
 };
 

@@ -13,7 +13,7 @@ namespace kelvane {
 namespace {
 
 class Finding : public testing::Test {
-   protected:
+protected:
     Finding() {
         for (int row = 1; row <= 6; ++row) {
             grid.setCell(1, row, QStringLiteral("01-0%1").arg(row));

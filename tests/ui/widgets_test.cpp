@@ -96,6 +96,8 @@ TEST(LampFlasher, BlinksEveryThreeHundredMillisecondsAndRestsWhenNothingFlashes)
     run.setFlashing(false);
     EXPECT_TRUE(run.lit());
     EXPECT_FALSE(clock.step());
+    run.setFlashing(true);
+    EXPECT_TRUE(run.lit()) << "it begins bright, however it ended";
 }
 
 TEST(VrIndicator, ClipsItsPositionAndShowsIt) {
@@ -182,15 +184,16 @@ TEST_P(CalLabelString, LeavesOutFoldersBeforeTheFileName) {
     EXPECT_EQ(calLabelString(GetParam().path, GetParam().width, characters), GetParam().shown);
 }
 
-INSTANTIATE_TEST_SUITE_P(Paths, CalLabelString,
-                         testing::Values(Shortening{"/home/anna/drives/pump.txt", 26, "/home/anna/drives/pump.txt"},
-                                         Shortening{"/home/anna/drives/pump.txt", 21, "/home/ann.../pump.txt"},
-                                         Shortening{"C:\\Data\\Drives\\pump.txt", 17, "C:\\Da...\\pump.txt"},
-                                         Shortening{"/home/anna/drives/pump.txt", 12, ".../pump.txt"},
-                                         Shortening{"/home/anna/drives/pump.txt", 11, "pump.txt"},
-                                         Shortening{"/home/anna/pumpenantrieb.txt", 13, "pumpe...b.txt"},
-                                         Shortening{"pumpenantrieb.txt", 13, "pumpe...b.txt"},
-                                         Shortening{"/home/anna/pump.txt", 2, ""}, Shortening{"", 0, ""}));
+INSTANTIATE_TEST_SUITE_P(
+    Paths, CalLabelString,
+    testing::Values(Shortening{"/home/anna/drives/pump.txt", 26, "/home/anna/drives/pump.txt"},
+                    Shortening{"/home/anna/drives/pump.txt", 21, "/home/ann.../pump.txt"},
+                    Shortening{"C:\\Data\\Drives\\pump.txt", 17, "C:\\Da...\\pump.txt"},
+                    Shortening{"/home/anna/drives/pump.txt", 12, ".../pump.txt"},
+                    Shortening{"/home/anna/drives/pump.txt", 11, "pump.txt"},
+                    Shortening{"/home/anna/pumpenantrieb.txt", 13, "pumpe...b.txt"},
+                    Shortening{"pumpenantrieb.txt", 13, "pumpe...b.txt"},
+                    Shortening{"/home/anna/pump.txt", 2, ""}, Shortening{"", 0, ""}));
 
 TEST(PathLabel, FitsItsTextToItsWidthAndKeepsThePathWhole) {
     PathLabel label;
