@@ -54,7 +54,7 @@ void applyTable(const LoadedTable& loaded, ParameterTable& table) {
         const LoadedTable::Row& from = loaded.rows[static_cast<size_t>(row - 1)];
         for (int c = column::PrNo; c < TableColumns; ++c)
             grid.setCell(c, row, from.cells[static_cast<size_t>(c)]);
-        if (!isGroupRow(grid, row)) grid.addCheckBox(row, from.check);
+        if (from.check) grid.addCheckBox(row, *from.check);
     }
 }
 

@@ -168,6 +168,7 @@ LoadedTable::Row tableRow(QStringView line, QChar separator) {
         }
         row.cells[static_cast<size_t>(c)] = field;
     }
+    if (row.cells[column::PrNo] == QLatin1String("*****")) row.check.reset();
     return row;
 }
 
