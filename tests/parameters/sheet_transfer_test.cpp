@@ -108,7 +108,7 @@ TEST_F(SheetTransfer, LoadsTheSampleCellForCell) {
     }
 }
 
-TEST_F(SheetTransfer, PutsRowanOnOneSheetAlsoWithItsReservedGroup) {
+TEST_F(SheetTransfer, KeepsRowanOnOneSheetWithARowMoreForItsReservedGroup) {
     table.identity = {};
     table.identity.model = "Rowan";
     table.identity.groupCount = 1;
