@@ -35,8 +35,8 @@ TableRow rowOf(int group, int number) {
     const int data = (group * 31 + number * 7) % 4000, standard = number % 4 == 0 ? data + 10 : data;
     const auto hundredths = [](int value) { return QByteArray::number(value / 100.0, 'f', 2); };
     return {{"V", padded(group, 2) + "-" + padded(number, 2), padded(group * 256 + number, 4, 16) + "H",
-             ("Parameter " + QByteArray::number(group * 100 + number)).leftJustified(16, ' '), "Hz  ",
-             hundredths(data), hundredths(standard), "0.00", "400.00",
+             QByteArray("Parameter " + QByteArray::number(group * 100 + number)).leftJustified(16, ' '),
+             "Hz  ", hundredths(data), hundredths(standard), "0.00", "400.00",
              number % 5 == 0 ? "Read-Only" : "Writable", padded(group * 256 + number, 4, 16), "2", "false"},
             data != standard};
 }
@@ -140,9 +140,9 @@ bool saveXlsx(const QByteArray& path) {
     hidden.hidden = 1;
     for (int group = 0; group < Sheets; ++group) {
         lxw_worksheet* sheet =
-            workbook_add_worksheet(book, ("Group " + QByteArray::number(group)).constData());
-        worksheet_merge_range(sheet, 0, 0, 0, 9, (QByteArray::number(group) + " - Basic").constData(),
-                              looks.bold);
+            workbook_add_worksheet(book, QByteArray("Group " + QByteArray::number(group)).constData());
+        worksheet_merge_range(sheet, 0, 0, 0, 9,
+                              QByteArray(QByteArray::number(group) + " - Basic").constData(), looks.bold);
         for (lxw_col_t column = 0; column < Columns; ++column)
             worksheet_write_string(sheet, 2, column, Head[column], looks.head);
         lxw_row_t row = 3;
