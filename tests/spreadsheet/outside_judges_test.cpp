@@ -1,5 +1,7 @@
 // What other people's readers find in our files: FreeXL for values, python3-xlrd for looks.
+#ifdef KELVANE_HAVE_FREEXL
 #include <freexl.h>
+#endif
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -69,6 +71,7 @@ std::string escaped(const QString& text) {
     return out;
 }
 
+#ifdef KELVANE_HAVE_FREEXL
 std::string freexlText(const void* book, unsigned row, unsigned short column) {
     FreeXL_CellValue value{};
     if (freexl_get_cell_value(book, row, column, &value) != FREEXL_OK) return "no cell";
@@ -97,6 +100,9 @@ void expectFreexlFindsAll(const Workbook& book, const QString& path) {
     }
     freexl_close(handle);
 }
+#else
+void expectFreexlFindsAll(const Workbook&, const QString&) { GTEST_SKIP() << "FreeXL is not installed"; }
+#endif
 
 std::string colourWord(int index) { return index == 0 ? "none" : std::to_string(index + 7); }
 
