@@ -1,4 +1,5 @@
-// Both kinds of project file through every reader. Whatever was read must be written and read back as the same.
+// Both kinds of project file through every reader. Whatever was read must be written and read back as the
+// same.
 #include <cstdint>
 #include <cstdlib>
 #include <vector>

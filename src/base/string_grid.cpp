@@ -98,7 +98,9 @@ void StringGrid::setRowHidden(int row, bool hidden) {
 }
 
 void StringGrid::showAllRows() {
-    for (int row = 0; row < RowCount(); ++row) setRowHidden(row, false);
+    const bool any = visibleRowCount() < RowCount();
+    for (Row& row : m_rows) row.hidden = false;
+    if (any) Q_EMIT hiddenRowsChanged();
 }
 
 int StringGrid::visibleRowCount() const {

@@ -14,21 +14,25 @@ consteval std::array<const char*, StatusItemRoom> formatsOf(std::array<quint8, S
     return formats;
 }
 
-consteval ListEntry common(quint8 number, quint8 item) { return {false, static_cast<quint8>(number - 1), item}; }
+consteval ListEntry common(quint8 number, quint8 item) {
+    return {false, static_cast<quint8>(number - 1), item};
+}
 consteval ListEntry own(quint8 number, quint8 item) { return {true, static_cast<quint8>(number - 1), item}; }
 
 // The common names, then the family's, in item order.
-constexpr std::array<ListEntry, 14> PlainList{common(1, 0), common(2, 1), common(3, 2), common(4, 3), common(5, 4),
-                                              own(1, 5),    own(2, 6),    own(3, 7),    own(4, 8),    own(5, 9),
-                                              own(6, 10),   own(7, 11),   own(8, 12),   own(9, 13)};
+constexpr std::array<ListEntry, 14> PlainList{
+    common(1, 0), common(2, 1), common(3, 2), common(4, 3), common(5, 4), own(1, 5),  own(2, 6),
+    own(3, 7),    own(4, 8),    own(5, 9),    own(6, 10),   own(7, 11),   own(8, 12), own(9, 13)};
 // Items 3 to 5 of Willow have no entry.
 constexpr std::array<ListEntry, 6> WillowList{common(1, 0), common(2, 1), common(3, 2),
                                               common(4, 6), common(5, 7), own(1, 8)};
-constexpr std::array<ListEntry, 14> YarrowList{common(1, 0), common(2, 1), common(3, 2), own(1, 3),    own(2, 4),
-                                               own(3, 5),    common(4, 6), common(5, 7), own(4, 8),    own(5, 9),
+constexpr std::array<ListEntry, 14> YarrowList{common(1, 0), common(2, 1), common(3, 2), own(1, 3), own(2, 4),
+                                               own(3, 5),    common(4, 6), common(5, 7), own(4, 8), own(5, 9),
                                                own(6, 10),   own(7, 11),   own(8, 12),   own(9, 13)};
 
-constexpr std::span<const ListEntry> plainList(std::size_t items) { return std::span(PlainList).first(items); }
+constexpr std::span<const ListEntry> plainList(std::size_t items) {
+    return std::span(PlainList).first(items);
+}
 
 // Status items by family, in item order.
 struct ItemRow {
@@ -141,14 +145,16 @@ constexpr int RowsPerColumn = 7;
 }  // namespace
 
 const FamilyProfile* familyProfile(quint8 DriveFamily) {
-    const auto found = std::ranges::find(Profiles, static_cast<Family>(DriveFamily), &FamilyProfile::DriveFamily);
+    const auto found =
+        std::ranges::find(Profiles, static_cast<Family>(DriveFamily), &FamilyProfile::DriveFamily);
     return found == Profiles.end() ? nullptr : &*found;
 }
 
 QStringList itemNames(const FamilyProfile& profile, std::span<const QString> common,
                       std::span<const QString> ofFamily) {
     QStringList names;
-    for (const ListEntry& entry : profile.itemList) names += nameAt(entry.ofFamily ? ofFamily : common, entry.name);
+    for (const ListEntry& entry : profile.itemList)
+        names += nameAt(entry.ofFamily ? ofFamily : common, entry.name);
     return names;
 }
 

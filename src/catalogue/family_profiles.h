@@ -1,6 +1,6 @@
 // What differs by family in the running windows: the items of the status poll with scale, decimals, unit and
-// format, the item lists of the channel selectors, and which tools a family allows. InitialDrive, the trend and
-// the meters read it; texts of the item names come in from the language table.
+// format, the item lists of the channel selectors, and which tools a family allows. InitialDrive, the trend
+// and the meters read it; texts of the item names come in from the language table.
 #pragma once
 
 #include <QStringList>
@@ -33,7 +33,7 @@ struct FamilyProfile {
     std::array<const char*, StatusItemRoom> StatusUnit;
     std::array<const char*, StatusItemRoom> StatusFormat;
     std::span<const ListEntry> itemList;
-    quint8 infoRows;     // rows of InfoAdvStringGrid that are written
+    quint8 infoRows;      // rows of InfoAdvStringGrid that are written
     bool infoTwoColumns;  // names also in column 4
     quint8 pollRegisterCount;
     quint16 secondStateWordRegister;  // 2101h comes with the poll, 2119h takes a request of its own
@@ -52,7 +52,8 @@ const FamilyProfile* familyProfile(quint8 DriveFamily);
 QStringList itemNames(const FamilyProfile& profile, std::span<const QString> common,
                       std::span<const QString> ofFamily);
 
-// The status item that an entry of the selectors stands for; -1 outside the list, so also for "none selected".
+// The status item that an entry of the selectors stands for; -1 outside the list, so also for "none
+// selected".
 int itemOfListIndex(const FamilyProfile& profile, int listIndex);
 
 // An item's value as a number: the word over its scale, or the word itself with scale 0.
@@ -67,8 +68,8 @@ struct InfoCell {
     QString text;
 };
 
-// What InitialDrive writes into InfoAdvStringGrid, in its order: first the cleared cells, then names and units.
-// names is the list of itemNames().
+// What InitialDrive writes into InfoAdvStringGrid, in its order: first the cleared cells, then names and
+// units. names is the list of itemNames().
 std::vector<InfoCell> infoGridCells(const FamilyProfile& profile, const QStringList& names);
 
 // Fills the status tables of a record with the plant's field names (DriveStatus).

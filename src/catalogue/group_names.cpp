@@ -56,10 +56,10 @@ static_assert(FixedGroups * FixedNamesPerGroup == FixedParaNameCount);
 constexpr const char* FixedParaName[FixedGroups][FixedNamesPerGroup] = {
     {"Identity Code", "Rated Current", "Parameter Reset", "Startup Display", "User-Defined", "User-Defined K",
      "SW Version", "Password Input", "Password setting"},
-    {"Max Output Freq.", "Max Volt Freq.",  "Max Output Volt", "Mid-Point Freq.", "Mid-Point Volt",
-     "Min Output Freq.", "Min Output Volt", "Up bound Freq.",  "Low bound Freq.", "Accel Time 1",
-     "Decel Time 1",     "Accel Time 2",    "Decel Time 2",    "Jog accel Time",  "Jog Decel Time",
-     "Jog Freq",         "Auto ac/de set",  "S-Curve Accel",   "S-Curve Decel"},
+    {"Max Output Freq.", "Max Volt Freq.", "Max Output Volt", "Mid-Point Freq.", "Mid-Point Volt",
+     "Min Output Freq.", "Min Output Volt", "Up bound Freq.", "Low bound Freq.", "Accel Time 1",
+     "Decel Time 1", "Accel Time 2", "Decel Time 2", "Jog accel Time", "Jog Decel Time", "Jog Freq",
+     "Auto ac/de set", "S-Curve Accel", "S-Curve Decel"},
     {"Source Freq. Cmd", "Source Oper Cmd", "Stop Method", "PWM Carrier Freq", "Reverse disabled",
      "ACI Input Loss", "Line start lock"},
     {"Desired Freq.", "Counter setting", "Counter attain", "Multi-output 2"},
@@ -71,10 +71,10 @@ constexpr const char* FixedParaName[FixedGroups][FixedNamesPerGroup] = {
      "OL1 character", "1st Fault Record", "2nd Fault Record", "3rd Fault Record", "4th Fault Record",
      "5th Fault Record", "6th Fault Record"},
     {"Motor rate curr", "No-load current", "Torque compens", "Slip compens"},
-    {"DC-Brake level", "Start DC-brake t", "End DC-brake t",   "DC-brake start f", "Power loss mode",
-     "Power loss time", "B.B.time",        "Speed Search A",   "Skip Freq. 1 Up",  "Skip Freq. 1 Low",
+    {"DC-Brake level", "Start DC-brake t", "End DC-brake t", "DC-brake start f", "Power loss mode",
+     "Power loss time", "B.B.time", "Speed Search A", "Skip Freq. 1 Up", "Skip Freq. 1 Low",
      "Skip Freq. 2 Up", "Skip Freq. 2 Low", "Skip Freq. 3 Up", "Skip Freq. 3 Low", "Auto Restart",
-     "AVR Function",    "Dynamic Brake V", "DC-brake inhibit"},
+     "AVR Function", "Dynamic Brake V", "DC-brake inhibit"},
     {"Comm Address", "Comm Speed", "Comm Fault", "Comm Watchdog", "Comm Protocol"},
 };
 
@@ -88,7 +88,8 @@ bool inside(const GroupNameTable& table, quint8 DriveFamily, int G) {
 
 void storeBuiltIn(GroupNameTable& table, Family family, std::span<const char* const> names) {
     for (std::size_t i = 0; i < names.size(); ++i)
-        table.storeReportedName(static_cast<quint8>(family), static_cast<int>(i), QString::fromLatin1(names[i]));
+        table.storeReportedName(static_cast<quint8>(family), static_cast<int>(i),
+                                QString::fromLatin1(names[i]));
 }
 
 }  // namespace
@@ -102,7 +103,8 @@ GroupNameTable::GroupNameTable() {
         GroupName.at(flatIndex(NoFamily, G)) = QStringLiteral("################");
     // Kept: twenty-one names in a row of fifteen; the last six stand in the row behind.
     for (int G = 0; G < KeypadGroups; ++G)
-        storeReportedName(static_cast<quint8>(Family::Keypad), G, QStringLiteral("Group") % QString::number(G));
+        storeReportedName(static_cast<quint8>(Family::Keypad), G,
+                          QStringLiteral("Group") % QString::number(G));
 }
 
 QString GroupNameTable::groupName(quint8 DriveFamily, int G) const {

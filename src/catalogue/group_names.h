@@ -8,7 +8,7 @@
 namespace kelvane {
 
 class GroupNameTable {
-   public:
+public:
     static constexpr int GroupsPerFamily = 15;
 
     GroupNameTable();  // with the built-in names
@@ -19,14 +19,15 @@ class GroupNameTable {
     // The name of a group ("1 - Basic"); empty outside the table.
     QString groupName(quint8 DriveFamily, int G) const;
 
-    // Stores G, " - " and the reported text without its trailing blanks over what stood there; a place outside
-    // the table is dropped. reported is the drive's 16 characters.
+    // Stores G, " - " and the reported text without its trailing blanks over what stood there; a place
+    // outside the table is dropped. reported is the drive's 16 characters.
     void storeReportedName(quint8 DriveFamily, int G, const QString& reported);
 };
 
 inline constexpr int FixedParaNameCount = 600;  // 12 groups of up to 50 names
 
-// FixedParaName at index G * 50 + N, a flat one like the group names'; empty outside and where no name is told.
+// FixedParaName at index G * 50 + N, a flat one like the group names'; empty outside and where no name is
+// told.
 QString fixedParaName(int G, int N);
 
 }  // namespace kelvane

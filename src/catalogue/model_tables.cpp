@@ -16,8 +16,8 @@ static_assert(RowanModels.size() == 60 && AspenModels.size() == 10 && LarchModel
 using ModelSpan = std::span<const ModelTexts>;
 
 ModelSpan modelsOf(quint8 DriveFamily) {
-    static const std::array<ModelSpan, 10> tables{RowanModels, AspenModels, LarchModels,  HazelModels,
-                                                  TiliaModels, OsierModels, WillowModels, ModelSpan{},
+    static const std::array<ModelSpan, 10> tables{RowanModels,  AspenModels, LarchModels,  HazelModels,
+                                                  TiliaModels,  OsierModels, WillowModels, ModelSpan{},
                                                   YarrowModels, SorrelModels};
     return DriveFamily < tables.size() ? tables[DriveFamily] : ModelSpan{};
 }

@@ -1,5 +1,5 @@
-// Model tables: what is printed on a drive's plate, by DriveFamily and DriveIdCode. Identification asks here and
-// puts the texts into the labels of the main, Trend, Monitor and Parameter windows.
+// Model tables: what is printed on a drive's plate, by DriveFamily and DriveIdCode. Identification asks here
+// and puts the texts into the labels of the main, Trend, Monitor and Parameter windows.
 #pragma once
 
 #include <QString>
@@ -14,7 +14,8 @@ struct ModelIdentity {
     bool operator==(const ModelIdentity&) const = default;
 };
 
-// Empty texts for a code that is not filled, for one beyond the family's table and for a value without a family.
+// Empty texts for a code that is not filled, for one beyond the family's table and for a value without a
+// family.
 ModelIdentity modelIdentity(quint8 DriveFamily, quint8 DriveIdCode);
 
 // Number of codes the family's table has room for; 0 for a value without a family.

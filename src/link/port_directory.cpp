@@ -79,6 +79,11 @@ QString PortDirectory::takeLine(const QString& line) {
     return {};
 }
 
+void PortDirectory::choosePractice(int ComNumber, Family family) {
+    if (ComNumber < FirstComNumber || ComNumber > LastComNumber) return;
+    m_targets[static_cast<size_t>(ComNumber - 1)] = {PortTarget::Kind::Practice, {}, family};
+}
+
 PortTarget PortDirectory::target(int ComNumber) const {
     return ComNumber >= FirstComNumber && ComNumber <= LastComNumber ? m_targets[ComNumber - 1]
                                                                      : PortTarget{};

@@ -40,6 +40,9 @@ class PortDirectory {
     // Lines "N=/path/of/device" or "N=practice:Family"; blank lines and lines from "#" on are skipped.
     static PortDirectory fromText(const QString& text);
 
+    // Puts the practice drive of a family behind a number, until the program ends.
+    void choosePractice(int ComNumber, Family family);
+
     // Kind Nothing outside 1 to 20.
     PortTarget target(int ComNumber) const;
     bool isPresent(int ComNumber) const { return isPresent(target(ComNumber)); }

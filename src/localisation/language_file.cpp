@@ -5,6 +5,8 @@
 #include <QStringEncoder>
 #include <QStringList>
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "base/whole_file.h"
 #include "localisation/language_sections.h"
@@ -120,6 +122,11 @@ private:
     qsizetype m_header = 0;  // index of the line looked at
 };
 
+// The page, or Latin-1 on a system that does not know it.
+QByteArray knownPage(const QByteArray& codePage) {
+    return QStringDecoder(codePage.constData()).isValid() ? codePage : QByteArray("ISO-8859-1");
+}
+
 QString inWords(LanguageStatus status) {
     switch (status) {
         case LanguageStatus::CutShort:
@@ -156,22 +163,22 @@ QByteArray languageCodePage(const QString& path, quint8 LanguageIndex) {
 QString decodeLanguage(const QByteArray& bytes, const QByteArray& codePage) {
     static const QByteArray mark("\xEF\xBB\xBF");
     if (bytes.startsWith(mark)) return QString::fromUtf8(bytes.mid(mark.size()));
-    QStringDecoder decoder(codePage.constData());
-    if (!decoder.isValid()) decoder = QStringDecoder(QStringConverter::Latin1);
+    QStringDecoder decoder(knownPage(codePage).constData());
     return decoder.decode(bytes);
 }
 
 QByteArray encodeLanguage(const QString& text, const QByteArray& codePage) {
-    QStringEncoder encoder(codePage.constData());
-    if (!encoder.isValid()) encoder = QStringEncoder(QStringConverter::Latin1);
-    const QByteArray whole = encoder.encode(text);
-    if (!encoder.hasError()) return whole;
-    // Each page has a sign of its own for what it lacks, so the characters are tried one by one.
+    const QByteArray page = knownPage(codePage);
+    std::optional<QStringEncoder> encoder(std::in_place, page.constData());
+    const QByteArray whole = encoder->encode(text);
+    if (!encoder->hasError()) return whole;
+    // Each page has a sign of its own for what it lacks, so the characters are tried one by one. An encoder
+    // never forgets an error and must not be moved, so a new one takes its place.
     QByteArray bytes;
     for (const char32_t character : text.toUcs4()) {
-        encoder.resetState();
-        const QByteArray encoded = encoder.encode(QString::fromUcs4(&character, 1));
-        bytes += encoder.hasError() ? QByteArray("?") : encoded;
+        if (encoder->hasError()) encoder.emplace(page.constData());
+        const QByteArray encoded = encoder->encode(QString::fromUcs4(&character, 1));
+        bytes += encoder->hasError() ? QByteArray("?") : encoded;
     }
     return bytes;
 }

@@ -61,7 +61,7 @@ std::span<const TypeSectionRow> typeSections();  // in the order of the file
 std::span<const MirroredMenu> mirroredMenus();   // all in the main window
 const FormSectionRow& formSection(FormSection section);
 
-// Text of key number (from 1) as a window shows it.
+// A text of the table as the window shows it.
 QString shownText(const KeyTarget& target, const QString& text);
 
 }  // namespace kelvane

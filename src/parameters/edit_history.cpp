@@ -6,7 +6,9 @@ namespace kelvane {
 
 void EditHistory::edit(const std::function<void()>& change) {
     const std::vector<RowState> before = stateOfAll();
+    const int reading = m_reading;
     change();
+    if (reading != m_reading) return;  // the table went while the editor was open
     Step step;
     for (int row = 0; row < m_grid.RowCount() && row < static_cast<int>(before.size()); ++row) {
         const RowState& was = before[static_cast<size_t>(row)];
@@ -41,6 +43,7 @@ void EditHistory::tableRead() {
 }
 
 void EditHistory::closed() {
+    ++m_reading;
     m_steps.clear();
     m_done = 0;
     m_read.clear();

@@ -53,6 +53,7 @@ private:
     void mark(int row);
 
     StringGrid& m_grid;
+    int m_reading = 0;            // counts readings of the table
     std::vector<QString> m_read;  // column 5 as read, by row
     std::vector<Step> m_steps;
     size_t m_done = 0;  // steps that are not undone

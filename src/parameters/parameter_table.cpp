@@ -30,6 +30,12 @@ QString yesNo(bool yes) { return yes ? QStringLiteral("true") : QStringLiteral("
 
 ParameterTable::ParameterTable() {
     setTableHeaders(grid);
+    clear();
+}
+
+void ParameterTable::clear() {
+    grid.setCheckBox(0, false);
+    grid.setRowCount(1);
     grid.setRowCount(2);
 }
 

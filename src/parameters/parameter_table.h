@@ -62,6 +62,7 @@ struct TableIdentity {
 // A table from drive or from file with its grid, two rows long while it is closed.
 struct ParameterTable {
     ParameterTable();
+    void clear();  // back to one blank row, without check boxes and marks
     TableIdentity identity;
     StringGrid grid{TableColumns};
     QString TableFileName;  // path of a loaded file

@@ -5,6 +5,7 @@
 namespace kelvane {
 
 TableFileKind tableFileKind(const QString& path) {
+    // Kept: "x.Txt" is no kind at all.
     const auto endsIn = [&](const char* lower, const char* upper) {
         return path.endsWith(QLatin1String(lower)) || path.endsWith(QLatin1String(upper));
     };
@@ -48,13 +49,14 @@ int savedGroupCount(const TableIdentity& identity, bool RparaAbLED) {
 void applyTable(const LoadedTable& loaded, ParameterTable& table) {
     StringGrid& grid = table.grid;
     table.identity = loaded.identity;
+    table.clear();
     grid.setRowCount(1);
     grid.setRowCount(static_cast<int>(loaded.rows.size()) + 1);
     for (int row = 1; row < grid.RowCount(); ++row) {
         const LoadedTable::Row& from = loaded.rows[static_cast<size_t>(row - 1)];
         for (int c = column::PrNo; c < TableColumns; ++c)
             grid.setCell(c, row, from.cells[static_cast<size_t>(c)]);
-        if (!isGroupRow(grid, row)) grid.addCheckBox(row, from.check);
+        if (from.check) grid.addCheckBox(row, *from.check);
     }
 }
 

@@ -32,7 +32,7 @@ int savedGroupCount(const TableIdentity& identity, bool RparaAbLED);
 struct LoadedTable {
     struct Row {
         std::array<QString, TableColumns> cells;
-        bool check = false;
+        std::optional<bool> check;  // a row without a check box has none
     };
     TableIdentity identity;
     std::vector<Row> rows;  // grid row 1 onward

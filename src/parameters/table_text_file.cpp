@@ -142,6 +142,7 @@ TableIdentity informationOf(QStringView line, QChar separator, const TableIdenti
     identity.ratedVoltage = fields.at(3);
     identity.hp = fields.at(4);
     identity.family = static_cast<Family>(fields.number(5, static_cast<int>(before.family), 255));
+    // Kept: a field that is no number, and every count behind the last group, stays as it was.
     identity.groupCount = static_cast<quint8>(fields.number(6, before.groupCount, 255));
     for (size_t G = 0; G < identity.groupCount; ++G)
         identity.groupParamCount[G] =
@@ -168,6 +169,7 @@ LoadedTable::Row tableRow(QStringView line, QChar separator) {
         }
         row.cells[static_cast<size_t>(c)] = field;
     }
+    if (row.cells[column::PrNo] == QLatin1String("*****")) row.check.reset();
     return row;
 }
 
@@ -261,6 +263,7 @@ LoadedFile readTableText(const QByteArray& bytes, TextFormat format, const Table
     constexpr size_t MaxLines = 3 * size_t(MaxTableRows) + 32;  // a comparison has up to three rows a pair
     const QString text = from8Bit(bytes);
     const std::vector<QStringView> lines = linesOf(text, MaxLines + 1);
+    // Kept: a comparison with anything in front of its first line is taken for a table.
     const bool comparison = !lines.empty() && lines[0] == ComparisonType;
     if (lines.size() > (comparison ? MaxLines : size_t(MaxTableRows) + 2))
         return failed(QStringLiteral("The file has more lines than a parameter table can have."));

@@ -68,6 +68,7 @@ std::optional<ValueEdit> valueEditOf(const StringGrid& grid, int row) {
 }
 
 QStringList inputItems(const ValueEdit& edit) {
+    if (!edit.fromList) return {};
     QStringList items;
     for (int value = edit.InputMin; value <= edit.InputMax; ++value) items << QString::number(value);
     return items;

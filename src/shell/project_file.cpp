@@ -22,40 +22,41 @@ struct SlotLine {
     bool mayBeShort;
 };
 constexpr SlotLine SlotLines[] = {
-    {"Step1    = ", '|', 1, 7, false},  {"Step2    = ", '|', 8, 14, true},  {"Step3    = ", ',', 22, 3, false},
-    {"Step4Out = ", ',', 25, 8, false}, {"Step4In  = ", ',', 33, 8, false},
+    {"Step1    = ", '|', 1, 7, false},  {"Step2    = ", '|', 8, 14, true},
+    {"Step3    = ", ',', 22, 3, false}, {"Step4Out = ", ',', 25, 8, false},
+    {"Step4In  = ", ',', 33, 8, false},
 };
 
 // The fields behind the lines of a section, in the order of the file.
-constexpr QString ComSetupSection::* ComSetupFields[] = {
+constexpr QString ComSetupSection::*ComSetupFields[] = {
     &ComSetupSection::ComPortComboBox,  &ComSetupSection::ModeComboBox,   &ComSetupSection::BaudComboBox,
     &ComSetupSection::DataBitsComboBox, &ComSetupSection::ParityComboBox, &ComSetupSection::StopBitsComboBox};
-constexpr int MonitorSection::* MonitorFields[] = {&MonitorSection::ComboBox1st, &MonitorSection::ComboBox2nd,
-                                                   &MonitorSection::VrMeterComboBox,
-                                                   &MonitorSection::Ch1ComboBox};
-constexpr QString QuickSetupSection::* IdentityFields[] = {
+constexpr int MonitorSection::*MonitorFields[] = {&MonitorSection::ComboBox1st, &MonitorSection::ComboBox2nd,
+                                                  &MonitorSection::VrMeterComboBox,
+                                                  &MonitorSection::Ch1ComboBox};
+constexpr QString QuickSetupSection::*IdentityFields[] = {
     &QuickSetupSection::DriveVrLabel, &QuickSetupSection::VersionVrLabel, &QuickSetupSection::HPVrLabel,
     &QuickSetupSection::RatedVoltageVrLabel, &QuickSetupSection::RatedCurrentVrLabel};
 constexpr int ChannelCount = 8;
 
 // Keys, misspellings included.
-constexpr const char* DefaultComKeys[] = {"Com port    =", "Modbus Mode =", "Baud Rate   =",
-                                          "Dtatabits   =", "Parity Check=", "Stopbits    ="};
+constexpr const char* DefaultComKeys[] = {
+    "Com port    =", "Modbus Mode =", "Baud Rate   =", "Dtatabits   =", "Parity Check=", "Stopbits    ="};
 constexpr const char* NamedComKeys[] = {"Com port     = ", "Modbus Mode  = ", "Baud Rate    = ",
                                         "Dtatabits    = ", "Parity Check = ", "Stopbits     = "};
-constexpr const char* NamedMonitorKeys[] = {"Meter1stIndex = ", "Meter2ndIndex = ", "Meter3rdIndex = ",
-                                            "TrendIndex    = "};
-constexpr const char* IdentityKeys[] = {"Drive    = ", "Version  = ", "kW(Hp)   = ", "Rated_V  = ",
-                                        "Rated_A  = "};
+constexpr const char* NamedMonitorKeys[] = {
+    "Meter1stIndex = ", "Meter2ndIndex = ", "Meter3rdIndex = ", "TrendIndex    = "};
+constexpr const char* IdentityKeys[] = {
+    "Drive    = ", "Version  = ", "kW(Hp)   = ", "Rated_V  = ", "Rated_A  = "};
 
 class Writer {
-   public:
+public:
     void line(const QString& text = {}) { m_bytes += to8Bit(text) + "\r\n"; }
     void line(const char* key, const QString& value = {}) { line(QLatin1String(key) % value); }
     void line(const char* key, int value) { line(key, QString::number(value)); }
     const QByteArray& bytes() const { return m_bytes; }
 
-   private:
+private:
     QByteArray m_bytes;
 };
 
@@ -69,7 +70,8 @@ QString channelKey(int channel, const char* rest) {
 
 void writeTrend(Writer& out, const TrendSection& section) {
     for (int c = 0; c < ChannelCount; ++c)
-        out.line(channelKey(c, "VrPowerButton=") % QLatin1String(section.ChVrPowerButton[c] ? "True" : "False"));
+        out.line(channelKey(c, "VrPowerButton=") %
+                 QLatin1String(section.ChVrPowerButton[c] ? "True" : "False"));
     out.line();
     for (int c = 0; c < ChannelCount; ++c)
         out.line(channelKey(c, "ComboBox=") % QString::number(section.ChComboBox[c]));
@@ -95,7 +97,7 @@ enum class Taken { Yes, NotReadable, TooFew };
 using Take = std::function<Taken(int place, const QString& value)>;
 constexpr int CutAtEqualSign = -1;
 
-// A line without the sign is taken whole. The key is for the reader's eye and is not compared.
+// Kept: the key is for the reader's eye and is not compared; a line without the sign is taken whole.
 QString behindKey(const QString& line, int keyWidth) {
     return line.mid(keyWidth == CutAtEqualSign ? line.indexOf(QLatin1Char('=')) + 1 : keyWidth);
 }
@@ -110,8 +112,8 @@ QString valueError(qsizetype line, Taken result, const QString& value) {
 }
 
 // Takes the lines at the offsets behind every line that equals the header; the last section of a name wins.
-SectionRead readSection(const QStringList& lines, const char* header, std::span<const int> offsets, int keyWidth,
-                        const Take& take) {
+SectionRead readSection(const QStringList& lines, const char* header, std::span<const int> offsets,
+                        int keyWidth, const Take& take) {
     SectionRead read;
     for (qsizetype at = 0; at < lines.size(); ++at) {
         if (lines[at] != QLatin1String(header)) continue;
@@ -191,7 +193,8 @@ constexpr int TrendOffsets[] = {1, 2, 3, 4, 5, 6, 7, 8, 10, 11, 12, 13, 14, 15, 
 
 constexpr std::span<const int> firstLines(std::size_t count) { return std::span(ValueOffsets).first(count); }
 
-SectionRead readComSetup(const QStringList& lines, const char* header, int keyWidth, ComSetupSection& section) {
+SectionRead readComSetup(const QStringList& lines, const char* header, int keyWidth,
+                         ComSetupSection& section) {
     return readSection(lines, header, firstLines(6), keyWidth, [&](int place, const QString& value) {
         section.*ComSetupFields[place] = value;
         return Taken::Yes;
@@ -221,6 +224,7 @@ SectionRead readNamedQuickSetup(const QStringList& lines, QuickSetupSection& sec
 
 }  // namespace
 
+// Kept: whatever is not N or E is the third item.
 int parityItemIndex(const QString& letter) {
     if (letter == QLatin1String("N")) return 0;
     return letter == QLatin1String("E") ? 1 : 2;
@@ -281,8 +285,9 @@ QStringList projectLines(const QByteArray& bytes) {
 
 SectionRead readLanguageSection(const QStringList& lines, quint8& LanguageIndex) {
     int number = LanguageIndex;
-    const SectionRead read = readSection(lines, "[Language]", firstLines(1), CutAtEqualSign,
-                                         [&](int, const QString& value) { return takeNumber(value, number); });
+    const SectionRead read =
+        readSection(lines, "[Language]", firstLines(1), CutAtEqualSign,
+                    [&](int, const QString& value) { return takeNumber(value, number); });
     // Kept: the number is one byte wide, so 260 is 4.
     LanguageIndex = read.ok() ? static_cast<quint8>(number) : EnglishLanguageIndex;
     return read;
@@ -293,10 +298,12 @@ SectionRead readComSetupSection(const QStringList& lines, ComSetupSection& secti
 }
 
 SectionRead readTrendSection(const QStringList& lines, TrendSection& section) {
-    return readSection(lines, "[Trend Form]", TrendOffsets, CutAtEqualSign, [&](int place, const QString& value) {
-        if (place < ChannelCount) return takeBoolean(value, section.ChVrPowerButton[place]);
-        return takeNumber(value, section.ChComboBox[place - ChannelCount]);
-    });
+    return readSection(lines, "[Trend Form]", TrendOffsets, CutAtEqualSign,
+                       [&](int place, const QString& value) {
+                           if (place < ChannelCount)
+                               return takeBoolean(value, section.ChVrPowerButton[place]);
+                           return takeNumber(value, section.ChComboBox[place - ChannelCount]);
+                       });
 }
 
 SectionRead readMonitorSection(const QStringList& lines, MonitorSection& section) {

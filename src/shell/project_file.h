@@ -1,7 +1,8 @@
-// Project files, the plain texts that keep the user's setup: default.prj, written silently at exit and read at
-// start by several windows, each its own section, and the named .prj of File > Open and Save. The two are kept
-// apart: other section names, other keys, readers of their own. Writers give all bytes of a file; readers are
-// positional and take a file as projectLines(). The shell moves the records to and from its windows.
+// Project files, the plain texts that keep the user's setup: default.prj, written silently at exit and read
+// at start by several windows, each its own section, and the named .prj of File > Open and Save. The two are
+// kept apart: other section names, other keys, readers of their own. Writers give all bytes of a file;
+// readers are positional and take a file as projectLines(). The shell moves the records to and from its
+// windows.
 #pragma once
 
 #include <QByteArray>
@@ -59,7 +60,7 @@ struct QuickSetupSection {
     QString RatedVoltageVrLabel;
     QString RatedCurrentVrLabel;
     std::array<QString, SlotCount + 1> SlotFileValue;  // text of an edit, index of a box
-    std::array<int, SlotCount + 1> SlotValue{};        // the text as a number without point; set by the reader only
+    std::array<int, SlotCount + 1> SlotValue{};  // the text as a number without point; set by the reader only
     bool operator==(const QuickSetupSection&) const = default;
 };
 

@@ -78,12 +78,14 @@ private:
         return true;
     }
 
-    // Sectors of a chain, none if it is broken. A chain longer than its table goes in a circle.
+    // The first sectors of a chain, at most so many; false if it leaves the table or comes back to itself.
     static bool follow(const std::vector<quint32>& table, quint32 first, std::size_t most,
                        std::vector<quint32>& chain) {
+        std::vector<bool> seen(table.size());
         for (quint32 sector = first; sector <= LastRegularSector && chain.size() < most;
              sector = table[sector]) {
-            if (sector >= table.size() || chain.size() >= table.size()) return false;
+            if (sector >= table.size() || seen[sector]) return false;
+            seen[sector] = true;
             chain.push_back(sector);
         }
         return true;

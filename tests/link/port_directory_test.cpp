@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
-#include "base/program_folder.h"
 #include "base/whole_file.h"
 
 namespace kelvane {
@@ -67,33 +65,6 @@ TEST(PortDirectory, ReadsTheFileOfAFolderAndDescribesWhatItFinds) {
     const QTemporaryDir damaged;
     QDir(damaged.path()).mkdir(QStringLiteral("serial_ports.txt"));
     EXPECT_EQ(PortDirectory::ofFolder(damaged.path()).complaints().size(), 1);
-}
-
-TEST(ProgramFolder, IsTheExecutablesFolderIfFilesCanBeMadeThere) {
-    const QTemporaryDir root;
-    const QString programs = root.filePath(QStringLiteral("bin"));
-    const QString user = root.filePath(QStringLiteral("home/kelvane"));
-    const QString missing = root.filePath(QStringLiteral("absent/bin"));
-    QDir(root.path()).mkpath(QStringLiteral("bin"));
-    QDir(root.path()).mkpath(QStringLiteral("share/kelvane"));
-    writeWhole(root.filePath(QStringLiteral("share/kelvane/manual")), "shared");
-
-    const ProgramFolder beside = ProgramFolder::decide(programs, user);
-    EXPECT_EQ(beside.path(), programs);
-    EXPECT_FALSE(QDir(user).exists());
-    EXPECT_EQ(beside.findData(QStringLiteral("manual")),
-              root.filePath(QStringLiteral("share/kelvane/manual")));
-    writeWhole(beside.file(QStringLiteral("manual")), "own");
-    EXPECT_EQ(beside.findData(QStringLiteral("manual")), programs + QStringLiteral("/manual"));
-    EXPECT_TRUE(beside.findData(QStringLiteral("nowhere")).isEmpty());
-
-    const ProgramFolder ofUser = ProgramFolder::decide(missing, user);
-    EXPECT_EQ(ofUser.path(), user);
-    EXPECT_TRUE(QDir(user).exists());
-
-    const ProgramFolder none = ProgramFolder::decide(missing, programs + QStringLiteral("/manual/folder"));
-    EXPECT_TRUE(none.path().isEmpty());
-    EXPECT_FALSE(none.error().isEmpty());
 }
 
 }  // namespace

@@ -68,11 +68,14 @@ TEST_F(Presence, AnswersDeviceMessages) {
     }
 }
 
-TEST_F(Presence, TellsPullingAndPluggingBackOnceEach) {
+TEST_F(Presence, KeepsThePortOpenAtARemovalAndClosesItAtAnyArrivalAfterwards) {
     listed.clear();
     presence.deviceChange(DeviceRemoveComplete);
     EXPECT_TRUE(port.Open());
+    presence.deviceChange(DeviceArrival);
+    EXPECT_FALSE(port.Open());
     listed.insert(12);
+    port.open();
     presence.deviceChange(DeviceArrival);
     EXPECT_FALSE(port.Open());
     port.open();

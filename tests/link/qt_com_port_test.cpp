@@ -1,9 +1,10 @@
 #include "link/qt_com_port.h"
 
 #include <fcntl.h>
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <stdlib.h>
-#include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <termios.h>
 #include <time.h>
 #include <unistd.h>
@@ -140,7 +141,7 @@ TEST_F(RealPort, MayBeDestroyedByItsHandler) {
     EXPECT_TRUE(waitFor([&] { return !own; }));
 }
 
-TEST_F(RealPort, KeepsAFullBufferAndLosesTheRest) {
+TEST_F(RealPort, LosesWhatComesOnTopOfAFullBuffer) {
     ASSERT_TRUE(port.open());
     port.OnTriggerAvail = nullptr;
     const QByteArray block(1000, 'a');
@@ -192,6 +193,24 @@ TEST_F(RealPort, TellsWhyItCannotOpen) {
     QtComPort noDevice(folder.path());
     EXPECT_FALSE(noDevice.open());
     EXPECT_FALSE(noDevice.openError().isEmpty());
+}
+
+// Administrators may open everything, so the question is asked by a child that is none.
+TEST(RealPortDeathTest, TellsWhichGroupToJoin) {
+    const QTemporaryDir folder;
+    const QByteArray path = folder.filePath(QStringLiteral("device")).toLocal8Bit();
+    ASSERT_EQ(chmod(folder.path().toLocal8Bit().data(), 0755), 0);
+    ASSERT_GE(::close(::open(path.data(), O_CREAT | O_WRONLY, 0)), 0);
+    const group* const dialout = getgrnam("dialout");
+    const bool owned = geteuid() == 0 && dialout && chown(path.data(), 0, dialout->gr_gid) == 0;
+    const auto ask = [&] {
+        if (geteuid() == 0 && setresuid(65534, 65534, 65534) != 0) _exit(1);
+        const QString told =
+            whyNotOpened(QString::fromLocal8Bit(path), QSerialPort::PermissionError, QString());
+        const bool namesGroup = told.contains(QStringLiteral("\"dialout\""));
+        _exit(told.contains(QStringLiteral("no permission")) && namesGroup >= owned ? 0 : 2);
+    };
+    EXPECT_EXIT(ask(), testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -126,6 +126,20 @@ TEST(TableTextFile, KeepsTheCutBehindTheQuotes) {
     EXPECT_TRUE(writeTableText(table, false, TextFormat::Csv).contains(",\"1,000,00,50.00    ,"));
 }
 
+TEST(TableTextFile, KeepsAUnitOfFourBlanksOut) {
+    ParameterTable table;
+    loadInto(table, "M|\r\nhead\r\nX|00-00|0000H|####|####     |\r\n");
+    EXPECT_EQ(rowTexts(table.grid, 1, 3, 4).join('|'), "|");
+}
+
+TEST(TableTextFile, KeepsJoiningTheFieldBehindAQuote) {
+    ParameterTable table;
+    loadInto(table, "M|\r\nhead\r\nX|00-00|0000H|Pipe 5\" wide|mm       |5        |\r\n");
+    EXPECT_EQ(rowTexts(table.grid, 1, 3, 5).join('/'), "Pipe 5 wide|mm       /5/");
+    loadInto(table, "M|\r\nhead\r\nX|00-00|0000H|last\"");
+    EXPECT_EQ(table.grid.cell(column::Description, 1), "last|");
+}
+
 TEST(TableTextFile, KeepsTakingAFileForATableThatHasALineInFrontOfItsFirst) {
     const LoadedFile file =
         readTableText("\r\n[Comparison Type]\r\nDrive vs. default\r\n", TextFormat::Txt, {});
@@ -218,7 +232,19 @@ TEST(ComparisonTextFile, KeepsTheInfoRowsShownAfterASaveOfDriveVsDefault) {
     EXPECT_TRUE(sample.sheet.CompInfoAdvStringGrid.rowHidden(1));
 }
 
-TEST(TableFileNames, TellTheKindByTheExactExtension) {
+TEST(ComparisonTextFile, KeepsQuotedDescriptionsApartAndTheAddressHead) {
+    ComparedSample sample;
+    sample.drive.grid.setCell(column::Description, 5, "Max, Freq");
+    sample.compare(DriveVsDefault);
+    const QByteArray text = writeComparisonText(sample.sheet, TextFormat::Csv);
+    EXPECT_TRUE(text.contains(",Attribute,Address  ,\r\n"));
+    const LoadedFile file = readTableText(text, TextFormat::Csv, {});
+    ASSERT_TRUE(file.comparison);
+    EXPECT_EQ(file.comparison->rows[1][column::Description], "\"Max");
+    EXPECT_EQ(file.comparison->rows[1][column::Note], "Writable");
+}
+
+TEST(TableFileNames, KeepsTheExtensionExactInCase) {
     EXPECT_EQ(tableFileKind("x.txt"), TableFileKind::Text);
     EXPECT_EQ(tableFileKind("x.csv.CSV"), TableFileKind::Csv);
     EXPECT_EQ(tableFileKind("x.XLS"), TableFileKind::Spreadsheet);

@@ -190,6 +190,14 @@ TEST_F(History, EndsWhenTheTableIsReadAnew) {
     EXPECT_EQ(grid.cell(column::Data, 5), "51.00");
 }
 
+TEST_F(History, ForgetsAnEditDuringWhichTheTableWent) {
+    history.edit([&] {
+        grid.setCell(column::Data, 5, "51.00");
+        history.tableRead();
+    });
+    EXPECT_FALSE(history.canUndo());
+}
+
 TEST_F(History, WrittenRowsLoseTheirMarkAndCanBeUndone) {
     type("51.00");
     history.written(5);

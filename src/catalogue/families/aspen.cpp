@@ -3,8 +3,9 @@
 
 namespace kelvane {
 
+// clang-format off
 constinit const std::array<ModelTexts, 10> AspenModels = modelTable<10>({
-    // Kept: told as 0.56, though a quarter horsepower is 0.2.
+    // Kept: the product data say 0.56, though a quarter horsepower is 0.2.
     {0, {"115V/230V", "1.6A", "0.56 ( 1/4 )"}},
     {1, {"460V", "0.8A", "0.2 ( 0.25 )"}},
     {2, {"115V/230V", "2.5A", "0.4 ( 0.5 )"}},
@@ -16,5 +17,6 @@ constinit const std::array<ModelTexts, 10> AspenModels = modelTable<10>({
     {8, {"115V/230V", "10.0A", "2.2 ( 3 )"}},
     {9, {"460V", "5.0A", "2.2 ( 3 )"}},
 });
+// clang-format on
 
 }  // namespace kelvane

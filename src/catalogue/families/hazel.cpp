@@ -3,6 +3,7 @@
 
 namespace kelvane {
 
+// clang-format off
 constinit const std::array<ModelTexts, 10> HazelModels = modelTable<10>({
     {0, {"230V", "1.6A", "0.2 ( 0.25 )"}},
     {1, {"460V", "0.8A", "0.2 ( 0.25 )"}},
@@ -15,5 +16,6 @@ constinit const std::array<ModelTexts, 10> HazelModels = modelTable<10>({
     {8, {"230V", "10.0A", "2.2 ( 3 )"}},
     {9, {"460V", "5.0A", "2.2 ( 3 )"}},
 });
+// clang-format on
 
 }  // namespace kelvane

@@ -3,6 +3,7 @@
 
 namespace kelvane {
 
+// clang-format off
 constinit const std::array<ModelTexts, 140> LarchModels = modelTable<140>({
     {0, {"230V", "1.6A", "0.2 ( 0.25 )"}},
     {1, {"460V", "0.8A", "0.2 ( 0.25 )"}},
@@ -61,5 +62,6 @@ constinit const std::array<ModelTexts, 140> LarchModels = modelTable<140>({
     {113, {"575V", "73A", "55 ( 75 )"}},
     {114, {"575V", "100A", "75 ( 100 )"}},
 });
+// clang-format on
 
 }  // namespace kelvane

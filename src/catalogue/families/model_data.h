@@ -1,6 +1,6 @@
-// Rated voltage, current and power of every model, one file a family, indexed by DriveIdCode. A decimal point is
-// stored as "."; an entry that is not filled is empty, "---" marks a code that is known not to exist. Read by
-// model_tables only.
+// Rated voltage, current and power of every model, one file a family, indexed by DriveIdCode. A decimal point
+// is stored as "."; an entry that is not filled is empty, "---" marks a code that is known not to exist. Read
+// by model_tables only.
 #pragma once
 
 #include <array>
@@ -25,7 +25,8 @@ consteval std::array<ModelTexts, Length> modelTable(const ModelRow (&rows)[Rows]
     std::array<ModelTexts, Length> table{};
     std::size_t next = 0;
     for (const ModelRow& row : rows) {
-        if (row.DriveIdCode < next || row.DriveIdCode >= Length) throw "code out of order or behind the table";
+        if (row.DriveIdCode < next || row.DriveIdCode >= Length)
+            throw "code out of order or behind the table";
         table[row.DriveIdCode] = row.texts;
         next = row.DriveIdCode + 1;
     }

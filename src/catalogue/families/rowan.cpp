@@ -3,6 +3,7 @@
 
 namespace kelvane {
 
+// clang-format off
 constinit const std::array<ModelTexts, 60> RowanModels = modelTable<60>({
     {0, {"230V", "2.5A", "0.4 ( 0.5 )"}},
     {1, {"460V", "---", "0.4 ( 0.5 )"}},
@@ -36,5 +37,6 @@ constinit const std::array<ModelTexts, 60> RowanModels = modelTable<60>({
     {54, {"575V", "9.9A", "5.5 ( 7.5 )"}},
     {55, {"575V", "12.2A", "7.5 ( 10 )"}},
 });
+// clang-format on
 
 }  // namespace kelvane

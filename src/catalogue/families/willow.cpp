@@ -3,9 +3,10 @@
 
 namespace kelvane {
 
+// clang-format off
 constinit const std::array<ModelTexts, 40> WillowModels = modelTable<40>({
     {0, {"115V/230V", "1.6A", "0.2 ( 0.25 )"}},
-    // Kept: "Reserve" as told; no such model is sold.
+    // Kept: "Reserve" in the product data; no such model is sold.
     {1, {"460V", "---", "Reserve"}},
     {2, {"115V/230V", "2.5A", "0.4 ( 0.5 )"}},
     {3, {"460V", "1.5A", "0.4 ( 0.5 )"}},
@@ -46,5 +47,6 @@ constinit const std::array<ModelTexts, 40> WillowModels = modelTable<40>({
     {38, {"115V/230V", "520A", "130 ( 175 )"}},
     {39, {"460V", "260A", "130 ( 175 )"}},
 });
+// clang-format on
 
 }  // namespace kelvane

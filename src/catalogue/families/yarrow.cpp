@@ -3,6 +3,7 @@
 
 namespace kelvane {
 
+// clang-format off
 constinit const std::array<ModelTexts, 40> YarrowModels = modelTable<40>({
     {0, {"115V/230V", "1.6A", "0.2 ( 0.25 )"}},
     {1, {"460V", "0.8A", "0.2 ( 0.25 )"}},
@@ -45,5 +46,6 @@ constinit const std::array<ModelTexts, 40> YarrowModels = modelTable<40>({
     {38, {"115V/230V", "520A", "130 ( 175 )"}},
     {39, {"460V", "260A", "130 ( 175 )"}},
 });
+// clang-format on
 
 }  // namespace kelvane

@@ -1,22 +1,11 @@
+#include "link/routed_port.h"
+
 #include <gtest/gtest.h>
 
-#include "link/qt_com_port.h"
-#include "link/routed_port.h"
 #include "tests/link/fake_port.h"
 
 namespace kelvane {
 namespace {
-
-TEST(PortsAtCreation, HaveThePlantsSettings) {
-    EXPECT_EQ(LinkPortAtCreation, (PortSettings{.ComNumber = 4, .Baud = 9600, .StopBits = 2}));
-    EXPECT_EQ(SetupPortAtCreation.ComNumber, 1);
-    EXPECT_EQ(SetupPortAtCreation.DataBits, 7);
-    EXPECT_EQ(SetupPortAtCreation.StopBits, 2);
-    EXPECT_FALSE(LinkPortFlow.AutoOpen || LinkPortFlow.RTS || SetupPortFlow.AutoOpen);
-    EXPECT_TRUE(LinkPortFlow.hwfUseDTR && LinkPortFlow.hwfUseRTS);
-    EXPECT_EQ(LinkPortFlow.BufferFull, 3686);
-    EXPECT_EQ(LinkPortFlow.BufferResume, 410);
-}
 
 struct Routed : testing::Test {
     const PortDirectory directory =

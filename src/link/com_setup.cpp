@@ -1,0 +1,327 @@
+#include "link/com_setup.h"
+
+#include <array>
+
+namespace kelvane {
+
+namespace {
+
+constexpr std::array<int, 8> walkBauds{9600, 19200, 38400, 4800, 2400, 1200, 57600, 115200};
+constexpr quint8 RtuBit = 0x80;
+
+const QString Cofirm = QStringLiteral("Cofirm");
+const QString Warning = QStringLiteral("Warning");
+
+struct BaudRow {
+    int Baud;
+    quint32 ticks;
+};
+constexpr std::array<BaudRow, 8> baudRows{
+    {{1200, 8}, {2400, 8}, {4800, 8}, {9600, 7}, {19200, 6}, {38400, 5}, {57600, 4}, {115200, 3}}};
+
+ComParity parityOfItem(qsizetype item) {
+    switch (item) {
+        case 0: return ComParity::None;
+        case 1: return ComParity::Even;
+        default: return ComParity::Odd;
+    }
+}
+
+}  // namespace
+
+DetectedLine decodeDetectCode(quint8 DetectCode) {
+    DetectedLine line;
+    line.mode = DetectCode & RtuBit ? LinkMode::Rtu : LinkMode::Ascii;
+    line.Baud = walkBauds[(DetectCode >> 4) & 7];
+    line.DataBits = DetectCode >= 127 || DetectCode & 8 ? 8 : 7;
+    const int parity = (DetectCode >> 1) & 3;
+    if (parity < 3) line.Parity = parityOfItem(parity);
+    line.StopBits = DetectCode & 1 ? 2 : 1;
+    return line;
+}
+
+quint8 nextDetectCode(quint8 DetectCode) {
+    const bool pastOdd = (DetectCode & 1) && (DetectCode & 4);
+    return static_cast<quint8>(DetectCode + (pastOdd ? 3 : 1));
+}
+
+quint32 baudTimeoutTicks(int Baud) {
+    for (const BaudRow& row : baudRows)
+        if (row.Baud == Baud) return row.ticks;
+    return Baud > 115200 ? 1 : 8;
+}
+
+ComSetup::ComSetup(RequestScheduler& link, TApdComPort& setupPort, TickClock& clock)
+    : RxTimer(clock, TickKind::Waiting, 1, [this] { RxTimerTimer(); }), m_link(link), m_setupPort(setupPort) {
+    m_setupPort.OnTriggerAvail = [this](int count) { ApdComPort1TriggerAvail(count); };
+    setLine([](PortSettings& line) { line = {1, 9600, 7, ComParity::None, 2}; });
+    m_link.BaudTimeoutTicks = baudTimeoutTicks(9600);
+}
+
+ComSetup::~ComSetup() { m_setupPort.OnTriggerAvail = nullptr; }
+
+QStringList ComSetup::comPortItems() {
+    QStringList items;
+    for (int number = 1; number <= 20; ++number) items += QString::number(number);
+    return items;
+}
+QStringList ComSetup::modeItems() { return {QStringLiteral("ASCII"), QStringLiteral("RTU")}; }
+QStringList ComSetup::baudItems() {
+    QStringList items;
+    for (const BaudRow& row : baudRows) items += QString::number(row.Baud);
+    return items;
+}
+QStringList ComSetup::dataBitsItems() { return {QStringLiteral("7"), QStringLiteral("8")}; }
+QStringList ComSetup::parityItems() { return {QStringLiteral("N"), QStringLiteral("E"), QStringLiteral("O")}; }
+QStringList ComSetup::stopBitsItems() { return {QStringLiteral("1"), QStringLiteral("2")}; }
+
+void ComSetup::notify() {
+    if (shown == m_lastShown) return;
+    m_lastShown = shown;
+    Q_EMIT changed();
+}
+
+void ComSetup::setLine(const std::function<void(PortSettings&)>& change) {
+    PortSettings line = m_setupPort.settings();
+    change(line);
+    m_setupPort.setSettings(line);
+}
+
+// ---- Boxes ----
+
+void ComSetup::ComPortComboBoxChange(const QString& text) {
+    if (!comPortItems().contains(text)) return;
+    shown.ComPortComboBox = text;
+    setLine([&](PortSettings& line) { line.ComNumber = text.toInt(); });
+    notify();
+}
+
+void ComSetup::ModeComboBoxChange(const QString& text) {
+    if (!modeItems().contains(text)) return;
+    const bool rtu = text == QLatin1String("RTU");
+    shown.ModeComboBox = text;
+    shown.dataBitsEnabled = !rtu;
+    m_link.ComMode = rtu;
+    if (rtu) DataBitsComboBoxChange(QStringLiteral("8"));
+    notify();
+}
+
+void ComSetup::BaudComboBoxChange(const QString& text) {
+    bool ok = false;
+    const int baud = text.toInt(&ok);
+    if (!ok || baud <= 0) return;
+    shown.BaudComboBox = text;
+    setLine([&](PortSettings& line) { line.Baud = baud; });
+    m_link.BaudTimeoutTicks = baudTimeoutTicks(baud);
+    notify();
+}
+
+void ComSetup::DataBitsComboBoxChange(const QString& text) {
+    if (!dataBitsItems().contains(text)) return;
+    shown.DataBitsComboBox = text;
+    setLine([&](PortSettings& line) { line.DataBits = text.toInt(); });
+    notify();
+}
+
+void ComSetup::ParityComboBoxChange(const QString& text) {
+    const qsizetype item = parityItems().indexOf(text);
+    if (item >= 0) applyParity(parityOfItem(item));
+    notify();
+}
+
+void ComSetup::applyParity(ComParity parity) {
+    shown.ParityComboBox = parityLetter(parity);
+    setLine([&](PortSettings& line) { line.Parity = parity; });
+}
+
+void ComSetup::StopBitsComboBoxChange(const QString& text) {
+    if (!stopBitsItems().contains(text)) return;
+    shown.StopBitsComboBox = text;
+    setLine([&](PortSettings& line) { line.StopBits = text.toInt(); });
+    notify();
+}
+
+void ComSetup::ManualRadioButtonClick() {
+    shown.ManualRadioButton = true;
+    notify();
+}
+
+void ComSetup::AutoDetectRadioButtonClick() {
+    shown.ManualRadioButton = false;
+    notify();
+}
+
+// ---- Test ----
+
+void ComSetup::TestButtonClick() {
+    shown.OKBitBtn = true;
+    shown.FailAbLED = shown.SuccessAbLED = false;
+    if (!shown.ManualRadioButton) takeNextCombination();
+    notify();
+    if (openForTest()) {
+        sendTest();
+    } else {
+        failToOpen();
+    }
+}
+
+void ComSetup::takeNextCombination() {
+    if (DetectCode <= LastDetectCode) {
+        const DetectedLine line = decodeDetectCode(DetectCode);
+        const bool rtu = line.mode == LinkMode::Rtu;
+        BaudComboBoxChange(QString::number(line.Baud));
+        ModeComboBoxChange(modeItems()[rtu]);
+        DataBitsComboBoxChange(QString::number(line.DataBits));
+        if (line.Parity) applyParity(*line.Parity);
+        StopBitsComboBoxChange(QString::number(line.StopBits));
+        shown.connectBaud = QStringLiteral("Baud rate ") % shown.BaudComboBox;
+        shown.connectProtocol = (rtu ? QStringLiteral("Modbus RTU mode, protocol < ")
+                                     : QStringLiteral("Modbus ASCII mode, protocol <")) %
+                                shown.DataBitsComboBox % QStringLiteral(", ") % shown.ParityComboBox %
+                                QStringLiteral(", ") % shown.StopBitsComboBox % QStringLiteral(" >");
+    }
+    DetectCode = nextDetectCode(DetectCode);
+}
+
+bool ComSetup::openForTest() {
+    while (m_link.port().Open()) m_link.port().close();
+    return m_setupPort.Open() || m_setupPort.open();
+}
+
+void ComSetup::failToOpen() {
+    closeConnectForm();
+    shown.FailAbLED = true;
+    notify();
+    const QString why = m_setupPort.openError();
+    if (!why.isEmpty()) m_link.ShowHistoryMsg(why);
+    m_link.operatorAsked().tell(m_link.lang().MsgStr(19), QStringLiteral("Error Message"));
+}
+
+void ComSetup::sendTest() {
+    m_setupPort.dropInput();
+    TestTickCount = 0;
+    TestRxCount = 0;
+    TestRxText.clear();
+    const TxFrame frame = buildFrame(m_link.mode(), TestCommand, FrameCheck::Standard);
+    m_link.mode() == LinkMode::Rtu ? m_setupPort.PutBlock(frame.wire) : m_setupPort.PutString(frame.wire);
+    RxTimer.setEnabled(true);
+    RxTimer.tickIn(m_setupPort.settings().wireTimeUs(frame.wire.size()) + qint64(TickLength) * 1000);
+}
+
+void ComSetup::ApdComPort1TriggerAvail(int count) {
+    for (int i = 0; i < count; ++i) {
+        const std::optional<char> byte = m_setupPort.GetChar();
+        if (!byte) break;
+        TestRxText += *byte;
+        ++TestRxCount;
+    }
+    TestTickCount = 0;
+    RxTimer.tickIn(qint64(TickLength) * 1000);
+}
+
+void ComSetup::RxTimerTimer() {
+    ++TestTickCount;
+    if (TestTickCount != m_link.BaudTimeoutTicks) return;
+    RxTimer.setEnabled(false);
+    if (TestRxCount > 0) {
+        succeed();
+    } else if (shown.ManualRadioButton) {
+        failTest(21);
+    } else if (DetectCode > LastDetectCode) {
+        failTest(20);
+    } else {
+        shown.TConnectForm = true;
+        TestButtonClick();
+    }
+}
+
+void ComSetup::succeed() {
+    m_setupPort.close();
+    shown.SuccessAbLED = true;
+    const bool detecting = !shown.ManualRadioButton;
+    if (detecting) {
+        DetectCode = 0;
+        closeConnectForm();
+    }
+    notify();
+    TestRxText.clear();
+    TestRxCount = 0;
+    if (detecting) m_link.operatorAsked().tell(m_link.lang().MsgStr(22), Cofirm);
+}
+
+void ComSetup::failTest(int message) {
+    DetectCode = 0;
+    closeConnectForm();
+    m_setupPort.close();
+    shown.FailAbLED = true;
+    notify();
+    m_link.operatorAsked().tell(m_link.lang().MsgStr(message), Warning);
+}
+
+void ComSetup::closeConnectForm() {
+    if (!shown.TConnectForm) return;
+    shown.TConnectForm = false;
+    shown.ManualRadioButton = true;
+    notify();
+}
+
+// ---- Accept ----
+
+void ComSetup::OKBitBtnClick() {
+    if (shown.SuccessAbLED) {
+        m_setupPort.close();
+        if (m_link.ActiveFunction != OwnerAdvance && m_link.operatorAsked().yes(m_link.lang().MsgStr(18), Cofirm)) {
+            m_link.TxTimer.setEnabled(true);
+            m_link.Keypad.OnLineTransparentButton = false;
+            m_link.Keypad.InitialVrLabel = true;
+        }
+    } else {
+        m_link.Lamp = {};
+    }
+    copySettingsToLink();
+    m_link.ReplyTimeoutTicks = m_link.BaudTimeoutTicks;
+    if (m_link.Console.TimeOut1 < m_link.BaudTimeoutTicks) m_link.Console.TimeOut1 = m_link.BaudTimeoutTicks;
+    shown.consoleTimeOutCaption = QString::number(m_link.Console.TimeOut1) % QStringLiteral(" ms");
+    shown.advanceCaption = QStringLiteral("Advance - Com %1 , BaudRate %2 , Protocol < %3 , %4 , %5 , %6 >")
+                               .arg(shown.ComPortComboBox, shown.BaudComboBox, shown.ModeComboBox,
+                                    shown.DataBitsComboBox, shown.ParityComboBox, shown.StopBitsComboBox);
+    notify();
+    m_link.notifyChanged();
+    Q_EMIT closeWanted();
+}
+
+void ComSetup::copySettingsToLink() { m_link.port().setSettings(m_setupPort.settings()); }
+
+void ComSetup::FormClose() {
+    RxTimer.setEnabled(false);
+    closeConnectForm();
+    DetectCode = 0;
+    shown.SuccessAbLED = shown.FailAbLED = false;
+    m_setupPort.close();
+    notify();
+}
+
+// ---- Opening ----
+
+bool ComSetup::mayOpen() {
+    m_link.ShowHistoryMsg(QStringLiteral("Setup the Com port and protocol"));
+    if (m_link.Lamp.onLine() && !m_link.operatorAsked().yes(m_link.lang().MsgStr(1), Cofirm)) return false;
+    m_link.Initial();
+    shown.OKBitBtn = false;
+    notify();
+    return true;
+}
+
+void ComSetup::returnToParameterWindow() {
+    m_link.ActiveFunction = OwnerParameter;
+    m_link.TxTimer.setEnabled(false);
+    m_link.RxTimer.setEnabled(false);
+    m_link.Keypad.GetDataTimer = false;
+    m_link.RxTickCount = 0;
+    m_link.TimeoutCount = 0;
+    m_link.Rx.RxData.clear();
+    m_link.emptyQueues();
+    m_link.notifyChanged();
+}
+
+}  // namespace kelvane

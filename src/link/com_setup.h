@@ -1,0 +1,114 @@
+// Communication Setup without its window: finds the line settings by hand or by a walk over all combinations, on
+// a port and a wait of its own, and hands them to the link port. Any answer counts as success; its content is
+// not looked at. TComSetupForm shows it.
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+#include "link/request_scheduler.h"
+
+namespace kelvane {
+
+// One combination of the walk, packed in DetectCode.
+struct DetectedLine {
+    LinkMode mode = LinkMode::Ascii;
+    int Baud = 9600;
+    int DataBits = 7;
+    std::optional<ComParity> Parity;  // nothing: no change
+    int StopBits = 1;
+};
+DetectedLine decodeDetectCode(quint8 DetectCode);
+// The next combination: parity has three values in two bits.
+quint8 nextDetectCode(quint8 DetectCode);
+inline constexpr quint8 LastDetectCode = 221;
+
+// Reply wait in ticks for a baud rate.
+quint32 baudTimeoutTicks(int Baud);
+
+class ComSetup : public QObject {
+    Q_OBJECT
+   public:
+    // setupPort is the dialog's own port; link's port is closed before it opens.
+    ComSetup(RequestScheduler& link, TApdComPort& setupPort, TickClock& clock);
+    ~ComSetup() override;
+
+    quint8 DetectCode = 0;
+    QString TestCommand = QStringLiteral("FF0321010001");
+    quint8 TestTickCount = 0;
+    QByteArray TestRxText;
+    quint32 TestRxCount = 0;
+    TickTimer RxTimer;
+
+    // Texts of the boxes and what the dialog shows.
+    struct Shown {
+        QString ComPortComboBox = QStringLiteral("1");
+        QString ModeComboBox = QStringLiteral("ASCII");
+        QString BaudComboBox = QStringLiteral("9600");
+        QString DataBitsComboBox = QStringLiteral("7");
+        QString ParityComboBox = QStringLiteral("N");
+        QString StopBitsComboBox = QStringLiteral("2");
+        bool dataBitsEnabled = true;
+        bool ManualRadioButton = true;  // else AutoDetectRadioButton
+        bool OKBitBtn = false;
+        bool SuccessAbLED = false;
+        bool FailAbLED = false;
+        bool TConnectForm = false;
+        QString connectBaud;
+        QString connectProtocol;
+        QString consoleTimeOutCaption;  // of TimeOutTransparentButton and FtimeoutTransparentButton
+        QString advanceCaption;
+        bool operator==(const Shown&) const = default;
+    };
+    Shown shown;
+    static QStringList comPortItems();
+    static QStringList modeItems();
+    static QStringList baudItems();
+    static QStringList dataBitsItems();
+    static QStringList parityItems();
+    static QStringList stopBitsItems();
+
+    // Change handlers of the boxes, with the text chosen. A text that is not offered is ignored.
+    void ComPortComboBoxChange(const QString& text);
+    void ModeComboBoxChange(const QString& text);
+    void BaudComboBoxChange(const QString& text);
+    void DataBitsComboBoxChange(const QString& text);
+    void ParityComboBoxChange(const QString& text);
+    void StopBitsComboBoxChange(const QString& text);
+    void ManualRadioButtonClick();
+    void AutoDetectRadioButtonClick();
+    void TestButtonClick();
+    void OKBitBtnClick();
+    void FormClose();
+    void closeConnectForm();
+
+    // Before the dialog: false when the operator wants to stay on line.
+    bool mayOpen();
+    // After it, when it was entered from the Parameter window.
+    void returnToParameterWindow();
+    void copySettingsToLink();
+    TApdComPort& port() { return m_setupPort; }
+
+   Q_SIGNALS:
+    void changed();
+    void closeWanted();
+
+   private:
+    void ApdComPort1TriggerAvail(int count);
+    void RxTimerTimer();
+    void takeNextCombination();
+    void applyParity(ComParity parity);
+    bool openForTest();
+    void failToOpen();
+    void sendTest();
+    void succeed();
+    void failTest(int message);
+    void setLine(const std::function<void(PortSettings&)>& change);
+    void notify();
+
+    RequestScheduler& m_link;
+    TApdComPort& m_setupPort;
+    Shown m_lastShown;
+};
+
+}  // namespace kelvane

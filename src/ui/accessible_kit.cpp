@@ -1,0 +1,83 @@
+#include "ui/accessible_kit.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+#include "ui/lamp.h"
+#include "ui/power_button.h"
+#include "ui/scanner.h"
+
+namespace kelvane {
+namespace {
+
+QString named(const QWidget& widget, const QString& caption) {
+    return widget.accessibleName().isEmpty() ? caption : widget.accessibleName();
+}
+
+class ButtonSpeech : public QAccessibleWidget {
+public:
+    ButtonSpeech(QAbstractButton* button, QAccessible::Role role) : QAccessibleWidget(button, role) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Name) return named(*button(), button()->text());
+        if (kind == QAccessible::Value) return stateInWords();
+        return QAccessibleWidget::text(kind);
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = button()->isChecked();
+        return state;
+    }
+    QStringList actionNames() const override {
+        QStringList names = QAccessibleWidget::actionNames();
+        if (button()->focusPolicy() != Qt::NoFocus && button()->isEnabled()) names.prepend(pressAction());
+        return names;
+    }
+    void doAction(const QString& action) override {
+        if (action == pressAction()) return button()->click();
+        QAccessibleWidget::doAction(action);
+    }
+
+private:
+    QAbstractButton* button() const { return qobject_cast<QAbstractButton*>(object()); }
+    QString stateInWords() const {
+        const auto* lamp = qobject_cast<const AbLED*>(object());
+        if (lamp && lamp->isChecked() && lamp->flashing()) return QStringLiteral("flashing");
+        return button()->isChecked() ? QStringLiteral("on") : QStringLiteral("off");
+    }
+};
+
+class BarSpeech : public QAccessibleWidget {
+public:
+    explicit BarSpeech(VrIndicator* bar) : QAccessibleWidget(bar, QAccessible::ProgressBar) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind != QAccessible::Value) return QAccessibleWidget::text(kind);
+        const int position = qobject_cast<VrIndicator*>(object())->position();
+        return position < 0 ? QStringLiteral("idle") : QString::number(position);
+    }
+};
+
+// Qt asks once for each class of the widget's ancestry, the most derived first.
+QAccessibleInterface* speechFor(const QString& className, QObject* object) {
+    if (!className.startsWith(QLatin1String("kelvane::"))) return nullptr;
+    if (auto* lamp = qobject_cast<AbLED*>(object))
+        return new ButtonSpeech(lamp, lamp->clickable() ? QAccessible::CheckBox : QAccessible::Indicator);
+    if (auto* power = qobject_cast<VrPowerButton*>(object))
+        return new ButtonSpeech(power, QAccessible::CheckBox);
+    if (auto* bar = qobject_cast<VrIndicator*>(object)) return new BarSpeech(bar);
+    return nullptr;
+}
+
+}  // namespace
+
+void installAccessibleKit() {
+    static const bool installed = [] {
+        QAccessible::installFactory(speechFor);
+        return true;
+    }();
+    Q_UNUSED(installed);
+}
+
+}  // namespace kelvane

@@ -1,0 +1,59 @@
+// The tool's own drawings: icons of buttons and menus, tree images, the pictures of the nine drive families
+// and the logo. Icons are two-tone SVGs that take their line colour from the palette when they are painted,
+// so they fit light and dark and every scale.
+#pragma once
+
+#include <QIcon>
+#include <QPixmap>
+#include <QWidget>
+
+namespace kelvane {
+
+// clang-format off
+enum class Icon {
+    ComSetup, Parameter, QuickSetup, Advance, Keypad, Trend, Monitor,
+    Open, Save, Exit, ReadDrive, ReadFile, WriteSelect, WriteAll, Compare, Print,
+    Language, Find, Previous, Next, Undo, Redo, Backup, Help, About,
+    Pid, AutoTuning, MultiStep, Copy, Close, Folder, FolderUp, File,
+    Accept, Cancel, Test, Connect, Disconnect, Start, Stop, Clear, Option, Cursor, Picture, Zoom,
+    Add, Remove, Edit, Run, Fault, Lock, Motor,
+    TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
+    Count_,
+};
+// clang-format on
+
+// Follows the palette; an icon for each number below Count_.
+QIcon icon(Icon which);
+// Name of the drawing ("com_setup"), as in the resource ":/kelvane/icons/com_setup.svg".
+QString iconName(Icon which);
+// The images of the parameter tree, 0 to 4; 4 is a parameter list. Any other index gives a null icon.
+QIcon treeImage(int index);
+QIcon applicationIcon();
+
+// A drawing of the family's drive; null for a number that is no family. Sizes are in device-independent
+// pixels, the drawing keeps its proportions inside.
+QPixmap familyPicture(quint8 DriveFamily, QSize size = {160, 200}, qreal devicePixelRatio = 1);
+// Name and motif of the tool for splash and main window; text in the palette's colour.
+QPixmap logoPicture(QSize size = {420, 140}, qreal devicePixelRatio = 1);
+
+// A picture that keeps its proportions in whatever room it has, sharp at every scale.
+class PictureBox : public QWidget {
+    Q_OBJECT
+public:
+    explicit PictureBox(QWidget* parent = nullptr);
+    void showFamily(quint8 DriveFamily);  // nothing for a number that is no family
+    void showLogo();
+    void showNothing();
+    bool isEmpty() const { return m_kind == Kind::Nothing; }
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    enum class Kind { Nothing, Family, Logo };
+    Kind m_kind = Kind::Nothing;
+    quint8 m_family = 0;
+};
+
+}  // namespace kelvane

@@ -1,0 +1,27 @@
+// Text and background that can be read together. The plant tells some colours as plain numbers; whichever
+// half is not told is chosen here so that the pair keeps its contrast in a light and in a dark palette.
+#pragma once
+
+#include <QColor>
+#include <optional>
+
+class QPalette;
+
+namespace kelvane {
+
+struct ColourPair {
+    QColor text;
+    QColor background;
+};
+
+// Contrast of two opaque colours as WCAG 2 counts it: 1 (equal) to 21 (black on white).
+double contrast(const QColor& a, const QColor& b);
+
+// The pair for what is told; nothing told gives the palette's Text on Base. A told colour is never changed.
+ColourPair readablePair(const std::optional<QColor>& text, const std::optional<QColor>& background,
+                        const QPalette& palette);
+
+// Half way between two colours at 0.5; 0 is the first, 1 the second.
+QColor mix(const QColor& a, const QColor& b, double share);
+
+}  // namespace kelvane

@@ -1,0 +1,56 @@
+#include "ui/transparent_button.h"
+
+#include <QKeyEvent>
+#include <QStyleOptionToolButton>
+
+namespace kelvane {
+
+TransparentButton::TransparentButton(QWidget* parent) : TransparentButton({}, {}, parent) {}
+
+TransparentButton::TransparentButton(const QIcon& icon, const QString& text, QWidget* parent, Layout layout)
+    : QToolButton(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setIcon(icon);
+    setText(text);
+    setLayout(layout);
+}
+
+void TransparentButton::setText(const QString& text) {
+    if (text == this->text()) return;
+    const bool spokenAsShown = accessibleName() == this->text();
+    QToolButton::setText(text);
+    setShortcut({});
+    if (spokenAsShown) setAccessibleName(text);
+    updateGeometry();
+}
+
+void TransparentButton::setLayout(Layout layout) {
+    const bool over = layout == Layout::IconOver;
+    setToolButtonStyle(over ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonTextBesideIcon);
+    setAutoRaise(over);
+    setIconSize(over ? QSize(32, 32) : QSize(20, 20));
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    updateGeometry();
+}
+
+QSize TransparentButton::sizeHint() const {
+    QSize hint = QToolButton::sizeHint();
+    const int textWidth = fontMetrics().horizontalAdvance(text());
+    const bool beside = toolButtonStyle() == Qt::ToolButtonTextBesideIcon && !icon().isNull();
+    hint.setWidth(std::max(hint.width(), textWidth + (beside ? iconSize().width() + 4 : 0) + 14));
+    if (!autoRaise()) hint.setHeight(std::max(hint.height(), fontMetrics().height() + 14));
+    return hint;
+}
+
+void TransparentButton::initStyleOption(QStyleOptionToolButton* option) const {
+    QToolButton::initStyleOption(option);
+    option->text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+void TransparentButton::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && !event->isAutoRepeat()) return click();
+    QToolButton::keyPressEvent(event);
+}
+
+}  // namespace kelvane

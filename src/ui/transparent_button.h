@@ -1,0 +1,37 @@
+// TransparentButton, the picture button of tool bars and dialogs: icon over or beside its caption. Captions
+// come from language files, so "&" is a character like any other and the button grows with its text.
+#pragma once
+
+#include <QToolButton>
+
+namespace kelvane {
+
+class TransparentButton : public QToolButton {
+    Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText)
+    Q_PROPERTY(QString hint READ toolTip WRITE setToolTip)
+    Q_PROPERTY(int tag READ tag WRITE setTag)
+public:
+    enum class Layout { IconOver, IconLeft };
+
+    explicit TransparentButton(QWidget* parent = nullptr);
+    TransparentButton(const QIcon& icon, const QString& text, QWidget* parent = nullptr,
+                      Layout layout = Layout::IconOver);
+
+    void setText(const QString& text);
+    void setLayout(Layout layout);  // over: flat, 32-pixel icon; left: framed, 20-pixel icon
+    int tag() const { return m_tag; }
+    void setTag(int tag) { m_tag = tag; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void initStyleOption(QStyleOptionToolButton* option) const override;
+    void keyPressEvent(QKeyEvent* event) override;  // Enter presses it, like Space
+
+private:
+    int m_tag = 0;
+};
+
+}  // namespace kelvane

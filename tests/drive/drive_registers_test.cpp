@@ -1,0 +1,330 @@
+#include "drive/drive_registers.h"
+
+#include <gtest/gtest.h>
+
+#include <QString>
+#include <string>
+
+namespace kelvane::drive {
+namespace {
+
+// Sends a command text ("FF0321100003") and gives the reply as text.
+std::string ask(PracticeDrive& drive, const char* command) {
+    return drive.answer(QByteArray::fromHex(command)).toHex().toUpper().toStdString();
+}
+
+std::string readCommand(int reg, int count) {
+    return QString::asprintf("FF03%04X%04X", reg, count).toStdString();
+}
+
+std::vector<int> words(PracticeDrive& drive, int reg, int count) {
+    const QByteArray reply = drive.answer(QByteArray::fromHex(readCommand(reg, count).c_str()));
+    std::vector<int> result;
+    for (qsizetype i = 3; i + 1 < reply.size(); i += 2)
+        result.push_back(uint8_t(reply[i]) << 8 | uint8_t(reply[i + 1]));
+    return result;
+}
+
+QByteArray text(PracticeDrive& drive, int reg, int count) {
+    return drive.answer(QByteArray::fromHex(readCommand(reg, count).c_str())).mid(3);
+}
+
+void pass(PracticeDrive& drive, double seconds) { drive.advanceUs(qint64(seconds * 1e6)); }
+
+class EachDrive : public testing::TestWithParam<Family> {
+protected:
+    const FamilyData& data = familyData(GetParam());
+    const FamilyTraits& traits = traitsOf(GetParam());
+    PracticeDrive drive{data};
+    int groups = int(data.groups.size()) - 1;
+};
+INSTANTIATE_TEST_SUITE_P(Families, EachDrive, testing::ValuesIn(AllFamilies),
+                         [](const auto& drive) { return std::string(familyName(drive.param)); });
+
+TEST_P(EachDrive, IdentifiesItself) {
+    EXPECT_EQ(words(drive, 0x2110, 3), (std::vector<int>{int(GetParam()) << 8, groups, data.version}));
+    const int modelRegister = GetParam() == Family::Rowan   ? 0x0050
+                              : GetParam() == Family::Osier ? 0x0700
+                                                            : 0x0000;
+    EXPECT_EQ(words(drive, modelRegister, 1), std::vector<int>{data.modelCode});
+    if (GetParam() == Family::Hazel) {
+        EXPECT_EQ(words(drive, 0x0006, 1), std::vector<int>{data.version});
+    }
+}
+
+TEST_P(EachDrive, CountsAndNamesItsGroups) {
+    for (int group = 0; group <= groups; ++group) {
+        const auto& rows = data.groups[size_t(group)];
+        EXPECT_EQ(words(drive, (groups + 1) << 8 | group, 1), std::vector<int>{int(rows.rows.size()) - 1});
+        if (!traits.namesGroups) continue;
+        const QByteArray name = text(drive, 0x3100 | group, 8);
+        EXPECT_EQ(name.size(), 16);
+        EXPECT_EQ(name.trimmed().toStdString(), rows.name);
+    }
+    EXPECT_EQ(ask(drive, readCommand((groups + 1) << 8 | (groups + 1), 1).c_str()), "FF8302");
+}
+
+TEST_P(EachDrive, GivesEveryRecord) {
+    const bool hazel = GetParam() == Family::Hazel;
+    for (int group = 0; group <= groups; ++group) {
+        const auto rows = data.groups[size_t(group)].rows;
+        for (int number = 0; number < int(rows.size()); ++number) {
+            const ParamRow& row = rows[size_t(number)];
+            const int reg = group << 8 | number;
+            const auto record = words(drive, reg, hazel ? 4 : 15);
+            ASSERT_EQ(record.size(), hazel ? 4u : 15u) << std::hex << reg;
+            EXPECT_EQ(record[0], row.value & 0xFFFF) << std::hex << reg;
+            EXPECT_EQ(record[1], row.max & 0xFFFF);
+            EXPECT_EQ(record[2], row.min & 0xFFFF);
+            EXPECT_EQ(bool(record[3] & 2), bool(row.flags & RunSet));
+            EXPECT_EQ(bool(record[3] & 8), bool(row.flags & ReadOnly));
+            EXPECT_EQ(bool(record[3] & 128), bool(row.flags & Signed));
+            const int dot = GetParam() == Family::Aspen ? (record[3] & 1) * 2 : record[3] >> 8 & 3;
+            EXPECT_EQ(dot, row.dot) << std::hex << reg;
+            EXPECT_EQ(words(drive, reg, 1), std::vector<int>{record[0]});
+            EXPECT_EQ(words(drive, reg, 4), std::vector<int>(record.begin(), record.begin() + 4));
+            if (hazel) continue;
+            EXPECT_EQ(record[4], row.defaultValue & 0xFFFF);
+            const QByteArray texts = text(drive, reg, 15).mid(10);
+            EXPECT_EQ(texts.left(16).trimmed().toStdString(), row.name);
+            EXPECT_EQ(texts.mid(16).trimmed().toStdString(), row.unit);
+        }
+    }
+}
+
+TEST_P(EachDrive, ShowsARunInItsStatusBlock) {
+    const auto items = traits.items.size();
+    const std::vector<size_t> told{14, 9, 14, 9, 14, 12, 9, 0, 14, 14};
+    EXPECT_EQ(items, told[size_t(GetParam())]);
+    const auto state = [&] {
+        const bool elsewhere = GetParam() == Family::Rowan || GetParam() == Family::Larch;
+        return words(drive, elsewhere ? 0x2119 : 0x2101, 1).at(0);
+    };
+    EXPECT_EQ(state() & 0x1F, 0);
+    EXPECT_EQ(state() & 0x0720, 0x0520);
+    EXPECT_EQ(ask(drive, "FF0620011388"), "FF0620011388");
+    EXPECT_EQ(ask(drive, "FF0620000002"), "FF0620000002");
+    pass(drive, 1);
+    EXPECT_EQ(state() & 0x1F, 3);
+    pass(drive, 1000);
+    const auto block = words(drive, 0x2100, int(items) + 2);
+    ASSERT_EQ(block.size(), items + 2);
+    EXPECT_EQ(block[0], 0);
+    EXPECT_EQ(block[2], 5000);
+    EXPECT_EQ(block[3], 5000);
+    EXPECT_GT(block[4], 0);
+    EXPECT_EQ(ask(drive, "FF0620000030"), "FF0620000030");
+    pass(drive, 0.01);
+    EXPECT_EQ(state() & 0x1F, 0b01011);
+    pass(drive, 1000);
+    EXPECT_EQ(state() & 0x1F, 0b11011);
+    EXPECT_EQ(ask(drive, "FF0620000001"), "FF0620000001");
+    EXPECT_EQ(state() & 3, 1);
+    pass(drive, 1000);
+    EXPECT_EQ(state() & 3, 0);
+    EXPECT_EQ(ask(drive, "FF0620000003"), "FF0620000003");
+    EXPECT_EQ(state() & 4, 4);
+}
+
+TEST_P(EachDrive, MaximumFrequencyFollowsItsParameter) {
+    const int parameter = GetParam() == Family::Rowan ? 0x0003 : 0x0100;
+    const int reg = GetParam() == Family::Hazel ? 0x0100 : 0x211B;
+    EXPECT_EQ(words(drive, reg, 1), words(drive, parameter, 1));
+    const std::string write = QString::asprintf("FF06%04X157C", parameter).toStdString();
+    EXPECT_EQ(ask(drive, write.c_str()), write);
+    EXPECT_EQ(words(drive, reg, 1), std::vector<int>{0x157C});
+    EXPECT_EQ(ask(drive, "FF062001157C"), "FF062001157C");
+    EXPECT_EQ(ask(drive, "FF062001157D"), "FF8603");
+}
+
+TEST_P(EachDrive, JudgesWrites) {
+    bool sawReadOnly = false;
+    bool sawStopFirst = false;
+    pass(drive, 0);
+    for (int group = 0; group <= groups; ++group) {
+        const auto rows = data.groups[size_t(group)].rows;
+        for (int number = 0; number < int(rows.size()); ++number) {
+            const ParamRow& row = rows[size_t(number)];
+            const auto write = [&](int value) {
+                const auto command =
+                    QString::asprintf("FF06%02X%02X%04X", group, number, value & 0xFFFF).toStdString();
+                const std::string reply = ask(drive, command.c_str());
+                return reply == command               ? 0
+                       : reply.substr(0, 4) == "FF86" ? std::stoi(reply.substr(4), nullptr, 16)
+                                                      : -1;
+            };
+            if (row.flags & ReadOnly) {
+                sawReadOnly = true;
+                EXPECT_EQ(write(row.value), 4) << group << "-" << number;
+                continue;
+            }
+            EXPECT_EQ(write(row.defaultValue), 0) << group << "-" << number;
+            if (row.max < ((row.flags & Signed) ? 32767 : 65535)) {
+                EXPECT_EQ(write(row.max + 1), 3) << group << "-" << number;
+            }
+            if (sawStopFirst || (row.flags & RunSet)) continue;
+            sawStopFirst = true;
+            ask(drive, "FF0620010064");
+            ask(drive, "FF0620000002");
+            EXPECT_EQ(write(row.defaultValue), 6) << group << "-" << number;
+            ask(drive, "FF0620000001");
+            pass(drive, 1000);
+        }
+    }
+    EXPECT_TRUE(sawReadOnly && sawStopFirst);
+    EXPECT_EQ(ask(drive, "FF0622000001"), "FF8602");
+    EXPECT_EQ(ask(drive, "FF0621000001"), "FF8604");
+}
+
+TEST_P(EachDrive, ShowsTheUserDisplay) {
+    const bool hazel = GetParam() == Family::Hazel;
+    const auto shown = words(drive, hazel ? 0x210B : 0x2116, hazel ? 2 : 3);
+    ASSERT_EQ(shown.size(), hazel ? 2u : 3u);
+    const int plateVolts = data.modelCode % 2 ? 440 : 220;
+    const int bus = int(plateVolts * 1.41421356 * (hazel ? 1 : 10) + 0.5);
+    EXPECT_EQ(shown[0], bus);
+    if (GetParam() == Family::Aspen) {
+        EXPECT_EQ(shown[1], 0x0155);
+    }
+    if (GetParam() == Family::Tilia) {
+        EXPECT_EQ(shown[1], 0x8153);
+    }
+    if (GetParam() == Family::Larch) {
+        EXPECT_EQ(shown[1], 0x0155);
+    }
+    if (!traits.hasCopyMode) {
+        EXPECT_EQ(ask(drive, "FF0620050003"), "FF8602");
+        return;
+    }
+    ask(drive, GetParam() == Family::Rowan ? "FF0620050001" : "FF0620050006");
+    EXPECT_NE(words(drive, hazel ? 0x210B : 0x2116, 1).at(0), bus);
+    ask(drive, "FF0620050003");
+    EXPECT_TRUE(drive.copyMode());
+    ask(drive, "FF0620050005");
+    EXPECT_FALSE(drive.copyMode());
+    EXPECT_EQ(ask(drive, "FF0620050002"), "FF8603");
+}
+
+TEST_P(EachDrive, GivesTextsOfFaultsAndExceptions) {
+    drive.motor().injectFault(1);
+    EXPECT_EQ(words(drive, 0x2100, 1), std::vector<int>{1});
+    const bool hazel = GetParam() == Family::Hazel;
+    EXPECT_EQ(text(drive, 0x3201, 10).toStdString(), hazel ? "" : "Over current    oc  ");
+    for (int code = 0; code < 256; ++code) {
+        if (!hazel) {
+            EXPECT_EQ(text(drive, 0x3200 | code, 10).size(), 20) << code;
+        }
+        EXPECT_EQ(text(drive, 0x3300 | code, 8).size(), 16) << code;
+        EXPECT_EQ(text(drive, 0x3300 | code, 10).size(), 20) << code;
+    }
+    ask(drive, "FF0620000002");
+    EXPECT_FALSE(drive.motor().running());
+    EXPECT_EQ(ask(drive, "FF0620020002"), "FF0620020002");
+    EXPECT_EQ(words(drive, 0x2100, 1), std::vector<int>{0});
+    ask(drive, "FF0620020001");
+    EXPECT_EQ(words(drive, 0x2100, 1), std::vector<int>{6});
+}
+
+struct Tuning {
+    Family family;
+    const char* command;  // starts the turning mode
+    int result;
+    int shift;
+    int tuned;
+};
+class TunedDrive : public testing::TestWithParam<Tuning> {};
+INSTANTIATE_TEST_SUITE_P(Families, TunedDrive,
+                         testing::Values(Tuning{Family::Rowan, "FF0600670002", 0x2118, 8, 0x0068},
+                                         Tuning{Family::Larch, "FF0607050002", 0x2304, 0, 0x0706},
+                                         Tuning{Family::Tilia, "FF0605000001", 0x2118, 0, 0x0506},
+                                         Tuning{Family::Willow, "FF0607040002", 0x2118, 8, 0x0705}),
+                         [](const auto& tuning) { return std::string(familyName(tuning.param.family)); });
+
+TEST_P(TunedDrive, TunesStopsByItselfAndTellsTheResult) {
+    const Tuning& t = GetParam();
+    PracticeDrive drive(familyData(t.family));
+    const auto running = [&] { return (words(drive, 0x2119, 4).at(0) & 3) != 0; };
+    const int before = words(drive, t.tuned, 1).at(0);
+    EXPECT_EQ(ask(drive, t.command), t.command);
+    EXPECT_FALSE(running());
+    ask(drive, "FF0620000002");
+    pass(drive, 4.9);
+    EXPECT_TRUE(running());
+    EXPECT_GT(words(drive, 0x2119, 4).at(3), 0);
+    pass(drive, 100);
+    EXPECT_FALSE(running());
+    EXPECT_EQ(words(drive, t.result, 1).at(0), 0);
+    EXPECT_NE(words(drive, t.tuned, 1).at(0), before);
+
+    drive.setNextTuneResult(TuneFault);
+    ask(drive, t.command);
+    ask(drive, "FF0620000002");
+    pass(drive, 100);
+    EXPECT_EQ(words(drive, t.result, 1).at(0), TuneFault << t.shift);
+    EXPECT_EQ(text(drive, t.family == Family::Tilia ? 0x3228 : 0x3328, 10).toStdString(),
+              "Auto tune failedAUE ");
+    ask(drive, "FF0620020002");
+    EXPECT_EQ(words(drive, t.result, 1).at(0), 0);
+}
+
+TEST(PracticeDrive, KeepsAnOsierCodeOfHazel) {
+    PracticeDrive drive(familyData(Family::Hazel), {.hazelTellsOsier = true});
+    EXPECT_EQ(words(drive, 0x2110, 2), (std::vector<int>{0x0500, 10}));
+}
+
+TEST(PracticeDrive, KeepsTheSecondPlaceOfTheOsierPidGroup) {
+    PracticeDrive drive(familyData(Family::Osier));
+    EXPECT_EQ(text(drive, 0x1001, 15), text(drive, 0x0A01, 15));
+    EXPECT_EQ(text(drive, 0x1001, 15).size(), 30);
+}
+
+TEST(PracticeDrive, SignedWordsOfTilia) {
+    const FamilyData& data = familyData(Family::Tilia);
+    PracticeDrive drive(data);
+    bool seen = false;
+    for (size_t group = 0; group < data.groups.size(); ++group) {
+        for (size_t number = 0; number < data.groups[group].rows.size(); ++number) {
+            const ParamRow& row = data.groups[group].rows[number];
+            if (!(row.flags & Signed) || (row.flags & ReadOnly) || row.min > -5) continue;
+            seen = true;
+            const auto command = QString::asprintf("FF06%02zX%02zXFFFB", group, number).toStdString();
+            EXPECT_EQ(ask(drive, command.c_str()), command);
+            EXPECT_EQ(drive.parameters().value(uint16_t(group << 8 | number), 0), -5);
+        }
+    }
+    EXPECT_TRUE(seen);
+    ask(drive, "FF0620010BB8");
+    ask(drive, "FF0620000022");
+    pass(drive, 100);
+    EXPECT_EQ(words(drive, 0x210B, 1).at(0), uint16_t(-400));  // 40.0 % of torque in reverse
+}
+
+TEST(PracticeDrive, PlaysAKeypad) {
+    PracticeDrive drive(familyData(Family::Larch), {.asKeypad = true});
+    const int groups = words(drive, 0x2111, 1).at(0);
+    EXPECT_EQ(groups, int(familyData(Family::Larch).groups.size()) - 1);
+    EXPECT_EQ(words(drive, (groups + 1) << 8, 1).size(), 1u);
+    EXPECT_EQ(words(drive, 0x0100, 1), std::vector<int>{familyData(Family::Larch).groups[1].rows[0].value});
+    EXPECT_EQ(ask(drive, "FF030100000F"), "FF8302");
+    EXPECT_EQ(ask(drive, "FF0620000002"), "FF8601");
+}
+
+TEST(PracticeDrive, RefusesWhatItDoesNotKnowAndHearsItsAddresses) {
+    PracticeDrive drive(familyData(Family::Larch), {.address = 7, .tellsTexts = false});
+    EXPECT_EQ(ask(drive, "FF0421000001"), "FF8401");
+    EXPECT_EQ(ask(drive, "FF0321000000"), "FF8303");
+    EXPECT_EQ(ask(drive, "FF032100007D"), "FF8302");
+    EXPECT_EQ(ask(drive, "FF03FFFF007D"), "FF8302");
+    EXPECT_EQ(ask(drive, "FF060001"), "FF8603");  // a command without a register
+    EXPECT_EQ(ask(drive, "FF0332010008"), "FF8302");
+    EXPECT_EQ(ask(drive, "FF"), "");
+    EXPECT_EQ(ask(drive, ""), "");
+    EXPECT_EQ(ask(drive, "010321100001"), "");
+    EXPECT_EQ(ask(drive, "070321100001"), "0703020200");
+    EXPECT_EQ(ask(drive, "000620010064"), "");
+    EXPECT_EQ(words(drive, 0x2102, 1), std::vector<int>{100});
+    EXPECT_EQ(ask(drive, "FF0620000041"), "FF8603");
+}
+
+}  // namespace
+}  // namespace kelvane::drive

@@ -1,0 +1,309 @@
+#include "drive/line_model.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "base/manual_tick_clock.h"
+#include "drive/practice_port.h"
+
+namespace kelvane::drive {
+namespace {
+
+using Bursts = std::vector<std::pair<qint64, QByteArray>>;
+
+LineOptions lineOf(LineMode mode, int baud = 9600, ByteFlow flow = ByteFlow::Single) {
+    LineOptions options{.mode = mode, .flow = flow};
+    options.wire = {.Baud = baud, .DataBits = mode == LineMode::Rtu ? 8 : 7};
+    return options;
+}
+
+// A host on a hand-driven clock that notes when bytes come.
+struct Host {
+    explicit Host(const LineOptions& options, const FamilyData& data = familyData(Family::Larch))
+        : mode(options.mode), station(clock, data, options) {
+        station.port.setSettings(options.wire);
+        station.port.open();
+        station.port.OnTriggerAvail = [this](int count) {
+            QByteArray bytes;
+            for (int i = 0; i < count; ++i) bytes.append(*station.port.GetChar());
+            bursts.push_back({clock.nowUs(), bytes});
+        };
+    }
+    bool send(const char* command) {
+        const QByteArray frame = wrap(QByteArray::fromHex(command), mode);
+        return mode == LineMode::Rtu ? station.port.PutBlock(frame) : station.port.PutString(frame);
+    }
+    // Whole reply to a command; waits two seconds.
+    QByteArray ask(const char* command) {
+        bursts.clear();
+        send(command);
+        clock.advance(2000);
+        QByteArray reply;
+        for (const auto& burst : bursts) reply.append(burst.second);
+        return reply;
+    }
+    QByteArray good(const char* body) const { return wrap(QByteArray::fromHex(body), mode); }
+
+    ManualTickClock clock;
+    LineMode mode;
+    PracticeStation station;
+    Bursts bursts;
+};
+
+constexpr auto Command = "FF0621000000";  // refused: read-only
+constexpr auto Refused = "FF8604";
+
+TEST(Line, PacesBothFramesToTheMicrosecond) {
+    Host rtu(lineOf(LineMode::Rtu));
+    rtu.ask(Command);
+    ASSERT_EQ(rtu.bursts.size(), 5u);
+    // 8 characters of 11 bits at 9600, 5 ms, then a character each 1.146 ms.
+    EXPECT_NEAR(double(rtu.bursts.front().first), 8 * 1145.8 + 5000 + 1145.8, 2);
+    EXPECT_NEAR(double(rtu.bursts.back().first), 8 * 1145.8 + 5000 + 5 * 1145.8, 2);
+
+    Host ascii(lineOf(LineMode::Ascii));
+    ascii.ask(Command);
+    ASSERT_EQ(ascii.bursts.size(), 11u);
+    EXPECT_NEAR(double(ascii.bursts.back().first), 17 * 1041.7 + 5000 + 11 * 1041.7, 2);
+
+    // At 1200 baud the 3.5 characters that end an RTU request outlast the turnaround.
+    Host slow(lineOf(LineMode::Rtu, 1200));
+    slow.ask(Command);
+    EXPECT_NEAR(double(slow.bursts.front().first), 8 * 9166.7 + 3.5 * 9166.7 + 9166.7, 3);
+}
+
+TEST(Line, BytesComeInBurstsAndPackets) {
+    const auto sizes = [](ByteFlow flow) {
+        Host host(lineOf(LineMode::Ascii, 9600, flow));
+        EXPECT_EQ(host.ask(Command), host.good(Refused));
+        std::vector<qsizetype> result;
+        for (const auto& burst : host.bursts) {
+            result.push_back(burst.second.size());
+            if (flow == ByteFlow::Usb) {
+                EXPECT_EQ(burst.first % 16000, 0);
+            }
+        }
+        return result;
+    };
+    EXPECT_EQ(sizes(ByteFlow::Single), std::vector<qsizetype>(11, 1));
+    EXPECT_EQ(sizes(ByteFlow::Fifo), (std::vector<qsizetype>{8, 3}));
+    EXPECT_EQ(sizes(ByteFlow::Usb), (std::vector<qsizetype>{8, 3}));
+}
+
+TEST(Line, IsDeafToOtherSettings) {
+    Host host(lineOf(LineMode::Ascii));
+    const PortSettings own = host.station.line.options().wire;
+    std::vector<PortSettings> others(4, own);
+    others[0].Baud = 19200;
+    others[1].DataBits = 8;
+    others[2].Parity = ComParity::Even;
+    others[3].StopBits = 1;
+    for (const PortSettings& other : others) {
+        host.station.port.setSettings(other);
+        EXPECT_EQ(host.ask(Command), QByteArray());
+    }
+    host.station.port.setSettings(own);
+    EXPECT_EQ(host.ask(Command), host.good(Refused));
+
+    for (const LineMode mode : {LineMode::Ascii, LineMode::Rtu}) {
+        LineOptions options = lineOf(mode);
+        options.wire.DataBits = 8;
+        Host other(options);
+        other.mode = mode == LineMode::Ascii ? LineMode::Rtu : LineMode::Ascii;
+        EXPECT_EQ(other.ask(Command), QByteArray());
+        other.mode = mode;
+        EXPECT_EQ(other.ask(Command), other.good(Refused));
+    }
+}
+
+class LineFaults : public testing::TestWithParam<LineMode> {};
+INSTANTIATE_TEST_SUITE_P(Modes, LineFaults, testing::Values(LineMode::Ascii, LineMode::Rtu));
+
+TEST_P(LineFaults, FailAsPlannedAndOnlyThen) {
+    Host host(lineOf(GetParam()));
+    FaultPlan& faults = host.station.line.faults();
+    const QByteArray good = host.good(Refused);
+    const QByteArray noise = GetParam() == LineMode::Ascii ? QByteArray("#") : QByteArray(1, '\0');
+    const std::vector<std::pair<LineFault, QByteArray>> cases{
+        {LineFault::Silent, {}},
+        {LineFault::BadCheck, withBadCheck(good, GetParam())},
+        {LineFault::CutShort, good.left(good.size() / 2)},
+        {LineFault::Noise, QByteArray(noise).append(good)},
+        {LineFault::Exception, host.good("FF8604")},
+        {LineFault::WrongFunction, host.good("FF8104")},
+        {LineFault::Echo, host.good(Command)},
+    };
+    for (const auto& [fault, reply] : cases) {
+        faults.failAt(2, fault);
+        EXPECT_EQ(host.ask(Command), good);
+        EXPECT_EQ(host.ask(Command), reply) << int(fault);
+        EXPECT_EQ(host.ask(Command), good);
+    }
+    faults.failNext(LineFault::Late);
+    host.ask(Command);
+    EXPECT_GT(host.bursts.front().first - host.station.port.writes().back().atUs, 400000);
+}
+
+TEST(Line, FaultsTakeEffectInTheDriveOrNot) {
+    Host host(lineOf(LineMode::Rtu));
+    MotorModel& motor = host.station.drive.motor();
+    host.station.line.faults().failNext(LineFault::Exception);
+    EXPECT_EQ(host.ask("FF0620010064"), host.good("FF8604"));
+    EXPECT_EQ(motor.commandHz(), 0);
+    host.station.line.faults().failNext(LineFault::Silent, 3);
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(host.ask("FF0620010064"), QByteArray());
+    EXPECT_EQ(motor.commandHz(), 1);
+    EXPECT_EQ(host.ask("FF0620010064"), host.good("FF0620010064"));
+}
+
+TEST(Line, ChanceIsTheSameOnEveryRun) {
+    const auto lost = [](uint32_t seed) {
+        FaultPlan plan;
+        plan.setSeed(seed);
+        plan.setChance(LineFault::Silent, 10);
+        plan.setChance(LineFault::BadCheck, 5);
+        std::vector<LineFault> faults(10000);
+        for (LineFault& fault : faults) fault = plan.next();
+        return faults;
+    };
+    const auto first = lost(1);
+    EXPECT_EQ(first, lost(1));
+    EXPECT_NE(first, lost(2));
+    EXPECT_NEAR(double(std::ranges::count(first, LineFault::Silent)), 1000, 150);
+    EXPECT_NEAR(double(std::ranges::count(first, LineFault::BadCheck)), 500, 100);
+}
+
+TEST(Line, MotorMovesWithTheTimeOfTheLine) {
+    Host host(lineOf(LineMode::Rtu));
+    host.ask("FF0620011770");
+    host.ask("FF0620000002");
+    const double seconds = host.station.drive.motor().settings.accelSeconds;
+    host.clock.advance(qint64(seconds * 1000));
+    host.ask("FF0321030001");
+    EXPECT_DOUBLE_EQ(host.station.drive.motor().outputHz(), 60);
+    EXPECT_EQ(host.ask("FF0321030001"), host.good("FF03021770"));
+}
+
+TEST(PracticePort, NotesWhatWasSent) {
+    Host rtu(lineOf(LineMode::Rtu));
+    rtu.send("FF0321100003");
+    rtu.station.port.PutBlock("\x01\x02");
+    EXPECT_EQ(rtu.station.port.transcript(), (QStringList{"FF0321100003", "?0102"}));
+    Host ascii(lineOf(LineMode::Ascii));
+    ascii.send("FF0620000002");
+    EXPECT_EQ(ascii.station.port.transcript(), QStringList{"FF0620000002"});
+    EXPECT_EQ(ascii.station.port.writes().front().bytes, ":FF0620000002D9\r\n");
+    EXPECT_FALSE(ascii.station.port.writes().front().block);
+}
+
+TEST(PracticePort, NeverCallsBackFromInsideACallNorIntoItsOwnHandler) {
+    Host host(lineOf(LineMode::Rtu));
+    PracticePort& port = host.station.port;
+    int depth = 0;
+    int calls = 0;
+    QByteArray taken;
+    bool inCall = false;
+    port.OnTriggerAvail = [&](int count) {
+        EXPECT_FALSE(inCall);
+        EXPECT_EQ(depth, 0);
+        ++depth;
+        ++calls;
+        for (int i = 0; i < count; ++i) taken.append(*port.GetChar());
+        if (calls == 1) host.clock.advance(1000);  // a nested event loop
+        --depth;
+    };
+    inCall = true;
+    host.send(Command);
+    port.setSettings(port.settings());
+    inCall = false;
+    host.clock.advance(2000);
+    EXPECT_EQ(taken, host.good(Refused));
+    EXPECT_EQ(calls, 2);
+}
+
+TEST(PracticePort, DropsAndClosesWithoutLeftovers) {
+    Host host(lineOf(LineMode::Rtu));
+    PracticePort& port = host.station.port;
+    int calls = 0;
+    port.OnTriggerAvail = [&](int) { ++calls; };
+    host.send(Command);
+    host.clock.advance(2000);
+    EXPECT_EQ(calls, 5);
+    port.dropInput();
+    EXPECT_EQ(port.GetChar(), std::nullopt);
+    host.send(Command);
+    port.close();
+    port.close();
+    EXPECT_FALSE(port.PutBlock("x"));
+    host.clock.advance(2000);
+    EXPECT_TRUE(port.open());
+    host.clock.advance(2000);
+    EXPECT_EQ(calls, 5);
+    port.close();
+    port.failOpen();
+    EXPECT_FALSE(port.open());
+    EXPECT_FALSE(port.openError().isEmpty());
+    EXPECT_TRUE(port.open());
+}
+
+TEST(PracticePort, LosesAnUnpluggedDriveAndFindsItAgain) {
+    Host host(lineOf(LineMode::Rtu));
+    PracticePort& port = host.station.port;
+    QStringList reasons;
+    port.onLost = [&](const QString& reason) { reasons.append(reason); };
+    port.unplug();
+    EXPECT_TRUE(reasons.isEmpty());
+    host.clock.advance(1);
+    EXPECT_EQ(reasons.size(), 1);
+    EXPECT_FALSE(port.Open());
+    EXPECT_FALSE(port.open());
+    port.plugIn();
+    EXPECT_TRUE(port.open());
+    EXPECT_EQ(host.ask(Command), host.good(Refused));
+    host.station.line.faults().failNext(LineFault::Unplugged);
+    EXPECT_EQ(host.ask(Command), QByteArray());
+    EXPECT_EQ(reasons.size(), 2);
+}
+
+// Both ports of the plant share one line; a whole identification goes over whichever is open.
+TEST(PracticePort, ServesTwoPortsInTurn) {
+    Host host(lineOf(LineMode::Ascii));
+    PracticePort second(host.clock, host.station.line);
+    QByteArray heard;
+    second.OnTriggerAvail = [&](int count) {
+        for (int i = 0; i < count; ++i) heard.append(*second.GetChar());
+    };
+    host.station.port.close();
+    second.setSettings(host.station.line.options().wire);
+    ASSERT_TRUE(second.open());
+    second.PutString(host.good("FF0321010001"));
+    host.clock.advance(1000);
+    EXPECT_TRUE(unwrap(heard, LineMode::Ascii));
+    second.close();
+    host.station.port.open();
+    EXPECT_EQ(host.ask(Command), host.good(Refused));
+}
+
+TEST(Line, SurvivesAnyInput) {
+    for (const LineMode mode : {LineMode::Ascii, LineMode::Rtu}) {
+        Host host(lineOf(mode, 115200));
+        std::mt19937 random(7);
+        for (int i = 0; i < 3000; ++i) {
+            QByteArray body = QByteArray::fromHex(i % 2 ? "FF0621000001" : "FF0321000010");
+            for (int k = 0; k < 3; ++k) body[qsizetype(random() % 5) + 1] = char(random());
+            body.resize(qsizetype(random() % 12));
+            QByteArray frame = wrap(body, mode);
+            if (i % 3 == 0 && !frame.isEmpty()) frame[qsizetype(random()) % frame.size()] = char(random());
+            host.station.port.PutBlock(frame);
+            host.clock.advance(20);
+        }
+        host.clock.advance(1000);
+        EXPECT_FALSE(host.ask("FF0321000001").isEmpty());
+    }
+}
+
+}  // namespace
+}  // namespace kelvane::drive

@@ -1,0 +1,146 @@
+#include "spreadsheet/spreadsheet_application.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "sample_workbooks.h"
+#include "spreadsheet/biff_reader.h"
+
+using namespace kelvane;
+
+namespace {
+
+class SpreadsheetTest : public testing::Test {
+protected:
+    QString path(const char* name = "x.xls") const { return folder.filePath(QString::fromLatin1(name)); }
+    QTemporaryDir folder;
+    SpreadsheetBackend backend = builtInSpreadsheet();
+    std::unique_ptr<SpreadsheetApplication> application = backend.create();
+};
+
+}  // namespace
+
+TEST_F(SpreadsheetTest, EveryOperationReachesTheFile) {
+    EXPECT_TRUE(backend.present());
+    ASSERT_TRUE(application->addWorkbook(path()).ok);
+    EXPECT_EQ(application->sheetCount(), 1);
+    application->nameSheet(1, QStringLiteral("Drive Info"));
+    application->addSheet();
+    application->nameSheet(2, QStringLiteral("Group 0"));
+    application->setValue(1, 1, QStringLiteral("Model"));
+    application->setRowHidden(6, true);
+    application->selectSheet(2);
+    application->setTextFormat(4, 6);
+    application->setValue(4, 6, QStringLiteral("50.00"));
+    application->setInteriorColour(4, 6, YellowIndex);
+    application->setFontColour(4, 6, WhiteIndex);
+    application->setBold(4, 6, true);
+    application->setColumnWidth(4, 20);
+    application->setColumnHidden(11, true);
+    application->merge({1, 1, 1, 10});
+    EXPECT_EQ(application->value(4, 6), QStringLiteral("50.00"));
+    EXPECT_FALSE(QFile::exists(path()));
+    ASSERT_TRUE(application->close(true).ok);
+
+    ASSERT_TRUE(application->openWorkbook(path()).ok);
+    EXPECT_EQ(application->sheetCount(), 2);
+    EXPECT_EQ(application->sheetName(2), QStringLiteral("Group 0"));
+    application->selectSheet(2);
+    EXPECT_EQ(application->value(4, 6), QStringLiteral("50.00"));
+    EXPECT_EQ(application->value(1, 1), QString());
+    EXPECT_FALSE(application->close(true).ok);  // a workbook that was opened is not written back
+
+    const Workbook book = readBiff(readWhole(path()).bytes).workbook;
+    const CellFormat marked{
+        .text = true, .bold = true, .interiorColour = YellowIndex, .fontColour = WhiteIndex};
+    EXPECT_TRUE(book.sheets.at(0).rows.at(6).hidden);
+    EXPECT_EQ(*book.sheets.at(1).find(4, 6), (SheetCell{6, marked, QStringLiteral("50.00")}));
+    EXPECT_EQ(book.sheets[1].columns.at(4), (SheetColumn{.width = 20, .hidden = false}));
+    EXPECT_TRUE(book.sheets[1].columns.at(11).hidden);
+    EXPECT_EQ(book.sheets[1].merged, (std::vector<CellRange>{{1, 1, 1, 10}}));
+}
+
+TEST_F(SpreadsheetTest, AFailedOperationWritesNothing) {
+    using Operation = void (*)(SpreadsheetApplication&);
+    const Operation operations[] = {[](auto& a) { a.setValue(65537, 1, {}); },
+                                    [](auto& a) { a.setValue(1, 257, {}); },
+                                    [](auto& a) { a.setBold(0, 1, true); },
+                                    [](auto& a) { a.setColumnHidden(0, true); },
+                                    [](auto& a) { a.setValue(1, 1, QString(MaxCellText + 1, u'x')); },
+                                    [](auto& a) { a.setInteriorColour(1, 1, 57); },
+                                    [](auto& a) { a.setFontColour(1, 1, -1); },
+                                    [](auto& a) { a.setColumnWidth(1, 256); },
+                                    [](auto& a) { a.selectSheet(2); },
+                                    [](auto& a) { a.nameSheet(1, QStringLiteral("a/b")); },
+                                    [](auto& a) { a.nameSheet(1, QString(32, u'x')); },
+                                    [](auto& a) {
+                                        a.merge({2, 1, 1, 1});
+                                    },
+                                    [](auto& a) {
+                                        a.merge({1, 1, 2, 2}), a.merge({2, 2, 3, 3});
+                                    },
+                                    [](auto& a) { a.addSheet(), a.nameSheet(2, QStringLiteral("SHEET1")); }};
+    ASSERT_TRUE(writeWhole(path(), "the old file").ok);
+    for (const Operation operation : operations) {
+        application->addWorkbook(path());
+        operation(*application);
+        const FileResult closed = application->close(true);
+        EXPECT_FALSE(closed.ok) << "operation " << (&operation - operations);
+        EXPECT_FALSE(closed.error.isEmpty());
+        EXPECT_EQ(readWhole(path()).bytes, "the old file");
+        EXPECT_TRUE(application->error().isEmpty());  // the next workbook begins clean
+    }
+    EXPECT_FALSE(application->close(true).ok);
+}
+
+TEST_F(SpreadsheetTest, FilesThatCannotBeOpenedOrSaved) {
+    EXPECT_FALSE(application->openWorkbook(path("missing.xls")).ok);
+    ASSERT_TRUE(writeWhole(path("text.xls"), "Larch|2.05").ok);
+    const FileResult opened = application->openWorkbook(path("text.xls"));
+    EXPECT_TRUE(opened.error.contains(QStringLiteral("text.xls"))) << opened.error.toStdString();
+    EXPECT_EQ(application->value(1, 1), QString());
+    application->addWorkbook(path("no such folder/x.xls"));
+    EXPECT_FALSE(application->close(true).ok);
+}
+
+TEST(SpreadsheetRoundTrip, SavedWorkbooksComeBackCellForCell) {
+    for (const int rows : {1, 31, 32, 33, 300, 1500}) {
+        const Workbook book = parameterWorkbook(2, rows);
+        const WorkbookResult read = readBiff(writeBiff(book).bytes);
+        EXPECT_TRUE(read.ok) << read.error.toStdString();
+        EXPECT_TRUE(read.workbook == book) << rows;
+    }
+    Workbook texts = textWorkbook();
+    for (int length = 8200; length < 8230; ++length)
+        texts.sheets[0].at(length, 2).text = QString(length, QChar(length));
+    EXPECT_TRUE(readBiff(writeBiff(texts).bytes).workbook == texts);
+}
+
+// Either the error is told or nothing is missing; memory and time stay bounded (the fuzz target goes
+// further).
+TEST(SpreadsheetDamage, EveryTruncationIsNoticed) {
+    const Workbook book = smallWorkbook();
+    const QByteArray file = writeBiff(book).bytes;
+    for (qsizetype length = 0; length < file.size(); ++length) {
+        const WorkbookResult read = readBiff(file.first(length));
+        EXPECT_EQ(read.ok, !read.workbook.sheets.empty());
+        EXPECT_TRUE(!read.ok || read.workbook == book) << length;
+    }
+}
+
+TEST(SpreadsheetDamage, EveryFlippedByteIsSurvived) {
+    const QByteArray file = writeBiff(smallWorkbook()).bytes;
+    int refused = 0;
+    for (qsizetype at = 0; at < file.size(); ++at)
+        for (const char mask : {'\x01', '\x80', '\xFF'}) {
+            QByteArray damaged = file;
+            damaged[at] = static_cast<char>(damaged[at] ^ mask);
+            const WorkbookResult read = readBiff(damaged);
+            EXPECT_EQ(read.ok, read.error.isEmpty());
+            EXPECT_EQ(read.ok, !read.workbook.sheets.empty());
+            refused += read.ok ? 0 : 1;
+        }
+    EXPECT_GT(refused, 100);
+}

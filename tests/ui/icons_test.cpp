@@ -1,0 +1,91 @@
+#include "ui/icons.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QPalette>
+#include <set>
+
+#include "base/drive_family.h"
+
+namespace kelvane {
+namespace {
+
+int inkedPixels(const QImage& image) {
+    int count = 0;
+    for (int row = 0; row < image.height(); ++row)
+        for (int column = 0; column < image.width(); ++column) count += qAlpha(image.pixel(column, row)) > 40;
+    return count;
+}
+
+QByteArray bytes(const QImage& image) {
+    return {reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()};
+}
+
+QImage drawn(const QIcon& icon, QIcon::Mode mode = QIcon::Normal) {
+    return icon.pixmap(QSize(24, 24), 1, mode).toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+TEST(Icons, EveryOneIsDrawnAndLooksLikeNoOther) {
+    std::set<QByteArray> seen;
+    for (int k = 0; k < static_cast<int>(Icon::Count_); ++k) {
+        const Icon which = static_cast<Icon>(k);
+        const QImage image = drawn(icon(which));
+        EXPECT_GT(inkedPixels(image), 20) << iconName(which).toStdString();
+        EXPECT_TRUE(seen.insert(bytes(image)).second) << iconName(which).toStdString();
+        const QImage disabled = drawn(icon(which), QIcon::Disabled);
+        EXPECT_GT(inkedPixels(disabled), 20) << iconName(which).toStdString();
+        EXPECT_NE(bytes(disabled), bytes(image)) << iconName(which).toStdString();
+    }
+    EXPECT_TRUE(icon(Icon::Count_).isNull());
+    EXPECT_FALSE(applicationIcon().pixmap(64).isNull());
+    EXPECT_GT(inkedPixels(applicationIcon().pixmap(64).toImage()), 2000);
+}
+
+TEST(Icons, FollowThePalette) {
+    const QPalette before = QApplication::palette();
+    const QIcon save = icon(Icon::Save);
+    const QImage onLight = drawn(save);
+    QPalette dark = before;
+    dark.setColor(QPalette::Window, QColor(0x2b, 0x2b, 0x2b));
+    dark.setColor(QPalette::WindowText, Qt::white);
+    QApplication::setPalette(dark);
+    EXPECT_NE(bytes(drawn(save)), bytes(onLight));
+    QApplication::setPalette(before);
+    EXPECT_EQ(bytes(drawn(save)), bytes(onLight));
+}
+
+TEST(TreeImages, AreFiveAndTheLastIsTheParameterList) {
+    for (int index = 0; index <= 4; ++index) EXPECT_FALSE(treeImage(index).isNull()) << index;
+    EXPECT_EQ(bytes(drawn(treeImage(4))), bytes(drawn(icon(Icon::TreeParameters))));
+    EXPECT_TRUE(treeImage(-1).isNull());
+    EXPECT_TRUE(treeImage(5).isNull());
+}
+
+TEST(FamilyPictures, OneForEachFamilyAllDifferent) {
+    std::set<QByteArray> seen;
+    for (const Family family : AllFamilies) {
+        const QImage image = familyPicture(static_cast<quint8>(family)).toImage();
+        EXPECT_GT(inkedPixels(image), 160 * 200 / 4) << familyName(family);
+        EXPECT_TRUE(seen.insert(bytes(image)).second) << familyName(family);
+    }
+    for (const int none : {7, 10, 20, 255}) EXPECT_TRUE(familyPicture(static_cast<quint8>(none)).isNull());
+    EXPECT_EQ(familyPicture(2, {80, 100}, 2).size(), QSize(160, 200));
+    EXPECT_GT(inkedPixels(logoPicture().toImage()), 3000);
+}
+
+TEST(PictureBox, ShowsWhatItIsTold) {
+    PictureBox box;
+    EXPECT_TRUE(box.isEmpty());
+    box.showFamily(static_cast<quint8>(Family::Larch));
+    EXPECT_FALSE(box.isEmpty());
+    EXPECT_EQ(box.accessibleName(), "Larch");
+    box.showFamily(7);
+    EXPECT_TRUE(box.isEmpty());
+    box.showLogo();
+    EXPECT_FALSE(box.isEmpty());
+}
+
+}  // namespace
+}  // namespace kelvane

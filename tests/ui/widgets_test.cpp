@@ -1,0 +1,212 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include "base/manual_tick_clock.h"
+#include "ui/display_label.h"
+#include "ui/icons.h"
+#include "ui/lamp.h"
+#include "ui/path_label.h"
+#include "ui/power_button.h"
+#include "ui/readable_colours.h"
+#include "ui/scanner.h"
+#include "ui/transparent_button.h"
+
+namespace kelvane {
+namespace {
+
+QString spoken(QWidget& widget, QAccessible::Text kind) {
+    return QAccessible::queryAccessibleInterface(&widget)->text(kind);
+}
+
+// Number of pixels in which two pictures of a widget differ when both are drawn without colour.
+int differentInGrey(const QPixmap& a, const QPixmap& b) {
+    const QImage x = a.toImage().convertToFormat(QImage::Format_Grayscale8);
+    const QImage y = b.toImage().convertToFormat(QImage::Format_Grayscale8);
+    int count = 0;
+    for (int row = 0; row < x.height(); ++row)
+        for (int column = 0; column < x.width(); ++column)
+            count += std::abs(qGray(x.pixel(column, row)) - qGray(y.pixel(column, row))) > 40;
+    return count;
+}
+
+TEST(AbLED, OnAndOffDifferWithoutColourAndAreSpoken) {
+    AbLED lamp("On Line");
+    lamp.setColor(lamp.palette().color(QPalette::Window));
+    const QPixmap off = lamp.grab();
+    EXPECT_EQ(spoken(lamp, QAccessible::Value), "off");
+    lamp.setProperty("checked", true);
+    EXPECT_GT(differentInGrey(off, lamp.grab()), 10);
+    EXPECT_EQ(spoken(lamp, QAccessible::Name), "On Line");
+    EXPECT_EQ(spoken(lamp, QAccessible::Value), "on");
+    lamp.setProperty("flashing", true);
+    EXPECT_EQ(spoken(lamp, QAccessible::Value), "flashing");
+}
+
+TEST(AbLED, IsPressedOnlyWhenClickableAndChangesByItselfOnlyInAChoice) {
+    QWidget window;
+    auto* column = new QVBoxLayout(&window);
+    AbLED drive("Source from Drive");
+    AbLED file("Source from File");
+    column->addWidget(&drive);
+    column->addWidget(&file);
+    window.show();
+    QSignalSpy clicks(&file, &AbLED::clicked);
+    QSignalSpy doubles(&file, &AbLED::doubleClicked);
+    QTest::mouseClick(&file, Qt::LeftButton);
+    EXPECT_EQ(clicks.size(), 0);
+    QTest::mouseDClick(&file, Qt::LeftButton);
+    EXPECT_EQ(doubles.size(), 1) << "a lamp that only shows still tells a double click";
+
+    for (AbLED* lamp : {&drive, &file}) lamp->setClickable(true);
+    QTest::mouseClick(&file, Qt::LeftButton);
+    EXPECT_EQ(clicks.size(), 1);
+    EXPECT_FALSE(file.isChecked());
+    for (AbLED* lamp : {&drive, &file}) lamp->setAutoExclusive(true);
+    drive.setChecked(true);
+    QTest::keyClick(&file, Qt::Key_Space);
+    EXPECT_TRUE(file.isChecked());
+    EXPECT_FALSE(drive.isChecked());
+}
+
+TEST(LampFlasher, BlinksEveryThreeHundredMillisecondsAndRestsWhenNothingFlashes) {
+    ManualTickClock clock;
+    LampFlasher flasher(clock);
+    AbLED run("RUN");
+    {
+        AbLED gone("JOG");
+        flasher.watch(&gone);
+    }
+    flasher.watch(&run);
+    run.setChecked(true);
+    EXPECT_FALSE(clock.step()) << "no tick while nothing flashes";
+    run.setFlashing(true);
+    clock.advance(299);
+    EXPECT_TRUE(run.lit());
+    clock.advance(1);
+    EXPECT_FALSE(run.lit());
+    clock.advance(300);
+    EXPECT_TRUE(run.lit());
+    clock.advance(300);
+    run.setFlashing(false);
+    EXPECT_TRUE(run.lit());
+    EXPECT_FALSE(clock.step());
+    run.setFlashing(true);
+    EXPECT_TRUE(run.lit()) << "it begins bright, however it ended";
+}
+
+TEST(VrIndicator, ClipsItsPositionAndShowsIt) {
+    VrIndicator bar;
+    bar.resize(200, 16);
+    bar.setPosition(-5);
+    EXPECT_EQ(bar.position(), -1);
+    const QPixmap parked = bar.grab();
+    bar.setPosition(90);
+    EXPECT_GT(differentInGrey(parked, bar.grab()), 100);
+    bar.setPosition(250);
+    EXPECT_EQ(bar.position(), 100);
+    EXPECT_EQ(spoken(bar, QAccessible::Value), "100");
+
+    VrScanner scanner;
+    EXPECT_EQ(scanner.position(), -1);
+    scanner.resize(200, 16);
+    const QPixmap still = scanner.grab();
+    scanner.setPosition(0);
+    EXPECT_GT(differentInGrey(still, scanner.grab()), 100);
+}
+
+TEST(VrLabel, ShowsADrivesTextAsItIsAndReadableInToldColours) {
+    VrLabel label("<b>OL</b> & 5");
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
+    const int wide = label.sizeHint().width();
+    EXPECT_GE(wide, label.fontMetrics().horizontalAdvance("<b>OL</b> & 5"));
+    label.setProperty("color", QColor(Qt::white));
+    EXPECT_EQ(label.palette().color(QPalette::Text), QColor(Qt::white));
+    EXPECT_GE(contrast(Qt::white, label.palette().color(QPalette::Base)), 3.5);
+    label.setColor({});
+    EXPECT_EQ(label.palette().color(QPalette::Base), QApplication::palette().color(QPalette::Base));
+    label.setCharacters(30);
+    EXPECT_GT(label.sizeHint().width(), wide);
+    label.setText("");
+    EXPECT_GE(label.sizeHint().height(), label.fontMetrics().height());
+}
+
+TEST(TransparentButton, TakesCaptionsFromLanguageFilesAsTheyStand) {
+    QWidget window;
+    auto* row = new QHBoxLayout(&window);
+    TransparentButton button(icon(Icon::Save), "Save");
+    row->addWidget(&button);
+    window.show();
+    const int narrow = button.sizeHint().width();
+    button.setProperty("text", "R&D: Save & Go, lesen und speichern");
+    EXPECT_EQ(button.text(), "R&D: Save & Go, lesen und speichern");
+    EXPECT_TRUE(button.shortcut().isEmpty());
+    EXPECT_GT(button.sizeHint().width(), button.fontMetrics().horizontalAdvance(button.text()));
+    EXPECT_GT(button.sizeHint().width(), narrow);
+    QSignalSpy clicks(&button, &QToolButton::clicked);
+    QTest::keyClick(&button, Qt::Key_Return);
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_EQ(clicks.size(), 2);
+    EXPECT_EQ(spoken(button, QAccessible::Name), button.text());
+}
+
+TEST(VrPowerButton, SwitchesByMouseAndKeyAndShowsItWithoutColour) {
+    VrPowerButton button("Start & Stop");
+    button.setColor(button.palette().color(QPalette::Button));
+    const QPixmap off = button.grab();
+    QSignalSpy clicks(&button, &VrPowerButton::clicked);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_TRUE(button.isChecked());
+    button.setColor(QColor(0, 140, 60));
+    EXPECT_GT(differentInGrey(off, button.grab()), 20);
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_FALSE(button.isChecked());
+    EXPECT_EQ(clicks.size(), 2);
+    EXPECT_EQ(button.text(), "Start & Stop");
+    EXPECT_EQ(spoken(button, QAccessible::Value), "off");
+}
+
+struct Shortening {
+    const char* path;
+    int width;
+    const char* shown;
+};
+
+class CalLabelString : public testing::TestWithParam<Shortening> {};
+
+TEST_P(CalLabelString, LeavesOutFoldersBeforeTheFileName) {
+    const auto characters = [](const QString& text) { return static_cast<int>(text.size()); };
+    EXPECT_EQ(calLabelString(GetParam().path, GetParam().width, characters), GetParam().shown);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Paths, CalLabelString,
+    testing::Values(Shortening{"/home/anna/drives/pump.txt", 26, "/home/anna/drives/pump.txt"},
+                    Shortening{"/home/anna/drives/pump.txt", 21, "/home/ann.../pump.txt"},
+                    Shortening{"C:\\Data\\Drives\\pump.txt", 17, "C:\\Da...\\pump.txt"},
+                    Shortening{"/home/anna/drives/pump.txt", 12, ".../pump.txt"},
+                    Shortening{"/home/anna/drives/pump.txt", 11, "pump.txt"},
+                    Shortening{"/home/anna/pumpenantrieb.txt", 13, "pumpe...b.txt"},
+                    Shortening{"pumpenantrieb.txt", 13, "pumpe...b.txt"},
+                    Shortening{"/home/anna/pump.txt", 2, ""}, Shortening{"", 0, ""}));
+
+TEST(PathLabel, FitsItsTextToItsWidthAndKeepsThePathWhole) {
+    PathLabel label;
+    const QString path = "/home/anna/commissioning/hall seven/line 3/drives/pump.txt";
+    label.setPath(path);
+    label.resize(label.sizeHint());
+    EXPECT_EQ(label.text(), path);
+    label.resize(label.fontMetrics().averageCharWidth() * 25, 20);
+    label.show();
+    EXPECT_TRUE(label.text().endsWith("/pump.txt"));
+    EXPECT_LE(label.fontMetrics().horizontalAdvance(label.text()), label.width());
+    EXPECT_EQ(label.toolTip(), path);
+}
+
+}  // namespace
+}  // namespace kelvane
