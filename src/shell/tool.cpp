@@ -18,7 +18,7 @@ Tool::Tool(const ToolBench& toolBench)
       ports(PortDirectory::ofFolder(bench.folder.path())),
       linkPort(ports, bench.makePort, LinkPortAtCreation),
       setupPort(ports, bench.makePort, SetupPortAtCreation),
-      link({bench.clock, bench.wallClock, bench.person, linkPort, bench.language.table}, BrandVariant),
+      link({bench.clock, bench.wallClock, bench.person, linkPort, bench.language.table}, BrandVariantOfBuild),
       comSetup(link, setupPort, bench.clock),
       identification(link, groupNames, bench.language.table),
       presence(linkPort, [this](int number) { return ports.isPresent(number); },
