@@ -1,5 +1,5 @@
-// What the Parameter window's engines work on: the link, the clock, the group names and the way into com setup,
-// with the few questions that reading and writing both put to the link.
+// What the Parameter window's engines work on: the link, the clock, the group names and the way into com
+// setup, with the few questions that reading and writing both put to the link.
 #pragma once
 
 #include <functional>
@@ -21,8 +21,8 @@ struct ParameterBench {
     bool goOnLine() const;
     // Pushes a request and starts the link, which runs no poll for this window.
     void request(quint8 task, const QString& command) const;
-    // The queues were emptied since the port could not be opened, and the link is about to try again: what this
-    // window waits for has to be pushed anew, or the wait would never end.
+    // The queues were emptied since the port could not be opened, and the link is about to try again: what
+    // this window waits for has to be pushed anew, or the wait would never end.
     bool requestThrownAway() const;
 };
 

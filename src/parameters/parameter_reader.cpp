@@ -133,8 +133,9 @@ void ParameterReader::showTree() {
 
 void ParameterReader::showProgress(const Plan& plan) {
     m_progress.glyph = ProgressGlyph::ReadDrive;
-    m_progress.show(QStringLiteral("Reading parameters from ") % m_screen.ModelVrLabel % QStringLiteral(" ..."),
-                    plan.total - groupCount(), plan.total, ReadProgressWidth);
+    m_progress.show(
+        QStringLiteral("Reading parameters from ") % m_screen.ModelVrLabel % QStringLiteral(" ..."),
+        plan.total - groupCount(), plan.total, ReadProgressWidth);
 }
 
 // ---- Tick ----
@@ -246,7 +247,8 @@ void ParameterReader::stepOn() {
 void ParameterReader::askWhenCancelled() {
     // Kept: the mark is looked at after a reply only; without one, Cancel does nothing.
     if (!m_progress.cancelMark) return;
-    const bool terminate = m_bench.link.operatorAsked().yes(QStringLiteral("Are you sure terminate ?"), Cofirm);
+    const bool terminate =
+        m_bench.link.operatorAsked().yes(QStringLiteral("Are you sure terminate ?"), Cofirm);
     if (!terminate && m_progress.shown) m_progress.showAgain();
 }
 

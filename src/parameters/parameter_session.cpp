@@ -26,7 +26,8 @@ ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, con
         return ProcessAdvStringGridGetCellColor(FileAdvStringGrid, fileTable.identity.family, column, row);
     };
     SubDriveAdvStringGrid.cellColours = [this](int column, int row) {
-        return ProcessAdvStringGridGetCellColor(SubDriveAdvStringGrid, driveTable.identity.family, column, row);
+        return ProcessAdvStringGridGetCellColor(SubDriveAdvStringGrid, driveTable.identity.family, column,
+                                                row);
     };
     SubFileAdvStringGrid.cellColours = [this](int column, int row) {
         return ProcessAdvStringGridGetCellColor(SubFileAdvStringGrid, fileTable.identity.family, column, row);
@@ -153,7 +154,8 @@ void ParameterSession::CloseTab() {
     if (tab == ParameterTab::None) return;
     if (tab != ParameterTab::Compare) {
         const TableSide side = tab == ParameterTab::Drive ? TableSide::Drive : TableSide::File;
-        if (bench.link.operatorAsked().yes(bench.link.lang().MsgStr(17), Cofirm) && saveTable) saveTable(side);
+        if (bench.link.operatorAsked().yes(bench.link.lang().MsgStr(17), Cofirm) && saveTable)
+            saveTable(side);
         closeSide(side);
     }
     if (tab == ParameterTab::Drive) screen.DriveTabSheet = false;

@@ -15,7 +15,8 @@ const QString NoRow = QStringLiteral("- -");
 
 }  // namespace
 
-ParameterWriter::ParameterWriter(ParameterBench& bench, const ParameterScreen& screen, ProgressDialog& progress)
+ParameterWriter::ParameterWriter(ParameterBench& bench, const ParameterScreen& screen,
+                                 ProgressDialog& progress)
     : WriteTimer(bench.clock, TickKind::Stepping, 1, [this] { WriteTimerTimer(); }),
       readBack(bench, screen, progress, AdvStringGrid1, WriteWaiting),
       m_bench(bench) {
@@ -133,8 +134,8 @@ std::optional<QString> ParameterWriter::nextCommand() {
     if (!isAspen() && WriteRow == rowCount()) return QString::fromLatin1(ClosingCommand);
     const std::optional<QString> command = writeCommand(AdvStringGrid1, WriteRow);
     if (!command) return std::nullopt;
-    form.PrLabel = QStringLiteral("Pr. ") % AdvStringGrid1.cell(column::PrNo, WriteRow) % QStringLiteral("   ") %
-                   AdvStringGrid1.cell(column::Description, WriteRow);
+    form.PrLabel = QStringLiteral("Pr. ") % AdvStringGrid1.cell(column::PrNo, WriteRow) %
+                   QStringLiteral("   ") % AdvStringGrid1.cell(column::Description, WriteRow);
     Q_EMIT changed();
     return command;
 }
@@ -170,9 +171,10 @@ void ParameterWriter::recordRefusal() {
                       WriteRow == 0 ? QStringLiteral("3") : QStringLiteral("5"), code, status.ExceptionText});
         return;
     }
-    addErrorLine(ErrorAdvStringGrid, {AdvStringGrid1.cell(column::PrNo, WriteRow),
-                                      AdvStringGrid1.cell(column::Description, WriteRow),
-                                      AdvStringGrid1.cell(column::Data, WriteRow), code, status.ExceptionText});
+    addErrorLine(
+        ErrorAdvStringGrid,
+        {AdvStringGrid1.cell(column::PrNo, WriteRow), AdvStringGrid1.cell(column::Description, WriteRow),
+         AdvStringGrid1.cell(column::Data, WriteRow), code, status.ExceptionText});
 }
 
 // True when the run is over.
@@ -190,9 +192,10 @@ bool ParameterWriter::takeAnswer() {
 
 // A row that cannot be sent: its value is no integer, which only a file can hold.
 bool ParameterWriter::skipRow() {
-    addErrorLine(ErrorAdvStringGrid,
-                 {AdvStringGrid1.cell(column::PrNo, WriteRow), AdvStringGrid1.cell(column::Description, WriteRow),
-                  AdvStringGrid1.cell(column::Data, WriteRow), QString(), m_bench.link.lang().MsgStr(23)});
+    addErrorLine(
+        ErrorAdvStringGrid,
+        {AdvStringGrid1.cell(column::PrNo, WriteRow), AdvStringGrid1.cell(column::Description, WriteRow),
+         AdvStringGrid1.cell(column::Data, WriteRow), QString(), m_bench.link.lang().MsgStr(23)});
     stepBar();
     WriteTimer.kick();
     return stepRow();

@@ -16,7 +16,8 @@ struct DriveRecord {
 inline constexpr int TwoPlacesRunSet = 0x0202;
 inline const DriveRecord R1{{6000, 60000, 5000, TwoPlacesRunSet, 6000}};
 
-// On line in the parameter window, as Tilia with group 0 (two parameters), 1 (three) and the reserved group 2.
+// On line in the parameter window, as Tilia with group 0 (two parameters), 1 (three) and the reserved
+// group 2.
 struct ParameterLinkBench : SchedulerBench {
     GroupNameTable names;
     ParameterSession session{link, clock, names};
@@ -70,7 +71,8 @@ struct ParameterLinkBench : SchedulerBench {
         }
         send();
     }
-    // A table from drive with rows 01-00, 01-01, ... of these value texts, two places each; the boxes are set.
+    // A table from drive with rows 01-00, 01-01, ... of these value texts, two places each; the boxes are
+    // set.
     void openTable(const QStringList& values) {
         table.identity.family = static_cast<Family>(link.DriveStatus.DriveFamily);
         fillGroupRow(table.grid, 1, QStringLiteral("1 - Basic"));

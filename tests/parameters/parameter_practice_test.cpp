@@ -1,4 +1,5 @@
-// Whole sessions of the parameter window with the practice drive of each family, over a paced line that fails.
+// Whole sessions of the parameter window with the practice drive of each family, over a paced line that
+// fails.
 
 #include <map>
 
@@ -61,7 +62,9 @@ struct PracticeBench {
     }
 };
 
-QString valueOf(const drive::ParamRow& row, int value) { return InsertDecimalPoint(QString::number(value), row.dot); }
+QString valueOf(const drive::ParamRow& row, int value) {
+    return InsertDecimalPoint(QString::number(value), row.dot);
+}
 
 class PracticeSession : public testing::TestWithParam<Family> {};
 
@@ -88,6 +91,7 @@ TEST_P(PracticeSession, ReadsEveryRowOverALineThatFails) {
             }
         }
         EXPECT_EQ(grid.RowCount(), row);
+        EXPECT_GT(b.station.line.faults().replies(), quint64(b.session.progress.total)) << "nothing failed";
     }
 }
 

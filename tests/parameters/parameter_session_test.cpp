@@ -50,18 +50,21 @@ TEST(KeypadSource, ReadsValuesOnly) {
         b.answerWords({1});
     }
     EXPECT_EQ(b.link.DriveStatus.DriveReady, 1);
-    EXPECT_EQ(b.readAll({{7}}), (QStringList{"FF0300000001", "FF0300010001", "FF0301000001", "FF0301010001"}));
+    EXPECT_EQ(b.readAll({{7}}),
+              (QStringList{"FF0300000001", "FF0300010001", "FF0301000001", "FF0301010001"}));
     EXPECT_EQ(b.screen.driveRoot.text, "Drive [ Keypad ]");
     EXPECT_EQ(b.screen.driveRoot.children.last(), "1 - Group1");
     QStringList row;
     for (int c = column::PrNo; c <= column::RunSet; ++c) row += b.table.grid.cell(c, 3);
-    EXPECT_EQ(row, (QStringList{"00-01", "0001H", "", "", "7", "0", "0", "0", "Writable", "0001", "0", "false"}));
+    EXPECT_EQ(row,
+              (QStringList{"00-01", "0001H", "", "", "7", "0", "0", "0", "Writable", "0001", "0", "false"}));
 }
 
 TEST(ParameterSession, WriteAsksForTheSourceWhenBothTablesAreOpen) {
     ParameterLinkBench b(2);
     QString label;
-    QObject::connect(&b.session, &ParameterSession::writeSourceWanted, [&](const QString& text) { label = text; });
+    QObject::connect(&b.session, &ParameterSession::writeSourceWanted,
+                     [&](const QString& text) { label = text; });
     b.person.expectBox("There is no parameter table be opened !", "Cofirm");
     b.session.WriteAllTransparentButtonClick();
     b.link.Lamp.ComStatusAbLED = QStringLiteral("Off Line");

@@ -41,7 +41,10 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         WriteOrder{Larch, {"60.00"}, {}, {"FF0620050003", "FF0601001770", "FF0620050005", "FF0301000001"}},
         WriteOrder{Aspen, {"60.00"}, {}, {"FF0601001770", "FF0301000001"}},
-        WriteOrder{Aspen, {"1.5", "2.00", "-.5"}, {1}, {"FF06010100C8", "FF060102FFFB", "FF0301010001", "FF0301020001"}},
+        WriteOrder{Aspen,
+                   {"1.5", "2.00", "-.5"},
+                   {1},
+                   {"FF06010100C8", "FF060102FFFB", "FF0301010001", "FF0301020001"}},
         WriteOrder{Rowan, {"1.5"}, {}, {"FF0620050003", "FF060100000F", "FF0620050005", "FF0301000001"}},
         WriteOrder{Larch,
                    {"60.00", "7", "15.00"},
@@ -125,7 +128,8 @@ TEST(ParameterWriter, KeepsDefaultsOfACancelledReset) {
     EXPECT_EQ(b.writer.AdvStringGrid1.cell(column::Data, 1), "40.00");
     b.writer.AdvStringGrid1.setCheckBox(2, false);
     b.writer.CancelTransparentButtonClick();
-    EXPECT_EQ(ParameterLinkBench::column(b.table.grid, column::Data), (QStringList{"*****", "40.00", "61.00"}));
+    EXPECT_EQ(ParameterLinkBench::column(b.table.grid, column::Data),
+              (QStringList{"*****", "40.00", "61.00"}));
     EXPECT_TRUE(b.table.grid.edited(2));
     b.session.driveHistory.undo();
     EXPECT_EQ(b.table.grid.cell(column::Data, 2), "60.00");
@@ -195,7 +199,8 @@ TEST(ParameterWriter, RowsThatCannotBeSentAreRecordedAndSkipped) {
     b.refuse(4, "Read only           ");
     EXPECT_EQ(b.asked15, "FF033304000A");
     EXPECT_EQ(b.writeAll(), QStringList{"FF0620050005"});
-    EXPECT_EQ(ParameterLinkBench::column(b.writer.ErrorAdvStringGrid, 3), (QStringList{"fast", "15.00", "3.00", ""}));
+    EXPECT_EQ(ParameterLinkBench::column(b.writer.ErrorAdvStringGrid, 3),
+              (QStringList{"fast", "15.00", "3.00", ""}));
     EXPECT_EQ(b.writer.ErrorAdvStringGrid.cell(5, 1), "Value is not Legal !! Please check it ...");
 }
 
@@ -227,10 +232,11 @@ TEST(ParameterWriter, UnplugAndRetryGoesOnAtTheSameRow) {
     b.answer("FF0620050003");
     b.send();
     b.port.isOpen = b.port.canOpen = false;
-    b.person.expectLinkFailure("Communication Timeout", true, LinkAnswer::Retry, [&] { b.port.canOpen = true; });
+    b.person.expectLinkFailure("Communication Timeout", true, LinkAnswer::Retry,
+                               [&] { b.port.canOpen = true; });
     for (int i = 0; i < 5; ++i) b.staySilent();
-    EXPECT_EQ(b.writeAll(), (QStringList{"FF0601001770", "FF06010105DC", "FF0620050005", "FF0301000001",
-                                         "FF0301010001"}));
+    EXPECT_EQ(b.writeAll(),
+              (QStringList{"FF0601001770", "FF06010105DC", "FF0620050005", "FF0301000001", "FF0301010001"}));
 }
 
 TEST(ParameterWriter, AbortEndsTheRunWithALineAndStillReadsBack) {
