@@ -14,11 +14,14 @@ struct ParameterBench {
     RequestScheduler& link;
     TickClock& clock;
     const GroupNameTable& names;
-    std::function<void()> openComSetup;  // runs com setup to its end
+    // Opens com setup and calls then when all its windows have closed, on line or not.
+    std::function<void(std::function<void()> then)> openComSetup;
 
     bool offLine() const { return link.Lamp.ComStatusAbLED == QLatin1String("Off Line"); }
-    // Off line: tells so and opens com setup. True when the lamp reads "On Line" in the end.
-    bool goOnLine() const;
+    // Off line: tells so and opens com setup. then is called after it, or at once when the link is on line.
+    void goOnLine(const std::function<void()>& then) const;
+    // The same, but go is called only if the lamp reads "On Line" in the end.
+    void whenOnLine(const std::function<void()>& go) const;
     // Pushes a request and starts the link, which runs no poll for this window.
     void request(quint8 task, const QString& command) const;
     // The queues were emptied since the port could not be opened, and the link is about to try again: what

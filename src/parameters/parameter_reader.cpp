@@ -52,7 +52,16 @@ int ParameterReader::highestNumber(int G) const {
 // ---- Start ----
 
 void ParameterReader::ReadDriveTransparentButtonClick() {
-    if (!driveIsThere()) return;
+    m_bench.goOnLine([this] {
+        if (m_bench.offLine()) {
+            m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(8), Cofirm);
+        } else {
+            startRead();
+        }
+    });
+}
+
+void ParameterReader::startRead() {
     prepareTable();
     Plan plan;
     const bool groups = fillGroupList(plan);
@@ -78,13 +87,6 @@ void ParameterReader::ShowReservedParametersClick() {
     m_screen.RparaAbLED = true;
     Q_EMIT screenChanged();
     ReadDriveTransparentButtonClick();
-}
-
-bool ParameterReader::driveIsThere() {
-    m_bench.goOnLine();
-    if (!m_bench.offLine()) return true;
-    m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(8), Cofirm);
-    return false;
 }
 
 void ParameterReader::prepareTable() {

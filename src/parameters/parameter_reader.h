@@ -61,7 +61,7 @@ class ParameterReader : public QObject {
     void RxTimerTimer();
 
     // Start.
-    bool driveIsThere();
+    void startRead();
     void prepareTable();
     void takeIdentity();
     bool fillGroupList(Plan& plan);

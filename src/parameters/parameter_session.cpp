@@ -180,7 +180,11 @@ void ParameterSession::closeSide(TableSide side) {
 // ---- Writing ----
 
 void ParameterSession::startWrite(WriteMode mode) {
-    if (!bench.goOnLine() || !anyTableOpen()) return;
+    bench.whenOnLine([this, mode] { chooseWriteSource(mode); });
+}
+
+void ParameterSession::chooseWriteSource(WriteMode mode) {
+    if (!anyTableOpen()) return;
     if (!screen.DriveTabSheet || !screen.FileTabSheet) {
         write(screen.DriveTabSheet ? TableSide::Drive : TableSide::File, mode, false);
         return;
@@ -192,8 +196,9 @@ void ParameterSession::startWrite(WriteMode mode) {
 void ParameterSession::writeSourceChosen(TableSide side) { write(side, m_wantedMode, false); }
 
 void ParameterSession::ResetParameterClick() {
-    if (!bench.goOnLine() || !anyTableOpen()) return;
-    if (screen.DriveTabSheet) write(TableSide::Drive, WriteMode::All, true);
+    bench.whenOnLine([this] {
+        if (anyTableOpen() && screen.DriveTabSheet) write(TableSide::Drive, WriteMode::All, true);
+    });
 }
 
 void ParameterSession::write(TableSide side, WriteMode mode, bool useDefaults) {

@@ -85,6 +85,7 @@ class ParameterSession : public QObject {
    private:
     void mirrorModel();
     void startWrite(WriteMode mode);
+    void chooseWriteSource(WriteMode mode);
     void write(TableSide side, WriteMode mode, bool useDefaults);
     void refreshSubTables();
     void closeSide(TableSide side);

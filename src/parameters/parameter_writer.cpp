@@ -72,7 +72,11 @@ void ParameterWriter::OKTransparentButtonClick() {
         person.tell(m_bench.link.lang().MsgStr(9), Cofirm);
         return;
     }
-    if (!m_bench.goOnLine()) return;
+    m_bench.whenOnLine([this, checked] { startWrites(checked); });
+}
+
+void ParameterWriter::startWrites(int checked) {
+    Operator& person = m_bench.link.operatorAsked();
     if (!person.yes(m_bench.link.lang().MsgStr(25), Cofirm) || !form.shown) return;
     WriteCount = static_cast<quint16>(checked);
     m_bench.link.ParamRead.WriteDone = 0;

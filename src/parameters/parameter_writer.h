@@ -64,6 +64,7 @@ class ParameterWriter : public QObject {
     void closed();              // the values are back in the table
 
    private:
+    void startWrites(int checked);
     void WriteTimerTimer();
     bool passesOver() const;
     bool sendCommand();

@@ -24,7 +24,9 @@ Tool::Tool(const ToolBench& toolBench)
       presence(linkPort, [this](int number) { return ports.isPresent(number); },
                [this](const QString& text) { link.ShowHistoryMsg(text); }),
       watcher(presence),
-      rules(link) {
+      rules(link),
+      parameters(link, bench.clock, groupNames) {
+    parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) { return setComSetupForKeypad(choice); };
     linkPort.onLost = [this](const QString& reason) { watcher.portLost(reason); };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
     loadDefaultProject();
@@ -32,6 +34,16 @@ Tool::Tool(const ToolBench& toolBench)
 }
 
 void Tool::followPort() { watcher.follow(linkPort.target().devicePath); }
+
+// Through the boxes, as a person would.
+PortSettings Tool::setComSetupForKeypad(const ComSetupChoice& choice) {
+    comSetup.ModeComboBoxChange(ComSetup::modeItems()[choice.mode == LinkMode::Rtu]);
+    comSetup.BaudComboBoxChange(QString::number(choice.Baud));
+    comSetup.DataBitsComboBoxChange(QString::number(choice.DataBits));
+    comSetup.ParityComboBoxChange(parityLetter(choice.Parity));
+    comSetup.StopBitsComboBoxChange(QString::number(choice.StopBits));
+    return setupPort.settings();
+}
 
 // ---- Projects ----
 

@@ -16,6 +16,7 @@
 #include "link/request_scheduler.h"
 #include "link/routed_port.h"
 #include "localisation/language_file.h"
+#include "parameters/parameter_session.h"
 #include "shell/project_file.h"
 #include "shell/window_rules.h"
 
@@ -47,6 +48,7 @@ class Tool : public QObject {
     PortPresence presence;
     PortWatcher watcher;
     WindowRules rules;
+    ParameterSession parameters;
 
     // Values of default.prj that belong to windows; a window takes its section when it is built and puts it back
     // before a save.
@@ -82,6 +84,7 @@ class Tool : public QObject {
     void takeComSetup(const ComSetupSection& section, int taken);
     ComSetupSection comSetupSection() const;
     void followPort();
+    PortSettings setComSetupForKeypad(const ComSetupChoice& choice);
 };
 
 }  // namespace kelvane

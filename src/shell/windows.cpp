@@ -21,6 +21,7 @@ Windows::Windows(Tool& toolShown, ShellOperator* person)
         person->messageForm = &messageForm;
         person->blocking = [this](QWidget* window) { ceMessageForm.showOver(window); };
     }
+    tool.parameters.bench.openComSetup = [this](std::function<void()> then) { openComSetup(std::move(then)); };
     connectMain();
     showLanguage();
 }

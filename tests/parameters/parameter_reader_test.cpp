@@ -76,8 +76,9 @@ TEST(ParameterReader, OffLineAsksForComSetupAndStopsWhenThatDidNotHelp) {
     ParameterLinkBench b;
     b.link.Lamp = {};
     bool onLineNow = false;
-    b.session.bench.openComSetup = [&] {
+    b.session.bench.openComSetup = [&](const std::function<void()>& then) {
         if (onLineNow) b.link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
+        then();
     };
     b.person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
     b.person.expectBox("The serial port is not yet functioning !\nCan not perform this function !", "Cofirm");
