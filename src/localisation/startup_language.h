@@ -7,7 +7,7 @@
 
 namespace kelvane {
 
-inline constexpr quint8 BrandVariant = 0;  // 0, 1 or 2: under which name this build is sold
+inline constexpr quint8 BrandVariantOfBuild = 0;  // 0, 1 or 2: under which name this build is sold
 inline constexpr quint8 EnglishIndex = 4;
 
 // Number behind section [Language] of default.prj; a file without the section leaves it alone. Errors: cannot

@@ -31,6 +31,7 @@ class FileListModel : public QIdentityProxyModel {
 };
 
 FolderBrowser::FolderBrowser(QWidget* parent) : QSplitter(Qt::Vertical, parent) {
+    setObjectName(QStringLiteral("FolderSplitter"));
     buildTree();
     buildList();
     setChildrenCollapsible(false);
@@ -75,7 +76,7 @@ void FolderBrowser::buildList() {
 
 void FolderBrowser::setFolder(const QString& folder) {
     const QString path = QDir(folder).absolutePath();
-    if (path == m_folder || !QDir(path).exists()) return;
+    if (folder.isEmpty() || path == m_folder || !QDir(path).exists()) return;
     m_folder = path;
     m_folders->setRootPath(QDir::rootPath());
     LsDirTree->setCurrentIndex(m_folders->index(path));

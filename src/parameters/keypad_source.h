@@ -1,6 +1,6 @@
-// Reads the table that a keypad holds, in place of a drive's. A hidden function: the menu item "Read from Keypad"
-// works once its mark is set, which a password does. Sets the line to the keypad's own settings and starts its
-// identification; the reader takes over when that has ended.
+// Reads the table that a keypad holds, in place of a drive's. A hidden function: the menu item "Read from
+// Keypad" works once its mark is set, which a password does. Sets the line to the keypad's own settings and
+// starts its identification; the reader takes over when that has ended.
 #pragma once
 
 #include <QObject>
@@ -28,8 +28,8 @@ class KeypadSource : public QObject {
 
     void ReadfromKeypadClick();
 
-    // Sets the boxes of com setup, runs their change handlers (ComMode, BaudTimeoutTicks) and gives the settings
-    // that its port has then.
+    // Sets the boxes of com setup, runs their change handlers (ComMode, BaudTimeoutTicks) and gives the
+    // settings that its port has then.
     std::function<PortSettings(const ComSetupChoice&)> setComSetup;
     // closeTableClick of the table from drive; goes on when the tab has closed.
     std::function<void(std::function<void()> then)> closeTable;

@@ -2,12 +2,23 @@
 
 namespace kelvane {
 
-bool ParameterBench::goOnLine() const {
-    if (offLine()) {
-        link.operatorAsked().tell(link.lang().MsgStr(7), QStringLiteral("Cofirm"), BoxIcon::Information);
-        if (openComSetup) openComSetup();
+void ParameterBench::goOnLine(const std::function<void()>& then) const {
+    if (!offLine()) {
+        then();
+        return;
     }
-    return link.Lamp.onLine();
+    link.operatorAsked().tell(link.lang().MsgStr(7), QStringLiteral("Cofirm"), BoxIcon::Information);
+    if (openComSetup) {
+        openComSetup(then);
+    } else {
+        then();
+    }
+}
+
+void ParameterBench::whenOnLine(const std::function<void()>& go) const {
+    goOnLine([this, go] {
+        if (link.Lamp.onLine()) go();
+    });
 }
 
 void ParameterBench::request(quint8 task, const QString& command) const {

@@ -1,5 +1,5 @@
-// What the Parameter window's engines work on: the link, the clock, the group names and the way into com setup,
-// with the few questions that reading and writing both put to the link.
+// What the Parameter window's engines work on: the link, the clock, the group names and the way into com
+// setup, with the few questions that reading and writing both put to the link.
 #pragma once
 
 #include <functional>
@@ -14,15 +14,18 @@ struct ParameterBench {
     RequestScheduler& link;
     TickClock& clock;
     const GroupNameTable& names;
-    std::function<void()> openComSetup;  // runs com setup to its end
+    // Opens com setup and calls then when all its windows have closed, on line or not.
+    std::function<void(std::function<void()> then)> openComSetup;
 
     bool offLine() const { return link.Lamp.ComStatusAbLED == QLatin1String("Off Line"); }
-    // Off line: tells so and opens com setup. True when the lamp reads "On Line" in the end.
-    bool goOnLine() const;
+    // Off line: tells so and opens com setup. then is called after it, or at once when the link is on line.
+    void goOnLine(const std::function<void()>& then) const;
+    // The same, but go is called only if the lamp reads "On Line" in the end.
+    void whenOnLine(const std::function<void()>& go) const;
     // Pushes a request and starts the link, which runs no poll for this window.
     void request(quint8 task, const QString& command) const;
-    // The queues were emptied since the port could not be opened, and the link is about to try again: what this
-    // window waits for has to be pushed anew, or the wait would never end.
+    // The queues were emptied since the port could not be opened, and the link is about to try again: what
+    // this window waits for has to be pushed anew, or the wait would never end.
     bool requestThrownAway() const;
 };
 

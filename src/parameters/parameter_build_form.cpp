@@ -36,7 +36,7 @@ TParameterForm::TParameterForm(ParameterSession& session, const ParameterFormBen
       saver(session, choices, m_bench.spreadsheet),
       loader(session, m_bench.spreadsheet),
       backup(bench.programFolder),
-      recent(bench.uiState),
+      recent(bench.looks),
       SystemTimer(bench.clock, TickKind::RealTime, SystemTimerInterval, [this] { SystemTimerTimer(); }),
       m_session(session),
       m_bench(bench) {
@@ -56,8 +56,6 @@ TParameterForm::TParameterForm(ParameterSession& session, const ParameterFormBen
     connectMenus();
     connectPages();
     resize(fontMetrics().averageCharWidth() * 170, fontMetrics().height() * 42);
-    restoreGeometry(bench.uiState.value(QLatin1String(GeometryKey)).toByteArray());
-    m_splitter->restoreState(bench.uiState.value(QLatin1String(SplitterKey)).toByteArray());
     showScreen();
 }
 
@@ -70,13 +68,13 @@ void TParameterForm::buildCentre() {
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_pages, 1);
     column->addWidget(m_findBar);
-    m_splitter = new QSplitter(this);
-    m_splitter->setObjectName(QStringLiteral("Splitter1"));
-    m_splitter->addWidget(buildLeftSide());
-    m_splitter->addWidget(right);
-    m_splitter->setStretchFactor(1, 1);
-    m_splitter->setCollapsible(1, false);
-    setCentralWidget(m_splitter);
+    auto* splitter = new QSplitter(this);
+    splitter->setObjectName(QStringLiteral("ParameterSplitter"));
+    splitter->addWidget(buildLeftSide());
+    splitter->addWidget(right);
+    splitter->setStretchFactor(1, 1);
+    splitter->setCollapsible(1, false);
+    setCentralWidget(splitter);
 }
 
 QTabWidget* TParameterForm::buildLeftSide() {
@@ -202,9 +200,9 @@ void TParameterForm::connectPages() {
     connect(m_browser, &FolderBrowser::fileChosen, this,
             [this](const QString& path) { loader.LsFilelistViewDblClick(path); });
     m_browser->setFolder(QDir::homePath());
-    m_browser->setFolder(m_bench.uiState.value(FolderKey).toString());
+    m_browser->setFolder(m_bench.looks.text(FolderKey));
     connect(m_browser, &FolderBrowser::folderChanged, this,
-            [this](const QString& folder) { m_bench.uiState.setValue(FolderKey, folder); });
+            [this](const QString& folder) { m_bench.looks.setText(FolderKey, folder); });
 }
 
 void TParameterForm::connectTable(StringGridView* view, TableSide side, bool sub) {

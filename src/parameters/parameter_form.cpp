@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMimeData>
-#include <QSplitter>
 #include <QUrl>
 
 #include "parameters/parameter_menus_form.h"
@@ -226,8 +225,6 @@ void TParameterForm::hideEvent(QHideEvent* event) {
 }
 
 void TParameterForm::closeEvent(QCloseEvent* event) {
-    m_bench.uiState.setValue(QLatin1String(GeometryKey), saveGeometry());
-    m_bench.uiState.setValue(QLatin1String(SplitterKey), m_splitter->saveState());
     tellInStatusLine({});
     m_session.FormClose();
     event->accept();

@@ -5,7 +5,7 @@
 
 #include <QMainWindow>
 
-#include "base/ui_state.h"
+#include "base/kept_looks.h"
 #include "base/wall_clock.h"
 #include "parameters/parameter_session.h"
 #include "parameters/print_records.h"
@@ -15,7 +15,6 @@
 #include "parameters/table_saver.h"
 
 class QLabel;
-class QSplitter;
 class QTabWidget;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -35,7 +34,7 @@ struct ParameterFormBench {
     TickClock& clock;
     const WallClock& wallClock;
     QString programFolder;
-    UiState& uiState;
+    KeptLooks& looks;
     SpreadsheetBackend spreadsheet = builtInSpreadsheet();
 };
 
@@ -105,16 +104,12 @@ class TParameterForm : public QMainWindow {
     ParameterTable& table(TableSide side);
     EditHistory& history(TableSide side);
 
-    static constexpr char GeometryKey[] = "parameters/geometry";
-    static constexpr char SplitterKey[] = "parameters/splitter";
-
     ParameterSession& m_session;
     ParameterFormBench m_bench;
     ParameterPages* m_pages;
     ParameterMenus* m_menus;
     FindBar* m_findBar;
     FolderBrowser* m_browser;
-    QSplitter* m_splitter;
     QTreeWidget* ParaTreeView;
     QTreeWidgetItem* m_driveRoot;
     QTreeWidgetItem* m_fileRoot;

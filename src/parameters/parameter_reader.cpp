@@ -6,7 +6,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr int BlankedRows = 400;  // design limit of the table; a longer one is read all the same
 constexpr int ReadProgressWidth = 400;
 constexpr quint8 ReadTask = 12;
 
@@ -53,7 +52,16 @@ int ParameterReader::highestNumber(int G) const {
 // ---- Start ----
 
 void ParameterReader::ReadDriveTransparentButtonClick() {
-    if (!driveIsThere()) return;
+    m_bench.goOnLine([this] {
+        if (m_bench.offLine()) {
+            m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(8), Cofirm);
+        } else {
+            startRead();
+        }
+    });
+}
+
+void ParameterReader::startRead() {
     prepareTable();
     Plan plan;
     const bool groups = fillGroupList(plan);
@@ -81,20 +89,9 @@ void ParameterReader::ShowReservedParametersClick() {
     ReadDriveTransparentButtonClick();
 }
 
-bool ParameterReader::driveIsThere() {
-    m_bench.goOnLine();
-    if (!m_bench.offLine()) return true;
-    m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(8), Cofirm);
-    return false;
-}
-
 void ParameterReader::prepareTable() {
     if (hideColumnsFor) hideColumnsFor(family());
-    StringGrid& grid = m_table.grid;
-    grid.blank(column::PrNo, column::Address, 1, BlankedRows);
-    grid.setRowCount(2);
-    grid.blank(column::Dot, column::RunSet, 1, 1);
-    grid.removeCheckBox(1);
+    m_table.clear();
     takeIdentity();
     m_screen.DriveTabSheet = true;
     m_screen.ResetParameter = true;
@@ -138,8 +135,9 @@ void ParameterReader::showTree() {
 
 void ParameterReader::showProgress(const Plan& plan) {
     m_progress.glyph = ProgressGlyph::ReadDrive;
-    m_progress.show(QStringLiteral("Reading parameters from ") % m_screen.ModelVrLabel % QStringLiteral(" ..."),
-                    plan.total - groupCount(), plan.total, ReadProgressWidth);
+    m_progress.show(
+        QStringLiteral("Reading parameters from ") % m_screen.ModelVrLabel % QStringLiteral(" ..."),
+        plan.total - groupCount(), plan.total, ReadProgressWidth);
 }
 
 // ---- Tick ----
@@ -251,7 +249,8 @@ void ParameterReader::stepOn() {
 void ParameterReader::askWhenCancelled() {
     // Kept: the mark is looked at after a reply only; without one, Cancel does nothing.
     if (!m_progress.cancelMark) return;
-    const bool terminate = m_bench.link.operatorAsked().yes(QStringLiteral("Are you sure terminate ?"), Cofirm);
+    const bool terminate =
+        m_bench.link.operatorAsked().yes(QStringLiteral("Are you sure terminate ?"), Cofirm);
     if (!terminate && m_progress.shown) m_progress.showAgain();
 }
 

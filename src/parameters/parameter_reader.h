@@ -1,6 +1,6 @@
-// Reads the table from a drive, or from a keypad: one request a parameter, group by group, behind the progress
-// dialog. It never touches the port: it queues a task, starts the link and looks at ReadDone when an exchange has
-// ended. Owned by the Parameter window's session, which hands it the table and the screen.
+// Reads the table from a drive, or from a keypad: one request a parameter, group by group, behind the
+// progress dialog. It never touches the port: it queues a task, starts the link and looks at ReadDone when an
+// exchange has ended. Owned by the Parameter window's session, which hands it the table and the screen.
 #pragma once
 
 #include <QObject>
@@ -48,10 +48,10 @@ class ParameterReader : public QObject {
     std::function<void(Family)> hideColumnsFor;
 
    Q_SIGNALS:
-    void started();              // the table is blank and its identity is the drive's
-    void screenChanged();        // tabs, tree, lamp or menu items
+    void started();        // the table is blank and its identity is the drive's
+    void screenChanged();  // tabs, tree, lamp or menu items
     void rowFilled(int row);
-    void ended(bool complete);   // true when it came to its end, false after Cancel and Abort
+    void ended(bool complete);  // true when it came to its end, false after Cancel and Abort
 
    private:
     struct Plan {
@@ -61,7 +61,7 @@ class ParameterReader : public QObject {
     void RxTimerTimer();
 
     // Start.
-    bool driveIsThere();
+    void startRead();
     void prepareTable();
     void takeIdentity();
     bool fillGroupList(Plan& plan);

@@ -1,5 +1,5 @@
-// What the Parameter window shows around its tables: tabs, tree, lamp of the reserved group, menu items. Plain
-// records that the engines of the window set and the window mirrors; they decide nothing themselves.
+// What the Parameter window shows around its tables: tabs, tree, lamp of the reserved group, menu items.
+// Plain records that the engines of the window set and the window mirrors; they decide nothing themselves.
 #pragma once
 
 #include <QString>
@@ -27,19 +27,23 @@ struct ParameterScreen {
     bool fileSubShown = false;
     TreeRoot driveRoot{QStringLiteral("Drive"), {}, false};
     TreeRoot fileRoot{QStringLiteral("File"), {}, false};
-    QString ModelVrLabel;         // model of the drive, or "Keypad"
-    bool RparaAbLED = false;      // "Reserved parameters opened" is shown
-    bool ResetParameter = false;  // menu item enabled
+    QString ModelVrLabel;                 // model of the drive, or "Keypad"
+    bool RparaAbLED = false;              // "Reserved parameters opened" is shown
+    bool ResetParameter = false;          // menu item enabled
     bool ShowReservedParameters = false;  // menu item enabled
     bool ReadfromKeypad = false;          // mark of the menu item
     bool FileAbLED = false;  // lamp of TSelParaSourceForm that is lit; else DriveAbLED
 
     bool visible(ParameterTab tab) const {
         switch (tab) {
-            case ParameterTab::Drive: return DriveTabSheet;
-            case ParameterTab::File: return FileTabSheet;
-            case ParameterTab::Compare: return CompareTabSheet;
-            case ParameterTab::None: break;
+            case ParameterTab::Drive:
+                return DriveTabSheet;
+            case ParameterTab::File:
+                return FileTabSheet;
+            case ParameterTab::Compare:
+                return CompareTabSheet;
+            case ParameterTab::None:
+                break;
         }
         return false;
     }

@@ -4,7 +4,7 @@ namespace kelvane {
 
 namespace {
 
-constexpr int BlankedOnClose = 300;  // design limit of the tables, as far as they are blanked
+constexpr int BlankedOnClose = 300;  // rows of the comparison, by design
 
 const QString Cofirm = QStringLiteral("Cofirm");
 
@@ -26,7 +26,8 @@ ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, con
         return ProcessAdvStringGridGetCellColor(FileAdvStringGrid, fileTable.identity.family, column, row);
     };
     SubDriveAdvStringGrid.cellColours = [this](int column, int row) {
-        return ProcessAdvStringGridGetCellColor(SubDriveAdvStringGrid, driveTable.identity.family, column, row);
+        return ProcessAdvStringGridGetCellColor(SubDriveAdvStringGrid, driveTable.identity.family, column,
+                                                row);
     };
     SubFileAdvStringGrid.cellColours = [this](int column, int row) {
         return ProcessAdvStringGridGetCellColor(SubFileAdvStringGrid, fileTable.identity.family, column, row);
@@ -87,10 +88,9 @@ void ParameterSession::FormClose() {
     reader.stop();
     closeSide(TableSide::Drive);
     closeSide(TableSide::File);
-    for (StringGrid* grid : {&DriveAdvStringGrid, &FileAdvStringGrid, &CompareAdvStringGrid})
-        grid->blank(column::PrNo, column::Address, 1, BlankedOnClose);
-    DriveAdvStringGrid.setRowCount(2);
-    FileAdvStringGrid.setRowCount(2);
+    driveTable.clear();
+    fileTable.clear();
+    CompareAdvStringGrid.blank(column::PrNo, column::Note, 1, BlankedOnClose);
     screen.DriveTabSheet = screen.FileTabSheet = screen.CompareTabSheet = false;
     screen.active = ParameterTab::None;
     screen.ResetParameter = false;
@@ -198,7 +198,11 @@ void ParameterSession::closeSide(TableSide side) {
 // ---- Writing ----
 
 void ParameterSession::startWrite(WriteMode mode) {
-    if (!bench.goOnLine() || !anyTableOpen()) return;
+    bench.whenOnLine([this, mode] { chooseWriteSource(mode); });
+}
+
+void ParameterSession::chooseWriteSource(WriteMode mode) {
+    if (!anyTableOpen()) return;
     if (!screen.DriveTabSheet || !screen.FileTabSheet) {
         write(screen.DriveTabSheet ? TableSide::Drive : TableSide::File, mode, false);
         return;
@@ -210,8 +214,9 @@ void ParameterSession::startWrite(WriteMode mode) {
 void ParameterSession::writeSourceChosen(TableSide side) { write(side, m_wantedMode, false); }
 
 void ParameterSession::ResetParameterClick() {
-    if (!bench.goOnLine() || !anyTableOpen()) return;
-    if (screen.DriveTabSheet) write(TableSide::Drive, WriteMode::All, true);
+    bench.whenOnLine([this] {
+        if (anyTableOpen() && screen.DriveTabSheet) write(TableSide::Drive, WriteMode::All, true);
+    });
 }
 
 void ParameterSession::write(TableSide side, WriteMode mode, bool useDefaults) {

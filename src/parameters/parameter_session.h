@@ -1,5 +1,6 @@
-// What the Parameter window shows and does, without the window: its tables, sub-tables and comparison, the screen
-// around them, and the engines that read, write and compare. The window passes the operator's hand on to it.
+// What the Parameter window shows and does, without the window: its tables, sub-tables and comparison, the
+// screen around them, and the engines that read, write and compare. The window passes the operator's hand on
+// to it.
 #pragma once
 
 #include <QHash>
@@ -61,8 +62,8 @@ class ParameterSession : public QObject {
     // A tab was chosen by hand.
     void show(ParameterTab tab);
 
-    // Write Select, Write All, and the factory values. With both tables open the first two ask for the source by
-    // writeSourceWanted() and go on in writeSourceChosen().
+    // Write Select, Write All, and the factory values. With both tables open the first two ask for the source
+    // by writeSourceWanted() and go on in writeSourceChosen().
     void WriteCheckTransparentButtonClick() { startWrite(WriteMode::Selected); }
     void WriteAllTransparentButtonClick() { startWrite(WriteMode::All); }
     void ResetParameterClick();
@@ -82,12 +83,13 @@ class ParameterSession : public QObject {
     std::optional<QString> heldByDrive(const QString& PrNo) const;
 
    Q_SIGNALS:
-    void screenChanged();                          // tabs, tree, lamp, menu items
+    void screenChanged();                             // tabs, tree, lamp, menu items
     void writeSourceWanted(const QString& VrLabel1);  // TSelParaSourceForm
 
    private:
     void mirrorModel();
     void startWrite(WriteMode mode);
+    void chooseWriteSource(WriteMode mode);
     void write(TableSide side, WriteMode mode, bool useDefaults);
     void refreshSubTables();
     void closeTab(ParameterTab tab);

@@ -15,7 +15,8 @@ const QString NoRow = QStringLiteral("- -");
 
 }  // namespace
 
-ParameterWriter::ParameterWriter(ParameterBench& bench, const ParameterScreen& screen, ProgressDialog& progress)
+ParameterWriter::ParameterWriter(ParameterBench& bench, const ParameterScreen& screen,
+                                 ProgressDialog& progress)
     : WriteTimer(bench.clock, TickKind::Stepping, 1, [this] { WriteTimerTimer(); }),
       readBack(bench, screen, progress, AdvStringGrid1, WriteWaiting),
       m_bench(bench) {
@@ -71,7 +72,11 @@ void ParameterWriter::OKTransparentButtonClick() {
         person.tell(m_bench.link.lang().MsgStr(9), Cofirm);
         return;
     }
-    if (!m_bench.goOnLine()) return;
+    m_bench.whenOnLine([this, checked] { startWrites(checked); });
+}
+
+void ParameterWriter::startWrites(int checked) {
+    Operator& person = m_bench.link.operatorAsked();
     if (!person.yes(m_bench.link.lang().MsgStr(25), Cofirm) || !form.shown) return;
     WriteCount = static_cast<quint16>(checked);
     m_bench.link.ParamRead.WriteDone = 0;
@@ -133,8 +138,8 @@ std::optional<QString> ParameterWriter::nextCommand() {
     if (!isAspen() && WriteRow == rowCount()) return QString::fromLatin1(ClosingCommand);
     const std::optional<QString> command = writeCommand(AdvStringGrid1, WriteRow);
     if (!command) return std::nullopt;
-    form.PrLabel = QStringLiteral("Pr. ") % AdvStringGrid1.cell(column::PrNo, WriteRow) % QStringLiteral("   ") %
-                   AdvStringGrid1.cell(column::Description, WriteRow);
+    form.PrLabel = QStringLiteral("Pr. ") % AdvStringGrid1.cell(column::PrNo, WriteRow) %
+                   QStringLiteral("   ") % AdvStringGrid1.cell(column::Description, WriteRow);
     Q_EMIT changed();
     return command;
 }
@@ -143,7 +148,6 @@ std::optional<QString> ParameterWriter::nextCommand() {
 bool ParameterWriter::takeRefusal() {
     DriveStatusRecord& status = m_bench.link.DriveStatus;
     if (!status.ExceptionTextDone && !m_bench.link.Notice.TCEmessageForm) return false;
-    WriteTimer.setEnabled(false);
     if (status.ExceptionTextDone) recordRefusal();
     status.ExceptionPending = 0;
     bool finished = false;
@@ -153,12 +157,12 @@ bool ParameterWriter::takeRefusal() {
         m_bench.link.ParamRead.WriteDone = 0;
         stepBar();
         finished = stepRow();
+        WriteTimer.kick();
     } else if (LinkAction == 3) {
         status.ExceptionTextDone = 0;
         finished = true;
     }
     LinkAction = 0;
-    WriteTimer.setEnabled(true);
     return finished;
 }
 
@@ -171,9 +175,10 @@ void ParameterWriter::recordRefusal() {
                       WriteRow == 0 ? QStringLiteral("3") : QStringLiteral("5"), code, status.ExceptionText});
         return;
     }
-    addErrorLine(ErrorAdvStringGrid, {AdvStringGrid1.cell(column::PrNo, WriteRow),
-                                      AdvStringGrid1.cell(column::Description, WriteRow),
-                                      AdvStringGrid1.cell(column::Data, WriteRow), code, status.ExceptionText});
+    addErrorLine(
+        ErrorAdvStringGrid,
+        {AdvStringGrid1.cell(column::PrNo, WriteRow), AdvStringGrid1.cell(column::Description, WriteRow),
+         AdvStringGrid1.cell(column::Data, WriteRow), code, status.ExceptionText});
 }
 
 // True when the run is over.
@@ -191,9 +196,10 @@ bool ParameterWriter::takeAnswer() {
 
 // A row that cannot be sent: its value is no integer, which only a file can hold.
 bool ParameterWriter::skipRow() {
-    addErrorLine(ErrorAdvStringGrid,
-                 {AdvStringGrid1.cell(column::PrNo, WriteRow), AdvStringGrid1.cell(column::Description, WriteRow),
-                  AdvStringGrid1.cell(column::Data, WriteRow), QString(), m_bench.link.lang().MsgStr(23)});
+    addErrorLine(
+        ErrorAdvStringGrid,
+        {AdvStringGrid1.cell(column::PrNo, WriteRow), AdvStringGrid1.cell(column::Description, WriteRow),
+         AdvStringGrid1.cell(column::Data, WriteRow), QString(), m_bench.link.lang().MsgStr(23)});
     stepBar();
     WriteTimer.kick();
     return stepRow();

@@ -1,10 +1,10 @@
-// Writes rows of a table to the drive: the write list that the operator confirms, one write a checked row, the
-// error record of what was refused, and then the read-back. TWriteCheckForm and TWriteCheckErrRecordForm show it.
-// Owned by the Parameter window's session.
+// Writes rows of a table to the drive: the write list that the operator confirms, one write a checked row,
+// the error record of what was refused, and then the read-back. TWriteCheckForm and TWriteCheckErrRecordForm
+// show it. Owned by the Parameter window's session.
 #pragma once
 
-#include <QObject>
 #include <QList>
+#include <QObject>
 #include <functional>
 #include <optional>
 
@@ -59,11 +59,12 @@ class ParameterWriter : public QObject {
    Q_SIGNALS:
     void changed();
     void shownChanged(bool shown);
-    void errorRecordWanted();  // show it; errorRecordClosed() goes on
+    void errorRecordWanted();   // show it; errorRecordClosed() goes on
     void rowReadBack(int row);  // of the write list
-    void closed();  // the values are back in the table
+    void closed();              // the values are back in the table
 
    private:
+    void startWrites(int checked);
     void WriteTimerTimer();
     bool passesOver() const;
     bool sendCommand();
@@ -85,7 +86,7 @@ class ParameterWriter : public QObject {
 
     ParameterBench& m_bench;
     WriteSource m_source;
-    QString m_command;           // what is waited for
+    QString m_command;  // what is waited for
     QList<int> m_rowsReadBack;
     bool m_readBackDue = false;  // when the error record is closed
     bool m_firstWriteTold = false;

@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-#include "base/ui_state.h"
+#include "base/kept_looks.h"
 
 namespace kelvane {
 
@@ -12,14 +12,14 @@ class RecentFiles {
    public:
     static constexpr int Kept = 8;
 
-    explicit RecentFiles(UiState& state) : m_state(state) {}
+    explicit RecentFiles(KeptLooks& looks) : m_looks(looks) {}
     QStringList list() const;
     void add(const QString& path);  // to the top, once
     void remove(const QString& path);
     void clear();
 
    private:
-    UiState& m_state;
+    KeptLooks& m_looks;
 };
 
 }  // namespace kelvane

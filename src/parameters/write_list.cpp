@@ -63,7 +63,8 @@ int takeRows(const StringGrid& source, WriteMode mode, bool useDefaults, StringG
     for (int row = 1; row < source.RowCount(); ++row) {
         if (!takes(mode, source, row)) continue;
         AdvStringGrid1.addCheckBox(++to, true);
-        for (int c = column::PrNo; c <= column::RunSet; ++c) AdvStringGrid1.setCell(c, to, source.cell(c, row));
+        for (int c = column::PrNo; c <= column::RunSet; ++c)
+            AdvStringGrid1.setCell(c, to, source.cell(c, row));
         if (useDefaults) AdvStringGrid1.setCell(column::Data, to, source.cell(column::Default, row));
     }
     if (to == 0) AdvStringGrid1.setRowCount(2);

@@ -1,5 +1,5 @@
-// The write list of TWriteCheckForm and the error record behind it, as rows: what is taken from a table, what a
-// run of writes refused, what goes back into the table, and a line that sums the list up. No link in here.
+// The write list of TWriteCheckForm and the error record behind it, as rows: what is taken from a table, what
+// a run of writes refused, what goes back into the table, and a line that sums the list up. No link in here.
 #pragma once
 
 #include <QString>

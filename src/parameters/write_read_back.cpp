@@ -32,8 +32,9 @@ void WriteReadBack::start(int rows) {
     m_bench.link.emptyQueues();
     ReflahDtataTimer.setEnabled(true);
     m_progress.glyph = ProgressGlyph::ReadDrive;
-    m_progress.show(QStringLiteral("Reading parameters from ") % m_screen.ModelVrLabel % QStringLiteral(" ..."),
-                    rows, rows, ReadBackProgressWidth);
+    m_progress.show(
+        QStringLiteral("Reading parameters from ") % m_screen.ModelVrLabel % QStringLiteral(" ..."), rows,
+        rows, ReadBackProgressWidth);
 }
 
 void WriteReadBack::stop() {
@@ -78,8 +79,9 @@ void WriteReadBack::takeReply() {
                              QStringLiteral(":  ") % m_list.cell(column::Description, row));
     m_progress.setPosition(m_progress.position + 1);
     // Kept: no sign here, a negative value of Tilia comes back as its unsigned reading.
-    m_list.setCell(column::Data, row,
-                   InsertDecimalPoint(QString::number(m_bench.link.ParamRead.ReadField[0]), dotOf(m_list, row)));
+    m_list.setCell(
+        column::Data, row,
+        InsertDecimalPoint(QString::number(m_bench.link.ParamRead.ReadField[0]), dotOf(m_list, row)));
     Q_EMIT rowReadBack(row);
 }
 

@@ -1,0 +1,73 @@
+#include "shell/connect_form.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "ui/scanner.h"
+
+namespace kelvane {
+
+namespace {
+
+constexpr int StepMs = 100;
+constexpr int Parked = -1;
+constexpr int LastCell = 10;
+
+}  // namespace
+
+TConnectForm::TConnectForm(ComSetup& setup, TickClock& clock, QWidget* parent)
+    : QDialog(parent),
+      Timer1(clock, TickKind::RealTime, StepMs, [this] { Timer1Timer(); }),
+      m_setup(setup),
+      VrScanner1(new VrScanner(this)),
+      m_baud(new QLabel(this)),
+      m_protocol(new QLabel(this)) {
+    setObjectName(QStringLiteral("TConnectForm"));
+    setWindowTitle(QStringLiteral("Connecting to AC Drive"));
+    setModal(true);
+    VrScanner1->setObjectName(QStringLiteral("VrScanner1"));
+    VrScanner1->setAccessibleName(QStringLiteral("Search for the line settings"));
+    m_baud->setObjectName(QStringLiteral("Label1"));
+    m_protocol->setObjectName(QStringLiteral("Label2"));
+    auto* column = new QVBoxLayout(this);
+    const int room = fontMetrics().height();
+    column->setContentsMargins(2 * room, room, 2 * room, room);
+    column->setSpacing(room / 2);
+    column->addWidget(VrScanner1);
+    for (QLabel* label : {m_baud, m_protocol}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setAlignment(Qt::AlignHCenter);
+        column->addWidget(label);
+    }
+    // Room for the widest line, so that the window keeps its size during the walk.
+    m_protocol->setMinimumWidth(
+        fontMetrics().horizontalAdvance(QStringLiteral("Modbus ASCII mode, protocol < 8, N, 2 >")) + room);
+    connect(&m_setup, &ComSetup::changed, this, &TConnectForm::showRecord);
+}
+
+void TConnectForm::showRecord() {
+    m_baud->setText(m_setup.shown.connectBaud);
+    m_protocol->setText(m_setup.shown.connectProtocol);
+    if (m_setup.shown.TConnectForm == isVisible()) return;
+    Timer1.setEnabled(m_setup.shown.TConnectForm);
+    if (!m_setup.shown.TConnectForm) park();
+    setVisible(m_setup.shown.TConnectForm);
+}
+
+void TConnectForm::Timer1Timer() {
+    const int next = VrScanner1->position() + 1;
+    VrScanner1->setPosition(next == LastCell ? 0 : next);
+}
+
+void TConnectForm::park() {
+    Timer1.setEnabled(false);
+    VrScanner1->setPosition(Parked);
+}
+
+void TConnectForm::done(int result) {
+    park();
+    QDialog::done(result);
+    m_setup.closeConnectForm();
+}
+
+}  // namespace kelvane

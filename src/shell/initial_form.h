@@ -1,0 +1,19 @@
+// TInitialForm, the wait notice while the drive is being identified or a window reads its first values. The
+// link's notice record opens it (through whoever starts the wait) and closes it.
+#pragma once
+
+#include "link/request_scheduler.h"
+#include "shell/wait_form.h"
+
+namespace kelvane {
+
+class TInitialForm : public WaitForm {
+    Q_OBJECT
+   public:
+    explicit TInitialForm(RequestScheduler& link, QWidget* parent = nullptr);
+
+   private:
+    RequestScheduler& m_link;
+};
+
+}  // namespace kelvane

@@ -1,0 +1,47 @@
+#include "shell/input_form.h"
+
+#include <QFontDatabase>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+#include "ui/icons.h"
+#include "ui/transparent_button.h"
+
+namespace kelvane {
+
+TInputForm::TInputForm(ComSetup& setup, QWidget* parent)
+    : QDialog(parent), m_setup(setup), InputEdit(new QLineEdit(this)) {
+    setObjectName(QStringLiteral("TInputForm"));
+    setWindowTitle(QStringLiteral("Test Command"));
+    setModal(true);
+    InputEdit->setObjectName(QStringLiteral("InputEdit"));
+    InputEdit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    InputEdit->setMinimumWidth(InputEdit->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 28);
+    auto* label = new QLabel(QStringLiteral("&Command of the test, in hexadecimal digits"), this);
+    label->setObjectName(QStringLiteral("Label1"));
+    label->setBuddy(InputEdit);
+    auto* OKTransparentButton =
+        new TransparentButton(icon(Icon::Accept), QStringLiteral("OK"), this, TransparentButton::Layout::IconLeft);
+    OKTransparentButton->setObjectName(QStringLiteral("OKTransparentButton"));
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(label);
+    column->addWidget(InputEdit);
+    column->addWidget(OKTransparentButton, 0, Qt::AlignRight);
+    connect(OKTransparentButton, &QToolButton::clicked, this, &TInputForm::OKTransparentButtonClick);
+    connect(InputEdit, &QLineEdit::returnPressed, this, &TInputForm::OKTransparentButtonClick);
+}
+
+void TInputForm::showEvent(QShowEvent* event) {
+    InputEdit->setText(m_setup.TestCommand);
+    InputEdit->setFocus();
+    InputEdit->selectAll();
+    QDialog::showEvent(event);
+}
+
+void TInputForm::OKTransparentButtonClick() {
+    m_setup.TestCommand = InputEdit->text();
+    accept();
+}
+
+}  // namespace kelvane

@@ -1,0 +1,90 @@
+// TMainForm, the shell's own window: launcher of every window, identity of the drive, lamp and scanner of the
+// link, history log. It shows the tool's records and passes the hand on; which window opens is the shell's.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <set>
+
+#include "shell/tool.h"
+
+class QActionGroup;
+class QLabel;
+class QMenu;
+class QPlainTextEdit;
+
+namespace kelvane {
+
+class AbLED;
+class PictureBox;
+class TransparentButton;
+class VrIndicator;
+class VrLabel;
+
+class TMainForm : public QMainWindow {
+    Q_OBJECT
+   public:
+    explicit TMainForm(Tool& tool, QWidget* parent = nullptr);
+
+    // Windows that exist; the others have their button and menu item disabled.
+    void setBuilt(const std::set<quint8>& owners);
+    void checkLanguageItem(quint8 LanguageIndex);
+    void showHistory(const QString& line);
+
+   Q_SIGNALS:
+    void windowWanted(quint8 ActiveFunction);
+    void comSetupWanted();
+    void aboutWanted();
+    void closed();
+
+   protected:
+    void closeEvent(QCloseEvent* event) override;
+
+   private:
+    QAction* item(QMenu* menu, const char* name, const QString& text, const std::function<void()>& triggered);
+    TransparentButton* button(const char* name, int icon, const QString& text, const QString& hint,
+                              const std::function<void()>& clicked);
+    QMenu* menu(const char* name, const QString& title);
+    void buildMenus();
+    void buildFileMenu();
+    void buildDriveMenu();
+    void buildDiagnosticMenu();
+    void buildOptionsMenu();
+    void buildLanguageItems();
+    void buildPracticeItems();
+    void buildHelpMenu();
+    void buildCentre();
+    QWidget* buildButtons();
+    QWidget* buildIdentity();
+    QWidget* buildHistory();
+    void buildStatusLine();
+    void listen();
+
+    void ComStatusAbLEDDblClick();
+    void showLink();
+    void showPractice();
+    void showPicture(quint8 DriveFamily);
+    bool built(quint8 owner) const { return m_built.count(owner) > 0; }
+
+    Tool& m_tool;
+    std::set<quint8> m_built;
+    AbLED* m_lamp = nullptr;
+    VrIndicator* m_indicator = nullptr;
+    PictureBox* m_picture = nullptr;
+    QPlainTextEdit* m_memo = nullptr;
+    QLabel* m_panel0 = nullptr;
+    QLabel* m_panel1 = nullptr;
+    QLabel* m_practicePanel = nullptr;
+    QMenu* m_practiceMenu = nullptr;
+    QActionGroup* m_languages = nullptr;
+    QActionGroup* m_practice = nullptr;
+    struct IdentityLabels {
+        VrLabel* drive = nullptr;
+        VrLabel* version = nullptr;
+        VrLabel* hp = nullptr;
+        VrLabel* voltage = nullptr;
+        VrLabel* current = nullptr;
+    } m_identity;
+};
+
+}  // namespace kelvane

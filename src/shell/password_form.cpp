@@ -1,0 +1,67 @@
+#include "shell/password_form.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+
+namespace kelvane {
+
+namespace {
+
+struct Door {
+    LinkOwner window;
+    const char* password;
+    const char* message;
+    void (TPasswordForm::*opened)();
+};
+
+constexpr std::array<Door, 2> doors{{
+    {OwnerMain, "quillbar", "Edit language function enabled.", &TPasswordForm::languageEnabled},
+    {OwnerParameter, "mirto", "Read keypad function enable .", &TPasswordForm::keypadReadEnabled},
+}};
+
+}  // namespace
+
+TPasswordForm::TPasswordForm(RequestScheduler& link, QWidget* parent)
+    : QDialog(parent), m_link(link), PasswordEdit(new QLineEdit(this)) {
+    setObjectName(QStringLiteral("TPasswordForm"));
+    setWindowTitle(QStringLiteral("Password"));
+    setModal(true);
+    auto* label = new QLabel(QStringLiteral("Input password to enable Language function"), this);
+    label->setObjectName(QStringLiteral("Label1"));
+    label->setBuddy(PasswordEdit);
+    PasswordEdit->setObjectName(QStringLiteral("PasswordEdit"));
+    PasswordEdit->setAccessibleName(windowTitle());
+    PasswordEdit->setEchoMode(QLineEdit::Password);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(label);
+    column->addWidget(PasswordEdit);
+    connect(PasswordEdit, &QLineEdit::returnPressed, this, &TPasswordForm::enterPressed);
+}
+
+void TPasswordForm::enterPressed() {
+    const QString text = PasswordEdit->text();
+    PasswordEdit->clear();
+    const auto door = std::find_if(doors.begin(), doors.end(), [&](const Door& row) {
+        return row.window == m_link.ActiveFunction && text == QLatin1String(row.password);
+    });
+    if (door != doors.end()) {
+        m_link.operatorAsked().tell(QLatin1String(door->message), QStringLiteral("Success"));
+        accept();
+        Q_EMIT(this->*door->opened)();
+        return;
+    }
+    const BoxAnswer answer =
+        m_link.operatorAsked().box(QStringLiteral("Password incorrect. Try again?"), QStringLiteral("Cofirm"),
+                                   BoxIcon::Question, BoxButtons::RetryCancel);
+    if (answer == BoxAnswer::Cancel) reject();
+}
+
+void TPasswordForm::done(int result) {
+    PasswordEdit->clear();
+    QDialog::done(result);
+}
+
+}  // namespace kelvane

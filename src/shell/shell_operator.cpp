@@ -1,0 +1,120 @@
+#include "shell/shell_operator.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QFileInfo>
+
+#include "shell/message_form.h"
+
+namespace kelvane {
+
+namespace {
+
+QWidget* windowInFront() {
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    return QApplication::activeWindow();
+}
+
+QMessageBox::Icon iconOf(BoxIcon icon) {
+    switch (icon) {
+        case BoxIcon::None: return QMessageBox::NoIcon;
+        case BoxIcon::Information: return QMessageBox::Information;
+        case BoxIcon::Question: return QMessageBox::Question;
+        case BoxIcon::Exclamation: return QMessageBox::Warning;
+        case BoxIcon::Stop: return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons buttonsOf(BoxButtons buttons) {
+    switch (buttons) {
+        case BoxButtons::Ok: return QMessageBox::Ok;
+        case BoxButtons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
+        case BoxButtons::YesNo: return QMessageBox::Yes | QMessageBox::No;
+        case BoxButtons::RetryCancel: return QMessageBox::Retry | QMessageBox::Cancel;
+    }
+    return QMessageBox::Ok;
+}
+
+// A closed box counts as its harmless answer.
+BoxAnswer answerOf(int pressed, BoxButtons buttons) {
+    switch (pressed) {
+        case QMessageBox::Ok: return BoxAnswer::Ok;
+        case QMessageBox::Yes: return BoxAnswer::Yes;
+        case QMessageBox::Retry: return BoxAnswer::Retry;
+        default: break;
+    }
+    if (buttons == BoxButtons::Ok) return BoxAnswer::Ok;
+    return buttons == BoxButtons::YesNo ? BoxAnswer::No : BoxAnswer::Cancel;
+}
+
+}  // namespace
+
+QStringList nameFilters(const QString& filter) {
+    const QStringList parts = filter.split(QLatin1Char('|'));
+    QStringList names;
+    for (qsizetype i = 0; i < parts.size(); i += 2) names += parts[i];
+    return names;
+}
+
+void ShellOperator::run(QDialog& dialog) {
+    if (blocking) blocking(&dialog);
+    dialog.exec();
+    if (blocking) blocking(nullptr);
+}
+
+BoxAnswer ShellOperator::box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) {
+    QMessageBox message(iconOf(icon), title, text, buttonsOf(buttons), windowInFront());
+    message.setTextFormat(Qt::PlainText);
+    message.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    if (buttons == BoxButtons::YesNo) message.setEscapeButton(QMessageBox::No);
+    run(message);
+    const QMessageBox::StandardButton pressed = message.standardButton(message.clickedButton());
+    return answerOf(pressed, buttons);
+}
+
+std::optional<QString> ShellOperator::askFile(QFileDialog::AcceptMode mode, const QString& filter) {
+    QFileDialog dialog(windowInFront());
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setNameFilters(nameFilters(filter));
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    if (!lastFolder.isEmpty()) dialog.setDirectory(lastFolder);
+    run(dialog);
+    if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    lastFolder = dialog.directory().absolutePath();
+    return dialog.selectedFiles().first();
+}
+
+std::optional<QString> ShellOperator::openFile(const QString& filter) {
+    return askFile(QFileDialog::AcceptOpen, filter);
+}
+
+std::optional<QString> ShellOperator::saveFile(const QString& filter, const QString& suffix) {
+    for (;;) {
+        const std::optional<QString> name = askFile(QFileDialog::AcceptSave, filter);
+        if (!name) return {};
+        const QString path = *name + suffix;
+        if (!QFileInfo::exists(path)) return path;
+        if (yes(m_lang.MsgStr(33), QStringLiteral("Cofirm"), BoxIcon::Exclamation)) return path;
+    }
+}
+
+LinkAnswer ShellOperator::linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) {
+    if (!messageForm) return LinkAnswer::Abort;
+    LinkAnswer answer = LinkAnswer::Abort;
+    QEventLoop loop;
+    QObject::connect(messageForm, &TMessageForm::answered, &loop, [&](LinkAnswer pressed) {
+        answer = pressed;
+        loop.quit();
+    });
+    messageForm->ask(ErrNameVrLabel, ignoreShown);
+    loop.exec();
+    return answer;
+}
+
+void ShellOperator::editValue(ValueEdit& edit) {
+    if (prepareValueEditor) run(*prepareValueEditor(edit));
+}
+
+}  // namespace kelvane

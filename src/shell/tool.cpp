@@ -1,0 +1,174 @@
+#include "shell/tool.h"
+
+#include <array>
+
+#include "localisation/startup_language.h"
+
+namespace kelvane {
+
+namespace {
+
+const QString ProjectFilter = QStringLiteral("Project File(*.prj)|*.prj");
+const QString ErrorTitle = QStringLiteral("Error");
+
+}  // namespace
+
+Tool::Tool(const ToolBench& toolBench)
+    : bench(toolBench),
+      ports(PortDirectory::ofFolder(bench.folder.path())),
+      linkPort(ports, bench.makePort, LinkPortAtCreation),
+      setupPort(ports, bench.makePort, SetupPortAtCreation),
+      link({bench.clock, bench.wallClock, bench.person, linkPort, bench.language.table}, BrandVariantOfBuild),
+      comSetup(link, setupPort, bench.clock),
+      identification(link, groupNames, bench.language.table),
+      presence(linkPort, [this](int number) { return ports.isPresent(number); },
+               [this](const QString& text) { link.ShowHistoryMsg(text); }),
+      watcher(presence),
+      rules(link),
+      parameters(link, bench.clock, groupNames) {
+    parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) { return setComSetupForKeypad(choice); };
+    linkPort.onLost = [this](const QString& reason) { watcher.portLost(reason); };
+    linkPort.onRouted = [this](const PortTarget&) { followPort(); };
+    loadDefaultProject();
+    followPort();
+}
+
+void Tool::followPort() { watcher.follow(linkPort.target().devicePath); }
+
+// Through the boxes, as a person would.
+PortSettings Tool::setComSetupForKeypad(const ComSetupChoice& choice) {
+    comSetup.ModeComboBoxChange(ComSetup::modeItems()[choice.mode == LinkMode::Rtu]);
+    comSetup.BaudComboBoxChange(QString::number(choice.Baud));
+    comSetup.DataBitsComboBoxChange(QString::number(choice.DataBits));
+    comSetup.ParityComboBoxChange(parityLetter(choice.Parity));
+    comSetup.StopBitsComboBoxChange(QString::number(choice.StopBits));
+    return setupPort.settings();
+}
+
+// ---- Projects ----
+
+void Tool::loadDefaultProject() {
+    const FileContent file = readWhole(bench.folder.file(QStringLiteral("default.prj")));
+    const QStringList lines = file.ok ? projectLines(file.bytes) : QStringList();
+    defaults.LanguageIndex = bench.language.LanguageIndex;
+    const SectionRead read = readComSetupSection(lines, defaults.ComSetup);
+    takeComSetup(defaults.ComSetup, read.taken);
+    comSetup.copySettingsToLink();
+    readTrendSection(lines, defaults.Trend);
+    readMonitorSection(lines, defaults.Monitor);
+}
+
+// Each value runs its box's change handler; a value that is not offered leaves the box as it was.
+void Tool::takeComSetup(const ComSetupSection& section, int taken) {
+    using Handler = void (ComSetup::*)(const QString&);
+    const std::array<std::pair<Handler, QString>, 6> values{{
+        {&ComSetup::ComPortComboBoxChange, section.ComPortComboBox},
+        {&ComSetup::ModeComboBoxChange, section.ModeComboBox},
+        {&ComSetup::BaudComboBoxChange, section.BaudComboBox},
+        {&ComSetup::DataBitsComboBoxChange, section.DataBitsComboBox},
+        {&ComSetup::ParityComboBoxChange,
+         ComSetup::parityItems().value(parityItemIndex(section.ParityComboBox))},
+        {&ComSetup::StopBitsComboBoxChange, section.StopBitsComboBox},
+    }};
+    for (size_t i = 0; i < values.size() && static_cast<int>(i) < taken; ++i)
+        (comSetup.*values[i].first)(values[i].second);
+}
+
+ComSetupSection Tool::comSetupSection() const {
+    const ComSetup::Shown& boxes = comSetup.shown;
+    return {boxes.ComPortComboBox,  boxes.ModeComboBox,   boxes.BaudComboBox,
+            boxes.DataBitsComboBox, boxes.ParityComboBox, boxes.StopBitsComboBox};
+}
+
+FileResult Tool::SaveProject() {
+    Q_EMIT projectWanted();
+    defaults.LanguageIndex = bench.language.LanguageIndex;
+    defaults.ComSetup = comSetupSection();
+    return writeWhole(bench.folder.file(QStringLiteral("default.prj")), defaultProjectBytes(defaults));
+}
+
+void Tool::SaveTransparentButtonClick() {
+    Q_EMIT projectWanted();
+    named.LanguageIndex = bench.language.LanguageIndex;
+    named.ComSetup = comSetupSection();
+    named.Monitor = defaults.Monitor;
+    named.ChComboBox = defaults.Trend.ChComboBox;
+    const DriveLabelsRecord& labels = link.Labels;
+    named.QuickSetup.DriveVrLabel = labels.DriveVrLabel;
+    named.QuickSetup.VersionVrLabel = labels.VersionVrLabel;
+    named.QuickSetup.HPVrLabel = labels.HPVrLabel;
+    named.QuickSetup.RatedVoltageVrLabel = labels.RatedVoltageVrLabel;
+    named.QuickSetup.RatedCurrentVrLabel = labels.RatedCurrentVrLabel;
+    const QByteArray bytes = namedProjectBytes(named);
+    const std::optional<QString> path = bench.person.saveFile(ProjectFilter, {});
+    if (!path) return;
+    const FileResult written = writeWhole(*path, bytes);
+    if (!written.ok) {
+        bench.person.tell(written.error, ErrorTitle, BoxIcon::Stop);
+        return;
+    }
+    statusPanel0 = QStringLiteral("Save ") % *path;
+    Q_EMIT panel0Changed();
+}
+
+void Tool::OpenTransparentButtonClick() {
+    const std::optional<QString> path = bench.person.openFile(ProjectFilter);
+    if (!path) return;
+    const FileContent file = readWhole(*path);
+    if (!file.ok) {
+        bench.person.tell(file.error, ErrorTitle, BoxIcon::Stop);
+        return;
+    }
+    named.ComSetup = comSetupSection();
+    const NamedProjectRead read = readNamedProject(projectLines(file.bytes), named);
+    takeComSetup(named.ComSetup, read.ComSetup.taken);
+    if (read.Monitor.taken > 0) defaults.Monitor = named.Monitor;
+    if (read.Trend.taken > 0) defaults.Trend.ChComboBox = named.ChComboBox;
+    Q_EMIT projectOpened();
+    if (!read.ok()) {
+        bench.person.tell(read.error, ErrorTitle, BoxIcon::Stop);
+        return;
+    }
+    statusPanel0 = QStringLiteral("Open ") % *path;
+    link.ShowHistoryMsg(statusPanel0);
+    Q_EMIT panel0Changed();
+}
+
+void Tool::FormClose() {
+    link.Keypad.GetDataTimer = false;
+    SaveProject();
+    comSetup.FormClose();
+    link.TxTimer.setEnabled(false);
+    link.RxTimer.setEnabled(false);
+    linkPort.close();
+    link.Lamp = {};
+    link.ComStatusVrIndicator = 0;
+    link.notifyChanged();
+}
+
+// ---- Practice drive ----
+
+bool Tool::practiceChosen() const { return linkPort.target().kind == PortTarget::Kind::Practice; }
+
+Family Tool::practiceFamily() const { return linkPort.target().family; }
+
+void Tool::choosePracticeFamily(Family family) {
+    if (!mayChoosePractice()) return;
+    linkPort.close();
+    setupPort.close();
+    ports.choosePractice(linkPort.settings().ComNumber, family);
+    Q_EMIT practiceChanged();
+}
+
+// ---- Language ----
+
+bool Tool::chooseLanguage(quint8 index) {
+    const bool loaded = kelvane::chooseLanguage(bench.language, index,
+                                                bench.folder.findData(QStringLiteral("Language file")), bench.person);
+    if (!loaded) return false;
+    identification.refreshItemNames();
+    Q_EMIT languageChanged();
+    return true;
+}
+
+}  // namespace kelvane

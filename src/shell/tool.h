@@ -1,0 +1,90 @@
+// Everything of the tool that runs without a window: ports, link, com setup, identification, presence, language
+// and project. One instance lives for the whole run; windows show its engines. Tests build it on a hand-driven
+// clock with practice ports.
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+
+#include "base/program_folder.h"
+#include "base/whole_file.h"
+#include "catalogue/identification.h"
+#include "link/com_setup.h"
+#include "link/port_directory.h"
+#include "link/port_presence.h"
+#include "link/request_scheduler.h"
+#include "link/routed_port.h"
+#include "localisation/language_file.h"
+#include "parameters/parameter_session.h"
+#include "shell/project_file.h"
+#include "shell/window_rules.h"
+
+namespace kelvane {
+
+// What the tool stands on; all of it outlives the tool.
+struct ToolBench {
+    TickClock& clock;
+    const WallClock& wallClock;
+    Operator& person;
+    const ProgramFolder& folder;
+    Language& language;
+    RoutedPort::Factory makePort;
+};
+
+class Tool : public QObject {
+    Q_OBJECT
+   public:
+    explicit Tool(const ToolBench& bench);
+
+    ToolBench bench;
+    PortDirectory ports;
+    RoutedPort linkPort;
+    RoutedPort setupPort;
+    RequestScheduler link;
+    ComSetup comSetup;
+    GroupNameTable groupNames;
+    DriveIdentification identification;
+    PortPresence presence;
+    PortWatcher watcher;
+    WindowRules rules;
+    ParameterSession parameters;
+
+    // Values of default.prj that belong to windows; a window takes its section when it is built and puts it back
+    // before a save.
+    DefaultProject defaults;
+    NamedProject named;
+    QString statusPanel0;  // last file action
+
+    // Family of the practice drive behind the chosen port number; only while that is a practice port and the
+    // link is Off Line.
+    bool practiceChosen() const;
+    bool mayChoosePractice() const { return practiceChosen() && !link.Lamp.onLine(); }
+    Family practiceFamily() const;
+    void choosePracticeFamily(Family family);
+
+    // File > Open and File > Save.
+    void OpenTransparentButtonClick();
+    void SaveTransparentButtonClick();
+    // default.prj; a write error at the end never stops the closing, it is returned for the history.
+    FileResult SaveProject();
+    // The main window closes.
+    void FormClose();
+    bool chooseLanguage(quint8 index);
+
+   Q_SIGNALS:
+    void panel0Changed();
+    void projectOpened();     // named was read: windows take their sections
+    void projectWanted();     // windows put their values into defaults and named
+    void languageChanged();
+    void practiceChanged();
+
+   private:
+    void loadDefaultProject();
+    void takeComSetup(const ComSetupSection& section, int taken);
+    ComSetupSection comSetupSection() const;
+    void followPort();
+    PortSettings setComSetupForKeypad(const ComSetupChoice& choice);
+};
+
+}  // namespace kelvane

@@ -1,0 +1,176 @@
+#include "shell/main_form.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPixmap>
+
+#include "localisation/language_sections.h"
+#include "shell/shell_bench.h"
+#include "ui/lamp.h"
+
+namespace kelvane {
+namespace {
+
+TEST(MainForm, StartsOffLineAndSendsNothing) {
+    ShellBench bench;
+    bench.clock.advance(5000);
+    EXPECT_EQ(bench.windows->mainForm.windowTitle(), "Orlan Kelvane");
+    EXPECT_EQ(bench.text("ComStatusAbLED"), "Off Line");
+    EXPECT_EQ(bench.text("StatusLinePanel1"), "Off - Line");
+    EXPECT_FALSE(bench.tool->linkPort.Open());
+    EXPECT_FALSE(bench.find<QAction>("PIDControl")->isEnabled());
+    EXPECT_FALSE(bench.find<QAction>("MultiStep")->isVisible());
+    EXPECT_FALSE(bench.find<QWidget>("LangTransparentButton")->isVisible());
+    EXPECT_TRUE(bench.find<QAction>("English")->isChecked());
+}
+
+class MainFormOfFamily : public testing::TestWithParam<Family> {};
+
+TEST_P(MainFormOfFamily, GoesOnLineAndShowsWhoTheDriveIs) {
+    ShellBench bench;
+    bench.goOnLine(GetParam());
+    EXPECT_EQ(bench.text("ComStatusAbLED"), "On Line");
+    EXPECT_EQ(bench.text("StatusLinePanel1"), "ASCII 9600 < 7, N, 2 >");
+    EXPECT_EQ(bench.text("DriveVrLabel"), familyName(GetParam()));
+    EXPECT_FALSE(bench.text("VersionVrLabel").isEmpty());
+    EXPECT_TRUE(bench.text("RatedVoltageVrLabel").endsWith('V'));
+    EXPECT_FALSE(bench.windows->initialForm.isVisible());
+    EXPECT_FALSE(bench.find<QMenu>("PracticeDriveMenu")->isEnabled());
+    EXPECT_TRUE(bench.text("PracticePanel").contains(familyName(GetParam())));
+    const QString history = bench.find<QPlainTextEdit>("MessageMemo")->toPlainText();
+    EXPECT_TRUE(history.contains(" > Setup the Com port and protocol"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Nine, MainFormOfFamily, testing::ValuesIn(AllFamilies),
+                         [](const auto& row) { return familyName(row.param); });
+
+TEST(MainForm, TakesTheLinkOffLineByADoubleClickOnTheLamp) {
+    ShellBench bench;
+    bench.goOnLine();
+    auto* lamp = bench.find<AbLED>("ComStatusAbLED");
+    const QString question = "Do you want to change status to Off - Line now ?";
+    bench.person.expectBox(question, "Cofirm", BoxAnswer::No);
+    Q_EMIT lamp->doubleClicked();
+    EXPECT_EQ(lamp->text(), "On Line");
+    bench.person.expectBox(question, "Cofirm", BoxAnswer::Yes);
+    Q_EMIT lamp->doubleClicked();
+    EXPECT_EQ(lamp->text(), "Off Line");
+    EXPECT_TRUE(bench.text("DriveVrLabel").isEmpty());
+    EXPECT_FALSE(bench.tool->linkPort.Open());
+    Q_EMIT lamp->doubleClicked();  // off line it opens com setup
+    EXPECT_TRUE(bench.windows->comSetupForm.isVisible());
+}
+
+TEST(MainForm, KeepsItsSetupOverARestart) {
+    QByteArray written;
+    {
+        ShellBench bench;
+        ComSetup& setup = bench.tool->comSetup;
+        setup.ComPortComboBoxChange("3");
+        setup.ModeComboBoxChange("RTU");
+        setup.BaudComboBoxChange("19200");
+        setup.ParityComboBoxChange("E");
+        bench.windows->mainForm.close();
+        written = readWhole(bench.folder.file("default.prj")).bytes;
+    }
+    ShellBench bench(written);
+    const ComSetup::Shown& boxes = bench.tool->comSetup.shown;
+    EXPECT_EQ(boxes.ModeComboBox, "RTU");
+    EXPECT_EQ(boxes.DataBitsComboBox, "8");
+    EXPECT_FALSE(boxes.dataBitsEnabled);
+    EXPECT_EQ(bench.tool->link.ComMode, 1);
+    EXPECT_EQ(bench.tool->link.BaudTimeoutTicks, 6U);
+    EXPECT_EQ(bench.tool->linkPort.settings(), (PortSettings{3, 19200, 8, ComParity::Even, 2}));
+}
+
+TEST(MainForm, SavesAndOpensANamedProject) {
+    ShellBench bench;
+    const QString path = bench.dir.filePath("site.prj");
+    bench.person.expectSave("Project File(*.prj)|*.prj", "", path);
+    bench.trigger("FileSaveItem");
+    bench.tool->comSetup.BaudComboBoxChange("1200");
+    bench.person.expectOpen("Project File(*.prj)|*.prj", path);
+    bench.trigger("FileOpenItem");
+    EXPECT_EQ(bench.tool->comSetup.shown.BaudComboBox, "9600");
+    EXPECT_EQ(bench.text("StatusLinePanel0"), "Open " + path);
+    bench.person.expectOpen("Project File(*.prj)|*.prj", std::nullopt);
+    bench.trigger("FileOpenItem");
+}
+
+TEST(MainForm, ShowsALanguageByTheOneTable) {
+    ShellBench bench;
+    const QString folder = QStringLiteral(KELVANE_SOURCE_DIR) + "/Language file/";
+    ASSERT_TRUE(LoadLanguage(folder + languageFileName(9), bench.language).ok());
+    bench.windows->showLanguage();
+    const FormTexts& texts = bench.language.table.form(FormSection::Main);
+    EXPECT_EQ(bench.text("ComSetupTransparentButton"), texts.Button.at(1));
+    EXPECT_EQ(bench.find<QAction>("ComSetup")->text(), texts.Button.at(1));
+    EXPECT_EQ(bench.find<QMenu>("FilesMenu")->title(), texts.Label.at(7));
+    EXPECT_EQ(bench.find<QMenu>("SetupLanguage")->title(), texts.Label.at(15));
+    EXPECT_EQ(bench.text("HistMsgLabel"), texts.Label.at(6));
+}
+
+// Every name that the language table uses in a window that exists, exactly once.
+TEST(Windows, HaveEveryNameOfTheLanguageTableOnce) {
+    ShellBench bench;
+    for (const FormSectionRow& section : formSections()) {
+        QWidget* window = nullptr;
+        for (QWidget* candidate : bench.windows->all())
+            if (candidate->objectName() == QLatin1String(section.window)) window = candidate;
+        if (!window) continue;
+        for (const KeyGroup* group : {&section.Button, &section.Label})
+            for (const KeyTarget& target : group->targets)
+                if (target.kind == TargetKind::Control) {
+                    EXPECT_EQ(window->findChildren<QObject*>(QString::fromLatin1(target.control)).size(), 1)
+                        << section.window << " " << target.control;
+                }
+    }
+}
+
+// ---- Rules of the openings ----
+
+struct RuleRow {
+    quint8 owner;
+    bool onLine;
+    bool opens;
+    const char* message;
+    const char* title;
+};
+class OpeningRules : public testing::TestWithParam<RuleRow> {};
+
+TEST_P(OpeningRules, AreKept) {
+    const RuleRow& row = GetParam();
+    ShellBench bench;
+    RequestScheduler& link = bench.tool->link;
+    if (row.onLine) bench.goOnLine();
+    if (*row.message) bench.person.expectBox(row.message, row.title);
+    link.push(8, "FF0620050006");
+    EXPECT_EQ(bench.tool->rules.begin(row.owner), row.opens);
+    const WindowRule* rule = windowRule(row.owner);
+    EXPECT_EQ(link.TaskQueue.empty(), rule->prelude);
+    EXPECT_EQ(link.ActiveFunction, row.opens && row.owner != OwnerKeypad ? row.owner : OwnerMain);
+    if (row.opens) bench.tool->rules.finished(row.owner);
+    EXPECT_EQ(link.ActiveFunction, OwnerMain);
+    if (rule->prelude) {
+        EXPECT_EQ(link.TxTimer.Enabled(), row.onLine);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, OpeningRules,
+    testing::Values(RuleRow{OwnerParameter, false, true, "", ""}, RuleRow{OwnerParameter, true, true, "", ""},
+                    RuleRow{OwnerQuickSetup, false, false, "Please On - Line first !!", "Warning Message"},
+                    RuleRow{OwnerQuickSetup, true, true, "", ""}, RuleRow{OwnerAdvance, false, true, "", ""},
+                    RuleRow{OwnerAutoTuning, false, false, "The status is Off-Line now ! Please On-Line first.",
+                            "Cofirm"},
+                    RuleRow{OwnerPid, false, false, "The status is Off-Line now ! Please On-Line first.", "Cofirm"},
+                    RuleRow{OwnerPid, true, true, "", ""}, RuleRow{OwnerTrend, false, true, "", ""},
+                    RuleRow{OwnerMonitor, true, true, "", ""},
+                    RuleRow{OwnerKeypad, false, false, "The status is Off-Line now ! Please On-Line first.",
+                            "Cofirm"}));
+
+}  // namespace
+}  // namespace kelvane
