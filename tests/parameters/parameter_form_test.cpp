@@ -35,10 +35,12 @@ namespace {
 class ParameterWindow : public testing::Test {
    protected:
     explicit ParameterWindow(Family family = Family::Larch)
-        : station(clock, drive::familyData(family)), link({clock, wall, person, station.port, lang}) {
+        : station(clock, drive::familyData(family), line()), link({clock, wall, person, station.port, lang}) {
         link.Initial();
         link.emptyQueues();
-        link.BaudTimeoutTicks = link.ReplyTimeoutTicks = 7;
+        link.BaudTimeoutTicks = link.ReplyTimeoutTicks = 5;
+        link.ComMode = 1;
+        station.port.setSettings(line().wire);
         link.ActiveFunction = OwnerParameter;
         link.fixedParaName = fixedParaName;
         beOnLine(family);
@@ -55,6 +57,11 @@ class ParameterWindow : public testing::Test {
         session.opened();
         form.show();
         QApplication::processEvents();
+    }
+    static drive::LineOptions line() {
+        drive::LineOptions options{.mode = drive::LineMode::Rtu};
+        options.wire = {.Baud = 38400, .DataBits = 8};
+        return options;
     }
     void beOnLine(Family family) {
         link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
