@@ -132,7 +132,7 @@ CompareSheet::CompareSheet(QTabWidget* pages, ComparisonSheet& comparison)
     CompInfoAdvStringGrid->setGrid(&comparison.CompInfoAdvStringGrid);
     CompInfoAdvStringGrid->setColumnCharacters(InfoCharacters);
     CompInfoAdvStringGrid->setStretchColumn(1);
-    CompInfoAdvStringGrid->setFixedHeight(fontMetrics().height() * 2 * InfoRows);
+    CompInfoAdvStringGrid->setFixedHeight((fontMetrics().height() + 8) * InfoRows);
     CompareAdvStringGrid = new StringGridView(this);
     CompareAdvStringGrid->setAccessibleName(QStringLiteral("Differences"));
     setUpTable(CompareAdvStringGrid, "CompareAdvStringGrid", comparison.CompareAdvStringGrid);
