@@ -74,6 +74,7 @@ void TParameterForm::buildCentre() {
     splitter->addWidget(right);
     splitter->setStretchFactor(1, 1);
     splitter->setCollapsible(1, false);
+    splitter->setSizes({fontMetrics().averageCharWidth() * 30, fontMetrics().averageCharWidth() * 140});
     setCentralWidget(splitter);
 }
 
@@ -121,7 +122,8 @@ void TParameterForm::buildStatusLine() {
 
 void TParameterForm::connectEngines() {
     connect(&m_session, &ParameterSession::screenChanged, this, &TParameterForm::showScreen);
-    connect(&m_session.DriveAdvStringGrid, &StringGrid::hiddenColumnsChanged, this, &TParameterForm::showMenuItems);
+    connect(&m_session.DriveAdvStringGrid, &StringGrid::hiddenColumnsChanged, this,
+            &TParameterForm::showMenuItems);
     connect(&m_session.bench.link, &RequestScheduler::changed, this, [this] {
         showLinkPanel();
         if (isVisible()) m_pages->showScreen();
@@ -254,7 +256,8 @@ void TParameterForm::ParaTreeViewChange(QTreeWidgetItem* item) {
 // A group's table shows what was changed in the main one.
 void TParameterForm::reselectGroup(TableSide side) {
     QTreeWidgetItem* item = ParaTreeView->currentItem();
-    const bool sub = side == TableSide::Drive ? m_session.screen.driveSubShown : m_session.screen.fileSubShown;
+    const bool sub =
+        side == TableSide::Drive ? m_session.screen.driveSubShown : m_session.screen.fileSubShown;
     if (sub && item && item->parent() && sideOf(item) == side) ParaTreeViewChange(item);
 }
 

@@ -189,8 +189,9 @@ void TParameterForm::backUp() {
         backup.write(m_session.driveTable, m_session.screen.RparaAbLED, m_bench.wallClock.now(),
                      [this](const QString& PrNo) { return m_session.heldByDrive(PrNo); });
     m_session.bench.link.ShowHistoryMsg(
-        written.ok ? QStringLiteral("Backup of the drive's table: %1").arg(QDir::toNativeSeparators(backup.path()))
-                   : QStringLiteral("The drive's table could not be backed up: %1").arg(written.error));
+        written.ok
+            ? QStringLiteral("Backup of the drive's table: %1").arg(QDir::toNativeSeparators(backup.path()))
+            : QStringLiteral("The drive's table could not be backed up: %1").arg(written.error));
 }
 
 void TParameterForm::fillRecentMenu() {
@@ -198,7 +199,8 @@ void TParameterForm::fillRecentMenu() {
     menu->clear();
     const QStringList files = recent.list();
     for (int i = 0; i < files.size(); ++i) {
-        const QString shown = QDir::toNativeSeparators(files[i]).replace(QLatin1Char('&'), QLatin1String("&&"));
+        const QString shown =
+            QDir::toNativeSeparators(files[i]).replace(QLatin1Char('&'), QLatin1String("&&"));
         connect(menu->addAction(QStringLiteral("&%1  %2").arg(i + 1).arg(shown)), &QAction::triggered, this,
                 [this, path = files[i]] { loader.load(path); });
     }
@@ -207,7 +209,8 @@ void TParameterForm::fillRecentMenu() {
         return;
     }
     menu->addSeparator();
-    connect(menu->addAction(QStringLiteral("&Clear this list")), &QAction::triggered, this, [this] { recent.clear(); });
+    connect(menu->addAction(QStringLiteral("&Clear this list")), &QAction::triggered, this,
+            [this] { recent.clear(); });
 }
 
 // ---- Events ----
@@ -248,7 +251,8 @@ void TParameterForm::dropEvent(QDropEvent* event) {
     const QString path = droppedFile(*event->mimeData());
     if (path.isEmpty()) return;
     event->acceptProposedAction();
-    QMetaObject::invokeMethod(this, [this, path] { loader.load(path); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, path] { loader.load(path); }, Qt::QueuedConnection);
 }
 
 }  // namespace kelvane

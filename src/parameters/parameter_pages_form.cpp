@@ -17,7 +17,7 @@ namespace {
 constexpr int IdentityCharacters = 14;
 constexpr int InfoRows = 3;
 
-const std::vector<int> TableCharacters{3, 8, 8, 22, 6, 10, 10, 10, 10, 11, 6};
+const std::vector<int> TableCharacters{3, 7, 8, 18, 5, 9, 9, 9, 9, 10, 6};
 const std::vector<int> InfoCharacters{3, 22, 14, 10, 14, 14, 12};
 const QSet<int> ValueColumns{column::Data, column::Default, column::Min, column::Max};
 
@@ -52,8 +52,9 @@ void TabSheet::setTabVisible(bool visible) { m_pages->setTabVisible(m_pages->ind
 void TabSheet::setHighlighted(bool highlighted) { m_highlighted = highlighted; }
 
 TableSheet::TableSheet(QTabWidget* pages, TableSide side, StringGrid& all, StringGrid& sub)
-    : TabSheet(pages, side == TableSide::Drive ? "DriveTabSheet" : "FileTabSheet",
-               side == TableSide::Drive ? QStringLiteral("Table from Drive") : QStringLiteral("Table from File")),
+    : TabSheet(
+          pages, side == TableSide::Drive ? "DriveTabSheet" : "FileTabSheet",
+          side == TableSide::Drive ? QStringLiteral("Table from Drive") : QStringLiteral("Table from File")),
       m_side(side) {
     const bool drive = side == TableSide::Drive;
     auto* column = new QVBoxLayout(this);
@@ -77,7 +78,8 @@ void TableSheet::buildIdentity(QVBoxLayout* column) {
     header->setColumnStretch(6, 1);
     const auto name = [drive](const char* ofDrive, const char* ofFile) { return drive ? ofDrive : ofFile; };
     ModelVrLabel = addLabel(header, 0, 0, name("ModelVrLabel", "ModelFVrLabel"), QStringLiteral("Drive:"));
-    VersionVrLabel = addLabel(header, 0, 2, name("VersionVrLabel", "VersionFVrLabel"), QStringLiteral("Version:"));
+    VersionVrLabel =
+        addLabel(header, 0, 2, name("VersionVrLabel", "VersionFVrLabel"), QStringLiteral("Version:"));
     HPVrLabel = addLabel(header, 0, 4, name("HPVrLabel", "HPFVrLabel"), QStringLiteral("kW ( Hp ):"));
     RatedVoltageVrLabel = addLabel(header, 1, 0, name("RatedVoltageVrLabel", "RatedVoltageFVrLabel"),
                                    QStringLiteral("Rated Voltage:"));
@@ -97,7 +99,8 @@ void TableSheet::buildIdentity(QVBoxLayout* column) {
     column->addLayout(header);
 }
 
-VrLabel* TableSheet::addLabel(QGridLayout* header, int row, int column, const char* name, const QString& caption) {
+VrLabel* TableSheet::addLabel(QGridLayout* header, int row, int column, const char* name,
+                              const QString& caption) {
     auto* label = new VrLabel(this);
     label->setObjectName(QLatin1String(name));
     label->setCharacters(IdentityCharacters);
@@ -180,9 +183,10 @@ ParameterPages::ParameterPages(ParameterSession& session, QWidget* parent)
 }
 
 void ParameterPages::buildEmptyPage() {
-    auto* hint = new QLabel(QStringLiteral("No parameter table is open.\n\nRead the table from the drive, or open a "
-                                           "file: with \"Read File\", from the folder list, or by dropping it here."),
-                            this);
+    auto* hint =
+        new QLabel(QStringLiteral("No parameter table is open.\n\nRead the table from the drive, or open a "
+                                  "file: with \"Read File\", from the folder list, or by dropping it here."),
+                   this);
     hint->setAlignment(Qt::AlignCenter);
     hint->setWordWrap(true);
     hint->setMargin(fontMetrics().height() * 2);
@@ -204,10 +208,14 @@ ParameterTab ParameterPages::tabOf(int index) const {
 
 TabSheet* ParameterPages::sheet(ParameterTab tab) const {
     switch (tab) {
-        case ParameterTab::Drive: return DriveTabSheet;
-        case ParameterTab::File: return FileTabSheet;
-        case ParameterTab::Compare: return CompareTabSheet;
-        case ParameterTab::None: break;
+        case ParameterTab::Drive:
+            return DriveTabSheet;
+        case ParameterTab::File:
+            return FileTabSheet;
+        case ParameterTab::Compare:
+            return CompareTabSheet;
+        case ParameterTab::None:
+            break;
     }
     return nullptr;
 }
@@ -256,10 +264,14 @@ void ParameterPages::showIdentity() {
 
 StringGridView* ParameterPages::frontView() const {
     switch (m_session.screen.active) {
-        case ParameterTab::Drive: return DriveTabSheet->subShown() ? DriveTabSheet->subGrid : DriveTabSheet->allGrid;
-        case ParameterTab::File: return FileTabSheet->subShown() ? FileTabSheet->subGrid : FileTabSheet->allGrid;
-        case ParameterTab::Compare: return CompareTabSheet->CompareAdvStringGrid;
-        case ParameterTab::None: break;
+        case ParameterTab::Drive:
+            return DriveTabSheet->subShown() ? DriveTabSheet->subGrid : DriveTabSheet->allGrid;
+        case ParameterTab::File:
+            return FileTabSheet->subShown() ? FileTabSheet->subGrid : FileTabSheet->allGrid;
+        case ParameterTab::Compare:
+            return CompareTabSheet->CompareAdvStringGrid;
+        case ParameterTab::None:
+            break;
     }
     return nullptr;
 }

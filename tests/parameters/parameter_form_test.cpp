@@ -5,10 +5,10 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QDropEvent>
 #include <QListView>
 #include <QMenu>
 #include <QMimeData>
-#include <QDropEvent>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -50,7 +50,8 @@ class ParameterWindow : public testing::Test {
             then(chosen);
         };
         form.choices.chooseFormat = [this](const TableChoices::ThenKind& then) { then(kind); };
-        form.choices.chooseCompareKind = [this](const QStringList& items, const TableChoices::ThenIndex& then) {
+        form.choices.chooseCompareKind = [this](const QStringList& items,
+                                                const TableChoices::ThenIndex& then) {
             asked << items;
             then(chosen);
         };
@@ -101,8 +102,12 @@ class ParameterWindow : public testing::Test {
     QTreeWidgetItem* node(int root, int child) {
         return named<QTreeWidget>("ParaTreeView")->topLevelItem(root)->child(child);
     }
-    void select(int root, int child) { named<QTreeWidget>("ParaTreeView")->setCurrentItem(node(root, child)); }
-    QString panel(int index) { return named<QLabel>(index ? "StatusLinePanel1" : "StatusLinePanel0")->text(); }
+    void select(int root, int child) {
+        named<QTreeWidget>("ParaTreeView")->setCurrentItem(node(root, child));
+    }
+    QString panel(int index) {
+        return named<QLabel>(index ? "StatusLinePanel1" : "StatusLinePanel0")->text();
+    }
 
     QTemporaryDir folder;
     ManualTickClock clock;
@@ -119,7 +124,6 @@ class ParameterWindow : public testing::Test {
     std::optional<int> chosen = 0;
     std::optional<TableFileKind> kind = TableFileKind::Text;
 };
-
 
 class HazelWindow : public ParameterWindow {
    protected:
@@ -141,6 +145,18 @@ TEST_F(ParameterWindow, OpensBareAndTellsThatNoTableIsOpen) {
     for (const char* name : {"DriveAdvStringGrid", "SubFileAdvStringGrid"})
         for (int c = column::Address; c < TableColumns; ++c) EXPECT_TRUE(view(name)->isColumnHidden(c));
     EXPECT_TRUE(station.port.writes().isEmpty());
+}
+
+TEST_F(ParameterWindow, NoNameStandsTwice) {
+    QSet<QString> seen;
+    for (const QObject* object : form.findChildren<QObject*>()) {
+        const QString name = object->objectName();
+        if (name.isEmpty() || name.startsWith("qt_") || name.startsWith('_')) continue;
+        EXPECT_FALSE(seen.contains(name)) << name.toStdString();
+        seen.insert(name);
+    }
+    EXPECT_TRUE(seen.contains("HideAttribute") && seen.contains("RparaAbLED") &&
+                seen.contains("CompKindLabel"));
 }
 
 TEST_F(ParameterWindow, ReadsATableIntoTabAndTree) {
@@ -226,7 +242,8 @@ TEST_F(ParameterWindow, HidesAColumnInAllFiveGrids) {
 
 TEST_F(HazelWindow, HidesUnitAndDefault) {
     readTable();
-    for (const char* item : {"HideUnit", "HideDefault"}) EXPECT_TRUE(named<QAction>(item)->isChecked()) << item;
+    for (const char* item : {"HideUnit", "HideDefault"})
+        EXPECT_TRUE(named<QAction>(item)->isChecked()) << item;
     EXPECT_TRUE(view("FileAdvStringGrid")->isColumnHidden(column::Unit));
     loadSample();
     EXPECT_FALSE(named<QAction>("HideUnit")->isChecked());
@@ -243,8 +260,9 @@ TEST_F(ParameterWindow, SavesAsTextAndLoadsItAgain) {
     EXPECT_EQ(asked, (QStringList{"Select Parameter Source to Save", "Table from File", "0"}));
     const QByteArray saved = readWhole(copy).bytes;
     EXPECT_TRUE(saved.startsWith("Larch|2.05|150A|460V|75 ( 100 )|2|2|1|0|\r\n")) << saved.toStdString();
-    EXPECT_TRUE(saved.endsWith("V        |01-00    |0100H    |Max. Output Freq|Hz       |50.00    |60.00    |50.00    "
-                               "|400.00   |Writable |0100     |2        |false    |\r\n"));
+    EXPECT_TRUE(saved.endsWith(
+        "V        |01-00    |0100H    |Max. Output Freq|Hz       |50.00    |60.00    |50.00    "
+        "|400.00   |Writable |0100     |2        |false    |\r\n"));
     person.expectOpen(openTableFilter(), copy);
     trigger("ReadfromFile");
     EXPECT_EQ(session.FileAdvStringGrid.cell(column::Data, 5), "50.00");
@@ -315,7 +333,8 @@ TEST_F(ParameterWindow, ComparesAndTellsWhatCouldNotBeCompared) {
     EXPECT_TRUE(panel(0).contains("could not be compared")) << panel(0).toStdString();
 
     std::vector<PrintRecord> records;
-    QObject::connect(&form, &TParameterForm::reportWanted, [&](const Report& report) { records = report.records; });
+    QObject::connect(&form, &TParameterForm::reportWanted,
+                     [&](const Report& report) { records = report.records; });
     asked.clear();
     trigger("Print");
     EXPECT_EQ(asked, (QStringList{"Select Parameter Source to Print", "Table from Drive", "Table from File",
@@ -396,10 +415,11 @@ TEST_F(ParameterWindow, LoadsFilesThatAreDroppedOrDoubleClicked) {
     FolderBrowser* browser = form.findChild<FolderBrowser*>();
     browser->setFolder(folder.path());
     QAbstractItemModel* files = browser->LsFilelistView->model();
-    ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return files->rowCount(browser->LsFilelistView->rootIndex()) == 3; }, 5000));
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return files->rowCount(browser->LsFilelistView->rootIndex()) == 3; }, 5000));
     QStringList shown;
-    for (int i = 0; i < 3; ++i) shown << files->index(i, 0, browser->LsFilelistView->rootIndex()).data().toString();
+    for (int i = 0; i < 3; ++i)
+        shown << files->index(i, 0, browser->LsFilelistView->rootIndex()).data().toString();
     EXPECT_EQ(shown, (QStringList{" Up one level", "A.CSV", "t.txt"}));
     session.fileTable.TableFileName.clear();
     Q_EMIT browser->LsFilelistView->doubleClicked(files->index(2, 0, browser->LsFilelistView->rootIndex()));
@@ -446,7 +466,8 @@ TEST(TableBackup, KeepsTheLastTwentyAndTellsAFailure) {
     test::fillSample(table);
     const auto held = [](const QString&) { return std::nullopt; };
     QDateTime now(QDate(2026, 3, 2), QTime(9, 0));
-    for (int i = 0; i < TableBackup::Kept + 2; ++i) ASSERT_TRUE(backup.write(table, false, now.addSecs(i / 2), held).ok);
+    for (int i = 0; i < TableBackup::Kept + 2; ++i)
+        ASSERT_TRUE(backup.write(table, false, now.addSecs(i / 2), held).ok);
     const QStringList files = QDir(backup.folder()).entryList(QDir::Files);
     EXPECT_EQ(files.size(), TableBackup::Kept);
     EXPECT_EQ(files.first(), "2026-03-02_09-00-01_Larch.txt");
