@@ -101,16 +101,18 @@ void TComSetupForm::buildProtocol(QGroupBox* group) {
     StopBitsComboBox = addBox("StopBitsComboBox", ComSetup::stopBitsItems(), &ComSetup::StopBitsComboBoxChange);
 
     auto* columns = new QHBoxLayout(group);
-    columns->setSpacing(2 * fontMetrics().height());
+    const int room = 2 * fontMetrics().height();
     auto* choice = new QVBoxLayout;
     choice->addWidget(ManualRadioButton);
     choice->addWidget(AutoDetectRadioButton);
     choice->addStretch();
     columns->addLayout(choice);
+    columns->addSpacing(room);
     auto* left = new QFormLayout;
     addField(left, QStringLiteral("&Mode"), ModeComboBox);
     addField(left, QStringLiteral("&Baud rate"), BaudComboBox);
     columns->addLayout(left);
+    columns->addSpacing(room);
     auto* right = new QFormLayout;
     addField(right, QStringLiteral("&Data bits"), DataBitsComboBox);
     addField(right, QStringLiteral("&Parity"), ParityComboBox);
@@ -130,6 +132,7 @@ void TComSetupForm::buildTest(QGridLayout* steps) {
     FailAbLED->setColor(FailRed);
     PortErrorLabel = addText("PortErrorLabel", {});
     PortErrorLabel->setWordWrap(true);
+    PortErrorLabel->hide();
     OKBitBtn = new QPushButton(icon(Icon::Accept), QStringLiteral("Accept"), this);
     OKBitBtn->setObjectName(QStringLiteral("OKBitBtn"));
     OKBitBtn->setToolTip(QStringLiteral("Take these settings for the connection to the drive"));
@@ -140,6 +143,7 @@ void TComSetupForm::buildTest(QGridLayout* steps) {
     steps->addWidget(addText("Des2Label", QStringLiteral("Test the connection to the drive.")), 3, 1);
     auto* test = new QHBoxLayout;
     test->addWidget(TestButton);
+    test->addSpacing(fontMetrics().height());
     test->addWidget(SuccessAbLED);
     test->addWidget(FailAbLED);
     test->addStretch();
@@ -169,6 +173,7 @@ void TComSetupForm::showRecord() {
     const QString why = shown.FailAbLED ? m_setup.port().openError() : QString();
     if (why == PortErrorLabel->text()) return;
     PortErrorLabel->setText(why);
+    PortErrorLabel->setVisible(!why.isEmpty());
     fitToText();
 }
 
