@@ -72,7 +72,8 @@ QComboBox* TComSetupForm::addBox(const char* name, const QStringList& items, Box
     auto* box = new QComboBox(this);
     box->setObjectName(QLatin1String(name));
     box->addItems(items);
-    connect(box, &QComboBox::textActivated, this, [this, handler](const QString& text) { (m_setup.*handler)(text); });
+    connect(box, &QComboBox::textActivated, this,
+            [this, handler](const QString& text) { (m_setup.*handler)(text); });
     return box;
 }
 
@@ -96,9 +97,11 @@ void TComSetupForm::buildProtocol(QGroupBox* group) {
     AutoDetectRadioButton->setObjectName(QStringLiteral("AutoDetectRadioButton"));
     ModeComboBox = addBox("ModeComboBox", ComSetup::modeItems(), &ComSetup::ModeComboBoxChange);
     BaudComboBox = addBox("BaudComboBox", ComSetup::baudItems(), &ComSetup::BaudComboBoxChange);
-    DataBitsComboBox = addBox("DataBitsComboBox", ComSetup::dataBitsItems(), &ComSetup::DataBitsComboBoxChange);
+    DataBitsComboBox =
+        addBox("DataBitsComboBox", ComSetup::dataBitsItems(), &ComSetup::DataBitsComboBoxChange);
     ParityComboBox = addBox("ParityComboBox", ComSetup::parityItems(), &ComSetup::ParityComboBoxChange);
-    StopBitsComboBox = addBox("StopBitsComboBox", ComSetup::stopBitsItems(), &ComSetup::StopBitsComboBoxChange);
+    StopBitsComboBox =
+        addBox("StopBitsComboBox", ComSetup::stopBitsItems(), &ComSetup::StopBitsComboBoxChange);
 
     auto* columns = new QHBoxLayout(group);
     const int room = 2 * fontMetrics().height();
@@ -197,9 +200,11 @@ void TComSetupForm::describePort() {
     ComPortComboBox->setAccessibleDescription(PortInfoLabel->text());
 }
 
+// A wrapped line needs its height told; a person's larger window stays as it is.
 void TComSetupForm::fitToText() {
     layout()->activate();
-    resize(width(), layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width()) : sizeHint().height());
+    const int needed = layout()->totalHeightForWidth(width());
+    if (needed > height()) resize(width(), needed);
 }
 
 void TComSetupForm::showEvent(QShowEvent* event) {

@@ -1,5 +1,5 @@
-// Identification over a practice drive of every family: what goes over the line, what it leaves behind, and what a
-// lost, damaged or late reply at any place of it does.
+// Identification over a practice drive of every family: what goes over the line, what it leaves behind, and
+// what a lost, damaged or late reply at any place of it does.
 #include "catalogue/identification.h"
 
 #include <gtest/gtest.h>
@@ -77,7 +77,8 @@ QStringList expand(const char* golden) {
             continue;
         }
         for (int group = 0; group <= word.mid(brace + 5, 2).toInt(nullptr, 16); ++group)
-            commands += word.left(brace) + QString::number(group, 16).toUpper().rightJustified(2, QLatin1Char('0')) +
+            commands += word.left(brace) +
+                        QString::number(group, 16).toUpper().rightJustified(2, QLatin1Char('0')) +
                         word.mid(brace + 8);
     }
     return commands;
@@ -97,35 +98,33 @@ struct Golden {
 
 void PrintTo(const Golden& row, std::ostream* out) { *out << familyName(row.family); }
 
-// The drives' own tables: 2 groups in Rowan, 12 in Aspen, Tilia and Willow, 14 in Larch, 11 in Hazel, 13 in the rest.
+// The drives' own tables: 2 groups in Rowan, 12 in Aspen, Tilia and Willow, 14 in Larch, 11 in Hazel, 13 in
+// the rest.
 const std::array<Golden, 9> goldens{{
-    {Family::Rowan,
-     "FF0321100003 FF0300500001 FF0300500001 FF0302{00..01}0001 FF03211B0001 FF0321000010",
+    {Family::Rowan, "FF0321100003 FF0300500001 FF0300500001 FF0302{00..01}0001 FF03211B0001 FF0321000010",
      "3.25", 9, "3.75 ( 5 )", true, true},
-    {Family::Aspen,
-     "FF0321100003 FF0300000001 FF0300000001 FF030C{00..0B}0001 FF03211B0001 FF032100000B",
+    {Family::Aspen, "FF0321100003 FF0300000001 FF0300000001 FF030C{00..0B}0001 FF03211B0001 FF032100000B",
      "1.12", 0, "0.56 ( 1/4 )", false, true},
     {Family::Larch,
-     "FF0321100003 FF0331{00..0D}0008 FF0300000001 FF030E{00..0D}0001 FF03211B0001 FF0321000010",
-     "4.12", 33, "75 ( 100 )", true, true},
-    {Family::Hazel,
-     "FF0321100003 FF0300060001 FF0300000001 FF030B{00..0A}0001 FF0301000001 FF032100000B",
+     "FF0321100003 FF0331{00..0D}0008 FF0300000001 FF030E{00..0D}0001 FF03211B0001 FF0321000010", "4.12", 33,
+     "75 ( 100 )", true, true},
+    {Family::Hazel, "FF0321100003 FF0300060001 FF0300000001 FF030B{00..0A}0001 FF0301000001 FF032100000B",
      "2.4", 7, "1.5 ( 2 )", false, false},
     {Family::Tilia,
-     "FF0321100003 FF0331{00..0B}0008 FF0300000001 FF030C{00..0B}0001 FF03211B0001 FF0321000010",
-     "2.07", 32, "75 ( 100 )", true, true},
+     "FF0321100003 FF0331{00..0B}0008 FF0300000001 FF030C{00..0B}0001 FF03211B0001 FF0321000010", "2.07", 32,
+     "75 ( 100 )", true, true},
     {Family::Osier,
-     "FF0321100003 FF0331{00..0C}0008 FF0307000001 FF030D{00..0C}0001 FF03211B0001 FF032100000E",
-     "2.31", 39, "130 ( 175 )", false, true},
+     "FF0321100003 FF0331{00..0C}0008 FF0307000001 FF030D{00..0C}0001 FF03211B0001 FF032100000E", "2.31", 39,
+     "130 ( 175 )", false, true},
     {Family::Willow,
-     "FF0321100003 FF0331{00..0B}0008 FF0300000001 FF030C{00..0B}0001 FF03211B0001 FF032100000B",
-     "1.15", 4, "0.75 ( 1 )", true, true},
+     "FF0321100003 FF0331{00..0B}0008 FF0300000001 FF030C{00..0B}0001 FF03211B0001 FF032100000B", "1.15", 4,
+     "0.75 ( 1 )", true, true},
     {Family::Yarrow,
-     "FF0321100003 FF0331{00..0C}0008 FF0300000001 FF030D{00..0C}0001 FF03211B0001 FF0321000010",
-     "1.18", 11, "3.7 ( 5 )", false, true},
+     "FF0321100003 FF0331{00..0C}0008 FF0300000001 FF030D{00..0C}0001 FF03211B0001 FF0321000010", "1.18", 11,
+     "3.7 ( 5 )", false, true},
     {Family::Sorrel,
-     "FF0321100003 FF0331{00..0C}0008 FF0300000001 FF030D{00..0C}0001 FF03211B0001 FF0321000010",
-     "2.05", 19, "15 ( 20 )", true, false},
+     "FF0321100003 FF0331{00..0C}0008 FF0300000001 FF030D{00..0C}0001 FF03211B0001 FF0321000010", "2.05", 19,
+     "15 ( 20 )", true, false},
 }};
 
 class Identification : public testing::TestWithParam<Golden> {};
@@ -135,8 +134,7 @@ TEST_P(Identification, SpeaksItsTranscriptAndKnowsTheDrive) {
     for (const LineMode mode : {LineMode::Ascii, LineMode::Rtu}) {
         Session session(golden.family, {}, mode);
         ASSERT_TRUE(session.run());
-        EXPECT_EQ(lines(session.station.port.transcript()),
-                  lines(expand(golden.commands)));
+        EXPECT_EQ(lines(session.station.port.transcript()), lines(expand(golden.commands)));
         const DriveLabelsRecord& labels = session.link.Labels;
         EXPECT_EQ(labels.DriveVrLabel.toStdString(), familyName(golden.family));
         EXPECT_EQ(labels.VersionVrLabel.toStdString(), golden.version);
@@ -147,7 +145,8 @@ TEST_P(Identification, SpeaksItsTranscriptAndKnowsTheDrive) {
         EXPECT_FALSE(session.link.Notice.TInitialForm);
         EXPECT_TRUE(session.link.Lamp.onLine());
         EXPECT_TRUE(session.person.asked.isEmpty());
-        // The version is known when the windows are told of the family, Hazel's comes later; no name is read yet.
+        // The version is known when the windows are told of the family, Hazel's comes later; no name is read
+        // yet.
         const bool later = golden.family == Family::Hazel;
         EXPECT_EQ(session.order, QStringList{QStringLiteral("version '%1', identified 0, names 0")
                                                  .arg(later ? QString() : QLatin1String(golden.version))});
@@ -167,7 +166,8 @@ TEST_P(Identification, TablesOfTheGroupsAreTheDrives) {
     for (int group = 0; group <= status.GroupCount; ++group) {
         const QString name = session.names.groupName(status.DriveFamily, group);
         if (namesFromDrive) {
-            EXPECT_TRUE(name.startsWith(QString::number(group) + QStringLiteral(" - "))) << name.toStdString();
+            EXPECT_TRUE(name.startsWith(QString::number(group) + QStringLiteral(" - ")))
+                << name.toStdString();
             EXPECT_FALSE(name.endsWith(QLatin1Char(' ')));
         } else {
             EXPECT_EQ(name, builtIn.groupName(status.DriveFamily, group));
@@ -181,44 +181,45 @@ QStringList afterResend(const QStringList& golden, qsizetype k) {
     const bool pushed = k == 0 || k == poll - 1;  // tasks that come with their command
     QStringList commands = golden.first(k + 1) + QStringList{golden[k]};
     if (pushed || k == poll) return commands + golden.mid(k + 1);
-    // Kept: the copy that a resent generated command leaves behind puts every later command one place back, until
-    // the queue runs empty before the first poll.
+    // Kept: the copy that a resent generated command leaves behind puts every later command one place back,
+    // until the queue runs empty before the first poll.
     return commands + golden.mid(k, poll - 1 - k) + QStringList{golden[poll]};
 }
 
 TEST_P(Identification, KeepsOneCommandBehindAfterOneBadReplyAtAnyPlace) {
     const QStringList golden = expand(GetParam().commands);
     for (const LineMode mode : {LineMode::Ascii, LineMode::Rtu}) {
-        for (const LineFault fault : {LineFault::Silent, LineFault::BadCheck, LineFault::CutShort, LineFault::Late,
-                                      LineFault::Echo}) {
+        for (const LineFault fault : {LineFault::Silent, LineFault::BadCheck, LineFault::CutShort,
+                                      LineFault::Late, LineFault::Echo}) {
             for (qsizetype k = 0; k < golden.size(); ++k) {
                 Session session(GetParam().family, {}, mode);
                 session.station.line.faults().failAt(int(k) + 1, fault);
                 ASSERT_TRUE(session.run()) << "place " << k << ", fault " << int(fault);
-                EXPECT_EQ(lines(session.station.port.transcript()),
-                          lines(afterResend(golden, k)))
+                EXPECT_EQ(lines(session.station.port.transcript()), lines(afterResend(golden, k)))
                     << "place " << k << ", fault " << int(fault);
                 EXPECT_FALSE(session.link.Notice.TInitialForm || session.link.Notice.TCEmessageForm);
                 const bool asks = fault == LineFault::BadCheck || fault == LineFault::CutShort;
-                EXPECT_EQ(session.person.asked,
-                          asks ? QStringList{QStringLiteral("Cofirm: ") + session.lang.MsgStr(3)} : QStringList());
+                EXPECT_EQ(
+                    session.person.asked,
+                    asks ? QStringList{QStringLiteral("Cofirm: ") + session.lang.MsgStr(3)} : QStringList());
             }
         }
     }
 }
 
-// A reply so late that it comes as the answer to the second try, noise before a reply, a refusal in its place; and
-// a foreign function code, which nobody looks at.
+// A reply so late that it comes as the answer to the second try, noise before a reply, a refusal in its
+// place; and a foreign function code, which nobody looks at.
 TEST_P(Identification, NeverSticks) {
     const qsizetype places = expand(GetParam().commands).size();
-    for (const LineFault fault : {LineFault::Late, LineFault::Noise, LineFault::Exception,
-                                  LineFault::WrongFunction}) {
+    for (const LineFault fault :
+         {LineFault::Late, LineFault::Noise, LineFault::Exception, LineFault::WrongFunction}) {
         for (qsizetype k = 0; k < places; ++k) {
             Session session(GetParam().family);
             session.station.line.options().lateUs = 1150000;
             session.station.line.faults().failAt(int(k) + 1, fault);
             EXPECT_TRUE(session.run()) << "place " << k << ", fault " << int(fault);
-            EXPECT_LE(session.station.port.writes().size(), places + 8) << "place " << k << ", fault " << int(fault);
+            EXPECT_LE(session.station.port.writes().size(), places + 8)
+                << "place " << k << ", fault " << int(fault);
         }
     }
 }
@@ -265,8 +266,10 @@ TEST(IdentificationEnd, FiveBadRepliesEndIt) {
     Session session(Family::Tilia);
     session.station.line.faults().setChance(LineFault::Echo, 100);
     EXPECT_FALSE(session.run());
-    EXPECT_EQ(lines(session.person.asked), lines(QStringList{QStringLiteral("Error: Initial drive failed !!")}));
-    EXPECT_EQ(lines(session.station.port.transcript()), lines(QStringList(5, QStringLiteral("FF0321100003"))));
+    EXPECT_EQ(lines(session.person.asked),
+              lines(QStringList{QStringLiteral("Error: Initial drive failed !!")}));
+    EXPECT_EQ(lines(session.station.port.transcript()),
+              lines(QStringList(5, QStringLiteral("FF0321100003"))));
     EXPECT_FALSE(session.station.port.Open());
     EXPECT_FALSE(session.link.Lamp.onLine());
 }

@@ -35,19 +35,37 @@ std::string lineText(quint8 DetectCode) {
 
 TEST(DetectCode, DescribesOneCombination) {
     const std::array<std::pair<quint8, const char*>, 16> rows{{
-        {0, "ASCII 9600 7 N 1"},    {1, "ASCII 9600 7 N 2"},     {2, "ASCII 9600 7 E 1"},
-        {5, "ASCII 9600 7 O 2"},    {6, "ASCII 9600 7 same 1"},  {8, "ASCII 9600 8 N 1"},
-        {16, "ASCII 19200 7 N 1"},  {32, "ASCII 38400 7 N 1"},   {48, "ASCII 4800 7 N 1"},
-        {64, "ASCII 2400 7 N 1"},   {80, "ASCII 1200 7 N 1"},    {96, "ASCII 57600 7 N 1"},
-        {112, "ASCII 115200 7 N 1"}, {125, "ASCII 115200 8 O 2"}, {128, "RTU 9600 8 N 1"},
+        {0, "ASCII 9600 7 N 1"},
+        {1, "ASCII 9600 7 N 2"},
+        {2, "ASCII 9600 7 E 1"},
+        {5, "ASCII 9600 7 O 2"},
+        {6, "ASCII 9600 7 same 1"},
+        {8, "ASCII 9600 8 N 1"},
+        {16, "ASCII 19200 7 N 1"},
+        {32, "ASCII 38400 7 N 1"},
+        {48, "ASCII 4800 7 N 1"},
+        {64, "ASCII 2400 7 N 1"},
+        {80, "ASCII 1200 7 N 1"},
+        {96, "ASCII 57600 7 N 1"},
+        {112, "ASCII 115200 7 N 1"},
+        {125, "ASCII 115200 8 O 2"},
+        {128, "RTU 9600 8 N 1"},
         {221, "RTU 1200 8 O 2"},
     }};
     for (const auto& [code, text] : rows) EXPECT_EQ(lineText(code), text) << int(code);
 }
 
 TEST(ComSetup, ReplyWaitByBaudRate) {
-    const std::array<std::pair<int, quint32>, 11> rows{{{1200, 8}, {2400, 8}, {4800, 8}, {9600, 7}, {19200, 6},
-                                                        {38400, 5}, {57600, 4}, {115200, 3}, {300, 8}, {14400, 8},
+    const std::array<std::pair<int, quint32>, 11> rows{{{1200, 8},
+                                                        {2400, 8},
+                                                        {4800, 8},
+                                                        {9600, 7},
+                                                        {19200, 6},
+                                                        {38400, 5},
+                                                        {57600, 4},
+                                                        {115200, 3},
+                                                        {300, 8},
+                                                        {14400, 8},
                                                         {128000, 1}}};
     SetupBench bench;
     for (const auto& [baud, ticks] : rows) {
@@ -94,7 +112,8 @@ TEST(ComSetupTest, SendsItsCommandInTheModeAndClosesTheLinkPort) {
     EXPECT_TRUE(bench.setup.shown.OKBitBtn);
     bench.setup.ModeComboBoxChange(QStringLiteral("RTU"));
     bench.setup.TestButtonClick();
-    EXPECT_EQ(bench.setupPort.written, (QByteArrayList{":FF0321010001DB\r\n", QByteArray::fromHex("FF0321010001CA28")}));
+    EXPECT_EQ(bench.setupPort.written,
+              (QByteArrayList{":FF0321010001DB\r\n", QByteArray::fromHex("FF0321010001CA28")}));
     EXPECT_EQ(bench.setupPort.kinds, (QByteArrayList{"string", "block"}));
     EXPECT_TRUE(bench.link.TaskQueue.empty());
 }
@@ -159,13 +178,18 @@ TEST(ComSetupWalk, TriesAllCombinationsOnADeafLine) {
     for (size_t n = 0; n < codes.size(); ++n) {
         ASSERT_EQ(bench.setupPort.written.size(), qsizetype(n + 1));
         const DetectedLine line = decodeDetectCode(codes[n]);
-        EXPECT_EQ(bench.setupPort.line, (PortSettings{1, line.Baud, line.DataBits, *line.Parity, line.StopBits})) << n;
+        EXPECT_EQ(bench.setupPort.line,
+                  (PortSettings{1, line.Baud, line.DataBits, *line.Parity, line.StopBits}))
+            << n;
         EXPECT_EQ(bench.link.mode(), line.mode);
         EXPECT_EQ(bench.link.BaudTimeoutTicks, baudTimeoutTicks(line.Baud));
         EXPECT_EQ(bench.setup.shown.BaudComboBox, QString::number(line.Baud));
         if (n + 1 == codes.size()) bench.expectMessage(20, "Warning");
         bench.clock.advanceUntil(
-            [&] { return bench.setupPort.written.size() > qsizetype(n + 1) || !bench.setup.RxTimer.Enabled(); }, 1000);
+            [&] {
+                return bench.setupPort.written.size() > qsizetype(n + 1) || !bench.setup.RxTimer.Enabled();
+            },
+            1000);
         EXPECT_EQ(bench.setup.shown.TConnectForm, n + 1 < codes.size()) << n;
     }
     EXPECT_EQ(bench.setupPort.written.size(), 168);

@@ -1,5 +1,5 @@
-// The windows around the link, by their object names: com setup and its helpers over a practice drive, the notices
-// and questions of the link.
+// The windows around the link, by their object names: com setup and its helpers over a practice drive, the
+// notices and questions of the link.
 #include <gtest/gtest.h>
 
 #include <QComboBox>
@@ -70,7 +70,8 @@ struct Room {
     GroupNameTable groupNames;
     DriveIdentification identification{link, groupNames, lang};
     ComSetup setup{link, station.port, clock};
-    PortDirectory ports = PortDirectory::fromText(QStringLiteral("3=practice:Tilia\n4=/dev/no-such-device\n"));
+    PortDirectory ports =
+        PortDirectory::fromText(QStringLiteral("3=practice:Tilia\n4=/dev/no-such-device\n"));
     TComSetupForm form{setup, ports};
     TConnectForm connectForm{setup, clock, &form};
 
@@ -90,10 +91,11 @@ TEST(ComSetupForm, HasTheNamesOfTheLanguageTable) {
     const FormSectionRow& row = formSection(FormSection::ComSetup);
     for (const KeyGroup* group : {&row.Button, &row.Hint, &row.Label}) {
         for (const KeyTarget& target : group->targets)
-            EXPECT_EQ(room.form.findChildren<QWidget*>(QLatin1String(target.control)).size(), 1) << target.control;
+            EXPECT_EQ(room.form.findChildren<QWidget*>(QLatin1String(target.control)).size(), 1)
+                << target.control;
     }
-    for (const auto* name : {"ComPortComboBox", "ModeComboBox", "BaudComboBox", "DataBitsComboBox", "ParityComboBox",
-                             "StopBitsComboBox"}) {
+    for (const auto* name : {"ComPortComboBox", "ModeComboBox", "BaudComboBox", "DataBitsComboBox",
+                             "ParityComboBox", "StopBitsComboBox"}) {
         const auto& labels = room.form.findChildren<QLabel*>();
         EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
             return label->buddy() && label->buddy()->objectName() == QLatin1String(name);
@@ -114,7 +116,8 @@ TEST(ComSetupForm, BoxesFollowTheHandAndTheRecord) {
     EXPECT_EQ(room.setup.port().settings(), (PortSettings{3, 19200, 8, ComParity::Even, 1}));
     EXPECT_EQ(room.link.ComMode, 1);
     clickRadio(room.form, "AutoDetectRadioButton");
-    for (const auto* name : {"ModeComboBox", "BaudComboBox", "DataBitsComboBox", "ParityComboBox", "StopBitsComboBox"})
+    for (const auto* name :
+         {"ModeComboBox", "BaudComboBox", "DataBitsComboBox", "ParityComboBox", "StopBitsComboBox"})
         EXPECT_FALSE(named<QWidget>(room.form, name).isEnabled()) << name;
     EXPECT_TRUE(named<QWidget>(room.form, "ComPortComboBox").isEnabled());
     clickRadio(room.form, "ManualRadioButton");
@@ -202,7 +205,8 @@ TEST(ConnectForm, WalkFindsTheDriveWithTwoTests) {
     EXPECT_EQ(room.connectForm.windowTitle(), QStringLiteral("Connecting to AC Drive"));
     EXPECT_TRUE(room.connectForm.isModal());
     EXPECT_EQ(named<QLabel>(room.connectForm, "Label1").text(), QStringLiteral("Baud rate 9600"));
-    EXPECT_EQ(named<QLabel>(room.connectForm, "Label2").text(), QStringLiteral("Modbus ASCII mode, protocol <7, N, 2 >"));
+    EXPECT_EQ(named<QLabel>(room.connectForm, "Label2").text(),
+              QStringLiteral("Modbus ASCII mode, protocol <7, N, 2 >"));
     room.person.expectBox(room.lang.MsgStr(22), QStringLiteral("Cofirm"), BoxAnswer::Ok,
                           [&] { EXPECT_FALSE(room.connectForm.isVisible()); });
     room.testIsOver();
@@ -282,8 +286,8 @@ TEST(MessageForm, ThreeAnswersAndNoOtherWayOut) {
     TMessageForm form;
     QSignalSpy answers(&form, &TMessageForm::answered);
     const std::array<std::pair<const char*, LinkAnswer>, 3> rows{{{"RetryBitBtn", LinkAnswer::Retry},
-                                                                 {"IgnoreBitBtn", LinkAnswer::Ignore},
-                                                                 {"AbortBitBtn", LinkAnswer::Abort}}};
+                                                                  {"IgnoreBitBtn", LinkAnswer::Ignore},
+                                                                  {"AbortBitBtn", LinkAnswer::Abort}}};
     for (const auto& [name, answer] : rows) {
         form.ask(QStringLiteral("Communication Timeout"), true);
         QTest::keyClick(&form, Qt::Key_Escape);
