@@ -6,7 +6,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr int BlankedRows = 400;  // design limit of the table; a longer one is read all the same
 constexpr int ReadProgressWidth = 400;
 constexpr quint8 ReadTask = 12;
 
@@ -90,11 +89,7 @@ bool ParameterReader::driveIsThere() {
 
 void ParameterReader::prepareTable() {
     if (hideColumnsFor) hideColumnsFor(family());
-    StringGrid& grid = m_table.grid;
-    grid.blank(column::PrNo, column::Address, 1, BlankedRows);
-    grid.setRowCount(2);
-    grid.blank(column::Dot, column::RunSet, 1, 1);
-    grid.removeCheckBox(1);
+    m_table.clear();
     takeIdentity();
     m_screen.DriveTabSheet = true;
     m_screen.ResetParameter = true;

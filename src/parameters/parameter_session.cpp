@@ -4,7 +4,7 @@ namespace kelvane {
 
 namespace {
 
-constexpr int BlankedOnClose = 300;  // design limit of the tables, as far as they are blanked
+constexpr int BlankedOnClose = 300;  // rows of the comparison, by design
 
 const QString Cofirm = QStringLiteral("Cofirm");
 
@@ -81,10 +81,9 @@ void ParameterSession::FormClose() {
     reader.stop();
     closeSide(TableSide::Drive);
     closeSide(TableSide::File);
-    for (StringGrid* grid : {&DriveAdvStringGrid, &FileAdvStringGrid, &CompareAdvStringGrid})
-        grid->blank(column::PrNo, column::Address, 1, BlankedOnClose);
-    DriveAdvStringGrid.setRowCount(2);
-    FileAdvStringGrid.setRowCount(2);
+    driveTable.clear();
+    fileTable.clear();
+    CompareAdvStringGrid.blank(column::PrNo, column::Note, 1, BlankedOnClose);
     screen.DriveTabSheet = screen.FileTabSheet = screen.CompareTabSheet = false;
     screen.active = ParameterTab::None;
     screen.ResetParameter = false;

@@ -143,7 +143,6 @@ std::optional<QString> ParameterWriter::nextCommand() {
 bool ParameterWriter::takeRefusal() {
     DriveStatusRecord& status = m_bench.link.DriveStatus;
     if (!status.ExceptionTextDone && !m_bench.link.Notice.TCEmessageForm) return false;
-    WriteTimer.setEnabled(false);
     if (status.ExceptionTextDone) recordRefusal();
     status.ExceptionPending = 0;
     bool finished = false;
@@ -153,12 +152,12 @@ bool ParameterWriter::takeRefusal() {
         m_bench.link.ParamRead.WriteDone = 0;
         stepBar();
         finished = stepRow();
+        WriteTimer.kick();
     } else if (LinkAction == 3) {
         status.ExceptionTextDone = 0;
         finished = true;
     }
     LinkAction = 0;
-    WriteTimer.setEnabled(true);
     return finished;
 }
 

@@ -76,7 +76,7 @@ TEST(ParameterReader, OffLineAsksForComSetupAndStopsWhenThatDidNotHelp) {
     ParameterLinkBench b;
     b.link.Lamp = {};
     bool onLineNow = false;
-    b.bench.openComSetup = [&] {
+    b.session.bench.openComSetup = [&] {
         if (onLineNow) b.link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
     };
     b.person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
@@ -103,10 +103,8 @@ TEST(ParameterReader, NoGroupToLoad) {
 
 TEST(ParameterReader, HazelHasShortRecordsAndNamesOfOurs) {
     ParameterLinkBench b(3);
-    Family hidden = Family::Rowan;
-    b.reader.hideColumnsFor = [&](Family family) { hidden = family; };
     b.reader.ReadDriveTransparentButtonClick();
-    EXPECT_EQ(hidden, Family::Hazel);
+    EXPECT_TRUE(b.table.grid.columnHidden(column::Unit) && b.table.grid.columnHidden(column::Default));
     const QStringList asked = b.readAll({{6000, 60000, 5000, TwoPlacesRunSet}});
     EXPECT_EQ(asked[2], "FF0301000004");
     EXPECT_EQ(b.table.grid.cell(column::Description, 5), "Max Output Freq.");
