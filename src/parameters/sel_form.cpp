@@ -71,7 +71,6 @@ void SelForm::begin(std::function<void(bool)> then) {
     m_then = std::move(then);
     adjustSize();
     show();
-    raise();
 }
 
 void SelForm::answer(bool byOk) {

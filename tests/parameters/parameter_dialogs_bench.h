@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QTest>
+#include <stdexcept>
 
 #include "base/manual_tick_clock.h"
 #include "bench/scripted_operator.h"
@@ -12,6 +13,7 @@
 #include "parameters/input_value_form.h"
 #include "parameters/parameter_session.h"
 #include "parameters/progress_form.h"
+#include "parameters/value_edit.h"
 #include "parameters/write_check_err_record_form.h"
 #include "parameters/write_check_form.h"
 #include "ui/string_grid_view.h"

@@ -1,14 +1,15 @@
 // The dialogs of the Parameter window by the names of their controls, over a practice drive.
 
 #include <gtest/gtest.h>
-#include "bench/decimal_sep.h"
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QImage>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProgressBar>
 
+#include "bench/decimal_sep.h"
 #include "parameters/parameter_dialogs_bench.h"
 #include "parameters/sel_comp_kind_form.h"
 #include "parameters/sel_file_format_form.h"
@@ -122,7 +123,7 @@ TEST_P(DialogSession, ReadEditWriteReadBack) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Families, DialogSession, testing::Values(Family::Larch, Family::Aspen),
-                         [](const auto& info) { return std::string(familyName(info.param)); });
+                         [](const auto& test) { return std::string(familyName(test.param)); });
 
 // ---- Progress ----
 
@@ -249,8 +250,10 @@ class ValueEditor : public testing::Test {
         edit = {.PrInforVrLabel = "01-00: Max Output Freq.",
                 .UnitVrLabel = "Hz",
                 .InputOldText = text,
+                .Text = {},
                 .InputMin = min,
                 .InputMax = max,
+                .InputDefault = 0,
                 .InputDot = dot,
                 .fromList = dot == 0 && max < 10 && min >= 0,
                 .InputAccepted = true};
