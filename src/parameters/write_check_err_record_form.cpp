@@ -12,6 +12,7 @@ namespace {
 
 constexpr int PrNoColumn = 1;
 constexpr int TextColumn = 5;
+constexpr int LinesHigh = 22;
 
 }  // namespace
 
@@ -32,8 +33,8 @@ TWriteCheckErrRecordForm::TWriteCheckErrRecordForm(ParameterWriter& writer, QWid
     auto* column = new QVBoxLayout(this);
     column->addWidget(ErrorAdvStringGrid, 1);
     column->addWidget(CloseTransparentButton, 0, Qt::AlignRight);
-    const int em = fontMetrics().averageCharWidth();
-    resize(105 * em, 40 * em);
+    const QMargins edge = column->contentsMargins();
+    resize(ErrorAdvStringGrid->wholeWidth() + edge.left() + edge.right(), fontMetrics().height() * LinesHigh);
     connect(CloseTransparentButton, &QToolButton::clicked, this, &QDialog::accept);
     connect(this, &QDialog::finished, &m_writer, &ParameterWriter::errorRecordClosed);
     connect(&m_writer, &ParameterWriter::errorRecordWanted, this, &TWriteCheckErrRecordForm::showRecord);

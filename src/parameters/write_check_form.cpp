@@ -18,6 +18,8 @@ namespace kelvane {
 
 namespace {
 
+constexpr int LinesHigh = 34;
+
 // A row that may not be set in running is slanted and bears a lock as well as its red font.
 class WriteListDelegate : public GridDelegate {
    public:
@@ -28,8 +30,10 @@ class WriteListDelegate : public GridDelegate {
         GridDelegate::paint(painter, option, index);
         if (index.column() != column::PrNo || !runningForbids(index)) return;
         const int side = option.rect.height() - 6;
+        const bool rests = !option.state.testFlag(QStyle::State_Enabled);
         icon(Icon::Lock)
-            .paint(painter, QRect(option.rect.right() - side - 2, option.rect.top() + 3, side, side));
+            .paint(painter, QRect(option.rect.right() - side - 2, option.rect.top() + 3, side, side),
+                   Qt::AlignCenter, rests ? QIcon::Disabled : QIcon::Normal);
     }
 
    protected:
@@ -133,6 +137,8 @@ void TWriteCheckForm::build() {
     column->addLayout(hint);
     column->addWidget(SummaryLabel);
     column->addLayout(foot);
+    const QMargins edge = column->contentsMargins();
+    resize(AdvStringGrid1->wholeWidth() + edge.left() + edge.right(), fontMetrics().height() * LinesHigh);
 }
 
 void TWriteCheckForm::connectList() {
@@ -154,8 +160,6 @@ void TWriteCheckForm::follow(bool shown) {
         showRecord();
         AdvStringGrid1->setCurrentCell(column::PrNo, 1);
         AdvStringGrid1->setFocus();
-        const int em = fontMetrics().averageCharWidth();
-        if (width() < 118 * em) resize(118 * em, 40 * em + height() / 4);
     }
     setVisible(shown);
 }

@@ -99,6 +99,10 @@ struct DialogBench {
         for (int G = 0; G <= groups; ++G)
             link.DriveStatus.GroupParamCount[static_cast<size_t>(G)] =
                 station.drive.parameters().highestNumber(G).value_or(0);
+        for (size_t G = 0; G < drive::familyData(family).groups.size(); ++G)
+            names.storeReportedName(
+                static_cast<quint8>(family), static_cast<int>(G),
+                QString::fromStdString(std::string(drive::familyData(family).groups[G].name)));
         session.opened();
     }
     bool runUntil(const std::function<bool()>& done) { return clock.advanceUntil(done, 600 * 1000); }
