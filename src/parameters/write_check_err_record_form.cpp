@@ -1,5 +1,6 @@
 #include "parameters/write_check_err_record_form.h"
 
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "ui/icons.h"
@@ -34,7 +35,9 @@ TWriteCheckErrRecordForm::TWriteCheckErrRecordForm(ParameterWriter& writer, QWid
     column->addWidget(ErrorAdvStringGrid, 1);
     column->addWidget(CloseTransparentButton, 0, Qt::AlignRight);
     const QMargins edge = column->contentsMargins();
-    resize(ErrorAdvStringGrid->wholeWidth() + edge.left() + edge.right(), fontMetrics().height() * LinesHigh);
+    const QSize whole(ErrorAdvStringGrid->wholeWidth() + edge.left() + edge.right(),
+                      fontMetrics().height() * LinesHigh);
+    resize(whole.boundedTo(screen()->availableSize()));
     connect(CloseTransparentButton, &QToolButton::clicked, this, &QDialog::accept);
     connect(this, &QDialog::finished, &m_writer, &ParameterWriter::errorRecordClosed);
     connect(&m_writer, &ParameterWriter::errorRecordWanted, this, &TWriteCheckErrRecordForm::showRecord);

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -138,7 +139,9 @@ void TWriteCheckForm::build() {
     column->addWidget(SummaryLabel);
     column->addLayout(foot);
     const QMargins edge = column->contentsMargins();
-    resize(AdvStringGrid1->wholeWidth() + edge.left() + edge.right(), fontMetrics().height() * LinesHigh);
+    const QSize whole(AdvStringGrid1->wholeWidth() + edge.left() + edge.right(),
+                      fontMetrics().height() * LinesHigh);
+    resize(whole.boundedTo(screen()->availableSize()));
 }
 
 void TWriteCheckForm::connectList() {
