@@ -9,7 +9,14 @@ void KeypadSource::ReadfromKeypadClick() {
         Q_EMIT passwordWanted();
         return;
     }
-    if (closeTable) closeTable();
+    if (closeTable) {
+        closeTable([this] { goOn(); });
+    } else {
+        goOn();
+    }
+}
+
+void KeypadSource::goOn() {
     if (!keypadIsConnected()) return;
     m_bench.link.emptyQueues();
     takeLineSettings();

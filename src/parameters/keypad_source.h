@@ -31,13 +31,15 @@ class KeypadSource : public QObject {
     // Sets the boxes of com setup, runs their change handlers (ComMode, BaudTimeoutTicks) and gives the
     // settings that its port has then.
     std::function<PortSettings(const ComSetupChoice&)> setComSetup;
-    std::function<void()> closeTable;  // closeTableClick of the table from drive
+    // closeTableClick of the table from drive; goes on when the tab has closed.
+    std::function<void(std::function<void()> then)> closeTable;
 
    Q_SIGNALS:
     void passwordWanted();  // TPasswordForm; the right password sets the mark ReadfromKeypad
     void screenChanged();
 
    private:
+    void goOn();
     bool keypadIsConnected();
     void takeLineSettings();
     void becomeKeypad();

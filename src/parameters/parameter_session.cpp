@@ -37,8 +37,9 @@ ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, con
         return ProcessAdvStringGridGetCellColor(CompareAdvStringGrid, table.identity.family, column, row);
     };
     reader.hideColumnsFor = [this](Family family) { columns.setForFamily(family); };
-    keypad.closeTable = [this] {
-        if (screen.DriveTabSheet) closeTableClick(TableSide::Drive);
+    keypad.closeTable = [this](const std::function<void()>& then) {
+        if (!screen.DriveTabSheet) return then();
+        closeTableClick(TableSide::Drive, then);
     };
     connect(&link, &RequestScheduler::changed, this, &ParameterSession::mirrorModel);
     connect(&reader, &ParameterReader::screenChanged, this, &ParameterSession::screenChanged);
@@ -64,6 +65,11 @@ void ParameterSession::mirrorModel() {
     m_linkModel = model;
     screen.ModelVrLabel = model;
     Q_EMIT screenChanged();
+}
+
+std::optional<QString> ParameterSession::heldByDrive(const QString& PrNo) const {
+    const auto found = m_held.constFind(PrNo);
+    return found == m_held.constEnd() ? std::nullopt : std::optional<QString>(*found);
 }
 
 void ParameterSession::rememberHeld(const StringGrid& grid, int row) {
@@ -144,24 +150,36 @@ void ParameterSession::refreshSubTables() {
     Q_EMIT screenChanged();
 }
 
-void ParameterSession::closeTableClick(TableSide side) {
+void ParameterSession::closeTableClick(TableSide side, const std::function<void()>& then) {
     screen.active = side == TableSide::Drive ? ParameterTab::Drive : ParameterTab::File;
-    CloseTab();
+    CloseTab(then);
 }
 
-void ParameterSession::CloseTab() {
+void ParameterSession::CloseTab(const std::function<void()>& then) {
     const ParameterTab tab = screen.active;
     if (tab == ParameterTab::None) return;
-    if (tab != ParameterTab::Compare) {
-        const TableSide side = tab == ParameterTab::Drive ? TableSide::Drive : TableSide::File;
-        if (bench.link.operatorAsked().yes(bench.link.lang().MsgStr(17), Cofirm) && saveTable)
-            saveTable(side);
-        closeSide(side);
+    const auto goOn = [this, tab, then] {
+        closeTab(tab);
+        if (then) then();
+    };
+    const bool mayBeSaved = tab != ParameterTab::Compare;
+    if (!mayBeSaved || !bench.link.operatorAsked().yes(bench.link.lang().MsgStr(17), Cofirm)) return goOn();
+    screen.FileAbLED = tab == ParameterTab::File;
+    if (!saveTable) return goOn();
+    saveTable(screen.FileAbLED ? TableSide::File : TableSide::Drive, goOn);
+}
+
+void ParameterSession::closeTab(ParameterTab tab) {
+    if (tab == ParameterTab::Drive) {
+        closeSide(TableSide::Drive);
+        screen.DriveTabSheet = false;
+    } else if (tab == ParameterTab::File) {
+        closeSide(TableSide::File);
+        screen.FileTabSheet = false;
+    } else {
+        screen.CompareTabSheet = false;
     }
-    if (tab == ParameterTab::Drive) screen.DriveTabSheet = false;
-    if (tab == ParameterTab::File) screen.FileTabSheet = false;
-    if (tab == ParameterTab::Compare) screen.CompareTabSheet = false;
-    screen.active = ParameterTab::None;
+    if (screen.active == tab) screen.active = ParameterTab::None;
     for (const ParameterTab next : {ParameterTab::Drive, ParameterTab::File, ParameterTab::Compare})
         if (screen.active == ParameterTab::None && screen.visible(next)) screen.active = next;
     Q_EMIT screenChanged();
@@ -209,10 +227,7 @@ void ParameterSession::write(TableSide side, WriteMode mode, bool useDefaults) {
 }
 
 QString ParameterSession::writeSummaryLine() const {
-    const auto held = [this](const QString& PrNo) {
-        const auto found = m_held.constFind(PrNo);
-        return found == m_held.constEnd() ? std::nullopt : std::optional<QString>(*found);
-    };
+    const auto held = [this](const QString& PrNo) { return heldByDrive(PrNo); };
     return writeSummaryText(writeSummaryOf(writer.AdvStringGrid1, m_writeFamily, driveFamily(), held));
 }
 

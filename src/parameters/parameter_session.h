@@ -71,12 +71,16 @@ class ParameterSession : public QObject {
     // A line for the write list: how many rows differ, are read-only, or of another family.
     QString writeSummaryLine() const;
 
-    // Closing of the active tab, and closeTable of the tree's menu.
-    void CloseTab();
-    void closeTableClick(TableSide side);
+    // Closing of the active tab, and closeTable of the tree's menu. then runs when the tab has closed.
+    void CloseTab(const std::function<void()>& then = {});
+    void closeTableClick(TableSide side, const std::function<void()>& then = {});
 
-    // Saves a table before its tab closes; runs to its end.
-    std::function<void(TableSide)> saveTable;
+    // Saves a table before its tab closes. then goes on closing: it runs once the table is saved or the person
+    // has let it be, and not at all when it could not be written.
+    std::function<void(TableSide side, std::function<void()> then)> saveTable;
+
+    // Value text that the drive held when it was last read; nothing for a parameter that was not.
+    std::optional<QString> heldByDrive(const QString& PrNo) const;
 
    Q_SIGNALS:
     void screenChanged();                             // tabs, tree, lamp, menu items
@@ -88,6 +92,7 @@ class ParameterSession : public QObject {
     void chooseWriteSource(WriteMode mode);
     void write(TableSide side, WriteMode mode, bool useDefaults);
     void refreshSubTables();
+    void closeTab(ParameterTab tab);
     void closeSide(TableSide side);
     void rememberHeld(const StringGrid& grid, int row);
     Family driveFamily() const { return static_cast<Family>(bench.link.DriveStatus.DriveFamily); }

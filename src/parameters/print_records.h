@@ -2,6 +2,7 @@
 // head. The painting is the window's.
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 #include <array>
 #include <vector>
@@ -35,5 +36,13 @@ struct ReportHead {
 
 // The blocks come from the visible rows of the comparison's info grid, whatever is printed.
 ReportHead reportHead(PrintSource source, const ComparisonSheet& sheet);
+
+// All that the preview, the printer and the PDF are painted from.
+struct Report {
+    ReportHead head;
+    QDateTime DateQRLabel;
+    std::vector<PrintRecord> records;
+};
+Report makeReport(PrintSource source, const StringGrid& grid, const ComparisonSheet& sheet, const QDateTime& now);
 
 }  // namespace kelvane

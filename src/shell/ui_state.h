@@ -4,22 +4,24 @@
 
 #include <QSettings>
 
+#include "base/kept_looks.h"
+
 class QMainWindow;
 class QSplitter;
 class QWidget;
 
 namespace kelvane {
 
-class UiState {
+class UiState final : public KeptLooks {
    public:
     explicit UiState(const QString& path) : m_settings(path, QSettings::IniFormat) {}
 
     void restoreWindow(QWidget& window);
     void keepWindow(const QWidget& window);
-    QString text(const QString& key) const { return m_settings.value(key).toString(); }
-    void setText(const QString& key, const QString& text) { m_settings.setValue(key, text); }
-    QStringList list(const QString& key) const { return m_settings.value(key).toStringList(); }
-    void setList(const QString& key, const QStringList& list) { m_settings.setValue(key, list); }
+    QString text(const QString& key) const override { return m_settings.value(key).toString(); }
+    void setText(const QString& key, const QString& text) override { m_settings.setValue(key, text); }
+    QStringList list(const QString& key) const override { return m_settings.value(key).toStringList(); }
+    void setList(const QString& key, const QStringList& list) override { m_settings.setValue(key, list); }
 
    private:
     QSettings m_settings;

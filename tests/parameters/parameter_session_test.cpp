@@ -120,7 +120,11 @@ TEST(ParameterSession, ClosedAndOpenedAgainIsBare) {
     b.readAll();
     b.session.ParaTreeViewChange(TableSide::Drive, 1);
     QList<TableSide> saved;
-    b.session.saveTable = [&](TableSide side) { saved += side; };
+    std::function<void()> goOn;
+    b.session.saveTable = [&](TableSide side, const std::function<void()>& then) {
+        saved += side;
+        goOn = then;
+    };
 
     b.session.FormClose();
     b.session.opened();
@@ -136,6 +140,8 @@ TEST(ParameterSession, ClosedAndOpenedAgainIsBare) {
     b.person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::Yes);
     b.session.closeTableClick(TableSide::Drive);
     EXPECT_EQ(saved, QList<TableSide>{TableSide::Drive});
+    EXPECT_TRUE(b.screen.DriveTabSheet);
+    goOn();
     EXPECT_EQ(b.screen.driveRoot, (TreeRoot{"Drive", {}, false}));
     EXPECT_FALSE(b.screen.DriveTabSheet);
 }
