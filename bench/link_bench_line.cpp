@@ -33,12 +33,12 @@ qint64 LineCase::replyUs() const {
 
 qint64 LineCase::silenceUs() const {
     if (mode != LinkMode::Rtu) return 0;
-    return rtuSilenceUs(settings().wireTimeUs(7) / 2, Baud, 0);
+    return rtuSilenceUs(settings().silenceUs(), Baud, 0);
 }
 
 qint64 LineCase::limitUs() const {
     const qint64 turnaround =
-        mode == LinkMode::Rtu ? std::max(TurnaroundUs, settings().wireTimeUs(7) / 2) : TurnaroundUs;
+        mode == LinkMode::Rtu ? std::max(TurnaroundUs, settings().silenceUs()) : TurnaroundUs;
     return requestUs() + turnaround + replyUs();
 }
 
