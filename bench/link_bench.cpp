@@ -29,6 +29,7 @@ struct Plan {
     int count = 200;
     int runs = 3;
     QString only;  // rows whose name has this in it
+    QStringList tables;
 };
 
 int missed = 0;
@@ -92,15 +93,20 @@ void measureReading(const Plan& plan) {
         }
 }
 
-double cpuPercentOver(int ms) {
-    const double cpuBefore = cpuUs();
-    const double before = nowUs();
-    runFor(ms);
-    return (cpuUs() - cpuBefore) / (nowUs() - before) * 100;
+// Least share of a core over several windows of time: what other programs do to the caches is not ours.
+double cpuPercentOver(int ms, int runs) {
+    double least = 100;
+    for (int run = 0; run < runs; ++run) {
+        const double cpuBefore = cpuUs();
+        const double before = nowUs();
+        runFor(ms);
+        least = std::min(least, (cpuUs() - cpuBefore) / (nowUs() - before) * 100);
+    }
+    return least;
 }
 
-void measureResting() {
-    std::printf("\nCPU of the link without windows, share of a core.\n\n");
+void measureResting(int runs) {
+    std::printf("\nCPU of the link without windows, share of a core; best of %d runs.\n\n", runs);
     for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii}) {
         const LineCase line{mode, 9600};
         const DriveProcess drive(line);
@@ -110,12 +116,12 @@ void measureResting() {
         tool.poll();
         runFor(500);
         polls = 0;
-        const double on = cpuPercentOver(10000);
-        std::printf("%s  polling 10 s: %6.3f %%, %d polls%s\n", qPrintable(line.name()), on, polls,
-                    verdict(on, PollingPercent));
+        const double on = cpuPercentOver(10000, runs);
+        std::printf("%s  polling 10 s: %6.3f %%, %d polls%s\n", qPrintable(line.name()), on,
+                    polls / runs, verdict(on, PollingPercent));
         tool.offLine();
         runFor(100);
-        const double off = cpuPercentOver(5000);
+        const double off = cpuPercentOver(5000, runs);
         std::printf("%s  off line 5 s: %6.3f %%%s\n", qPrintable(line.name()), off,
                     verdict(off, OffLinePercent));
         std::fflush(stdout);
@@ -152,7 +158,7 @@ void measureLoss(const LineCase& line) {
     const double backAt = nowUs();
     const int polled = polls;
     const bool again = runUntil([&] { return polls > polled; }, 20000, 5);
-    std::printf("%s  %d polls, then the other end goes away: closed %s after %.1f ms%s, CPU %.3f %% over 3 s%s,\n"
+    std::printf("\n%s  %d polls, then the other end goes away: closed %s after %.1f ms%s, CPU %.3f %% over 3 s%s,\n"
                 "              history \"%s\",\n"
                 "              back on the same path: %s after %.0f ms\n",
                 qPrintable(line.name()), before, closed ? "" : "NOT", closedMs,
@@ -171,12 +177,14 @@ Plan readPlan() {
     };
     option("count", "Parameters a run (200).", "number", "200");
     option("runs", "Runs a row; the best one counts (3).", "number", "3");
-    option("only", "Only the reading rows whose name holds this text; none of the other tables.", "text", "");
+    option("only", "Only the reading rows whose name holds this text.", "text", "");
+    option("tables", "Which tables (reading,rest,loss).", "names", "reading,rest,loss");
     parser.process(*QCoreApplication::instance());
     Plan plan;
     plan.count = std::max(1, parser.value(QStringLiteral("count")).toInt());
     plan.runs = std::max(1, parser.value(QStringLiteral("runs")).toInt());
     plan.only = parser.value(QStringLiteral("only"));
+    plan.tables = parser.value(QStringLiteral("tables")).split(QLatin1Char(','));
     return plan;
 }
 
@@ -185,12 +193,10 @@ Plan readPlan() {
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     const Plan plan = readPlan();
-    measureReading(plan);
-    if (plan.only.isEmpty()) {
-        measureResting();
-        std::printf("\n");
+    if (plan.tables.contains(QStringLiteral("reading"))) measureReading(plan);
+    if (plan.tables.contains(QStringLiteral("rest"))) measureResting(plan.runs);
+    if (plan.tables.contains(QStringLiteral("loss")))
         for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii}) measureLoss({mode, 9600});
-    }
     if (missed > 0) std::printf("\n%d bounds missed.\n", missed);
     return missed > 0 ? 1 : 0;
 }
