@@ -1,5 +1,5 @@
-// The tool's clock: alarms on precise Qt timers in the thread of the event loop. Built once by the shell and
-// by the programs that work on a real port.
+// The tool's clock: precise alarms in the thread of the event loop. Built once by the shell and by the programs
+// that work on a real port.
 #pragma once
 
 #include "base/tick_clock.h"
@@ -8,8 +8,15 @@ namespace kelvane {
 
 class QtTickClock final : public TickClock {
    public:
+    QtTickClock();
+    ~QtTickClock() override;
     qint64 nowUs() const override;
     std::unique_ptr<Alarm> makeAlarm(std::function<void()> onDue) override;
+
+   private:
+    class Agenda;
+    class QtAlarm;
+    std::shared_ptr<Agenda> m_agenda;
 };
 
 }  // namespace kelvane

@@ -31,6 +31,8 @@ struct PortSettings {
     qint64 wireTimeUs(qint64 count) const {
         return Baud <= 0 ? 0 : (count * bitsPerCharacter() * 1000000 + Baud - 1) / Baud;
     }
+    // 3.5 characters: by their silence an RTU drive knows that a request has ended, so it never answers sooner.
+    qint64 silenceUs() const { return wireTimeUs(7) / 2; }
 };
 
 class TApdComPort {

@@ -205,7 +205,9 @@ void ComSetup::sendTest() {
     const TxFrame frame = buildFrame(m_link.mode(), TestCommand, FrameCheck::Standard);
     m_link.mode() == LinkMode::Rtu ? m_setupPort.PutBlock(frame.wire) : m_setupPort.PutString(frame.wire);
     RxTimer.setEnabled(true);
-    RxTimer.tickIn(m_setupPort.settings().wireTimeUs(frame.wire.size()) + qint64(TickLength) * 1000);
+    const PortSettings& line = m_setupPort.settings();
+    const qint64 silence = m_link.mode() == LinkMode::Rtu ? line.silenceUs() : 0;
+    RxTimer.tickIn(line.wireTimeUs(frame.wire.size()) + silence + qint64(TickLength) * 1000);
 }
 
 void ComSetup::ApdComPort1TriggerAvail(int count) {

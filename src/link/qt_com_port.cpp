@@ -49,31 +49,36 @@ QString whyNotOpened(const QString& devicePath, QSerialPort::SerialPortError err
 }
 
 QtComPort::QtComPort(const QString& devicePath, const PortFlow& flow)
-    : m_devicePath(devicePath), m_flow(flow) {
-    m_port.setPortName(devicePath);
-    m_port.setFlowControl(QSerialPort::NoFlowControl);
-    QObject::connect(&m_port, &QSerialPort::readyRead, &m_port, [this] { takeFromDevice(); });
-    QObject::connect(&m_port, &QSerialPort::errorOccurred, &m_port,
+    : m_devicePath(devicePath), m_flow(flow), m_port(std::make_unique<QSerialPort>()) {
+    m_port->setPortName(devicePath);
+    m_port->setFlowControl(QSerialPort::NoFlowControl);
+    QObject::connect(m_port.get(), &QSerialPort::readyRead, m_port.get(), [this] { takeFromDevice(); });
+    QObject::connect(m_port.get(), &QSerialPort::errorOccurred, m_port.get(),
                      [this](QSerialPort::SerialPortError error) { judgeError(error); });
 }
 
-QtComPort::~QtComPort() { m_port.disconnect(); }
+QtComPort::~QtComPort() {
+    m_port->disconnect();
+    if (!m_inHandler) return;
+    m_port->close();
+    m_port.release();  // announce() is still in a call of it, and lets it go afterwards
+}
 
 bool QtComPort::open() {
     if (Open()) return true;
     m_openError.clear();
     m_losing = false;
-    m_port.clearError();
+    m_port->clearError();
     applySettings();
-    if (!m_port.open(QIODevice::ReadWrite)) {
-        m_openError = whyNotOpened(m_devicePath, m_port.error(), m_port.errorString());
+    if (!m_port->open(QIODevice::ReadWrite)) {
+        m_openError = whyNotOpened(m_devicePath, m_port->error(), m_port->errorString());
         return false;
     }
     applySettings();
     m_dtr = true;
     // Neither line exists on a pseudo terminal; the port works all the same.
-    m_port.setDataTerminalReady(true);
-    m_port.setRequestToSend(m_flow.RTS);
+    m_port->setDataTerminalReady(true);
+    m_port->setRequestToSend(m_flow.RTS);
     dropInput();
     return true;
 }
@@ -81,15 +86,15 @@ bool QtComPort::open() {
 void QtComPort::close() {
     m_input.clear();
     m_taken = 0;
-    if (Open()) m_port.close();
+    if (Open()) m_port->close();
 }
 
 // Values that the device refuses (a pseudo terminal has no data bits) are no reason to give it up.
 void QtComPort::applySettings() {
-    m_port.setBaudRate(m_settings.Baud);
-    m_port.setDataBits(m_settings.DataBits == 7 ? QSerialPort::Data7 : QSerialPort::Data8);
-    m_port.setParity(qtParity(m_settings.Parity));
-    m_port.setStopBits(m_settings.StopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop);
+    m_port->setBaudRate(m_settings.Baud);
+    m_port->setDataBits(m_settings.DataBits == 7 ? QSerialPort::Data7 : QSerialPort::Data8);
+    m_port->setParity(qtParity(m_settings.Parity));
+    m_port->setStopBits(m_settings.StopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop);
 }
 
 void QtComPort::setSettings(const PortSettings& settings) {
@@ -101,10 +106,10 @@ void QtComPort::setSettings(const PortSettings& settings) {
 
 bool QtComPort::PutBlock(const QByteArray& bytes) {
     if (!Open() || m_losing) return false;
-    m_port.clearError();
-    if (m_port.write(bytes) != bytes.size()) return false;
-    m_port.flush();
-    return m_port.error() == QSerialPort::NoError;
+    m_port->clearError();
+    if (m_port->write(bytes) != bytes.size()) return false;
+    m_port->flush();
+    return m_port->error() == QSerialPort::NoError;
 }
 
 std::optional<char> QtComPort::GetChar() {
@@ -119,42 +124,47 @@ std::optional<char> QtComPort::GetChar() {
 }
 
 void QtComPort::dropInput() {
-    if (Open()) m_port.clear(QSerialPort::Input);
+    if (Open()) m_port->clear(QSerialPort::Input);
     m_input.clear();
     m_taken = 0;
     moveDtr();
 }
 
 void QtComPort::takeFromDevice() {
-    const QByteArray bytes = m_port.readAll();
+    const QByteArray bytes = m_port->readAll();
     m_input.remove(0, std::exchange(m_taken, 0));
     m_input += bytes.left(BufferSize - m_input.size());
     moveDtr();
-    announceLater();
+    announce();
 }
 
 void QtComPort::moveDtr() {
     if (!m_flow.hwfUseDTR || !Open()) return;
     const bool wanted = m_dtr ? waiting() < m_flow.BufferFull : waiting() <= m_flow.BufferResume;
-    if (wanted != m_dtr) m_port.setDataTerminalReady(m_dtr = wanted);
+    if (wanted != m_dtr) m_port->setDataTerminalReady(m_dtr = wanted);
 }
 
-void QtComPort::announceLater() {
-    if (std::exchange(m_announced, true) || m_inHandler) return;
-    QMetaObject::invokeMethod(
-        &m_port, [this] { announce(); }, Qt::QueuedConnection);
-}
-
+// Straight from the device's signal: a turn of the event loop for every byte would cost half as much again.
 void QtComPort::announce() {
-    m_announced = false;
-    if (!Open() || waiting() == 0 || !OnTriggerAvail) return;
+    m_missed = m_inHandler;
+    if (m_inHandler || !Open() || waiting() == 0 || !OnTriggerAvail) return;
     const std::weak_ptr<bool> alive = m_alive;
+    QSerialPort* const device = m_port.get();
+    const auto handler = OnTriggerAvail;
     m_inHandler = true;
-    OnTriggerAvail(static_cast<int>(waiting()));
-    if (alive.expired()) return;
+    handler(static_cast<int>(waiting()));
+    if (alive.expired()) return device->deleteLater();
     m_inHandler = false;
-    // Bytes that came while the handler ran a loop of its own were only noted.
-    if (std::exchange(m_announced, false)) announceLater();
+    // Bytes that came while the handler ran a loop of its own.
+    if (m_missed || device->bytesAvailable() > 0) later([this] { takeFromDevice(); });
+}
+
+void QtComPort::later(const std::function<void()>& call) {
+    const std::weak_ptr<bool> alive = m_alive;
+    const auto ifAlive = [alive, call] {
+        if (!alive.expired()) call();
+    };
+    QMetaObject::invokeMethod(m_port.get(), ifAlive, Qt::QueuedConnection);
 }
 
 // The device repeats such an error for ever while it stays open, so the first one closes it.
@@ -162,10 +172,10 @@ void QtComPort::judgeError(QSerialPort::SerialPortError error) {
     if (!Open() || m_losing) return;
     if (error != QSerialPort::ReadError && error != QSerialPort::ResourceError) return;
     m_losing = true;
+    // The system's text belongs to an older call when a device goes away silently.
     const QString reason =
-        QStringLiteral("The connection to %1 was lost: %2.").arg(m_devicePath, m_port.errorString());
-    QMetaObject::invokeMethod(
-        &m_port, [this, reason] { lose(reason); }, Qt::QueuedConnection);
+        QStringLiteral("The connection to %1 was lost. Check the adapter and its cable.").arg(m_devicePath);
+    later([this, reason] { lose(reason); });
 }
 
 void QtComPort::lose(const QString& reason) {

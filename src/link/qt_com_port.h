@@ -32,7 +32,7 @@ class QtComPort final : public TApdComPort {
 
     bool open() override;
     void close() override;
-    bool Open() const override { return m_port.isOpen(); }
+    bool Open() const override { return m_port->isOpen(); }
     QString openError() const override { return m_openError; }
     const PortSettings& settings() const override { return m_settings; }
     void setSettings(const PortSettings& settings) override;
@@ -44,8 +44,8 @@ class QtComPort final : public TApdComPort {
    private:
     void applySettings();
     void takeFromDevice();
-    void announceLater();
     void announce();
+    void later(const std::function<void()>& call);
     void judgeError(QSerialPort::SerialPortError error);
     void lose(const QString& reason);
     void moveDtr();
@@ -54,11 +54,11 @@ class QtComPort final : public TApdComPort {
     QString m_devicePath;
     PortFlow m_flow;
     PortSettings m_settings;
-    QSerialPort m_port;
+    std::unique_ptr<QSerialPort> m_port;
     QByteArray m_input;
     qsizetype m_taken = 0;  // bytes of m_input that GetChar has given out
-    bool m_announced = false;
     bool m_inHandler = false;
+    bool m_missed = false;  // bytes came while the handler was at work
     bool m_losing = false;
     bool m_dtr = true;
     QString m_openError;

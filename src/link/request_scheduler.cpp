@@ -200,10 +200,12 @@ void RequestScheduler::prepareToReceive() {
     Rx.prepare(mode());
 }
 
-// Nothing is counted while the request is still on the wire.
+// Nothing is counted while the request is still on the wire. In RTU it ends with its silence: without that, a
+// short reply that an adapter's buffer holds back at 1200 baud comes after the wait.
 void RequestScheduler::armFirstWait() {
-    RxTimer.tickIn(m_wireTimeUs +
-                   (inConsole() ? ConsoleLeadUs + ConsoleTickUs : qint64(TickLength) * 1000));
+    if (inConsole()) return RxTimer.tickIn(m_wireTimeUs + ConsoleLeadUs + ConsoleTickUs);
+    const qint64 silence = mode() == LinkMode::Rtu ? port().settings().silenceUs() : 0;
+    RxTimer.tickIn(m_wireTimeUs + silence + qint64(TickLength) * 1000);
 }
 
 // ---- Receive event ----
@@ -229,8 +231,8 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
     m_wholeReply = mode() == LinkMode::Rtu && !inConsole() && !CommandQueue.empty() &&
                    isWholeRtuReply(CommandQueue.front(), Rx);
     if (m_wholeReply) {
-        const qint64 silence = port().settings().wireTimeUs(7) / 2;
-        RxTimer.tickIn(rtuSilenceUs(silence, port().settings().Baud, MinimumSilenceUs));
+        const PortSettings& line = port().settings();
+        RxTimer.tickIn(rtuSilenceUs(line.silenceUs(), line.Baud, MinimumSilenceUs));
     } else if (Rx.RxFrameDone && mode() == LinkMode::Ascii && !inConsole()) {
         RxTimer.kick();
     } else {

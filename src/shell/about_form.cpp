@@ -57,7 +57,8 @@ TAboutForm::TAboutForm(int BrandVariant, QWidget* parent) : QDialog(parent) {
     addLine(column, "MakerLabel", QLatin1String(brand.maker));
     addLine(column, "WebLabel", QLatin1String(brand.web))
         ->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    QLabel* ThanksLabel = addLine(column, "ThanksLabel", QStringLiteral("Thank you for using this software."));
+    QLabel* ThanksLabel =
+        addLine(column, "ThanksLabel", QStringLiteral("Thank you for using this software."));
     ThanksLabel->installEventFilter(this);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -1,5 +1,5 @@
-// TCEmessageForm, the notice that the link is trying again. It follows the link's notice record, blocks nothing,
-// and is a child of whatever window is in front, so that it can be seen and used over a modal one.
+// TCEmessageForm, the notice that the link is trying again. It follows the link's notice record, blocks
+// nothing, and is a child of whatever window is in front, so that it can be seen and used over a modal one.
 #pragma once
 
 #include <QDialog>

@@ -72,7 +72,8 @@ QComboBox* TComSetupForm::addBox(const char* name, const QStringList& items, Box
     auto* box = new QComboBox(this);
     box->setObjectName(QLatin1String(name));
     box->addItems(items);
-    connect(box, &QComboBox::textActivated, this, [this, handler](const QString& text) { (m_setup.*handler)(text); });
+    connect(box, &QComboBox::textActivated, this,
+            [this, handler](const QString& text) { (m_setup.*handler)(text); });
     return box;
 }
 
@@ -96,21 +97,25 @@ void TComSetupForm::buildProtocol(QGroupBox* group) {
     AutoDetectRadioButton->setObjectName(QStringLiteral("AutoDetectRadioButton"));
     ModeComboBox = addBox("ModeComboBox", ComSetup::modeItems(), &ComSetup::ModeComboBoxChange);
     BaudComboBox = addBox("BaudComboBox", ComSetup::baudItems(), &ComSetup::BaudComboBoxChange);
-    DataBitsComboBox = addBox("DataBitsComboBox", ComSetup::dataBitsItems(), &ComSetup::DataBitsComboBoxChange);
+    DataBitsComboBox =
+        addBox("DataBitsComboBox", ComSetup::dataBitsItems(), &ComSetup::DataBitsComboBoxChange);
     ParityComboBox = addBox("ParityComboBox", ComSetup::parityItems(), &ComSetup::ParityComboBoxChange);
-    StopBitsComboBox = addBox("StopBitsComboBox", ComSetup::stopBitsItems(), &ComSetup::StopBitsComboBoxChange);
+    StopBitsComboBox =
+        addBox("StopBitsComboBox", ComSetup::stopBitsItems(), &ComSetup::StopBitsComboBoxChange);
 
     auto* columns = new QHBoxLayout(group);
-    columns->setSpacing(2 * fontMetrics().height());
+    const int room = 2 * fontMetrics().height();
     auto* choice = new QVBoxLayout;
     choice->addWidget(ManualRadioButton);
     choice->addWidget(AutoDetectRadioButton);
     choice->addStretch();
     columns->addLayout(choice);
+    columns->addSpacing(room);
     auto* left = new QFormLayout;
     addField(left, QStringLiteral("&Mode"), ModeComboBox);
     addField(left, QStringLiteral("&Baud rate"), BaudComboBox);
     columns->addLayout(left);
+    columns->addSpacing(room);
     auto* right = new QFormLayout;
     addField(right, QStringLiteral("&Data bits"), DataBitsComboBox);
     addField(right, QStringLiteral("&Parity"), ParityComboBox);
@@ -130,6 +135,7 @@ void TComSetupForm::buildTest(QGridLayout* steps) {
     FailAbLED->setColor(FailRed);
     PortErrorLabel = addText("PortErrorLabel", {});
     PortErrorLabel->setWordWrap(true);
+    PortErrorLabel->hide();
     OKBitBtn = new QPushButton(icon(Icon::Accept), QStringLiteral("Accept"), this);
     OKBitBtn->setObjectName(QStringLiteral("OKBitBtn"));
     OKBitBtn->setToolTip(QStringLiteral("Take these settings for the connection to the drive"));
@@ -140,6 +146,7 @@ void TComSetupForm::buildTest(QGridLayout* steps) {
     steps->addWidget(addText("Des2Label", QStringLiteral("Test the connection to the drive.")), 3, 1);
     auto* test = new QHBoxLayout;
     test->addWidget(TestButton);
+    test->addSpacing(fontMetrics().height());
     test->addWidget(SuccessAbLED);
     test->addWidget(FailAbLED);
     test->addStretch();
@@ -169,6 +176,7 @@ void TComSetupForm::showRecord() {
     const QString why = shown.FailAbLED ? m_setup.port().openError() : QString();
     if (why == PortErrorLabel->text()) return;
     PortErrorLabel->setText(why);
+    PortErrorLabel->setVisible(!why.isEmpty());
     fitToText();
 }
 
@@ -192,9 +200,11 @@ void TComSetupForm::describePort() {
     ComPortComboBox->setAccessibleDescription(PortInfoLabel->text());
 }
 
+// A wrapped line needs its height told; a person's larger window stays as it is.
 void TComSetupForm::fitToText() {
     layout()->activate();
-    resize(width(), layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width()) : sizeHint().height());
+    const int needed = layout()->totalHeightForWidth(width());
+    if (needed > height()) resize(width(), needed);
 }
 
 void TComSetupForm::showEvent(QShowEvent* event) {

@@ -1,5 +1,5 @@
-// TComSetupForm, Communication Setup: port, mode and line settings, by hand or by the walk; test and accept. It
-// shows the record of ComSetup and passes the hand on; the shell opens it after ComSetup::mayOpen().
+// TComSetupForm, Communication Setup: port, mode and line settings, by hand or by the walk; test and accept.
+// It shows the record of ComSetup and passes the hand on; the shell opens it after ComSetup::mayOpen().
 #pragma once
 
 #include <QDialog>

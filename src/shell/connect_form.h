@@ -1,4 +1,5 @@
-// TConnectForm, shown over Communication Setup while the line settings are being tried. Closing it ends the walk.
+// TConnectForm, shown over Communication Setup while the line settings are being tried. Closing it ends the
+// walk.
 #pragma once
 
 #include <QDialog>

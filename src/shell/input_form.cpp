@@ -21,8 +21,8 @@ TInputForm::TInputForm(ComSetup& setup, QWidget* parent)
     auto* label = new QLabel(QStringLiteral("&Command of the test, in hexadecimal digits"), this);
     label->setObjectName(QStringLiteral("Label1"));
     label->setBuddy(InputEdit);
-    auto* OKTransparentButton =
-        new TransparentButton(icon(Icon::Accept), QStringLiteral("OK"), this, TransparentButton::Layout::IconLeft);
+    auto* OKTransparentButton = new TransparentButton(icon(Icon::Accept), QStringLiteral("OK"), this,
+                                                      TransparentButton::Layout::IconLeft);
     OKTransparentButton->setObjectName(QStringLiteral("OKTransparentButton"));
     auto* column = new QVBoxLayout(this);
     column->addWidget(label);

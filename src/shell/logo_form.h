@@ -1,5 +1,5 @@
-// TLogoForm, the splash: the first window of a start, closed once the main window is up. The language table that
-// the plant keeps here lives in the shell, which fills it while this window stands.
+// TLogoForm, the splash: the first window of a start, closed once the main window is up. The language table
+// that the plant keeps here lives in the shell, which fills it while this window stands.
 #pragma once
 
 #include <QWidget>

@@ -55,10 +55,12 @@ int main(int argc, char** argv) {
     Tool tool({clock, wallClock, person, folder, language, portFactory(practice)});
     UiState looks(folder.file(QStringLiteral("ui-state.ini")));
     person.lastFolder = looks.text(QStringLiteral("lastFolder"));
-    Windows windows(tool, &person);
+    Windows windows(tool, &person, looks);
+    looks.restoreWindow(windows.parameterForm);
     looks.restoreWindow(windows.mainForm);
     QObject::connect(&windows.mainForm, &TMainForm::closed, [&] {
         looks.keepWindow(windows.mainForm);
+        looks.keepWindow(windows.parameterForm);
         looks.setText(QStringLiteral("lastFolder"), person.lastFolder);
     });
     QObject::connect(&instance, &SingleInstance::raiseWanted, [&] { comeForward(windows.mainForm); });

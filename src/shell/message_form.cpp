@@ -14,9 +14,12 @@ TMessageForm::TMessageForm(QWidget* parent) : WaitForm(QStringLiteral("Message")
     ErrNameVrLabel = new VrLabel(this);
     ErrNameVrLabel->setObjectName(QStringLiteral("ErrNameVrLabel"));
     ErrNameVrLabel->setAlignment(Qt::AlignCenter);
-    RetryBitBtn = addButton("RetryBitBtn", QStringLiteral("&Retry"), QStringLiteral("Send the request again"), LinkAnswer::Retry);
-    IgnoreBitBtn = addButton("IgnoreBitBtn", QStringLiteral("&Ignore"), QStringLiteral("Leave this request out"), LinkAnswer::Ignore);
-    AbortBitBtn = addButton("AbortBitBtn", QStringLiteral("&Abort"), QStringLiteral("Take the link off line"), LinkAnswer::Abort);
+    RetryBitBtn = addButton("RetryBitBtn", QStringLiteral("&Retry"), QStringLiteral("Send the request again"),
+                            LinkAnswer::Retry);
+    IgnoreBitBtn = addButton("IgnoreBitBtn", QStringLiteral("&Ignore"),
+                             QStringLiteral("Leave this request out"), LinkAnswer::Ignore);
+    AbortBitBtn = addButton("AbortBitBtn", QStringLiteral("&Abort"), QStringLiteral("Take the link off line"),
+                            LinkAnswer::Abort);
     RetryBitBtn->setDefault(true);
 
     auto* column = new QVBoxLayout(this);

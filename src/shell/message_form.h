@@ -1,5 +1,5 @@
-// TMessageForm, the question after the fifth time-out: send again, leave the request out, or take the link down.
-// The shell's operator asks it and waits for answered().
+// TMessageForm, the question after the fifth time-out: send again, leave the request out, or take the link
+// down. The shell's operator asks it and waits for answered().
 #pragma once
 
 #include "base/operator.h"
@@ -22,7 +22,8 @@ class TMessageForm : public WaitForm {
     void answered(kelvane::LinkAnswer LinkAction);  // the window is closed already
 
    private:
-    QPushButton* addButton(const char* name, const QString& caption, const QString& hint, LinkAnswer LinkAction);
+    QPushButton* addButton(const char* name, const QString& caption, const QString& hint,
+                           LinkAnswer LinkAction);
     QLabel* ErrNameVrLabel;
     QPushButton* RetryBitBtn;
     QPushButton* IgnoreBitBtn;

@@ -1,5 +1,5 @@
-// TPasswordForm, the door to two hidden functions: in the main window to the editing of captions, in the Parameter
-// window to reading from a keypad. ActiveFunction tells which is meant.
+// TPasswordForm, the door to two hidden functions: in the main window to the editing of captions, in the
+// Parameter window to reading from a keypad. ActiveFunction tells which is meant.
 #pragma once
 
 #include <QDialog>

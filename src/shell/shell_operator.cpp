@@ -57,18 +57,12 @@ QStringList nameFilters(const QString& filter) {
     return names;
 }
 
-void ShellOperator::run(QDialog& dialog) {
-    if (blocking) blocking(&dialog);
-    dialog.exec();
-    if (blocking) blocking(nullptr);
-}
-
 BoxAnswer ShellOperator::box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) {
     QMessageBox message(iconOf(icon), title, text, buttonsOf(buttons), windowInFront());
     message.setTextFormat(Qt::PlainText);
     message.setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (buttons == BoxButtons::YesNo) message.setEscapeButton(QMessageBox::No);
-    run(message);
+    message.exec();
     const QMessageBox::StandardButton pressed = message.standardButton(message.clickedButton());
     return answerOf(pressed, buttons);
 }
@@ -80,7 +74,7 @@ std::optional<QString> ShellOperator::askFile(QFileDialog::AcceptMode mode, cons
     dialog.setNameFilters(nameFilters(filter));
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     if (!lastFolder.isEmpty()) dialog.setDirectory(lastFolder);
-    run(dialog);
+    dialog.exec();
     if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     lastFolder = dialog.directory().absolutePath();
     return dialog.selectedFiles().first();
@@ -114,7 +108,7 @@ LinkAnswer ShellOperator::linkFailure(const QString& ErrNameVrLabel, bool ignore
 }
 
 void ShellOperator::editValue(ValueEdit& edit) {
-    if (prepareValueEditor) run(*prepareValueEditor(edit));
+    if (prepareValueEditor) prepareValueEditor(edit)->exec();
 }
 
 }  // namespace kelvane

@@ -26,13 +26,10 @@ class ShellOperator final : public Operator {
     // The forms behind the last two questions, set when they exist.
     TMessageForm* messageForm = nullptr;
     std::function<QDialog*(ValueEdit& edit)> prepareValueEditor;
-    // Called with a window that will block the others, so that a notice can become its child.
-    std::function<void(QWidget*)> blocking;
     QString lastFolder;  // of the file dialogs
 
    private:
     std::optional<QString> askFile(QFileDialog::AcceptMode mode, const QString& filter);
-    void run(QDialog& dialog);
     const LangTable& m_lang;
 };
 

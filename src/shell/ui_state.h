@@ -6,7 +6,8 @@
 
 #include "base/kept_looks.h"
 
-class QMainWindow;
+#include "base/kept_looks.h"
+
 class QSplitter;
 class QWidget;
 

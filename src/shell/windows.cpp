@@ -1,34 +1,49 @@
 #include "shell/windows.h"
 
 #include <QApplication>
+#include <QEvent>
+#include <QWindow>
 
 #include "shell/change_language.h"
 
 namespace kelvane {
 
-Windows::Windows(Tool& toolShown, ShellOperator* person)
+Windows::Windows(Tool& toolShown, ShellOperator* person, KeptLooks& looks)
     : tool(toolShown),
       mainForm(tool),
-      comSetupForm(tool.comSetup, tool.ports, &mainForm),
-      messageForm(&mainForm),
-      connectForm(tool.comSetup, tool.bench.clock, &comSetupForm),
-      ceMessageForm(tool.link, &mainForm),
-      initialForm(tool.link, &mainForm),
-      aboutForm(tool.link.BrandVariant, &mainForm),
-      passwordForm(tool.link, &mainForm),
-      inputForm(tool.comSetup, &comSetupForm) {
+      comSetupForm(tool.comSetup, tool.ports),
+      parameterForm(tool.parameters,
+                    {tool.bench.person, tool.bench.clock, tool.bench.wallClock, tool.bench.folder.path(), looks}),
+      progressForm(tool.parameters.progress),
+      writeCheckForm(tool.parameters),
+      inputValueForm(tool.bench.person, tool.bench.language.table),
+      printForm(tool.bench.person),
+      connectForm(tool.comSetup, tool.bench.clock),
+      ceMessageForm(tool.link),
+      initialForm(tool.link),
+      aboutForm(tool.link.BrandVariant),
+      passwordForm(tool.link),
+      inputForm(tool.comSetup),
+      selGroupLoadForm(tool.parameters.reader),
+      writeCheckErrRecordForm(tool.parameters.writer) {
     if (person) {
         person->messageForm = &messageForm;
-        person->blocking = [this](QWidget* window) { ceMessageForm.showOver(window); };
+        person->prepareValueEditor = [this](ValueEdit& edit) { return inputValueForm.prepare(edit); };
     }
-    tool.parameters.bench.openComSetup = [this](std::function<void()> then) { openComSetup(std::move(then)); };
+    for (QWidget* window : all()) window->installEventFilter(this);
     connectMain();
+    connectParameters();
+    offerChoices();
+    mainForm.setBuilt({OwnerParameter});
     showLanguage();
 }
 
 QList<QWidget*> Windows::all() {
-    return {&mainForm,      &comSetupForm, &messageForm, &connectForm, &ceMessageForm,
-            &initialForm,   &aboutForm,    &passwordForm, &inputForm};
+    return {&mainForm,         &comSetupForm,      &parameterForm,    &progressForm,     &writeCheckForm,
+            &inputValueForm,   &selParaSourceForm, &selCompKindForm,  &selReadKindForm,  &selFileFormatForm,
+            &messageForm,      &printForm,         &connectForm,      &ceMessageForm,    &initialForm,
+            &aboutForm,        &passwordForm,      &inputForm,        &selParaPrintForm, &selGroupLoadForm,
+            &writeCheckErrRecordForm};
 }
 
 void Windows::connectMain() {
@@ -44,13 +59,59 @@ void Windows::connectMain() {
     connect(&tool, &Tool::languageChanged, this, &Windows::showLanguage);
 }
 
+void Windows::connectParameters() {
+    ParameterSession& session = tool.parameters;
+    session.bench.openComSetup = [this](std::function<void()> then) { openComSetup(std::move(then)); };
+    connect(&tool.link, &RequestScheduler::keypadTableReady, this,
+            [this] { tool.parameters.reader.ReadDriveTransparentButtonClick(); });
+    connect(&session.keypad, &KeypadSource::passwordWanted, this, [this] { showModal(passwordForm); });
+    connect(&passwordForm, &TPasswordForm::keypadReadEnabled, this,
+            [this] { tool.parameters.screen.ReadfromKeypad = true; });
+    connect(&session, &ParameterSession::writeSourceWanted, this, [this](const QString& VrLabel1) {
+        selParaSourceForm.ask(VrLabel1, [this](std::optional<TableSide> side) {
+            if (side) tool.parameters.writeSourceChosen(*side);
+        });
+    });
+    connect(&parameterForm, &TParameterForm::finished, this, [this] { tool.rules.finished(OwnerParameter); });
+    connect(&parameterForm, &TParameterForm::reportWanted, this, [this](const Report& report) {
+        printForm.setReport(report);
+        showModal(printForm);
+    });
+}
+
+// What saving, comparing and printing ask in windows of their own.
+void Windows::offerChoices() {
+    TableChoices& choices = parameterForm.choices;
+    choices.chooseFrom = [this](const QString& title, const QStringList& items, int selected,
+                                TableChoices::ThenIndex then) {
+        selParaPrintForm.ask(title, items, selected, [items, then](std::optional<QString> chosen) {
+            then(chosen ? std::optional<int>(items.indexOf(*chosen)) : std::nullopt);
+        });
+    };
+    choices.chooseFormat = [this](TableChoices::ThenKind then) { selFileFormatForm.ask(then); };
+    choices.chooseCompareKind = [this](const QStringList& items, TableChoices::ThenIndex then) {
+        selCompKindForm.ask(items, [items, then](std::optional<QString> chosen) {
+            then(chosen ? std::optional<int>(items.indexOf(*chosen)) : std::nullopt);
+        });
+    };
+}
+
+// A window belongs over the one that was in front when it opened. They are no children of each other, so that
+// every control is found in its own window.
+bool Windows::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::Show) return false;
+    auto* window = qobject_cast<QWidget*>(watched);
+    QWidget* front = QApplication::activeModalWidget();
+    if (!front) front = QApplication::activeWindow();
+    if (window && front && front != window && window->windowHandle() && front->windowHandle())
+        window->windowHandle()->setTransientParent(front->windowHandle());
+    return false;
+}
+
 void Windows::showLanguage() { ChangeLanguage(tool.bench.language.table, all()); }
 
-// Runs closed once, when the window is hidden again.
-void Windows::showModal(QWidget& window, std::function<void()> closed) {
+void Windows::showModal(QWidget& window) {
     window.setWindowModality(Qt::ApplicationModal);
-    if (auto* dialog = qobject_cast<QDialog*>(&window); dialog && closed)
-        connect(dialog, &QDialog::finished, this, [closed] { closed(); }, Qt::SingleShotConnection);
     window.show();
     window.raise();
     window.activateWindow();
@@ -94,12 +155,19 @@ void Windows::finishComSetup() {
 
 // ---- Windows that own the link ----
 
-QWidget* Windows::windowOf(int ActiveFunction) { return ActiveFunction == OwnerMain ? &mainForm : nullptr; }
+QWidget* Windows::windowOf(int ActiveFunction) {
+    switch (ActiveFunction) {
+        case OwnerMain: return &mainForm;
+        case OwnerParameter: return &parameterForm;
+        default: return nullptr;
+    }
+}
 
 void Windows::openWindow(quint8 ActiveFunction) {
     QWidget* window = windowOf(ActiveFunction);
     if (!window || !tool.rules.begin(ActiveFunction)) return;
-    showModal(*window, [this, ActiveFunction] { tool.rules.finished(ActiveFunction); });
+    if (ActiveFunction == OwnerParameter) tool.parameters.opened();
+    showModal(*window);
 }
 
 void Windows::ShowFocusForm(int ActiveFunction) {

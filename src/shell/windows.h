@@ -6,6 +6,19 @@
 #include <QObject>
 #include <functional>
 
+#include "base/kept_looks.h"
+#include "parameters/input_value_form.h"
+#include "parameters/parameter_form.h"
+#include "parameters/print_form.h"
+#include "parameters/progress_form.h"
+#include "parameters/sel_comp_kind_form.h"
+#include "parameters/sel_file_format_form.h"
+#include "parameters/sel_group_load_form.h"
+#include "parameters/sel_para_print_form.h"
+#include "parameters/sel_para_source_form.h"
+#include "parameters/sel_read_kind_form.h"
+#include "parameters/write_check_err_record_form.h"
+#include "parameters/write_check_form.h"
 #include "shell/about_form.h"
 #include "shell/ce_message_form.h"
 #include "shell/com_setup_form.h"
@@ -24,18 +37,31 @@ class Windows : public QObject {
     Q_OBJECT
    public:
     // person is null where another operator answers (tests).
-    Windows(Tool& tool, ShellOperator* person);
+    Windows(Tool& tool, ShellOperator* person, KeptLooks& looks);
 
+    // In the order of creation; windows that are not built yet will take their places.
     Tool& tool;
     TMainForm mainForm;
     TComSetupForm comSetupForm;
+    TParameterForm parameterForm;
+    TProgressForm progressForm;
+    TWriteCheckForm writeCheckForm;
+    TInputValueForm inputValueForm;
+    TSelParaSourceForm selParaSourceForm;
+    TSelCompKindForm selCompKindForm;
+    TSelReadKindForm selReadKindForm;
+    TSelFileFormatForm selFileFormatForm;
     TMessageForm messageForm;
+    TPrintForm printForm;
     TConnectForm connectForm;
     TCEmessageForm ceMessageForm;
     TInitialForm initialForm;
     TAboutForm aboutForm;
     TPasswordForm passwordForm;
     TInputForm inputForm;
+    TSelParaPrintForm selParaPrintForm;
+    TSelGroupLoadForm selGroupLoadForm;
+    TWriteCheckErrRecordForm writeCheckErrRecordForm;
 
     // Every window, in the order of creation.
     QList<QWidget*> all();
@@ -46,12 +72,17 @@ class Windows : public QObject {
     void ShowFocusForm(int ActiveFunction);
     void showLanguage();
 
+   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
    private:
     void connectMain();
+    void connectParameters();
+    void offerChoices();
     void afterComSetup();
     void watchInitialForm();
     void finishComSetup();
-    void showModal(QWidget& window, std::function<void()> closed = {});
+    void showModal(QWidget& window);
     QWidget* windowOf(int ActiveFunction);
 
     std::function<void()> m_afterComSetup;

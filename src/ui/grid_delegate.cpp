@@ -76,6 +76,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
     QStyleOptionViewItem cell(option);
     initStyleOption(&cell, index);
+    // A resting grid is paler, but a told colour keeps the ground that suited it.
+    if (!m_view->isEnabled()) cell.palette.setCurrentColorGroup(QPalette::Active);
     const auto toldText = toldColour(index, StringGrid::TextColourRole);
     const auto toldBackground = toldColour(index, StringGrid::BackgroundColourRole);
     const bool told = toldText || toldBackground;

@@ -113,6 +113,11 @@ void StringGridView::fillWidth() {
     m_fillingWidth = false;
 }
 
+int StringGridView::wholeWidth() const {
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    return m_header->length() + bar + 2 * frameWidth();
+}
+
 GridCell StringGridView::currentCell() const {
     const QModelIndex index = currentIndex();
     return index.isValid() ? GridCell{index.column(), gridRow(index)} : GridCell{};

@@ -40,6 +40,9 @@ public:
     // False: Enter, F2 and Space are swallowed, as in a list that only the mouse may change.
     void setKeysAct(bool act) { m_keysAct = act; }
 
+    // Width at which every shown column has its characters and nothing scrolls sideways.
+    int wholeWidth() const;
+
     // The cell with the focus frame; {-1, -1} when there is none.
     GridCell currentCell() const;
     // Makes a cell current, selects its row and scrolls to it; nothing on a hidden or missing one.

@@ -108,7 +108,7 @@ TEST(WaitStep, CountsTicksOfSilenceFromTheEndOfTheRequestOnTheWire) {
     bench.link.ComMode = 1;
     bench.link.TxTimer.setEnabled(true);
     bench.send();
-    const qint64 wire = bench.port.line.wireTimeUs(8);
+    const qint64 wire = bench.port.line.wireTimeUs(8) + bench.port.line.silenceUs();
     bench.clock.advanceUs(wire + 7 * TickLength * 1000 - 1);
     EXPECT_EQ(bench.cycles, 0);
     EXPECT_EQ(bench.link.RxTickCount, 6U);

@@ -151,7 +151,7 @@ TEST_P(OpeningRules, AreKept) {
     EXPECT_EQ(bench.tool->rules.begin(row.owner), row.opens);
     const WindowRule* rule = windowRule(row.owner);
     EXPECT_EQ(link.TaskQueue.empty(), rule->prelude);
-    EXPECT_EQ(link.ActiveFunction, row.opens && row.owner != OwnerKeypad ? row.owner : OwnerMain);
+    EXPECT_EQ(link.ActiveFunction, row.opens && row.owner != OwnerKeypad ? row.owner : quint8(OwnerMain));
     if (row.opens) bench.tool->rules.finished(row.owner);
     EXPECT_EQ(link.ActiveFunction, OwnerMain);
     if (rule->prelude) {

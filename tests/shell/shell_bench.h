@@ -20,6 +20,7 @@ struct ShellBench {
     ProgramFolder folder;
     Language language;
     PracticeDrives practice{clock};
+    LooksInMemory looks;
     std::unique_ptr<Tool> tool;
     std::unique_ptr<Windows> windows;
 
@@ -34,7 +35,7 @@ struct ShellBench {
                                                         port = practice.makePort(target.family);
                                                     return port;
                                                 }});
-        windows = std::make_unique<Windows>(*tool, nullptr);
+        windows = std::make_unique<Windows>(*tool, nullptr, looks);
         windows->mainForm.show();
         if (project.isEmpty()) {
             tool->comSetup.ComPortComboBoxChange("20");

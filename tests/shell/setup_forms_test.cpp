@@ -1,0 +1,411 @@
+// The windows around the link, by their object names: com setup and its helpers over a practice drive, the
+// notices and questions of the link.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSet>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolButton>
+
+#include "base/manual_tick_clock.h"
+#include "bench/scripted_operator.h"
+#include "bench/stub_port.h"
+#include "catalogue/identification.h"
+#include "drive/parameter_data.h"
+#include "drive/practice_port.h"
+#include "link/task_table.h"
+#include "localisation/language_sections.h"
+#include "shell/about_form.h"
+#include "shell/ce_message_form.h"
+#include "shell/com_setup_form.h"
+#include "shell/connect_form.h"
+#include "shell/initial_form.h"
+#include "shell/input_form.h"
+#include "shell/logo_form.h"
+#include "shell/message_form.h"
+#include "shell/password_form.h"
+#include "ui/lamp.h"
+#include "ui/scanner.h"
+
+namespace kelvane {
+namespace {
+
+template <class Widget>
+Widget& named(const QWidget& window, const char* name) {
+    auto* found = window.findChild<Widget*>(QLatin1String(name));
+    if (!found) throw std::runtime_error(name);
+    return *found;
+}
+
+void choose(QComboBox& box, const QString& text) {
+    box.setFocus();
+    const qint64 wanted = box.findText(text);
+    ASSERT_GE(wanted, 0) << text.toStdString();
+    while (box.currentIndex() < wanted) QTest::keyClick(&box, Qt::Key_Down);
+    while (box.currentIndex() > wanted) QTest::keyClick(&box, Qt::Key_Up);
+}
+
+void click(QWidget& window, const char* name) {
+    QTest::mouseClick(&named<QWidget>(window, name), Qt::LeftButton);
+}
+
+void clickRadio(QWidget& window, const char* name) { named<QRadioButton>(window, name).click(); }
+
+bool lit(const QWidget& window, const char* name) { return named<AbLED>(window, name).isChecked(); }
+
+// A practice drive at 9600, 7, N, 2 in ASCII; com setup's port and the link's port share its line.
+struct Room {
+    ManualTickClock clock;
+    FixedWallClock wall{QDateTime(QDate(2026, 3, 2), QTime(9, 8, 7, 60))};
+    ScriptedOperator person;
+    drive::PracticeStation station{clock, drive::familyData(Family::Larch)};
+    drive::PracticePort linkPort{clock, station.line};
+    LangTable lang = LangTable::builtInEnglish();
+    RequestScheduler link{{clock, wall, person, linkPort, lang}};
+    GroupNameTable groupNames;
+    DriveIdentification identification{link, groupNames, lang};
+    ComSetup setup{link, station.port, clock};
+    PortDirectory ports =
+        PortDirectory::fromText(QStringLiteral("3=practice:Tilia\n4=/dev/no-such-device\n"));
+    TComSetupForm form{setup, ports};
+    TConnectForm connectForm{setup, clock, &form};
+
+    void open() {
+        ASSERT_TRUE(setup.mayOpen());
+        form.show();
+    }
+    void testIsOver() {
+        clock.advanceUntil([this] { return !setup.RxTimer.Enabled(); }, 60000);
+    }
+    std::string portInfo() { return named<QLabel>(form, "PortInfoLabel").text().toStdString(); }
+};
+
+TEST(ComSetupForm, HasTheNamesOfTheLanguageTable) {
+    Room room;
+    EXPECT_EQ(room.form.objectName(), QStringLiteral("TComSetupForm"));
+    const FormSectionRow& row = formSection(FormSection::ComSetup);
+    for (const KeyGroup* group : {&row.Button, &row.Hint, &row.Label}) {
+        for (const KeyTarget& target : group->targets)
+            EXPECT_EQ(room.form.findChildren<QWidget*>(QLatin1String(target.control)).size(), 1)
+                << target.control;
+    }
+    for (const auto* name : {"ComPortComboBox", "ModeComboBox", "BaudComboBox", "DataBitsComboBox",
+                             "ParityComboBox", "StopBitsComboBox"}) {
+        const auto& labels = room.form.findChildren<QLabel*>();
+        EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
+            return label->buddy() && label->buddy()->objectName() == QLatin1String(name);
+        })) << name;
+    }
+}
+
+TEST(ComSetupForm, BoxesFollowTheHandAndTheRecord) {
+    Room room;
+    room.open();
+    choose(named<QComboBox>(room.form, "ModeComboBox"), QStringLiteral("RTU"));
+    EXPECT_EQ(named<QComboBox>(room.form, "DataBitsComboBox").currentIndex(), 1);
+    EXPECT_FALSE(named<QComboBox>(room.form, "DataBitsComboBox").isEnabled());
+    choose(named<QComboBox>(room.form, "ParityComboBox"), QStringLiteral("E"));
+    choose(named<QComboBox>(room.form, "StopBitsComboBox"), QStringLiteral("1"));
+    choose(named<QComboBox>(room.form, "BaudComboBox"), QStringLiteral("19200"));
+    choose(named<QComboBox>(room.form, "ComPortComboBox"), QStringLiteral("3"));
+    EXPECT_EQ(room.setup.port().settings(), (PortSettings{3, 19200, 8, ComParity::Even, 1}));
+    EXPECT_EQ(room.link.ComMode, 1);
+    clickRadio(room.form, "AutoDetectRadioButton");
+    for (const auto* name :
+         {"ModeComboBox", "BaudComboBox", "DataBitsComboBox", "ParityComboBox", "StopBitsComboBox"})
+        EXPECT_FALSE(named<QWidget>(room.form, name).isEnabled()) << name;
+    EXPECT_TRUE(named<QWidget>(room.form, "ComPortComboBox").isEnabled());
+    clickRadio(room.form, "ManualRadioButton");
+    EXPECT_TRUE(named<QWidget>(room.form, "BaudComboBox").isEnabled());
+    EXPECT_FALSE(named<QWidget>(room.form, "DataBitsComboBox").isEnabled()) << "still RTU";
+    // A rate of a project file that the box does not offer is shown, and no handler answers.
+    room.setup.BaudComboBoxChange(QStringLiteral("14400"));
+    EXPECT_EQ(named<QComboBox>(room.form, "BaudComboBox").currentText(), QStringLiteral("14400"));
+    EXPECT_EQ(room.setup.port().settings().Baud, 14400);
+}
+
+TEST(ComSetupForm, TellsWhatStandsBehindTheNumber) {
+    Room room;
+    room.open();
+    auto& box = named<QComboBox>(room.form, "ComPortComboBox");
+    choose(box, QStringLiteral("3"));
+    EXPECT_EQ(room.portInfo(), "practice drive Tilia");
+    choose(box, QStringLiteral("4"));
+    EXPECT_EQ(room.portInfo(), "/dev/no-such-device, not connected");
+    room.form.close();
+    room.ports = PortDirectory::fromText(QStringLiteral("4=practice:Aspen\n"));
+    room.form.show();
+    EXPECT_EQ(room.portInfo(), "practice drive Aspen");
+}
+
+TEST(ComSetupForm, TestByHandThenOnLine) {
+    Room room;
+    TInitialForm wait(room.link);
+    room.open();
+    EXPECT_FALSE(named<QWidget>(room.form, "OKBitBtn").isEnabled());
+    click(room.form, "TestButton");
+    EXPECT_TRUE(named<QWidget>(room.form, "OKBitBtn").isEnabled()) << "before any result";
+    EXPECT_FALSE(lit(room.form, "SuccessAbLED") || lit(room.form, "FailAbLED"));
+    room.testIsOver();
+    EXPECT_TRUE(lit(room.form, "SuccessAbLED"));
+
+    room.person.expectBox(room.lang.MsgStr(18), QStringLiteral("Cofirm"), BoxAnswer::Yes);
+    click(room.form, "OKBitBtn");
+    EXPECT_FALSE(room.form.isVisible());
+    EXPECT_FALSE(room.setup.shown.SuccessAbLED);
+    ASSERT_TRUE(room.link.TxTimer.Enabled());
+    room.link.Notice.TInitialForm = true;
+    room.link.notifyChanged();
+    EXPECT_TRUE(wait.isVisible());
+    QTest::keyClick(&wait, Qt::Key_Escape);
+    wait.close();
+    EXPECT_TRUE(wait.isVisible());
+    EXPECT_FALSE(wait.windowFlags() & Qt::WindowCloseButtonHint);
+    room.clock.advanceUntil([&] { return !wait.isVisible(); }, 60000);
+    EXPECT_EQ(room.link.DriveStatus.DriveReady, 1) << "closed by the first good status reply";
+    EXPECT_EQ(room.link.Labels.DriveVrLabel, QStringLiteral("Larch"));
+}
+
+TEST(ComSetupForm, SilenceAndMissingPort) {
+    Room room;
+    room.open();
+    choose(named<QComboBox>(room.form, "BaudComboBox"), QStringLiteral("1200"));
+    click(room.form, "TestButton");
+    room.person.expectBox(room.lang.MsgStr(21), QStringLiteral("Warning"));
+    room.testIsOver();
+    EXPECT_TRUE(lit(room.form, "FailAbLED"));
+    EXPECT_TRUE(room.form.isVisible());
+    EXPECT_FALSE(named<QLabel>(room.form, "PortErrorLabel").isVisible());
+
+    room.station.port.unplug();
+    room.person.expectBox(room.lang.MsgStr(19), QStringLiteral("Error Message"));
+    click(room.form, "TestButton");
+    EXPECT_EQ(named<QLabel>(room.form, "PortErrorLabel").text(), room.station.port.openError());
+    EXPECT_TRUE(named<QLabel>(room.form, "PortErrorLabel").isVisible());
+    room.station.port.plugIn();
+    click(room.form, "TestButton");
+    EXPECT_FALSE(named<QLabel>(room.form, "PortErrorLabel").isVisible());
+    room.form.close();
+    EXPECT_FALSE(room.setup.RxTimer.Enabled());
+    EXPECT_FALSE(room.station.port.Open());
+}
+
+TEST(ConnectForm, WalkFindsTheDriveWithTwoTests) {
+    Room room;
+    room.open();
+    clickRadio(room.form, "AutoDetectRadioButton");
+    click(room.form, "TestButton");
+    EXPECT_FALSE(room.connectForm.isVisible());
+    room.clock.advanceUntil([&] { return room.connectForm.isVisible(); }, 2000);
+    EXPECT_EQ(room.connectForm.windowTitle(), QStringLiteral("Connecting to AC Drive"));
+    EXPECT_TRUE(room.connectForm.isModal());
+    EXPECT_EQ(named<QLabel>(room.connectForm, "Label1").text(), QStringLiteral("Baud rate 9600"));
+    EXPECT_EQ(named<QLabel>(room.connectForm, "Label2").text(),
+              QStringLiteral("Modbus ASCII mode, protocol <7, N, 2 >"));
+    room.person.expectBox(room.lang.MsgStr(22), QStringLiteral("Cofirm"), BoxAnswer::Ok,
+                          [&] { EXPECT_FALSE(room.connectForm.isVisible()); });
+    room.testIsOver();
+    EXPECT_EQ(room.station.port.writes().size(), 2);
+    EXPECT_TRUE(lit(room.form, "SuccessAbLED"));
+    EXPECT_TRUE(named<QRadioButton>(room.form, "ManualRadioButton").isChecked());
+}
+
+TEST(ConnectForm, ScannerRunsAndClosingEndsTheWalk) {
+    Room room;
+    room.station.line.options().wire.Baud = 115200;
+    room.open();
+    clickRadio(room.form, "AutoDetectRadioButton");
+    click(room.form, "TestButton");
+    room.clock.advanceUntil([&] { return room.connectForm.isVisible(); }, 2000);
+    const auto& scanner = named<VrScanner>(room.connectForm, "VrScanner1");
+    EXPECT_EQ(scanner.position(), -1);
+    QList<int> positions;
+    QObject::connect(&scanner, &VrIndicator::positionChanged, &room.form, [&](int at) { positions += at; });
+    room.clock.advance(1250);
+    EXPECT_EQ(positions, (QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 0, 1}));
+    EXPECT_EQ(named<QComboBox>(room.form, "ModeComboBox").currentText(), QStringLiteral("ASCII"));
+    const qsizetype tests = room.station.port.writes().size();
+    EXPECT_GT(tests, 3) << "the tests go on under it";
+
+    QTest::keyClick(&room.connectForm, Qt::Key_Escape);
+    EXPECT_FALSE(room.connectForm.isVisible());
+    EXPECT_FALSE(room.connectForm.Timer1.Enabled());
+    EXPECT_EQ(scanner.position(), -1);
+    EXPECT_TRUE(named<QRadioButton>(room.form, "ManualRadioButton").isChecked());
+    room.person.expectBox(room.lang.MsgStr(21), QStringLiteral("Warning"));
+    room.testIsOver();
+    EXPECT_EQ(room.station.port.writes().size(), tests);
+}
+
+TEST(ConnectForm, DeafLineEndsAndTheWindowCanBeClosedMeanwhile) {
+    Room room;
+    room.station.line.faults().setChance(drive::LineFault::Silent, 100);
+    room.open();
+    clickRadio(room.form, "AutoDetectRadioButton");
+    click(room.form, "TestButton");
+    room.person.expectBox(room.lang.MsgStr(20), QStringLiteral("Warning"));
+    room.testIsOver();
+    EXPECT_EQ(room.station.port.writes().size(), 168);
+    EXPECT_FALSE(room.connectForm.isVisible());
+
+    clickRadio(room.form, "AutoDetectRadioButton");
+    click(room.form, "TestButton");
+    room.clock.advanceUntil([&] { return room.connectForm.isVisible(); }, 2000);
+    room.form.close();
+    EXPECT_FALSE(room.form.isVisible() || room.connectForm.isVisible() || room.connectForm.Timer1.Enabled());
+    room.clock.advance(2000);
+    EXPECT_EQ(room.station.port.writes().size(), 170);
+}
+
+TEST(InputForm, EditsTheCommandOfTheTest) {
+    Room room;
+    TInputForm input(room.setup, &room.form);
+    QObject::connect(&room.form, &TComSetupForm::inputFormWanted, &input, &QWidget::show);
+    room.open();
+    QTest::mouseDClick(&named<QLabel>(room.form, "Label3"), Qt::LeftButton);
+    ASSERT_TRUE(input.isVisible());
+    auto& edit = named<QLineEdit>(input, "InputEdit");
+    EXPECT_EQ(edit.text(), QStringLiteral("FF0321010001"));
+    edit.setText(QStringLiteral("010321000002"));
+    QTest::keyClick(&input, Qt::Key_Escape);
+    EXPECT_EQ(room.setup.TestCommand, QStringLiteral("FF0321010001"));
+    input.show();
+    edit.setText(QStringLiteral("010321000002"));
+    click(input, "OKTransparentButton");
+    EXPECT_FALSE(input.isVisible());
+    click(room.form, "TestButton");
+    EXPECT_EQ(room.station.port.transcript(), QStringList{QStringLiteral("010321000002")});
+}
+
+TEST(MessageForm, ThreeAnswersAndNoOtherWayOut) {
+    TMessageForm form;
+    QSignalSpy answers(&form, &TMessageForm::answered);
+    const std::array<std::pair<const char*, LinkAnswer>, 3> rows{{{"RetryBitBtn", LinkAnswer::Retry},
+                                                                  {"IgnoreBitBtn", LinkAnswer::Ignore},
+                                                                  {"AbortBitBtn", LinkAnswer::Abort}}};
+    for (const auto& [name, answer] : rows) {
+        form.ask(QStringLiteral("Communication Timeout"), true);
+        QTest::keyClick(&form, Qt::Key_Escape);
+        form.close();
+        ASSERT_TRUE(form.isVisible());
+        EXPECT_TRUE(form.isModal());
+        click(form, name);
+        EXPECT_FALSE(form.isVisible());
+        EXPECT_EQ(answers.takeLast().first().value<LinkAnswer>(), answer);
+    }
+    EXPECT_TRUE(answers.isEmpty());
+    form.ask(QStringLiteral("Communication Timeout"), false);
+    EXPECT_FALSE(named<QWidget>(form, "IgnoreBitBtn").isVisible());
+    EXPECT_EQ(named<QLabel>(form, "ErrNameVrLabel").text(), QStringLiteral("Communication Timeout"));
+}
+
+TEST(CEmessageForm, StandsOverTheWindowInFrontAndFollowsTheLink) {
+    Room room;
+    TInitialForm wait(room.link);
+    TCEmessageForm notice(room.link);
+    room.station.line.faults().setChance(drive::LineFault::Silent, 100);
+    room.setup.ComPortComboBoxChange(QStringLiteral("3"));
+    room.setup.copySettingsToLink();
+    room.link.Initial();
+    room.link.Notice.TInitialForm = true;
+    room.link.notifyChanged();
+    room.link.TxTimer.setEnabled(true);
+    room.clock.advanceUntil([&] { return notice.isVisible(); }, 5000);
+    EXPECT_EQ(notice.windowTitle(), QStringLiteral("Communication TimeOut"));
+    EXPECT_EQ(named<QLabel>(notice, "Label1").text(),
+              QStringLiteral("Can not get any response from derive. Try to communicate ..."));
+    EXPECT_FALSE(notice.isModal());
+    EXPECT_EQ(notice.parentWidget(), &wait) << "else the wait notice would block it";
+    // Closed by hand it comes back with the next silence.
+    notice.close();
+    EXPECT_FALSE(room.link.Notice.TCEmessageForm);
+    room.clock.advanceUntil([&] { return notice.isVisible(); }, 10000);
+    ASSERT_TRUE(notice.isVisible());
+
+    room.station.line.faults().clear();
+    room.clock.advanceUntil([&] { return !notice.isVisible(); }, 20000);
+    EXPECT_EQ(notice.parentWidget(), nullptr);
+    room.clock.advanceUntil([&] { return !wait.isVisible(); }, 60000);
+    EXPECT_TRUE(room.link.Lamp.onLine());
+}
+
+TEST(InitialForm, NobodyIsLockedInWhenTheLinkGivesUp) {
+    Room room;
+    TInitialForm wait(room.link);
+    room.station.line.faults().setChance(drive::LineFault::Exception, 100);
+    room.setup.copySettingsToLink();
+    room.link.Initial();
+    room.link.Notice.TInitialForm = true;
+    room.link.notifyChanged();
+    room.link.TxTimer.setEnabled(true);
+    room.person.expectBox(QStringLiteral("Initial drive failed !!"), QStringLiteral("Error"), BoxAnswer::Ok,
+                          [&] { EXPECT_FALSE(wait.isVisible()); });
+    room.clock.advanceUntil([&] { return room.person.allAsked(); }, 60000);
+}
+
+TEST(PasswordForm, OneDoorForEachOwner) {
+    Room room;
+    TPasswordForm form(room.link);
+    QSignalSpy language(&form, &TPasswordForm::languageEnabled);
+    QSignalSpy keypad(&form, &TPasswordForm::keypadReadEnabled);
+    auto& edit = named<QLineEdit>(form, "PasswordEdit");
+    EXPECT_EQ(edit.echoMode(), QLineEdit::Password);
+    const auto enter = [&](const char* text) {
+        form.show();
+        QTest::keyClicks(&edit, QLatin1String(text));
+        QTest::keyClick(&edit, Qt::Key_Return);
+        EXPECT_TRUE(edit.text().isEmpty());
+    };
+    const QString wrong = QStringLiteral("Password incorrect. Try again?");
+    room.person.expectBox(wrong, QStringLiteral("Cofirm"), BoxAnswer::Retry);
+    enter("mirto");
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(room.person.lastButtons, BoxButtons::RetryCancel);
+    room.person.expectBox(QStringLiteral("Edit language function enabled."), QStringLiteral("Success"));
+    enter("quillbar");
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(language.size(), 1);
+
+    room.link.ActiveFunction = OwnerParameter;
+    room.person.expectBox(wrong, QStringLiteral("Cofirm"), BoxAnswer::Cancel);
+    enter("quillbar");
+    EXPECT_FALSE(form.isVisible());
+    room.person.expectBox(QStringLiteral("Read keypad function enable ."), QStringLiteral("Success"));
+    enter("mirto");
+    EXPECT_EQ(keypad.size(), 1);
+    EXPECT_EQ(language.size(), 1);
+    form.show();
+    edit.setText(QStringLiteral("half a word"));
+    form.close();
+    EXPECT_TRUE(edit.text().isEmpty());
+}
+
+TEST(AboutForm, BrandAndThanks) {
+    const std::array<const char*, 3> names{"Kelvane", "Quince PC Software", "Juniper PC Software"};
+    for (int variant = 0; variant < 3; ++variant) {
+        TAboutForm form(variant);
+        EXPECT_EQ(named<QLabel>(form, "SoftNameLabel").text(), QLatin1String(names[size_t(variant)]));
+    }
+    TAboutForm form(0);
+    EXPECT_EQ(named<QLabel>(form, "SNLabel").text(), QStringLiteral("Released Date : 2008-02-14"));
+    QSignalSpy thanks(&form, &TAboutForm::thanksDoubleClicked);
+    form.show();
+    QTest::mouseDClick(&named<QLabel>(form, "SNLabel"), Qt::LeftButton);
+    EXPECT_EQ(thanks.size(), 0);
+    QTest::mouseDClick(&named<QLabel>(form, "ThanksLabel"), Qt::LeftButton);
+    EXPECT_EQ(thanks.size(), 1);
+}
+
+TEST(LogoForm, ShowsTheSystemsLanguage) {
+    TLogoForm form(QStringLiteral("German (Germany)"));
+    EXPECT_EQ(named<QLabel>(form, "Label2").text(), QStringLiteral("OS Language -> German (Germany)"));
+    EXPECT_FALSE(systemLanguageName().isEmpty());
+}
+
+}  // namespace
+}  // namespace kelvane
