@@ -105,27 +105,31 @@ double cpuPercentOver(int ms, int runs) {
     return least;
 }
 
+void measureResting(const LineCase& line, const QString& flow, int runs) {
+    const DriveProcess drive(line, flow);
+    ToolSide tool(line, drive.device());
+    int polls = 0;
+    QObject::connect(&tool.link, &RequestScheduler::statusDecoded, &tool.link, [&polls] { ++polls; });
+    tool.poll();
+    runFor(500);
+    polls = 0;
+    const double on = cpuPercentOver(10000, runs);
+    std::printf("%s  %-6s  polling 10 s: %6.3f %%, %d polls%s\n", qPrintable(line.name()), qPrintable(flow), on,
+                polls / runs, verdict(on, PollingPercent));
+    tool.offLine();
+    runFor(100);
+    const double off = cpuPercentOver(5000, runs);
+    std::printf("%s  %-6s  off line 5 s: %6.3f %%%s\n", qPrintable(line.name()), qPrintable(flow), off,
+                verdict(off, OffLinePercent));
+    std::fflush(stdout);
+}
+
+// Bytes one by one wake the tool as often as can be; an adapter's buffer hands over eight at a time.
 void measureResting(int runs) {
     std::printf("\nCPU of the link without windows, share of a core; best of %d runs.\n\n", runs);
-    for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii}) {
-        const LineCase line{mode, 9600};
-        const DriveProcess drive(line);
-        ToolSide tool(line, drive.device());
-        int polls = 0;
-        QObject::connect(&tool.link, &RequestScheduler::statusDecoded, &tool.link, [&polls] { ++polls; });
-        tool.poll();
-        runFor(500);
-        polls = 0;
-        const double on = cpuPercentOver(10000, runs);
-        std::printf("%s  polling 10 s: %6.3f %%, %d polls%s\n", qPrintable(line.name()), on,
-                    polls / runs, verdict(on, PollingPercent));
-        tool.offLine();
-        runFor(100);
-        const double off = cpuPercentOver(5000, runs);
-        std::printf("%s  off line 5 s: %6.3f %%%s\n", qPrintable(line.name()), off,
-                    verdict(off, OffLinePercent));
-        std::fflush(stdout);
-    }
+    for (const char* flow : {"single", "fifo"})
+        for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii})
+            measureResting({mode, 9600}, QLatin1String(flow), runs);
 }
 
 void pointTo(const QString& path, const QString& device) {

@@ -45,7 +45,8 @@ std::vector<quint16> parametersToRead(int count);
 
 class DriveProcess {
    public:
-    explicit DriveProcess(const LineCase& line);
+    // flow: how bytes reach the tool, in kelvane-drive's words ("single", "fifo", "usb").
+    explicit DriveProcess(const LineCase& line, const QString& flow = QStringLiteral("single"));
     ~DriveProcess();
     bool running() const { return !m_device.isEmpty(); }
     QString device() const { return m_device; }
