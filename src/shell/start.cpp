@@ -1,0 +1,72 @@
+#include "shell/start.h"
+
+#include <QApplication>
+
+#include "base/qt_tick_clock.h"
+#include "link/number_text.h"
+#include "link/qt_com_port.h"
+#include "localisation/startup_language.h"
+#include "shell/logo_form.h"
+#include "shell/practice_drives.h"
+#include "shell/single_instance.h"
+#include "shell/ui_state.h"
+#include "shell/windows.h"
+#include "ui/icons.h"
+
+namespace kelvane {
+
+namespace {
+
+void comeForward(QWidget& window) {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+RoutedPort::Factory portFactory(PracticeDrives& practice) {
+    return [&practice](const PortTarget& target) -> std::unique_ptr<TApdComPort> {
+        if (target.kind == PortTarget::Kind::Practice) return practice.makePort(target.family);
+        return std::make_unique<QtComPort>(target.devicePath);
+    };
+}
+
+}  // namespace
+
+int runTool(QApplication& app) {
+    SingleInstance instance(QStringLiteral("Orlan Kelvane 1.30"));
+    if (!instance.isFirst()) return 0;
+
+    const ProgramFolder folder = ProgramFolder::ofApplication();
+    Language language;
+    ShellOperator person(language.table);
+    TLogoForm logo;
+    logo.show();
+    logo.repaint();
+    DecimalSep = findDecimalSep();
+    startLanguage(language, folder.path(), folder.findData(QStringLiteral("Language file")), person);
+
+    QtTickClock clock;
+    SystemWallClock wallClock;
+    PracticeDrives practice(clock);
+    Tool tool({clock, wallClock, person, folder, language, portFactory(practice)});
+    UiState looks(folder.file(QStringLiteral("ui-state.ini")));
+    person.lastFolder = looks.text(QStringLiteral("lastFolder"));
+    Windows windows(tool, &person, looks);
+    looks.restoreWindow(windows.parameterForm);
+    looks.restoreWindow(windows.mainForm);
+    QObject::connect(&windows.mainForm, &TMainForm::closed, [&] {
+        looks.keepWindow(windows.mainForm);
+        looks.keepWindow(windows.parameterForm);
+        looks.setText(QStringLiteral("lastFolder"), person.lastFolder);
+    });
+    QObject::connect(&instance, &SingleInstance::raiseWanted, [&] { comeForward(windows.mainForm); });
+
+    windows.mainForm.show();
+    logo.close();
+    for (const QString& complaint : tool.ports.complaints()) tool.link.ShowHistoryMsg(complaint);
+    if (!folder.error().isEmpty()) tool.link.ShowHistoryMsg(folder.error());
+    return app.exec();
+}
+
+}  // namespace kelvane
