@@ -88,6 +88,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     link.DriveStatus.StatusWordCount = data[3] & 1 ? data[4] : 14;
     link.DriveStatus.GroupIndex = data[4];
     link.push(choice.task, QString::fromLatin1(choice.command));
+    link.TimeoutCount = 0;
+    link.ReplyTimeoutTicks = 7;
+    link.TxTimer.setInterval(1);  // a time-out of an earlier input slows it down
     link.TxTimer.setEnabled(true);
     bench.clock.advance(0);
     const size_t burst = 1 + data[4] % 64;
