@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationName(QStringLiteral("kelvane"));
     QCoreApplication::setApplicationVersion(QStringLiteral("1.30"));
     QGuiApplication::setWindowIcon(applicationIcon());
-    SingleInstance instance(QStringLiteral("Orlan Kelvane 1.30"));
+    SingleInstance instance(QStringLiteral("Orlan Kelvane"));
     if (!instance.isFirst()) return 0;
 
     const ProgramFolder folder = ProgramFolder::ofApplication();
