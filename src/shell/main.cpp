@@ -62,6 +62,8 @@ int main(int argc, char** argv) {
         looks.keepWindow(windows.mainForm);
         looks.keepWindow(windows.parameterForm);
         looks.setText(QStringLiteral("lastFolder"), person.lastFolder);
+        // Not quit(), which asks every window and takes no for an answer; this also ends a question left open.
+        QCoreApplication::exit();
     });
     QObject::connect(&instance, &SingleInstance::raiseWanted, [&] { comeForward(windows.mainForm); });
 

@@ -143,6 +143,8 @@ void Tool::FormClose() {
     linkPort.close();
     link.Lamp = {};
     link.ComStatusVrIndicator = 0;
+    // With the timers off nobody else would close these, and the program would stay for them.
+    link.Notice.TCEmessageForm = link.Notice.TInitialForm = false;
     link.notifyChanged();
 }
 

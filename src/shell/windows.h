@@ -77,6 +77,7 @@ class Windows : public QObject {
 
    private:
     void connectMain();
+    void hideOthers();
     void connectParameters();
     void offerChoices();
     void afterComSetup();
