@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPixmap>
@@ -145,6 +146,10 @@ TEST(MainForm, ShowsALanguageByTheOneTable) {
     EXPECT_EQ(bench.find<QMenu>("FilesMenu")->title(), texts.Label.at(7));
     EXPECT_EQ(bench.find<QMenu>("SetupLanguage")->title(), texts.Label.at(15));
     EXPECT_EQ(bench.text("HistMsgLabel"), texts.Label.at(6));
+    for (const CopiedLabel& label : copiedLabels()) {
+        if (label.window != QByteArray("TParameterForm")) continue;
+        EXPECT_EQ(bench.find<QLabel>(label.copy, &bench.windows->parameterForm)->text(), bench.text(label.control));
+    }
 }
 
 // Every name that the language table uses in a window that exists, exactly once.
