@@ -69,8 +69,6 @@ void Windows::hideOthers() {
 void Windows::connectParameters() {
     ParameterSession& session = tool.parameters;
     session.bench.openComSetup = [this](std::function<void()> then) { openComSetup(std::move(then)); };
-    connect(&tool.link, &RequestScheduler::keypadTableReady, this,
-            [this] { tool.parameters.reader.ReadDriveTransparentButtonClick(); });
     connect(&session.keypad, &KeypadSource::passwordWanted, this, [this] { showModal(passwordForm); });
     connect(&passwordForm, &TPasswordForm::keypadReadEnabled, this,
             [this] { tool.parameters.screen.ReadfromKeypad = true; });
