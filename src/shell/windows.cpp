@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QWindow>
+#include <utility>
 
 #include "shell/change_language.h"
 
@@ -131,10 +132,12 @@ void Windows::openComSetup(std::function<void()> then) {
         finishComSetup();
         return;
     }
+    m_comSetupOpened = true;
     showModal(comSetupForm);
 }
 
 void Windows::afterComSetup() {
+    if (!std::exchange(m_comSetupOpened, false)) return;
     const bool wentOnLine = tool.link.TxTimer.Enabled() || tool.link.RxTimer.Enabled();
     if (!wentOnLine) {
         finishComSetup();

@@ -87,6 +87,7 @@ class Windows : public QObject {
     QWidget* windowOf(int ActiveFunction);
 
     std::function<void()> m_afterComSetup;
+    bool m_comSetupOpened = false;  // by openComSetup: what follows it is ours
     bool m_fromParameterWindow = false;
     bool m_waitingForDrive = false;
 };
