@@ -46,6 +46,8 @@ int main(int argc, char** argv) {
     TLogoForm logo;
     logo.show();
     logo.repaint();
+    // Without a turn of the loop the screen would not show it before it closes again.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     DecimalSep = findDecimalSep();
     startLanguage(language, folder.path(), folder.findData(QStringLiteral("Language file")), person);
 
