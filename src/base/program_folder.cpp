@@ -24,11 +24,12 @@ ProgramFolder ProgramFolder::decide(const QString& executableFolder, const QStri
     } else if (!userFolder.isEmpty() && QDir().mkpath(userFolder) && canWrite(userFolder)) {
         result.m_path = userFolder;
     } else {
+        // What stands beside the program is still read; every write ends with its reason.
+        result.m_path = executableFolder;
         result.m_error = QStringLiteral("Settings cannot be kept: neither %1 nor %2 can be written.")
                              .arg(executableFolder, userFolder);
     }
-    if (!result.m_path.isEmpty()) result.m_dataFolders << result.m_path;
-    result.m_dataFolders << executableFolder
+    result.m_dataFolders << result.m_path << executableFolder
                          << QDir::cleanPath(executableFolder % QStringLiteral("/../share/kelvane"));
     result.m_dataFolders.removeDuplicates();
     return result;

@@ -15,7 +15,7 @@ class ProgramFolder {
     // From the running application, whose name must be set.
     static ProgramFolder ofApplication();
 
-    // Empty when neither folder can be written; error() then says so in plain words.
+    // The executable's when neither folder can be written; error() then says so in plain words.
     const QString& path() const { return m_path; }
     const QString& error() const { return m_error; }
 

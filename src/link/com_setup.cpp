@@ -292,7 +292,11 @@ void ComSetup::OKBitBtnClick() {
     Q_EMIT closeWanted();
 }
 
-void ComSetup::copySettingsToLink() { m_link.port().setSettings(m_setupPort.settings()); }
+// The console leaves the link port open; on another number the next send opens it afresh.
+void ComSetup::copySettingsToLink() {
+    if (m_link.port().settings().ComNumber != m_setupPort.settings().ComNumber) m_link.port().close();
+    m_link.port().setSettings(m_setupPort.settings());
+}
 
 void ComSetup::FormClose() {
     RxTimer.setEnabled(false);

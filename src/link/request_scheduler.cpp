@@ -145,7 +145,8 @@ void RequestScheduler::TxTimerTimer() {
     // Kept: a resent generated task pushes its command again and sends the old front.
     const bool sent = !CommandQueue.empty() && SendUsart(QString(CommandQueue.front()));
     if (!sent && !inConsole()) emptyQueues();
-    if (inConsole()) logConsoleSend();
+    // Kept: the console logs and counts what went out; a failed send shows as its time-out alone.
+    if (sent && inConsole()) logConsoleSend();
     prepareToReceive();
     if (inConsole() && (Console.Monitor || Console.Flasher)) return;
     RxTimer.setEnabled(true);

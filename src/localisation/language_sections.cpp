@@ -188,11 +188,34 @@ constexpr MirroredMenu MirroredMenus[] = {
     {"MonitorTransparentButton", "Monitor"},
 };
 
+constexpr CopiedLabel CopiedLabels[] = {
+    {"DispDriveVrLabel", "TMonitorForm", "DispDriveVrLabel"},
+    {"DispVersionVrLabel", "TMonitorForm", "DispVersionVrLabel"},
+    {"DispHPVrLabel", "TMonitorForm", "DispHPVrLabel"},
+    {"DispRatedVoltageVrLabel", "TMonitorForm", "DispRatedVoltageVrLabel"},
+    {"DispRatedCurrentVrLabel", "TMonitorForm", "DispRatedCurrentVrLabel"},
+    {"DispDriveVrLabel", "TParameterForm", "DispModelVrLabel"},
+    {"DispVersionVrLabel", "TParameterForm", "DispVersionVrLabel"},
+    {"DispHPVrLabel", "TParameterForm", "DispHPVrLabel"},
+    {"DispRatedVoltageVrLabel", "TParameterForm", "DispRatedVoltageVrLabel"},
+    {"DispRatedCurrentVrLabel", "TParameterForm", "DispRatedCurrentVrLabel"},
+    {"DispDriveVrLabel", "TParameterForm", "DispModelFVrLabel"},
+    {"DispVersionVrLabel", "TParameterForm", "DispVersionFVrLabel"},
+    {"DispHPVrLabel", "TParameterForm", "DispHPFVrLabel"},
+    {"DispRatedVoltageVrLabel", "TParameterForm", "DispRatedVoltageFVrLabel"},
+    {"DispRatedCurrentVrLabel", "TParameterForm", "DispRatedCurrentFVrLabel"},
+};
+
 }  // namespace
 
 std::span<const FormSectionRow> formSections() { return FormSections; }
 std::span<const TypeSectionRow> typeSections() { return TypeSections; }
 std::span<const MirroredMenu> mirroredMenus() { return MirroredMenus; }
+std::span<const CopiedLabel> copiedLabels() { return CopiedLabels; }
+
+FormSection titleSection(FormSection section) {
+    return section == FormSection::Monitor ? FormSection::Trend : section;
+}
 
 const FormSectionRow& formSection(FormSection section) { return FormSections[static_cast<size_t>(section)]; }
 

@@ -51,6 +51,13 @@ struct MirroredMenu {
     const char* menuItem;
 };
 
+// A caption of the main window that another window bears too, without keys of its own.
+struct CopiedLabel {
+    const char* control;  // in the main window
+    const char* window;
+    const char* copy;
+};
+
 inline constexpr int CaptionOffset = 1;
 inline constexpr int FirstButtonOffset = 3;
 inline constexpr const char* MessageHeader = "[Message]";
@@ -59,6 +66,9 @@ inline constexpr const char* LanguageHeader = "[Language]";
 std::span<const FormSectionRow> formSections();  // in the order of the file; the type sections follow Trend
 std::span<const TypeSectionRow> typeSections();  // in the order of the file
 std::span<const MirroredMenu> mirroredMenus();   // all in the main window
+std::span<const CopiedLabel> copiedLabels();
+// The section whose caption is the title of a section's window: the meters' window bears the trend's.
+FormSection titleSection(FormSection section);
 const FormSectionRow& formSection(FormSection section);
 
 // A text of the table as the window shows it.

@@ -105,6 +105,9 @@ VrLabel* TableSheet::addLabel(QGridLayout* header, int row, int column, const ch
     label->setObjectName(QLatin1String(name));
     label->setCharacters(IdentityCharacters);
     auto* captionLabel = new QLabel(caption, this);
+    captionLabel->setObjectName(QStringLiteral("Disp") % QLatin1String(name));
+    captionLabel->setTextFormat(Qt::PlainText);
+    captionLabel->setBuddy(label);
     header->addWidget(captionLabel, row, column);
     header->addWidget(label, row, column + 1);
     return label;

@@ -67,6 +67,17 @@ void mirrorMenuItems(const QObject& mainWindow) {
     }
 }
 
+void copyLabels(const QList<QWidget*>& windows) {
+    const QWidget* mainWindow = windowNamed(windows, "TMainForm");
+    for (const CopiedLabel& label : copiedLabels()) {
+        const QWidget* window = windowNamed(windows, label.window);
+        if (!mainWindow || !window) continue;
+        const auto* from = mainWindow->findChild<QWidget*>(QString::fromLatin1(label.control));
+        auto* to = window->findChild<QWidget*>(QString::fromLatin1(label.copy));
+        if (from && to) setText(to, from->property("text").toString());
+    }
+}
+
 }  // namespace
 
 void ChangeLanguage(const LangTable& table, const QList<QWidget*>& windows) {
@@ -74,12 +85,14 @@ void ChangeLanguage(const LangTable& table, const QList<QWidget*>& windows) {
         QWidget* window = windowNamed(windows, section.window);
         if (!window) continue;
         const FormTexts& texts = table.form(section.section);
-        if (texts.captionFilled) window->setWindowTitle(texts.Caption);
+        const FormTexts& title = table.form(titleSection(section.section));
+        if (title.captionFilled) window->setWindowTitle(title.Caption);
         setGroupTexts(*window, section.Button, texts.Button);
         setGroupHints(*window, section.Hint, texts.Hint);
         setGroupTexts(*window, section.Label, texts.Label);
         if (section.section == FormSection::Main && texts.Button.filled > 0) mirrorMenuItems(*window);
     }
+    copyLabels(windows);
 }
 
 }  // namespace kelvane

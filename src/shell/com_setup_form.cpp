@@ -214,8 +214,9 @@ void TComSetupForm::showEvent(QShowEvent* event) {
 }
 
 void TComSetupForm::done(int result) {
-    QDialog::done(result);
+    // First: whoever waits for the dialog may open the link port, and the two are never open together.
     m_setup.FormClose();
+    QDialog::done(result);
 }
 
 bool TComSetupForm::eventFilter(QObject* watched, QEvent* event) {

@@ -34,7 +34,7 @@ RoutedPort::Factory portFactory(PracticeDrives& practice) {
 }  // namespace
 
 int runTool(QApplication& app) {
-    SingleInstance instance(QStringLiteral("Orlan Kelvane 1.30"));
+    SingleInstance instance(QStringLiteral("Orlan Kelvane"));
     if (!instance.isFirst()) return 0;
 
     const ProgramFolder folder = ProgramFolder::ofApplication();
@@ -43,6 +43,8 @@ int runTool(QApplication& app) {
     TLogoForm logo;
     logo.show();
     logo.repaint();
+    // Without a turn of the loop the screen would not show it before it closes again.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     DecimalSep = findDecimalSep();
     startLanguage(language, folder.path(), folder.findData(QStringLiteral("Language file")), person);
 
@@ -59,6 +61,8 @@ int runTool(QApplication& app) {
         looks.keepWindow(windows.mainForm);
         looks.keepWindow(windows.parameterForm);
         looks.setText(QStringLiteral("lastFolder"), person.lastFolder);
+        // Not quit(), which asks every window and takes no for an answer; this also ends a question left open.
+        QCoreApplication::exit();
     });
     QObject::connect(&instance, &SingleInstance::raiseWanted, [&] { comeForward(windows.mainForm); });
 

@@ -87,19 +87,24 @@ FileResult Tool::SaveProject() {
     return writeWhole(bench.folder.file(QStringLiteral("default.prj")), defaultProjectBytes(defaults));
 }
 
+// A copy: named keeps whose values the last file held, which Quick Setup compares with the drive.
+NamedProject Tool::projectToSave() const {
+    NamedProject project = named;
+    project.LanguageIndex = bench.language.LanguageIndex;
+    project.ComSetup = comSetupSection();
+    project.Monitor = defaults.Monitor;
+    project.ChComboBox = defaults.Trend.ChComboBox;
+    project.QuickSetup.DriveVrLabel = link.Labels.DriveVrLabel;
+    project.QuickSetup.VersionVrLabel = link.Labels.VersionVrLabel;
+    project.QuickSetup.HPVrLabel = link.Labels.HPVrLabel;
+    project.QuickSetup.RatedVoltageVrLabel = link.Labels.RatedVoltageVrLabel;
+    project.QuickSetup.RatedCurrentVrLabel = link.Labels.RatedCurrentVrLabel;
+    return project;
+}
+
 void Tool::SaveTransparentButtonClick() {
     Q_EMIT projectWanted();
-    named.LanguageIndex = bench.language.LanguageIndex;
-    named.ComSetup = comSetupSection();
-    named.Monitor = defaults.Monitor;
-    named.ChComboBox = defaults.Trend.ChComboBox;
-    const DriveLabelsRecord& labels = link.Labels;
-    named.QuickSetup.DriveVrLabel = labels.DriveVrLabel;
-    named.QuickSetup.VersionVrLabel = labels.VersionVrLabel;
-    named.QuickSetup.HPVrLabel = labels.HPVrLabel;
-    named.QuickSetup.RatedVoltageVrLabel = labels.RatedVoltageVrLabel;
-    named.QuickSetup.RatedCurrentVrLabel = labels.RatedCurrentVrLabel;
-    const QByteArray bytes = namedProjectBytes(named);
+    const QByteArray bytes = namedProjectBytes(projectToSave());
     const std::optional<QString> path = bench.person.saveFile(ProjectFilter, {});
     if (!path) return;
     const FileResult written = writeWhole(*path, bytes);
@@ -143,6 +148,8 @@ void Tool::FormClose() {
     linkPort.close();
     link.Lamp = {};
     link.ComStatusVrIndicator = 0;
+    // With the timers off nobody else would close these, and the program would stay for them.
+    link.Notice.TCEmessageForm = link.Notice.TInitialForm = false;
     link.notifyChanged();
 }
 

@@ -83,6 +83,7 @@ class Tool : public QObject {
     void loadDefaultProject();
     void takeComSetup(const ComSetupSection& section, int taken);
     ComSetupSection comSetupSection() const;
+    NamedProject projectToSave() const;
     void followPort();
     PortSettings setComSetupForKeypad(const ComSetupChoice& choice);
 };

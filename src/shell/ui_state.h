@@ -6,8 +6,6 @@
 
 #include "base/kept_looks.h"
 
-#include "base/kept_looks.h"
-
 class QSplitter;
 class QWidget;
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QWindow>
+#include <utility>
 
 #include "shell/change_language.h"
 
@@ -47,23 +48,28 @@ QList<QWidget*> Windows::all() {
 }
 
 void Windows::connectMain() {
+    connect(&mainForm, &TMainForm::closed, this, &Windows::hideOthers);
     connect(&mainForm, &TMainForm::comSetupWanted, this, [this] { openComSetup(); });
     connect(&mainForm, &TMainForm::windowWanted, this, &Windows::openWindow);
     connect(&mainForm, &TMainForm::aboutWanted, this, [this] { showModal(aboutForm); });
     connect(&aboutForm, &TAboutForm::thanksDoubleClicked, this, [this] { showModal(passwordForm); });
     connect(&comSetupForm, &TComSetupForm::inputFormWanted, this, [this] { showModal(inputForm); });
     connect(&comSetupForm, &QDialog::finished, this, &Windows::afterComSetup);
-    connect(&tool.link, &RequestScheduler::changed, this, &Windows::watchInitialForm);
+    connect(&tool.link, &RequestScheduler::cycleEnded, this, &Windows::watchInitialForm);
     connect(&tool.link, &RequestScheduler::focusWanted, this, &Windows::ShowFocusForm);
     connect(&tool.rules, &WindowRules::focusWanted, this, &Windows::ShowFocusForm);
     connect(&tool, &Tool::languageChanged, this, &Windows::showLanguage);
 }
 
+// The main window has closed. Hidden windows stop the timers that they run while they are seen.
+void Windows::hideOthers() {
+    for (QWidget* window : all())
+        if (window != &mainForm) window->hide();
+}
+
 void Windows::connectParameters() {
     ParameterSession& session = tool.parameters;
     session.bench.openComSetup = [this](std::function<void()> then) { openComSetup(std::move(then)); };
-    connect(&tool.link, &RequestScheduler::keypadTableReady, this,
-            [this] { tool.parameters.reader.ReadDriveTransparentButtonClick(); });
     connect(&session.keypad, &KeypadSource::passwordWanted, this, [this] { showModal(passwordForm); });
     connect(&passwordForm, &TPasswordForm::keypadReadEnabled, this,
             [this] { tool.parameters.screen.ReadfromKeypad = true; });
@@ -126,10 +132,12 @@ void Windows::openComSetup(std::function<void()> then) {
         finishComSetup();
         return;
     }
+    m_comSetupOpened = true;
     showModal(comSetupForm);
 }
 
 void Windows::afterComSetup() {
+    if (!std::exchange(m_comSetupOpened, false)) return;
     const bool wentOnLine = tool.link.TxTimer.Enabled() || tool.link.RxTimer.Enabled();
     if (!wentOnLine) {
         finishComSetup();
@@ -140,6 +148,8 @@ void Windows::afterComSetup() {
     tool.link.notifyChanged();
 }
 
+// At the end of the exchange that closed the wait notice: when identification failed, Initial runs behind its box,
+// and would take the link away from the window that it was given back to.
 void Windows::watchInitialForm() {
     if (!m_waitingForDrive || tool.link.Notice.TInitialForm) return;
     m_waitingForDrive = false;

@@ -77,6 +77,7 @@ class Windows : public QObject {
 
    private:
     void connectMain();
+    void hideOthers();
     void connectParameters();
     void offerChoices();
     void afterComSetup();
@@ -86,6 +87,7 @@ class Windows : public QObject {
     QWidget* windowOf(int ActiveFunction);
 
     std::function<void()> m_afterComSetup;
+    bool m_comSetupOpened = false;  // by openComSetup: what follows it is ours
     bool m_fromParameterWindow = false;
     bool m_waitingForDrive = false;
 };

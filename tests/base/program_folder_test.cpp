@@ -33,7 +33,7 @@ TEST(ProgramFolder, IsTheExecutablesFolderIfFilesCanBeMadeThere) {
     EXPECT_TRUE(QDir(user).exists());
 
     const ProgramFolder none = ProgramFolder::decide(missing, programs + QStringLiteral("/manual/folder"));
-    EXPECT_TRUE(none.path().isEmpty());
+    EXPECT_EQ(none.path(), missing);
     EXPECT_FALSE(none.error().isEmpty());
 }
 

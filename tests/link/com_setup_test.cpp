@@ -246,10 +246,12 @@ TEST(ComSetupAccept, TakesTheSettingsWithoutATest) {
     bench.setup.ComPortComboBoxChange(QStringLiteral("4"));
     bench.setup.BaudComboBoxChange(QStringLiteral("1200"));
     bench.link.Console.TimeOut1 = 3;
+    bench.port.open();  // as the console leaves it
     bench.link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
     bench.setup.OKBitBtnClick();
     EXPECT_TRUE(bench.closed);
     EXPECT_EQ(bench.port.line, (PortSettings{4, 1200, 7, ComParity::None, 2}));
+    EXPECT_FALSE(bench.port.Open()) << "the next send opens the port of the new number";
     EXPECT_EQ(bench.link.ReplyTimeoutTicks, 8u);
     EXPECT_EQ(bench.link.Lamp, LampRecord());
     EXPECT_FALSE(bench.link.TxTimer.Enabled());

@@ -493,6 +493,20 @@ TEST(ConsoleLink, LogsEachExchangeAndSetsBothFlags) {
     EXPECT_TRUE(bench.link.TaskQueue.empty());  // no text is fetched
 }
 
+TEST(ConsoleLink, KeepsAFailedSendOutOfTheLogAndItsQueues) {
+    ConsoleBench bench;
+    bench.port.canOpen = false;
+    bench.link.Console.TimeOutCheckBox = true;
+    bench.link.port().close();
+    bench.link.push(19, "FF0321010001");
+    bench.link.TxTimer.setEnabled(true);
+    bench.clock.advance(1);
+    EXPECT_EQ(bench.link.ConsoleLog.totalRecords, 0);
+    EXPECT_EQ(bench.link.TaskQueue.size(), 1U);
+    bench.staySilent();
+    EXPECT_EQ(bench.link.ConsoleLog.timeoutRecords, 1);
+}
+
 TEST(ConsoleLink, FramesByItsSettings) {
     ConsoleBench bench;
     bench.link.ComMode = 1;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPixmap>
@@ -86,6 +87,40 @@ TEST(MainForm, KeepsItsSetupOverARestart) {
     EXPECT_EQ(bench.tool->linkPort.settings(), (PortSettings{3, 19200, 8, ComParity::Even, 2}));
 }
 
+TEST(MainForm, LeavesNoWindowBehindWhenItCloses) {
+    ShellBench bench;
+    bench.goOnLine();
+    bench.practice.lineOf(Family::Larch).faults().setChance(drive::LineFault::Silent, 100);
+    bench.clock.advanceUntil([&] { return bench.windows->ceMessageForm.isVisible(); }, 5000);
+    ASSERT_TRUE(bench.windows->ceMessageForm.isVisible());
+    bench.windows->mainForm.close();
+    for (QWidget* window : bench.windows->all()) EXPECT_FALSE(window->isVisible()) << window->objectName();
+    bench.clock.advance(5000);
+    EXPECT_FALSE(bench.windows->ceMessageForm.isVisible());
+    EXPECT_FALSE(bench.tool->linkPort.Open());
+}
+
+// The box of the failure is answered before Initial runs, and Initial is not the last word.
+TEST(MainForm, GivesTheLinkBackToTheParameterWindowAfterAFailedIdentification) {
+    ShellBench bench;
+    RequestScheduler& link = bench.tool->link;
+    bench.windows->openWindow(OwnerParameter);
+    bench.practice.lineOf(Family::Larch).faults().setChance(drive::LineFault::Exception, 100);
+    quint8 ownerThen = 0;
+    bench.windows->openComSetup([&] { ownerThen = link.ActiveFunction; });
+    bench.tool->comSetup.TestButtonClick();
+    bench.clock.advance(400);
+    bench.person.expectBox("Do you want to On - Line now ?", "Cofirm", BoxAnswer::Yes);
+    bench.tool->comSetup.OKBitBtnClick();
+    bench.person.expectBox("Initial drive failed !!", "Error");
+    bench.clock.advanceUntil([&] { return bench.person.allAsked(); }, 20000);
+    EXPECT_EQ(ownerThen, OwnerParameter);
+    EXPECT_EQ(link.ActiveFunction, OwnerParameter);
+    EXPECT_TRUE(link.TaskQueue.empty());
+    EXPECT_FALSE(link.TxTimer.Enabled());
+    EXPECT_FALSE(bench.windows->initialForm.isVisible());
+}
+
 TEST(MainForm, SavesAndOpensANamedProject) {
     ShellBench bench;
     const QString path = bench.dir.filePath("site.prj");
@@ -111,6 +146,10 @@ TEST(MainForm, ShowsALanguageByTheOneTable) {
     EXPECT_EQ(bench.find<QMenu>("FilesMenu")->title(), texts.Label.at(7));
     EXPECT_EQ(bench.find<QMenu>("SetupLanguage")->title(), texts.Label.at(15));
     EXPECT_EQ(bench.text("HistMsgLabel"), texts.Label.at(6));
+    for (const CopiedLabel& label : copiedLabels()) {
+        if (label.window != QByteArray("TParameterForm")) continue;
+        EXPECT_EQ(bench.find<QLabel>(label.copy, &bench.windows->parameterForm)->text(), bench.text(label.control));
+    }
 }
 
 // Every name that the language table uses in a window that exists, exactly once.
