@@ -16,6 +16,11 @@ void KeypadSource::ReadfromKeypadClick() {
     }
 }
 
+void KeypadSource::enable() {
+    m_screen.ReadfromKeypad = true;
+    Q_EMIT screenChanged();
+}
+
 void KeypadSource::goOn() {
     if (!keypadIsConnected()) return;
     m_bench.link.emptyQueues();

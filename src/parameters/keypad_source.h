@@ -27,6 +27,8 @@ class KeypadSource : public QObject {
     KeypadSource(ParameterBench& bench, ParameterScreen& screen) : m_bench(bench), m_screen(screen) {}
 
     void ReadfromKeypadClick();
+    // The right password was given: sets the mark of the menu item.
+    void enable();
 
     // Sets the boxes of com setup, runs their change handlers (ComMode, BaudTimeoutTicks) and gives the
     // settings that its port has then.
@@ -35,7 +37,7 @@ class KeypadSource : public QObject {
     std::function<void(std::function<void()> then)> closeTable;
 
    Q_SIGNALS:
-    void passwordWanted();  // TPasswordForm; the right password sets the mark ReadfromKeypad
+    void passwordWanted();  // TPasswordForm; the right password leads to enable()
     void screenChanged();
 
    private:

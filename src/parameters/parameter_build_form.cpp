@@ -131,7 +131,7 @@ void TParameterForm::connectEngines() {
     m_session.saveTable = [this](TableSide side, const std::function<void()>& then) {
         saver.save(side == TableSide::Drive ? ParameterTab::Drive : ParameterTab::File, then);
     };
-    m_session.writer.beforeFirstWrite = [this] { backUp(); };
+    m_session.writer.beforeFirstWrite = [this] { return backUp(); };
     saver.tabCaption = [this](ParameterTab tab) { return m_pages->tabCaption(tab); };
     saver.pumpMessages = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
     loader.pumpMessages = saver.pumpMessages;

@@ -155,7 +155,8 @@ void TParameterForm::CompareTransparentButtonClick() {
         if (!index || *index < 0 || *index >= kinds.size()) return;
         const ComparisonOutcome outcome = m_session.compare(kinds[*index]);
         m_pages->showScreen();
-        if (outcome.shown) tellInStatusLine(outcomeText(outcome));
+        const bool compared = outcome.shown || outcome.notComparedDrive + outcome.notComparedFile > 0;
+        if (compared) tellInStatusLine(outcomeText(outcome));
     });
 }
 
@@ -183,15 +184,19 @@ void TParameterForm::print(ParameterTab tab) {
     Q_EMIT reportWanted(makeReport(source, grid, m_session.comparison, m_bench.wallClock.now()));
 }
 
-void TParameterForm::backUp() {
-    if (!m_session.screen.DriveTabSheet || !m_session.reader.DriveTableComplete) return;
+// False when there is no complete table yet, or when it could not be written.
+bool TParameterForm::backUp() {
+    if (!m_session.screen.DriveTabSheet || !m_session.reader.DriveTableComplete) return false;
     const FileResult written =
         backup.write(m_session.driveTable, m_session.screen.RparaAbLED, m_bench.wallClock.now(),
                      [this](const QString& PrNo) { return m_session.heldByDrive(PrNo); });
-    m_session.bench.link.ShowHistoryMsg(
+    const QString told =
         written.ok
             ? QStringLiteral("Backup of the drive's table: %1").arg(QDir::toNativeSeparators(backup.path()))
-            : QStringLiteral("The drive's table could not be backed up: %1").arg(written.error));
+            : QStringLiteral("The drive's table could not be backed up: %1").arg(written.error);
+    m_session.bench.link.ShowHistoryMsg(told);
+    if (!written.ok) m_bench.person.tell(told, QStringLiteral("Error"), BoxIcon::Stop);
+    return written.ok;
 }
 
 void TParameterForm::fillRecentMenu() {

@@ -99,7 +99,7 @@ class TParameterForm : public QMainWindow {
     void clickBox(TableSide side, int row, bool set);
     void fillRecentMenu();
     void print(ParameterTab tab);
-    void backUp();
+    bool backUp();
     std::optional<TableSide> frontSide() const;
     ParameterTable& table(TableSide side);
     EditHistory& history(TableSide side);

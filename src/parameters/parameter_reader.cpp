@@ -94,6 +94,7 @@ void ParameterReader::prepareTable() {
     m_table.clear();
     takeIdentity();
     m_screen.DriveTabSheet = true;
+    if (m_screen.active == ParameterTab::None) m_screen.active = ParameterTab::Drive;
     m_screen.ResetParameter = true;
     DriveTableComplete = 0;
 }

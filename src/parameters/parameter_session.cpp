@@ -165,8 +165,10 @@ void ParameterSession::CloseTab(const std::function<void()>& then) {
     const bool mayBeSaved = tab != ParameterTab::Compare;
     if (!mayBeSaved || !bench.link.operatorAsked().yes(bench.link.lang().MsgStr(17), Cofirm)) return goOn();
     screen.FileAbLED = tab == ParameterTab::File;
+    const TableSide side = screen.FileAbLED ? TableSide::File : TableSide::Drive;
+    Q_EMIT sourceLit(side);
     if (!saveTable) return goOn();
-    saveTable(screen.FileAbLED ? TableSide::File : TableSide::Drive, goOn);
+    saveTable(side, goOn);
 }
 
 void ParameterSession::closeTab(ParameterTab tab) {

@@ -85,6 +85,7 @@ class ParameterSession : public QObject {
    Q_SIGNALS:
     void screenChanged();                             // tabs, tree, lamp, menu items
     void writeSourceWanted(const QString& VrLabel1);  // TSelParaSourceForm
+    void sourceLit(TableSide side);                   // its lamp, by a table that is saved as its tab closes
 
    private:
     void mirrorModel();

@@ -88,8 +88,7 @@ void ParameterWriter::startWrites(int checked) {
     form.barMaximum = WriteCount;
     form.barPosition = 0;
     setEnabled(false);
-    if (!m_firstWriteTold && beforeFirstWrite) beforeFirstWrite();
-    m_firstWriteTold = true;
+    if (!m_firstWritePrepared && beforeFirstWrite) m_firstWritePrepared = beforeFirstWrite();
     WriteTimer.setEnabled(true);
 }
 

@@ -53,8 +53,8 @@ class ParameterWriter : public QObject {
     void FormClose();
     void errorRecordClosed();
 
-    // Called once a session before the first write goes out.
-    std::function<void()> beforeFirstWrite;
+    // Called before the first write of a session goes out, and again before the next as long as it gives false.
+    std::function<bool()> beforeFirstWrite;
 
    Q_SIGNALS:
     void changed();
@@ -89,7 +89,7 @@ class ParameterWriter : public QObject {
     QString m_command;  // what is waited for
     QList<int> m_rowsReadBack;
     bool m_readBackDue = false;  // when the error record is closed
-    bool m_firstWriteTold = false;
+    bool m_firstWritePrepared = false;
 };
 
 }  // namespace kelvane

@@ -71,8 +71,8 @@ void Windows::connectParameters() {
     ParameterSession& session = tool.parameters;
     session.bench.openComSetup = [this](std::function<void()> then) { openComSetup(std::move(then)); };
     connect(&session.keypad, &KeypadSource::passwordWanted, this, [this] { showModal(passwordForm); });
-    connect(&passwordForm, &TPasswordForm::keypadReadEnabled, this,
-            [this] { tool.parameters.screen.ReadfromKeypad = true; });
+    connect(&passwordForm, &TPasswordForm::keypadReadEnabled, &session.keypad, &KeypadSource::enable);
+    connect(&session, &ParameterSession::sourceLit, &selParaSourceForm, &TSelParaSourceForm::light);
     connect(&session, &ParameterSession::writeSourceWanted, this, [this](const QString& VrLabel1) {
         selParaSourceForm.ask(VrLabel1, [this](std::optional<TableSide> side) {
             if (side) tool.parameters.writeSourceChosen(*side);

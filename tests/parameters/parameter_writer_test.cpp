@@ -58,7 +58,7 @@ TEST(ParameterWriter, TellsWhereItIs) {
     b.session.WriteCheckTransparentButtonClick();
     EXPECT_EQ(b.writer.form.PrLabel, "- -");
     int backups = 0;
-    b.writer.beforeFirstWrite = [&] { ++backups; };
+    b.writer.beforeFirstWrite = [&] { return ++backups > 0; };
     b.pressOk();
     EXPECT_EQ(b.writer.form.barMaximum, 2);
     for (const char* command : {"FF0620050003", "FF0601001770"}) {
