@@ -1,6 +1,7 @@
 #include "link/request_scheduler.h"
 
 #include <QLocale>
+#include <algorithm>
 
 #include "link/number_text.h"
 #include "link/task_table.h"
@@ -376,9 +377,7 @@ void RequestScheduler::handleReply() {
     ReplyTimeoutTicks = BaudTimeoutTicks;
     resumeTrend();
     if (!Lamp.green && !inConsole()) goOnLine();
-    int& position = ComStatusVrIndicator;
-    position = position >= 90 ? 0 : position + 10;
-    Q_EMIT indicatorStepped(position);
+    stepIndicatorForReply();
 
     // Fronts are copied: a box below may let other windows touch the queues.
     const QString command = CommandQueue.empty() ? QString() : CommandQueue.front();
@@ -388,6 +387,12 @@ void RequestScheduler::handleReply() {
     Rx.RxData = reply.RxData;
     actOn(reply, command, task);
     if (inConsole() && reply.verdict != ReplyVerdict::Good) finishConsoleFailure(reply);
+}
+
+void RequestScheduler::stepIndicatorForReply() {
+    int& position = ComStatusVrIndicator;
+    position = position == 90 ? 0 : std::min(position + 10, 100);  // the bar ends at 100
+    Q_EMIT indicatorStepped(position);
 }
 
 void RequestScheduler::resumeTrend() {

@@ -154,6 +154,7 @@ class RequestScheduler : public QObject {
     void handleConsoleTimeout();
     void suspendTrend();
     void handleReply();
+    void stepIndicatorForReply();
     void resumeTrend();
     void goOnLine();
     void actOn(const JudgedReply& reply, const QString& command, quint8 task);

@@ -288,6 +288,20 @@ TEST(Reply, TakesTheLinkOnLineBeforeTheFrameIsChecked) {
     EXPECT_EQ(bench.history, QStringList{"Checksum Error !! Receive Data > :garbage\\x0D\\x0A"});
 }
 
+TEST(Reply, StepsTheBarByARuleOfItsOwn) {
+    SchedulerBench bench;
+    bench.beOnLine();
+    bench.link.TxTimer.setEnabled(true);
+    const int rows[][3] = {{70, 80, 90}, {80, 90, 0}, {90, 100, 100}, {100, 0, 10}};  // before, sent, answered
+    for (const auto& row : rows) {
+        bench.link.ComStatusVrIndicator = row[0];
+        bench.send();
+        EXPECT_EQ(bench.link.ComStatusVrIndicator, row[1]);
+        bench.answerWords(QList<int>(16, 0));
+        EXPECT_EQ(bench.link.ComStatusVrIndicator, row[2]);
+    }
+}
+
 TEST(Reply, KeepsResendingWithoutLimitAfterBadChecksumsOnLine) {
     SchedulerBench bench;
     bench.beOnLine();

@@ -94,7 +94,7 @@ TEST(MainForm, LeavesNoWindowBehindWhenItCloses) {
     bench.clock.advanceUntil([&] { return bench.windows->ceMessageForm.isVisible(); }, 5000);
     ASSERT_TRUE(bench.windows->ceMessageForm.isVisible());
     bench.windows->mainForm.close();
-    for (QWidget* window : bench.windows->all()) EXPECT_FALSE(window->isVisible()) << window->objectName();
+    for (QWidget* window : bench.windows->all()) EXPECT_FALSE(window->isVisible()) << window->objectName().toStdString();
     bench.clock.advance(5000);
     EXPECT_FALSE(bench.windows->ceMessageForm.isVisible());
     EXPECT_FALSE(bench.tool->linkPort.Open());
