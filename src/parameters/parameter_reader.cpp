@@ -39,6 +39,10 @@ ParameterReader::ParameterReader(ParameterBench& bench, ParameterTable& table, P
     connect(&bench.link, &RequestScheduler::cycleEnded, this, [this] { RxTimer.kick(); });
     connect(&bench.link, &RequestScheduler::keypadTableReady, this,
             [this] { ReadDriveTransparentButtonClick(); });
+    // A link that goes to rest answers no more, also when it was not this window's.
+    connect(&bench.link, &RequestScheduler::initialRun, this, [this] {
+        if (RxTimer.Enabled()) stop();
+    });
     bench.link.stopParameterRead = [this] { stop(); };
 }
 

@@ -120,7 +120,7 @@ QString writeSummaryText(const WriteSummary& summary) {
         parts += QStringLiteral("%1 with no value read from the drive").arg(summary.unknown);
     if (summary.readOnly > 0) parts += QStringLiteral("%1 read-only").arg(summary.readOnly);
     if (!summary.sourceFamily.isEmpty())
-        parts += QStringLiteral("the table is of a %1 drive, the drive is a %2")
+        parts += QStringLiteral("the table is of the family %1, the drive of the family %2")
                      .arg(summary.sourceFamily, summary.driveFamily);
     return parts.join(QStringLiteral("; "));
 }

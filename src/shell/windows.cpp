@@ -127,7 +127,8 @@ void Windows::showModal(QWidget& window) {
 
 void Windows::openComSetup(std::function<void()> then) {
     m_afterComSetup = std::move(then);
-    m_fromParameterWindow = tool.link.ActiveFunction == OwnerParameter;
+    // Not by ActiveFunction: an aborted write has made it the main window's behind the open window.
+    m_fromParameterWindow = parameterForm.isVisible();
     if (!tool.comSetup.mayOpen()) {
         finishComSetup();
         return;

@@ -43,7 +43,20 @@ FindBar::FindBar(QWidget* parent)
     hide();
 }
 
+void FindBar::nameControls() {
+    setObjectName(QStringLiteral("FindBar"));
+    m_edit->setObjectName(QStringLiteral("FindEdit"));
+    m_count->setObjectName(QStringLiteral("FindCountLabel"));
+    m_previous->setObjectName(QStringLiteral("FindPreviousToolButton"));
+    m_next->setObjectName(QStringLiteral("FindNextToolButton"));
+    m_close->setObjectName(QStringLiteral("FindCloseToolButton"));
+    m_findAction->setObjectName(QStringLiteral("Find"));
+    m_nextAction->setObjectName(QStringLiteral("FindNext"));
+    m_previousAction->setObjectName(QStringLiteral("FindPrevious"));
+}
+
 void FindBar::build() {
+    nameControls();
     m_findAction->setShortcut(QKeySequence::Find);
     m_nextAction->setShortcut(Qt::Key_F3);
     m_previousAction->setShortcut(Qt::SHIFT | Qt::Key_F3);

@@ -44,6 +44,7 @@ protected:
 
 private:
     void build();
+    void nameControls();
     void watch(StringGridView* view);
     void searchLater();
     void search();

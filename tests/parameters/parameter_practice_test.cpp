@@ -1,6 +1,7 @@
 // Whole sessions of the parameter window with the practice drive of each family, over a paced line that
 // fails.
 
+#include <QTemporaryDir>
 #include <map>
 
 #include "base/manual_tick_clock.h"
@@ -8,6 +9,10 @@
 #include "drive/practice_port.h"
 #include "link/number_text.h"
 #include "parameters/parameter_session.h"
+#include "parameters/sheet_transfer.h"
+#include "parameters/table_text_file.h"
+#include "sample_table.h"
+#include "spreadsheet/biff_reader.h"
 
 namespace kelvane {
 
@@ -127,6 +132,48 @@ TEST_P(PracticeSession, WritesWhatTheListShows) {
             << grid.cell(column::PrNo, row).toStdString() << " " << *word;
     }
     EXPECT_GT(written, 20);
+}
+
+LoadedFile sheetsOf(const QString& path) {
+    const auto application = builtInSpreadsheet().create();
+    return loadSheets(*application, path, {}, {});
+}
+
+Workbook savedSheets(const ParameterTable& table, bool RparaAbLED, const QString& path) {
+    const auto application = builtInSpreadsheet().create();
+    const FileResult saved = saveTableSheets(*application, path, table, RparaAbLED, {});
+    EXPECT_TRUE(saved.ok) << saved.error.toStdString();
+    return readBiff(readWhole(path).bytes).workbook;
+}
+
+TEST_P(PracticeSession, SavedLoadedAndSavedAgainIsTheSame) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath("x.xls");
+    for (const char* sep : {".", ","}) {
+        const test::WithDecimalSep machine{QString(sep)};
+        PracticeBench b(GetParam(), drive::LineMode::Rtu);
+        b.readTable();
+        ParameterTable& table = b.session.driveTable;
+        table.identity.model = QString::fromLatin1(familyName(GetParam()));
+        for (const TextFormat format : {TextFormat::Txt, TextFormat::Csv}) {
+            QByteArray first = writeTableText(table, true, format);
+            const LoadedFile file = readTableText(first, format, {});
+            ASSERT_TRUE(file.table) << file.error.toStdString();
+            ParameterTable loaded;
+            applyTable(*file.table, loaded);
+            ASSERT_EQ(loaded.grid.RowCount(), table.grid.RowCount());
+            // A unit of four blanks is the one cell that does not come back.
+            EXPECT_EQ(writeTableText(loaded, false, format), first.replace("####     ", "         "));
+        }
+        const Workbook first = savedSheets(table, true, path);
+        const LoadedFile file = sheetsOf(path);
+        ASSERT_TRUE(file.table) << file.error.toStdString();
+        ParameterTable loaded;
+        applyTable(*file.table, loaded);
+        for (int row = 1; row < table.grid.RowCount(); ++row)
+            EXPECT_EQ(test::rowTexts(loaded.grid, row), test::rowTexts(table.grid, row)) << row;
+        EXPECT_EQ(savedSheets(loaded, false, path), first);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Families, PracticeSession, testing::ValuesIn(AllFamilies),

@@ -84,7 +84,8 @@ TEST(ParameterSession, WriteAsksForTheSourceWhenBothTablesAreOpen) {
     b.session.writeSourceChosen(TableSide::File);
     EXPECT_EQ(b.writer.AdvStringGrid1.cell(column::PrNo, 1), "01-07");
     EXPECT_EQ(b.session.writeSummaryLine(),
-              "1 with no value read from the drive; the table is of a Tilia drive, the drive is a Larch");
+              "1 with no value read from the drive; "
+              "the table is of the family Tilia, the drive of the family Larch");
     b.writer.CancelTransparentButtonClick();
     b.session.ResetParameterClick();  // asks nothing
     EXPECT_EQ(b.writer.AdvStringGrid1.cell(column::PrNo, 1), "01-00");

@@ -322,7 +322,8 @@ TEST(ParameterWriter, SummaryCountsWhatDiffers) {
     b.writer.AdvStringGrid1.setCheckBox(2, false);
     b.writer.AdvStringGrid1.setCheckBox(3, false);
     EXPECT_EQ(writeSummaryText(writeSummaryOf(list, Family::Tilia, Family::Larch, heldByDrive)),
-              "0 of 1 differ from what the drive held; the table is of a Tilia drive, the drive is a Larch");
+              "0 of 1 differ from what the drive held; "
+              "the table is of the family Tilia, the drive of the family Larch");
 }
 
 }  // namespace
