@@ -30,6 +30,14 @@ void Hand::mustReach(const QWidget& target) {
         m_script.fail(QStringLiteral("%1 is behind \"%2\"").arg(name, front->windowTitle()));
 }
 
+// The window manager's part, where there is none: the window that a person works in is the active one.
+void Hand::mustBeActive(const QWidget& target) {
+    mustReach(target);
+    if (target.isActiveWindow()) return;
+    target.window()->activateWindow();
+    waitFor(target.window()->objectName() + QStringLiteral(" to become active"), [&] { return target.isActiveWindow(); });
+}
+
 // Near the left edge, where buttons, lamps and check marks take a click.
 void Hand::click(QWidget& target) {
     mustReach(target);
@@ -86,12 +94,12 @@ void Hand::doubleClickCell(StringGridView& view, int column, int row) {
 }
 
 void Hand::keys(QWidget& target, const QString& text) {
-    mustReach(target);
+    mustBeActive(target);
     QTest::keyClicks(&target, text);
 }
 
 void Hand::key(QWidget& target, Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    mustReach(target);
+    mustBeActive(target);
     QTest::keyClick(&target, key, modifiers);
 }
 
@@ -110,7 +118,9 @@ void Hand::waitFor(const QString& what, const std::function<bool()>& done, int m
 }
 
 void Hand::waitForWindow(const QWidget& window, bool shown, int ms) {
-    const QString name = window.objectName() + (shown ? QStringLiteral(" to open") : QStringLiteral(" to close"));
+    const QString object = window.objectName();
+    const QString name = (object.isEmpty() ? QString::fromLatin1(window.metaObject()->className()) : object) +
+                         (shown ? QStringLiteral(" to open") : QStringLiteral(" to close"));
     waitFor(name, [&window, shown] { return window.isVisible() == shown; }, ms);
 }
 

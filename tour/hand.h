@@ -50,6 +50,7 @@ class Hand {
 
    private:
     void mustReach(const QWidget& target);
+    void mustBeActive(const QWidget& target);
     Script& m_script;
     Answers& m_answers;
 };
