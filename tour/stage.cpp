@@ -1,0 +1,29 @@
+#include "stage.h"
+
+#include "link/number_text.h"
+#include "localisation/startup_language.h"
+
+namespace kelvane::tour {
+
+drive::LineOptions Stage::line() {
+    drive::LineOptions line = PracticeDrives::usualLine();
+    line.wire.Baud = PracticeBaud;
+    return line;
+}
+
+Stage::Stage(const QString& programFolder)
+    : folder(ProgramFolder::decide(programFolder, programFolder)),
+      practice(clock, line()),
+      looks(folder.file(QStringLiteral("ui-state.ini"))) {
+    DecimalSep = findDecimalSep();
+    startLanguage(language, folder.path(), folder.findData(QStringLiteral("Language file")), person);
+    tool = std::make_unique<Tool>(
+        ToolBench{clock, wallClock, person, folder, language, [this](const PortTarget& target) {
+                      std::unique_ptr<TApdComPort> port;
+                      if (target.kind == PortTarget::Kind::Practice) port = practice.makePort(target.family);
+                      return port;
+                  }});
+    windows = std::make_unique<Windows>(*tool, &person, looks);
+}
+
+}  // namespace kelvane::tour
