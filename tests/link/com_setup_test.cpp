@@ -246,6 +246,7 @@ TEST(ComSetupAccept, TakesTheSettingsWithoutATest) {
     bench.setup.ComPortComboBoxChange(QStringLiteral("4"));
     bench.setup.BaudComboBoxChange(QStringLiteral("1200"));
     bench.link.Console.TimeOut1 = 3;
+    bench.port.line.ComNumber = 2;
     bench.port.open();  // as the console leaves it
     bench.link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
     bench.setup.OKBitBtnClick();

@@ -100,6 +100,13 @@ TEST(MainForm, LeavesNoWindowBehindWhenItCloses) {
     EXPECT_FALSE(bench.tool->linkPort.Open());
 }
 
+TEST(MainForm, ClosesWithNowhereToSaveTo) {
+    ShellBench bench;
+    ASSERT_TRUE(bench.dir.remove());
+    EXPECT_TRUE(bench.windows->mainForm.close());
+    EXPECT_FALSE(bench.tool->SaveProject().ok);
+}
+
 // The box of the failure is answered before Initial runs, and Initial is not the last word.
 TEST(MainForm, GivesTheLinkBackToTheParameterWindowAfterAFailedIdentification) {
     ShellBench bench;
