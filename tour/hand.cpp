@@ -125,8 +125,6 @@ void Hand::waitForWindow(const QWidget& window, bool shown, int ms) {
 }
 
 void Hand::waitForAnswers(int ms) {
-    QElapsedTimer waited;
-    waited.start();
     waitFor(m_answers.allCame() ? QString() : m_answers.missing(), [this] { return m_answers.allCame(); }, ms);
 }
 

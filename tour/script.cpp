@@ -13,6 +13,7 @@ namespace kelvane::tour {
 
 namespace {
 
+constexpr int SmallestFile = 0;
 const QColor StripColour(0x35, 0x4F, 0x63);
 
 void say(const QString& text) {
@@ -68,7 +69,7 @@ void Script::keepPicture(QWidget& window, const QString& name) {
     drawMenus(painter, window, strip);
     painter.end();
     const QString file = QStringLiteral("%1-%2.png").arg(++m_picture, 2, 10, QLatin1Char('0')).arg(name);
-    if (!picture.save(QDir(m_folder).filePath(file)) && name != QLatin1String("failed"))
+    if (!picture.save(QDir(m_folder).filePath(file), "PNG", SmallestFile) && name != QLatin1String("failed"))
         fail(QStringLiteral("the picture %1 could not be written").arg(file));
 }
 

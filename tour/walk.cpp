@@ -2,8 +2,8 @@
 #include "walk.h"
 
 #include <QAbstractButton>
-#include <QFileInfo>
 #include <QDir>
+#include <QFileInfo>
 #include <QPlainTextEdit>
 
 namespace kelvane::tour {
@@ -136,9 +136,11 @@ void Walk::changeLanguage() {
     const QString english = m_hand.text(m_main, "ExitTransparentButton");
     m_hand.choose(m_main, menus, "Russian", QStringLiteral("languages"));
     check(m_hand.text(m_main, "ExitTransparentButton") != english, QStringLiteral("the button Exit is still English"));
+    m_hand.pause(100);
     m_script.keepPicture(m_main, QStringLiteral("russian-main"));
     m_hand.click(m_main, "ParameterTransparentButton");
     m_hand.waitForWindow(m_parameters, true);
+    m_hand.pause(100);
     m_script.keepPicture(m_parameters, QStringLiteral("russian-parameters"));
     m_hand.click(m_parameters, "ExitTransparentButton");
     m_hand.waitForWindow(m_parameters, false);

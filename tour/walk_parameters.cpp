@@ -1,6 +1,7 @@
 // Parameter Management.
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QTreeWidget>
 
 #include "link/number_text.h"
@@ -63,7 +64,8 @@ void Walk::readDrive() {
     TProgressForm& progress = m_windows.progressForm;
     m_hand.click(m_parameters, "ReadDriveTransparentButton");
     m_hand.waitForWindow(progress, true);
-    m_hand.pause(2500);
+    const auto& bar = m_hand.find<QProgressBar>(progress, "ReadingProgressBar");
+    m_hand.waitFor(QStringLiteral("a quarter of the table"), [&bar] { return bar.value() * 4 >= bar.maximum(); }, ReadMs);
     m_script.keepPicture(progress, QStringLiteral("reading"));
     m_answers.expectBox(QStringLiteral("Are you sure terminate ?"), QMessageBox::No, QStringLiteral("terminate"));
     m_hand.click(progress, "CancelTransparentButton");

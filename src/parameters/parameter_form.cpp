@@ -80,8 +80,9 @@ void TParameterForm::followFrontView() {
 }
 
 void TParameterForm::SystemTimerTimer() {
-    m_dateTime->setText(QLocale().toString(m_bench.wallClock.now(), QLocale::ShortFormat) +
-                        m_bench.wallClock.now().toString(QStringLiteral(":ss")));
+    const QDateTime now = m_bench.wallClock.now();
+    m_dateTime->setText(QLocale().toString(now.date(), QLocale::ShortFormat) %
+                        now.toString(QStringLiteral(" HH:mm:ss")));
 }
 
 // ---- Tables ----
