@@ -1,4 +1,4 @@
-#include "script.h"
+#include "tour/script.h"
 
 #include <QApplication>
 #include <QDir>
@@ -33,7 +33,8 @@ void drawMenus(QPainter& painter, const QWidget& window, int strip) {
 
 Script::Script(const QString& pictureFolder) : m_folder(pictureFolder) {
     QDir folder(m_folder);
-    for (const QString& old : folder.entryList({QStringLiteral("[0-9][0-9]-*.png")}, QDir::Files)) folder.remove(old);
+    for (const QString& old : folder.entryList({QStringLiteral("[0-9][0-9]-*.png")}, QDir::Files))
+        folder.remove(old);
     m_sinceStart.start();
 }
 
@@ -64,7 +65,8 @@ void Script::keepPicture(QWidget& window, const QString& name) {
     QPainter painter(&picture);
     painter.setPen(Qt::white);
     painter.setFont(window.font());
-    painter.drawText(QRect(strip / 2, 0, picture.width() - strip, strip), Qt::AlignVCenter, window.windowTitle());
+    painter.drawText(QRect(strip / 2, 0, picture.width() - strip, strip), Qt::AlignVCenter,
+                     window.windowTitle());
     painter.drawPixmap(0, strip, inside);
     drawMenus(painter, window, strip);
     painter.end();
@@ -75,8 +77,10 @@ void Script::keepPicture(QWidget& window, const QString& name) {
 
 void Script::finish() {
     endStep();
-    say(QStringLiteral("All %1 steps done in %2; %3 pictures.\n").arg(m_step).arg(seconds(m_sinceStart.elapsed())).arg(
-        m_picture));
+    say(QStringLiteral("All %1 steps done in %2; %3 pictures.\n")
+            .arg(m_step)
+            .arg(seconds(m_sinceStart.elapsed()))
+            .arg(m_picture));
 }
 
 }  // namespace kelvane::tour
