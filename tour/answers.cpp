@@ -1,4 +1,4 @@
-#include "answers.h"
+#include "tour/answers.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -34,18 +34,20 @@ Answers::Answers(Script& script) : m_script(script) {
 }
 
 void Answers::expectBox(const QString& text, QMessageBox::StandardButton button, const QString& picture) {
-    m_expected.push_back({QStringLiteral("box \"%1\"").arg(text), picture,
-                          [text](QWidget& window) {
-                              auto* box = qobject_cast<QMessageBox*>(&window);
-                              return box && box->text().contains(text);
-                          },
-                          [this, button](QWidget& window) { press(static_cast<QMessageBox&>(window), button); }});
+    m_expected.push_back(
+        {QStringLiteral("box \"%1\"").arg(text), picture,
+         [text](QWidget& window) {
+             auto* box = qobject_cast<QMessageBox*>(&window);
+             return box && box->text().contains(text);
+         },
+         [this, button](QWidget& window) { press(static_cast<QMessageBox&>(window), button); }});
 }
 
 void Answers::expectFile(const QString& path, const QString& picture) {
-    m_expected.push_back({QStringLiteral("file dialog for %1").arg(path), picture,
-                          [](QWidget& window) { return qobject_cast<QFileDialog*>(&window) != nullptr; },
-                          [this, path](QWidget& window) { typePath(static_cast<QFileDialog&>(window), path); }});
+    m_expected.push_back(
+        {QStringLiteral("file dialog for %1").arg(path), picture,
+         [](QWidget& window) { return qobject_cast<QFileDialog*>(&window) != nullptr; },
+         [this, path](QWidget& window) { typePath(static_cast<QFileDialog&>(window), path); }});
 }
 
 void Answers::expectWindow(const QString& objectName, const std::function<void(QWidget&)>& hand) {
@@ -66,7 +68,11 @@ void Answers::look() {
     m_seen.append(window);
     // Not from within the timer's own call: an answer may open the next box, and the timer has to see that.
     QMetaObject::invokeMethod(
-        this, [this, shown = QPointer<QWidget>(window)] { if (shown) answer(shown); }, Qt::QueuedConnection);
+        this,
+        [this, shown = QPointer<QWidget>(window)] {
+            if (shown) answer(shown);
+        },
+        Qt::QueuedConnection);
 }
 
 void Answers::answer(QWidget* window) {

@@ -1,6 +1,6 @@
-// Answers of the tour to the windows that wait for one in a loop of their own: boxes, file dialogs and the value
-// editor. They are expected in their order, each is answered once by its own controls, and one that nobody
-// expected fails the tour. The walk checks that all have come.
+// Answers of the tour to the windows that wait for one in a loop of their own: boxes, file dialogs and the
+// value editor. They are expected in their order, each is answered once by its own controls, and one that
+// nobody expected fails the tour. The walk checks that all have come.
 #pragma once
 
 #include <QList>
@@ -10,7 +10,7 @@
 #include <deque>
 #include <functional>
 
-#include "script.h"
+#include "tour/script.h"
 
 class QFileDialog;
 

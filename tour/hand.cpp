@@ -1,4 +1,4 @@
-#include "hand.h"
+#include "tour/hand.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -35,7 +35,8 @@ void Hand::mustBeActive(const QWidget& target) {
     mustReach(target);
     if (target.isActiveWindow()) return;
     target.window()->activateWindow();
-    waitFor(target.window()->objectName() + QStringLiteral(" to become active"), [&] { return target.isActiveWindow(); });
+    waitFor(target.window()->objectName() + QStringLiteral(" to become active"),
+            [&] { return target.isActiveWindow(); });
 }
 
 // Near the left edge, where buttons, lamps and check marks take a click.
@@ -61,7 +62,8 @@ void Hand::choose(QWidget& window, const QStringList& menus, const char* item, c
     }
     auto& action = find<QAction>(window, item);
     if (!picture.isEmpty()) m_script.keepPicture(window, picture);
-    if (!action.isEnabled()) m_script.fail(QStringLiteral("the menu item %1 is not enabled").arg(action.text()));
+    if (!action.isEnabled())
+        m_script.fail(QStringLiteral("the menu item %1 is not enabled").arg(action.text()));
     place = menu->actionGeometry(&action);
     QTest::mouseMove(menu, place.center());
     QTest::mouseClick(menu, Qt::LeftButton, {}, place.center());
@@ -75,7 +77,8 @@ void Hand::chooseText(QWidget& window, const char* comboBox, const QString& text
     box.setFocus();
     for (int i = 0; i < box.count() && box.currentIndex() != wanted; ++i)
         QTest::keyClick(&box, box.currentIndex() < wanted ? Qt::Key_Down : Qt::Key_Up);
-    if (box.currentText() != text) m_script.fail(QStringLiteral("%1 did not take %2").arg(box.objectName(), text));
+    if (box.currentText() != text)
+        m_script.fail(QStringLiteral("%1 did not take %2").arg(box.objectName(), text));
 }
 
 void Hand::clickItem(QTreeWidgetItem& item) {
@@ -121,19 +124,20 @@ void Hand::waitForWindow(const QWidget& window, bool shown, int ms) {
     const QString object = window.objectName();
     const QString name = (object.isEmpty() ? QString::fromLatin1(window.metaObject()->className()) : object) +
                          (shown ? QStringLiteral(" to open") : QStringLiteral(" to close"));
-    waitFor(name, [&window, shown] { return window.isVisible() == shown; }, ms);
+    waitFor(
+        name, [&window, shown] { return window.isVisible() == shown; }, ms);
 }
 
 void Hand::waitForAnswers(int ms) {
-    QElapsedTimer waited;
-    waited.start();
-    waitFor(m_answers.allCame() ? QString() : m_answers.missing(), [this] { return m_answers.allCame(); }, ms);
+    waitFor(
+        m_answers.allCame() ? QString() : m_answers.missing(), [this] { return m_answers.allCame(); }, ms);
 }
 
 void Hand::pause(int ms) {
     QElapsedTimer waited;
     waited.start();
-    waitFor(QStringLiteral("a pause"), [&] { return waited.elapsed() >= ms; }, ms + 1000);
+    waitFor(
+        QStringLiteral("a pause"), [&] { return waited.elapsed() >= ms; }, ms + 1000);
 }
 
 }  // namespace kelvane::tour

@@ -1,12 +1,13 @@
-// The hand of the tour: finds controls by their object names and works them with mouse and keys. Like a person's
-// it reaches only what is visible, enabled and not behind another window; anything else fails the step.
+// The hand of the tour: finds controls by their object names and works them with mouse and keys. Like a
+// person's it reaches only what is visible, enabled and not behind another window; anything else fails the
+// step.
 #pragma once
 
 #include <QMessageBox>
 #include <functional>
 
-#include "answers.h"
-#include "script.h"
+#include "tour/answers.h"
+#include "tour/script.h"
 
 class QAction;
 class QTreeWidgetItem;
@@ -24,7 +25,8 @@ class Hand {
     template <class T>
     T& find(const QWidget& window, const char* name) {
         T* found = window.findChild<T*>(QString::fromLatin1(name));
-        if (!found) m_script.fail(QStringLiteral("%1 has no %2").arg(window.objectName(), QLatin1String(name)));
+        if (!found)
+            m_script.fail(QStringLiteral("%1 has no %2").arg(window.objectName(), QLatin1String(name)));
         return *found;
     }
     QString text(const QWidget& window, const char* name) {

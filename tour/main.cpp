@@ -1,6 +1,6 @@
-// kelvane-tour [FOLDER] [--family NAME]: walks through the real windows over a practice drive and keeps pictures
-// and files in FOLDER ("results" when none is named). Exit code 0 when every step held, 1 when one failed, 2 for
-// arguments that mean nothing.
+// kelvane-tour [FOLDER] [--family NAME]: walks through the real windows over a practice drive and keeps
+// pictures and files in FOLDER ("results" when none is named). Exit code 0 when every step held, 1 when one
+// failed, 2 for arguments that mean nothing.
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
@@ -9,8 +9,8 @@
 #include <cstdio>
 
 #include "base/whole_file.h"
+#include "tour/walk.h"
 #include "ui/icons.h"
-#include "walk.h"
 
 namespace {
 

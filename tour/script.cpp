@@ -1,4 +1,4 @@
-#include "script.h"
+#include "tour/script.h"
 
 #include <QApplication>
 #include <QDir>
@@ -13,6 +13,7 @@ namespace kelvane::tour {
 
 namespace {
 
+constexpr int SmallestFile = 0;
 const QColor StripColour(0x35, 0x4F, 0x63);
 
 void say(const QString& text) {
@@ -32,7 +33,8 @@ void drawMenus(QPainter& painter, const QWidget& window, int strip) {
 
 Script::Script(const QString& pictureFolder) : m_folder(pictureFolder) {
     QDir folder(m_folder);
-    for (const QString& old : folder.entryList({QStringLiteral("[0-9][0-9]-*.png")}, QDir::Files)) folder.remove(old);
+    for (const QString& old : folder.entryList({QStringLiteral("[0-9][0-9]-*.png")}, QDir::Files))
+        folder.remove(old);
     m_sinceStart.start();
 }
 
@@ -63,19 +65,22 @@ void Script::keepPicture(QWidget& window, const QString& name) {
     QPainter painter(&picture);
     painter.setPen(Qt::white);
     painter.setFont(window.font());
-    painter.drawText(QRect(strip / 2, 0, picture.width() - strip, strip), Qt::AlignVCenter, window.windowTitle());
+    painter.drawText(QRect(strip / 2, 0, picture.width() - strip, strip), Qt::AlignVCenter,
+                     window.windowTitle());
     painter.drawPixmap(0, strip, inside);
     drawMenus(painter, window, strip);
     painter.end();
     const QString file = QStringLiteral("%1-%2.png").arg(++m_picture, 2, 10, QLatin1Char('0')).arg(name);
-    if (!picture.save(QDir(m_folder).filePath(file)) && name != QLatin1String("failed"))
+    if (!picture.save(QDir(m_folder).filePath(file), "PNG", SmallestFile) && name != QLatin1String("failed"))
         fail(QStringLiteral("the picture %1 could not be written").arg(file));
 }
 
 void Script::finish() {
     endStep();
-    say(QStringLiteral("All %1 steps done in %2; %3 pictures.\n").arg(m_step).arg(seconds(m_sinceStart.elapsed())).arg(
-        m_picture));
+    say(QStringLiteral("All %1 steps done in %2; %3 pictures.\n")
+            .arg(m_step)
+            .arg(seconds(m_sinceStart.elapsed()))
+            .arg(m_picture));
 }
 
 }  // namespace kelvane::tour

@@ -1,6 +1,6 @@
-// The script of a tour: says each step and its time on the standard output, keeps numbered pictures of windows,
-// and ends the program with exit code 1 when a step fails. A failed step may stand under the loops of several
-// open boxes, which nothing would answer any more, so it does not try to come back.
+// The script of a tour: says each step and its time on the standard output, keeps numbered pictures of
+// windows, and ends the program with exit code 1 when a step fails. A failed step may stand under the loops
+// of several open boxes, which nothing would answer any more, so it does not try to come back.
 #pragma once
 
 #include <QElapsedTimer>

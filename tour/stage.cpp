@@ -1,4 +1,4 @@
-#include "stage.h"
+#include "tour/stage.h"
 
 #include "link/number_text.h"
 #include "localisation/startup_language.h"

@@ -1,5 +1,6 @@
-// The tool as the tour walks through it: the real windows, operator and clock, a program folder of its own, and
-// a practice drive on a line that is not set as com setup is on a first start, so that it has to be found.
+// The tool as the tour walks through it: the real windows, operator and clock, a program folder of its own,
+// and a practice drive on a line that is not set as com setup is on a first start, so that it has to be
+// found.
 #pragma once
 
 #include <QString>

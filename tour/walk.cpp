@@ -1,9 +1,9 @@
 // Main window, com setup, language, project.
-#include "walk.h"
+#include "tour/walk.h"
 
 #include <QAbstractButton>
-#include <QFileInfo>
 #include <QDir>
+#include <QFileInfo>
 #include <QPlainTextEdit>
 
 namespace kelvane::tour {
@@ -66,7 +66,8 @@ void Walk::start() {
     m_script.step(QStringLiteral("Start"));
     m_main.show();
     m_hand.waitForWindow(m_main, true);
-    check(m_hand.text(m_main, "ComStatusAbLED") == QLatin1String("Off Line"), QStringLiteral("the lamp is not off line"));
+    check(m_hand.text(m_main, "ComStatusAbLED") == QLatin1String("Off Line"),
+          QStringLiteral("the lamp is not off line"));
     m_script.keepPicture(m_main, QStringLiteral("start"));
 }
 
@@ -85,10 +86,12 @@ void Walk::testWithWrongSettings() {
     m_hand.click(m_main, "ComSetupTransparentButton");
     m_hand.waitForWindow(setup, true);
     m_script.keepPicture(setup, QStringLiteral("com-setup"));
-    m_answers.expectBox(QStringLiteral("Communication Time-Out !!"), QMessageBox::Ok, QStringLiteral("time-out"));
+    m_answers.expectBox(QStringLiteral("Communication Time-Out !!"), QMessageBox::Ok,
+                        QStringLiteral("time-out"));
     m_hand.click(setup, "TestButton");
     m_hand.waitForAnswers();
-    check(m_hand.find<QAbstractButton>(setup, "FailAbLED").isChecked(), QStringLiteral("the lamp Fail is dark"));
+    check(m_hand.find<QAbstractButton>(setup, "FailAbLED").isChecked(),
+          QStringLiteral("the lamp Fail is dark"));
 }
 
 void Walk::autoDetect() {
@@ -113,9 +116,13 @@ void Walk::goOnLine() {
     m_hand.click(m_windows.comSetupForm, "OKBitBtn");
     m_hand.waitForAnswers();
     m_hand.waitForWindow(m_windows.comSetupForm, false);
-    m_hand.waitFor(QStringLiteral("lamp On Line"), [this] {
-        return m_hand.text(m_main, "ComStatusAbLED") == QLatin1String("On Line") && !m_windows.initialForm.isVisible();
-    }, SearchMs);
+    m_hand.waitFor(
+        QStringLiteral("lamp On Line"),
+        [this] {
+            return m_hand.text(m_main, "ComStatusAbLED") == QLatin1String("On Line") &&
+                   !m_windows.initialForm.isVisible();
+        },
+        SearchMs);
 }
 
 void Walk::lookAtIdentity() {
@@ -135,15 +142,19 @@ void Walk::changeLanguage() {
     const QStringList menus{QStringLiteral("OptionsMenu"), QStringLiteral("SetupLanguage")};
     const QString english = m_hand.text(m_main, "ExitTransparentButton");
     m_hand.choose(m_main, menus, "Russian", QStringLiteral("languages"));
-    check(m_hand.text(m_main, "ExitTransparentButton") != english, QStringLiteral("the button Exit is still English"));
+    check(m_hand.text(m_main, "ExitTransparentButton") != english,
+          QStringLiteral("the button Exit is still English"));
+    m_hand.pause(100);
     m_script.keepPicture(m_main, QStringLiteral("russian-main"));
     m_hand.click(m_main, "ParameterTransparentButton");
     m_hand.waitForWindow(m_parameters, true);
+    m_hand.pause(100);
     m_script.keepPicture(m_parameters, QStringLiteral("russian-parameters"));
     m_hand.click(m_parameters, "ExitTransparentButton");
     m_hand.waitForWindow(m_parameters, false);
     m_hand.choose(m_main, menus, "English");
-    check(m_hand.text(m_main, "ExitTransparentButton") == english, QStringLiteral("English did not come back"));
+    check(m_hand.text(m_main, "ExitTransparentButton") == english,
+          QStringLiteral("English did not come back"));
 }
 
 void Walk::saveProject() {

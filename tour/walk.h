@@ -1,10 +1,10 @@
 // The walk itself: a commissioning session from the first start to the exit, step by step, with the practice
-// drive of one family. Every step looks at what the windows show or at what the drive holds, and fails if that
-// is not right.
+// drive of one family. Every step looks at what the windows show or at what the drive holds, and fails if
+// that is not right.
 #pragma once
 
-#include "hand.h"
-#include "stage.h"
+#include "tour/hand.h"
+#include "tour/stage.h"
 
 namespace kelvane::tour {
 

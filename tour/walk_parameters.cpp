@@ -1,13 +1,14 @@
 // Parameter Management.
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QTreeWidget>
 
 #include "link/number_text.h"
 #include "parameters/value_edit.h"
+#include "tour/walk.h"
 #include "ui/find_bar.h"
 #include "ui/string_grid_view.h"
-#include "walk.h"
 
 namespace kelvane::tour {
 
@@ -54,7 +55,8 @@ void Walk::openParameters() {
     m_hand.pause(200);
     const quint64 replies = m_stage.practice.lineOf(m_family).faults().replies();
     m_hand.pause(500);
-    check(m_stage.practice.lineOf(m_family).faults().replies() == replies, QStringLiteral("the tool still polls"));
+    check(m_stage.practice.lineOf(m_family).faults().replies() == replies,
+          QStringLiteral("the tool still polls"));
     m_script.keepPicture(m_parameters, QStringLiteral("parameters-empty"));
 }
 
@@ -63,13 +65,18 @@ void Walk::readDrive() {
     TProgressForm& progress = m_windows.progressForm;
     m_hand.click(m_parameters, "ReadDriveTransparentButton");
     m_hand.waitForWindow(progress, true);
-    m_hand.pause(2500);
+    const auto& bar = m_hand.find<QProgressBar>(progress, "ReadingProgressBar");
+    m_hand.waitFor(
+        QStringLiteral("a quarter of the table"), [&bar] { return bar.value() * 4 >= bar.maximum(); },
+        ReadMs);
     m_script.keepPicture(progress, QStringLiteral("reading"));
-    m_answers.expectBox(QStringLiteral("Are you sure terminate ?"), QMessageBox::No, QStringLiteral("terminate"));
+    m_answers.expectBox(QStringLiteral("Are you sure terminate ?"), QMessageBox::No,
+                        QStringLiteral("terminate"));
     m_hand.click(progress, "CancelTransparentButton");
     m_hand.waitForAnswers();
-    m_hand.waitFor(QStringLiteral("the end of the read"),
-                   [this] { return m_stage.tool->parameters.reader.DriveTableComplete != 0; }, ReadMs);
+    m_hand.waitFor(
+        QStringLiteral("the end of the read"),
+        [this] { return m_stage.tool->parameters.reader.DriveTableComplete != 0; }, ReadMs);
     m_hand.waitForWindow(progress, false);
     int parameters = 0;
     for (int group = 0; group < m_drive.parameters().groupCount(); ++group)
@@ -88,7 +95,8 @@ void Walk::pickGroup() {
     auto& sub = m_hand.find<StringGridView>(m_parameters, "SubDriveAdvStringGrid");
     if (root.childCount() > 2) {
         m_hand.clickItem(*root.child(2));
-        check(sub.isVisible() && sub.grid()->RowCount() > 1, QStringLiteral("the group's table did not come"));
+        check(sub.isVisible() && sub.grid()->RowCount() > 1,
+              QStringLiteral("the group's table did not come"));
         m_script.keepPicture(m_parameters, QStringLiteral("group"));
     }
     m_hand.clickItem(*root.child(0));
@@ -119,7 +127,8 @@ void Walk::edit(int row, const QString& picture) {
         auto& line = m_hand.find<QLineEdit>(editor, "InputEdit");
         if (!picture.isEmpty()) {
             m_script.keepPicture(editor, picture);
-            m_answers.expectBox(QStringLiteral("Value is too large"), QMessageBox::Ok, QStringLiteral("too-large"));
+            m_answers.expectBox(QStringLiteral("Value is too large"), QMessageBox::Ok,
+                                QStringLiteral("too-large"));
             line.selectAll();
             m_hand.keys(line, tooLarge);
             m_hand.key(line, Qt::Key_Return);
@@ -196,7 +205,8 @@ void Walk::compare(const QString& kind, const QString& picture) {
     m_hand.click(m_parameters, "CompareTransparentButton");
     m_hand.waitForWindow(choice, true);
     m_hand.chooseText(choice, "ParameterComboBox", kind);
-    if (picture == QLatin1String("comparison-file")) m_script.keepPicture(choice, QStringLiteral("compare-kind"));
+    if (picture == QLatin1String("comparison-file"))
+        m_script.keepPicture(choice, QStringLiteral("compare-kind"));
     m_hand.click(choice, "OKTransparentButton");
     auto& result = m_hand.find<StringGridView>(m_parameters, "CompareAdvStringGrid");
     m_hand.waitForWindow(result, true);
@@ -236,14 +246,14 @@ void Walk::saveAndRead(const QString& format, const char* lamp, const QString& s
     m_hand.click(m_parameters, "ReadFileTransparentButton");
     m_hand.waitForAnswers();
     const StringGrid& loaded = m_stage.tool->parameters.fileTable.grid;
-    check(loaded.RowCount() == m_table.RowCount(), QStringLiteral("the file has %1 rows of %2")
-                                                       .arg(loaded.RowCount())
-                                                       .arg(m_table.RowCount()));
+    check(loaded.RowCount() == m_table.RowCount(),
+          QStringLiteral("the file has %1 rows of %2").arg(loaded.RowCount()).arg(m_table.RowCount()));
     for (int row = 1; row < loaded.RowCount(); ++row)
         check(loaded.cell(column::Data, row) == m_table.cell(column::Data, row),
               QStringLiteral("another value in row %1 of the file").arg(row));
     if (!first) return;
-    check(m_hand.find<QWidget>(m_parameters, "FileAdvStringGrid").isVisible(), QStringLiteral("no file table"));
+    check(m_hand.find<QWidget>(m_parameters, "FileAdvStringGrid").isVisible(),
+          QStringLiteral("no file table"));
     m_script.keepPicture(m_parameters, QStringLiteral("file-table"));
 }
 
@@ -286,7 +296,8 @@ void Walk::closeTab() {
     const ParameterScreen& screen = m_stage.tool->parameters.screen;
     check(!screen.CompareTabSheet, QStringLiteral("the comparison is still open"));
     m_hand.clickItem(*m_hand.find<QTreeWidget>(m_parameters, "ParaTreeView").topLevelItem(1)->child(0));
-    m_answers.expectBox(QStringLiteral("Do you want to save the parameter table before close ?"), QMessageBox::No);
+    m_answers.expectBox(QStringLiteral("Do you want to save the parameter table before close ?"),
+                        QMessageBox::No);
     m_hand.choose(m_parameters, menus, "CloseTab");
     m_hand.waitForAnswers();
     check(!screen.FileTabSheet && screen.DriveTabSheet, QStringLiteral("another table was closed"));
@@ -299,7 +310,8 @@ void Walk::closeParameters() {
     const quint64 replies = m_stage.practice.lineOf(m_family).faults().replies();
     m_hand.waitFor(QStringLiteral("the tool to poll again"),
                    [&] { return m_stage.practice.lineOf(m_family).faults().replies() > replies + 3; });
-    check(m_hand.text(m_main, "ComStatusAbLED") == QLatin1String("On Line"), QStringLiteral("the lamp is not on line"));
+    check(m_hand.text(m_main, "ComStatusAbLED") == QLatin1String("On Line"),
+          QStringLiteral("the lamp is not on line"));
 }
 
 }  // namespace kelvane::tour

@@ -55,7 +55,7 @@ TParameterForm::TParameterForm(ParameterSession& session, const ParameterFormBen
     connectEngines();
     connectMenus();
     connectPages();
-    resize(fontMetrics().averageCharWidth() * 170, fontMetrics().height() * 42);
+    resize(fontMetrics().averageCharWidth() * 188, fontMetrics().height() * 42);
     showScreen();
 }
 

@@ -64,7 +64,6 @@ bool WindowRules::begin(quint8 ActiveFunction) {
     if (rule->prelude) m_link.prelude();
     if (refusedOffLine(*rule)) return false;
     if (ActiveFunction == OwnerKeypad) return true;
-    if (ActiveFunction == OwnerParameter) ShowReservedParameters = m_link.DriveStatus.ReservedEnabled;
     if (rule->stopsKeypad) m_link.Keypad.GetDataTimer = false;
     if (rule->closesKeypad) Q_EMIT closeKeypad();
     if (rule->marksRead) m_link.ParamRead.ReadDone = 1;

@@ -36,8 +36,6 @@ class WindowRules : public QObject {
     bool begin(quint8 ActiveFunction);
     // The window has closed.
     void finished(quint8 ActiveFunction);
-    // Lamp of the parameter window's menu item, taken when it opens.
-    bool ShowReservedParameters = false;
 
    Q_SIGNALS:
     void closeKeypad();
