@@ -53,7 +53,7 @@ class ParameterWriter : public QObject {
     void FormClose();
     void errorRecordClosed();
 
-    // Called before the first write of a session goes out, and again before the next as long as it gives false.
+    // Called before the first write of a session, and before the next as long as it gives false.
     std::function<bool()> beforeFirstWrite;
 
    Q_SIGNALS:
