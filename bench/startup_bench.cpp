@@ -57,7 +57,7 @@ Started startOnce(const QString& program, const QString& what) {
     QProcess child;
     clock.start();
     child.start(program, {what});
-    child.waitForFinished(30000);
+    if (!child.waitForFinished(5000)) qFatal("%s does not come to its first paint", qPrintable(what));
     return {static_cast<double>(clock.nsecsElapsed()) / 1e6, child.readAllStandardOutput().trimmed().toLong()};
 }
 
