@@ -189,7 +189,8 @@ void ParameterSession::closeTab(ParameterTab tab) {
 
 void ParameterSession::closeSide(TableSide side) {
     const bool drive = side == TableSide::Drive;
-    (drive ? screen.driveRoot : screen.fileRoot) = {treeRootText(side, false, {}), {}, false};
+    TreeRoot& root = drive ? screen.driveRoot : screen.fileRoot;
+    root = TreeRoot{treeRootText(side, false, {}), {}, false};
     (drive ? m_driveNode : m_fileNode) = -1;
     (drive ? driveHistory : fileHistory).closed();
     if (!drive) return;

@@ -26,13 +26,18 @@ const QMarginsF Margins(MarginMm, MarginMm, MarginMm, MarginMm);
 }  // namespace
 
 TPrintForm::TPrintForm(Operator& person, QWidget* parent)
-    : QDialog(parent), m_person(person), m_printer(QPrinter::HighResolution) {
+    : QDialog(parent), m_person(person) {
     setObjectName(QStringLiteral("TPrintForm"));
     setWindowTitle(QStringLiteral("Print Preview"));
     setModal(true);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    m_printer.setPageMargins(Margins, QPageLayout::Millimeter);
-    QuickRep1 = new QPrintPreviewWidget(&m_printer, this);
+}
+
+// Asking the system for its printers would slow every start, so it waits for a report.
+void TPrintForm::build() {
+    m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    m_printer->setPageMargins(Margins, QPageLayout::Millimeter);
+    QuickRep1 = new QPrintPreviewWidget(m_printer.get(), this);
     QuickRep1->setObjectName(QStringLiteral("QuickRep1"));
     QuickRep1->setAccessibleName(QStringLiteral("Pages of the report"));
     connect(QuickRep1, &QPrintPreviewWidget::paintRequested, this,
@@ -103,6 +108,7 @@ void TPrintForm::buildButtons(QHBoxLayout* row) {
 }
 
 void TPrintForm::setReport(const Report& report) {
+    if (!m_printer) build();
     m_report = report;
     QuickRep1->updatePreview();
     QuickRep1->setCurrentPage(1);
@@ -111,8 +117,8 @@ void TPrintForm::setReport(const Report& report) {
 }
 
 void TPrintForm::choosePageSize() {
-    m_printer.setPageSize(QPageSize(static_cast<QPageSize::PageSizeId>(PageSizeComboBox->currentData().toInt())));
-    m_printer.setPageMargins(Margins, QPageLayout::Millimeter);
+    m_printer->setPageSize(QPageSize(static_cast<QPageSize::PageSizeId>(PageSizeComboBox->currentData().toInt())));
+    m_printer->setPageMargins(Margins, QPageLayout::Millimeter);
     QuickRep1->updatePreview();
 }
 
@@ -132,7 +138,7 @@ FileResult TPrintForm::writePdf(const QString& path) const {
         QPdfWriter writer(&buffer);
         writer.setResolution(PdfResolution);
         writer.setTitle(QStringLiteral("Parameter Table"));
-        writer.setPageLayout(m_printer.pageLayout());
+        writer.setPageLayout(m_printer->pageLayout());
         paintReport(m_report, writer);
     }
     return writeWhole(path, bytes);
@@ -147,7 +153,7 @@ void TPrintForm::savePdf() {
 }
 
 void TPrintForm::print() {
-    auto* dialog = new QPrintDialog(&m_printer, this);
+    auto* dialog = new QPrintDialog(m_printer.get(), this);
     dialog->setObjectName(QStringLiteral("PrintDialog"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this,

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <QPrinter>
+#include <memory>
 
 #include "base/operator.h"
 #include "base/whole_file.h"
@@ -26,12 +27,13 @@ class TPrintForm : public QDialog {
 
     // Takes the report and shows its first page.
     void setReport(const Report& report);
-    // The whole report on pages of the chosen size. Errors: the file cannot be written.
+    // The whole report on pages of the chosen size; after setReport(). Errors: the file cannot be written.
     FileResult writePdf(const QString& path) const;
 
-    QPrintPreviewWidget* QuickRep1;
+    QPrintPreviewWidget* QuickRep1 = nullptr;
 
    private:
+    void build();
     TransparentButton* addButton(QHBoxLayout* row, const char* name, const QIcon& icon, const QString& text);
     void buildButtons(QHBoxLayout* row);
     QToolButton* addPageButton(QHBoxLayout* row, const char* name, const QIcon& icon, const QString& text, int step);
@@ -41,7 +43,7 @@ class TPrintForm : public QDialog {
     void print();
 
     Operator& m_person;
-    QPrinter m_printer;
+    std::unique_ptr<QPrinter> m_printer;  // with the window's content, from the first report on
     Report m_report;
     QComboBox* PageSizeComboBox;
     QLabel* PageLabel;
