@@ -3,12 +3,20 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStorageInfo>
 
 namespace kelvane {
 
 namespace {
 
 QString why(const QString& path, const QString& reason) { return path % QStringLiteral(": ") % reason; }
+
+// A full disk shows itself only when the bytes are flushed, and then without a reason of its own.
+QString whyNotWritten(const QString& path, qint64 bytes, const QString& reason) {
+    const QStorageInfo disk(QFileInfo(path).absolutePath());
+    const bool full = disk.isValid() && disk.bytesAvailable() < bytes;
+    return why(path, full ? QStringLiteral("the disk is full") : reason);
+}
 
 }  // namespace
 
@@ -17,11 +25,11 @@ FileResult writeWhole(const QString& path, const QByteArray& bytes) {
     file.setDirectWriteFallback(false);
     if (!file.open(QIODevice::WriteOnly)) return {false, why(path, file.errorString())};
     if (file.write(bytes) != bytes.size() || !file.flush()) {
-        const QString reason = file.errorString();
+        const QString reason = whyNotWritten(path, bytes.size(), file.errorString());
         file.cancelWriting();
-        return {false, why(path, reason)};
+        return {false, reason};
     }
-    if (!file.commit()) return {false, why(path, file.errorString())};
+    if (!file.commit()) return {false, whyNotWritten(path, bytes.size(), file.errorString())};
     return {};
 }
 
