@@ -55,6 +55,9 @@ class TApdComPort {
     virtual bool PutString(const QByteArray& text) = 0;  // an ASCII frame
     virtual std::optional<char> GetChar() = 0;           // one received byte; nothing is a read error
     virtual void dropInput() = 0;                        // throws away what has arrived and was not taken
+    // Lets bytes wait unannounced (true) until the next call with false or the next opening. False from a port
+    // that cannot, which goes on announcing them.
+    virtual bool holdBack(bool) { return false; }
 
     // Called in the event loop, never from inside another call of the port, whenever bytes wait; count of them
     // may be taken with GetChar.

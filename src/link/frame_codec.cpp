@@ -137,15 +137,24 @@ JudgedReply judgeReply(LinkMode mode, const QString& command, const RxBuffer& re
     return judged;
 }
 
-bool isWholeRtuReply(const QString& command, const RxBuffer& reply) {
+int replyLength(LinkMode mode, const QString& command, const RxBuffer& reply) {
+    const bool ascii = mode == LinkMode::Ascii;
     const QByteArray sent = StrTo8bitInt(command);
+    if (sent.size() < 6 || reply.RxData.size() < (ascii ? 5 : 2)) return 0;
+    const quint8 asked = byteAt(sent, 2);
+    const quint8 came = ascii ? byteAt(QByteArray::fromHex(reply.RxData.mid(3, 2)), 1) : byteAt(reply.RxData, 2);
+    int length = 0;  // in RTU
+    if (came == (asked | 0x80)) length = 5;
+    if (came == asked && asked == 3) length = 5 + 2 * wordAt(sent, 5);
+    if (came == asked && asked == 6) length = 8;
+    return ascii && length > 0 ? 2 * length + 1 : length;
+}
+
+bool isWholeRtuReply(const QString& command, const RxBuffer& reply) {
     const int count = reply.RxByteCount;
-    if (sent.size() < 6 || reply.RxData.size() != count || count < 5 || !rtuCheckIsGood(reply)) return false;
-    const quint8 function = byteAt(sent, 2);
-    if (byteAt(reply.RxData, 2) == (function | 0x80)) return count == 5;
-    if (byteAt(reply.RxData, 2) != function) return false;
-    if (function == 3) return count == 2 * wordAt(sent, 5) + 5 && byteAt(reply.RxData, 3) == count - 5;
-    return function == 6 && count == 8;
+    if (count == 0 || count != reply.RxData.size()) return false;
+    if (count != replyLength(LinkMode::Rtu, command, reply) || !rtuCheckIsGood(reply)) return false;
+    return byteAt(reply.RxData, 2) != 3 || byteAt(reply.RxData, 3) == count - 5;
 }
 
 qint64 rtuSilenceUs(qint64 characterTimesUs35, int baud, qint64 minimumUs) {

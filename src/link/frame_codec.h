@@ -56,6 +56,10 @@ struct JudgedReply {
 // the command only: address and echo are never compared.
 JudgedReply judgeReply(LinkMode mode, const QString& command, const RxBuffer& reply, bool rules = true);
 
+// Length on the wire of the reply to command, told by the function that has come: the asked data, the echo of a
+// write or an exception. 0 while the function has not come, and for a function that is neither.
+int replyLength(LinkMode mode, const QString& command, const RxBuffer& reply);
+
 // RTU: the bytes at hand are exactly a reply to command, of the length that its function and count ask for or
 // an exception's five bytes, with a good check.
 bool isWholeRtuReply(const QString& command, const RxBuffer& reply);

@@ -80,7 +80,14 @@ bool QtComPort::open() {
     m_port->setDataTerminalReady(true);
     m_port->setRequestToSend(m_flow.RTS);
     dropInput();
+    findReadable();
     return true;
+}
+
+void QtComPort::findReadable() {
+    m_readable.clear();
+    for (QSocketNotifier* notifier : m_port->findChildren<QSocketNotifier*>())
+        if (notifier->type() == QSocketNotifier::Read) m_readable = notifier;
 }
 
 void QtComPort::close() {
@@ -128,6 +135,13 @@ void QtComPort::dropInput() {
     m_input.clear();
     m_taken = 0;
     moveDtr();
+}
+
+// The bytes wait in the device's own buffer, which is as large as ours.
+bool QtComPort::holdBack(bool on) {
+    if (!Open() || !m_readable) return false;
+    m_readable->setEnabled(!on);
+    return true;
 }
 
 void QtComPort::takeFromDevice() {

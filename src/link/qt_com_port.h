@@ -2,7 +2,9 @@
 // number that leads to a device. Bytes wait in a buffer of its own until they are taken.
 #pragma once
 
+#include <QPointer>
 #include <QSerialPort>
+#include <QSocketNotifier>
 #include <memory>
 
 #include "link/com_port.h"
@@ -40,9 +42,11 @@ class QtComPort final : public TApdComPort {
     bool PutString(const QByteArray& text) override { return PutBlock(text); }
     std::optional<char> GetChar() override;
     void dropInput() override;
+    bool holdBack(bool on) override;
 
    private:
     void applySettings();
+    void findReadable();
     void takeFromDevice();
     void announce();
     void later(const std::function<void()>& call);
@@ -55,6 +59,7 @@ class QtComPort final : public TApdComPort {
     PortFlow m_flow;
     PortSettings m_settings;
     std::unique_ptr<QSerialPort> m_port;
+    QPointer<QSocketNotifier> m_readable;  // of the open device, where the system has one
     QByteArray m_input;
     qsizetype m_taken = 0;  // bytes of m_input that GetChar has given out
     bool m_inHandler = false;

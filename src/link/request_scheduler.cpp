@@ -16,6 +16,7 @@ constexpr quint8 MaxSilentRepeats = 4;
 constexpr qint64 ConsoleLeadUs = 100000;  // the line's and the drive's share of a console wait
 constexpr qint64 ConsoleTickUs = 1000;
 constexpr qint64 MinimumSilenceUs = 2000;
+constexpr int FewBytes = 3;  // fewer are not worth a rest
 
 const QString Cofirm = QStringLiteral("Cofirm");
 
@@ -93,6 +94,7 @@ void RequestScheduler::Initial() {
     ParamRead.ReadDone = ParamRead.WriteDone = 0;
     TxTimer.setEnabled(false);
     RxTimer.setEnabled(false);
+    endRest();
     port().close();
     Keypad.OnLineTransparentButton = true;
     Keypad.InitialVrLabel = Keypad.keys = Keypad.editing = Keypad.ledsLit = Keypad.GetDataTimer = false;
@@ -115,6 +117,7 @@ void RequestScheduler::Initial() {
 void RequestScheduler::prelude() {
     TxTimer.setEnabled(false);
     RxTimer.setEnabled(false);
+    endRest();
     RxTickCount = 0;
     TimeoutCount = 0;
     clearReception();
@@ -199,6 +202,7 @@ void RequestScheduler::prepareToReceive() {
     RxTickCount = 0;
     FirstWaitOver = 0;
     m_wholeReply = false;
+    endRest();
     Rx.prepare(mode());
 }
 
@@ -237,9 +241,25 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
         RxTimer.tickIn(rtuSilenceUs(line.silenceUs(), line.Baud, MinimumSilenceUs));
     } else if (Rx.RxFrameDone && mode() == LinkMode::Ascii && !inConsole()) {
         RxTimer.kick();
-    } else {
+    } else if (!restUntilNearlyWhole()) {
         goOnWaiting();
     }
+}
+
+// A wake-up for every byte is the dearest part of an exchange. Once its function tells how many are still to
+// come, they may gather: never beyond the last but one, so that the end is noticed at once, and never longer than
+// a tick, so that a reply that breaks off is noticed hardly later. The rest is no tick.
+bool RequestScheduler::restUntilNearlyWhole() {
+    if (inConsole() || CommandQueue.empty()) return false;
+    const int missing = replyLength(mode(), CommandQueue.front(), Rx) - Rx.RxByteCount;
+    if (missing < FewBytes || !port().holdBack(true)) return false;
+    m_resting = true;
+    RxTimer.tickIn(std::min(port().settings().wireTimeUs(missing - 1), qint64(TickLength) * 1000));
+    return true;
+}
+
+void RequestScheduler::endRest() {
+    if (std::exchange(m_resting, false)) port().holdBack(false);
 }
 
 // ---- Wait step ----
@@ -250,6 +270,11 @@ void RequestScheduler::goOnWaiting() {
 }
 
 void RequestScheduler::RxTimerTimer() {
+    if (m_resting) {
+        endRest();
+        goOnWaiting();
+        return;
+    }
     ++RxTickCount;
     RxTimer.setEnabled(false);
     if (!waitIsOver()) {

@@ -146,6 +146,8 @@ class RequestScheduler : public QObject {
     bool waitIsOver();
     bool consoleWaitIsOver();
     void goOnWaiting();
+    bool restUntilNearlyWhole();
+    void endRest();
     void endCycle();
     void handleTimeout();
     void showErrorOnKeypad();
@@ -185,6 +187,7 @@ class RequestScheduler : public QObject {
     LinkBench m_bench;
     ShownRecords m_lastShown;
     bool m_wholeReply = false;   // RTU: the silence behind a whole reply is being waited for
+    bool m_resting = false;      // the port holds back while the known rest of a reply is on the wire
     qint64 m_wireTimeUs = 0;     // of the request that was sent
 };
 

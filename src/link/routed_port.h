@@ -32,6 +32,7 @@ class RoutedPort final : public TApdComPort {
     bool PutString(const QByteArray& text) override { return Open() && m_port->PutString(text); }
     std::optional<char> GetChar() override { return m_port ? m_port->GetChar() : std::nullopt; }
     void dropInput() override;
+    bool holdBack(bool on) override { return m_port && m_port->holdBack(on); }
 
     // What the present ComNumber leads to, whether open or not.
     PortTarget target() const { return m_directory.target(m_settings.ComNumber); }

@@ -15,7 +15,10 @@ class StubPort final : public TApdComPort {
         isOpen = canOpen;
         return isOpen;
     }
-    void close() override { isOpen = false; }
+    void close() override {
+        ++closes;
+        isOpen = false;
+    }
     bool Open() const override { return isOpen; }
     QString openError() const override { return QStringLiteral("there is no such device"); }
     const PortSettings& settings() const override { return line; }
@@ -23,27 +26,35 @@ class StubPort final : public TApdComPort {
     bool PutBlock(const QByteArray& bytes) override { return put(bytes, "block"); }
     bool PutString(const QByteArray& text) override { return put(text, "string"); }
     std::optional<char> GetChar() override {
-        if (m_input.isEmpty()) return std::nullopt;
-        const char c = m_input.front();
-        m_input.remove(0, 1);
+        if (input.isEmpty()) return std::nullopt;
+        const char c = input.front();
+        input.remove(0, 1);
         return c;
     }
-    void dropInput() override { m_input.clear(); }
+    void dropInput() override { input.clear(); }
+    bool holdBack(bool on) override { return isHeldBack = on && canHoldBack; }
 
-    // One burst from the other end.
+    // One burst from the other end; with what was held back before it.
     void arrive(const QByteArray& burst) {
-        m_input += burst;
-        if (OnTriggerAvail) OnTriggerAvail(static_cast<int>(burst.size()));
+        input += burst;
+        if (!OnTriggerAvail || isHeldBack) return;
+        ++bursts;
+        OnTriggerAvail(static_cast<int>(input.size()));
     }
     // A burst that is announced but cannot be read.
     void arriveUnreadable() { OnTriggerAvail(3); }
 
     QByteArrayList written;
     QByteArrayList kinds;
+    QByteArray input;
     bool canOpen = true;
     bool canWrite = true;
     bool isOpen = false;
+    bool canHoldBack = false;
+    bool isHeldBack = false;
     int opens = 0;
+    int closes = 0;
+    int bursts = 0;
     PortSettings line{4, 9600, 7, ComParity::None, 2};
 
    private:
@@ -52,7 +63,6 @@ class StubPort final : public TApdComPort {
         kinds += kind;
         return canWrite;
     }
-    QByteArray m_input;
 };
 
 }  // namespace kelvane

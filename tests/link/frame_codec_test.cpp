@@ -168,6 +168,23 @@ TEST(WholeRtuReply, IsExactlyTheReplyToWhatWasSent) {
     EXPECT_FALSE(whole("FF03", bytes("FF8302A101")));
 }
 
+TEST(ReplyLength, IsToldByTheFunctionThatHasCome) {
+    const auto length = [](LinkMode mode, const char* command, const QByteArray& come) {
+        return replyLength(mode, QLatin1String(command), received(mode, {come}));
+    };
+    EXPECT_EQ(length(LinkMode::Rtu, "FF0321100003", bytes("FF")), 0);
+    EXPECT_EQ(length(LinkMode::Rtu, "FF0321100003", bytes("FF03")), 11);
+    EXPECT_EQ(length(LinkMode::Rtu, "FF0321100003", bytes("FF83")), 5);
+    EXPECT_EQ(length(LinkMode::Rtu, "FF0601001770", bytes("FF06")), 8);
+    EXPECT_EQ(length(LinkMode::Rtu, "FF0321100003", bytes("FF06")), 0);
+    EXPECT_EQ(length(LinkMode::Rtu, "FF0800000000", bytes("FF08")), 0);
+    EXPECT_EQ(length(LinkMode::Rtu, "FF03", bytes("FF03")), 0);
+    EXPECT_EQ(length(LinkMode::Ascii, "FF0321100003", ":FF0"), 0);
+    EXPECT_EQ(length(LinkMode::Ascii, "FF0321100003", ":FF03"), 23);
+    EXPECT_EQ(length(LinkMode::Ascii, "FF0321100003", ":FF83"), 11);
+    EXPECT_EQ(length(LinkMode::Ascii, "FF0321100003", ":FFzz"), 0);
+}
+
 TEST(RtuSilence, IsThreeAndAHalfCharactersOrTheFixedTime) {
     EXPECT_EQ(rtuSilenceUs(4011, 9600, 2000), 4011);
     EXPECT_EQ(rtuSilenceUs(334, 115200, 2000), 2000);

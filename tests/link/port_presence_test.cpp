@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 
 #include "base/whole_file.h"
-#include "tests/link/fake_port.h"
+#include "bench/stub_port.h"
 #include "tests/link/real_time.h"
 
 namespace kelvane {
@@ -21,7 +21,7 @@ struct Presence : testing::Test {
         port.setSettings({.ComNumber = 12});
         port.open();
     }
-    FakePort port;
+    StubPort port;
     QSet<int> listed{12};
     QStringList history;
     PortPresence presence{port, [this](int n) { return listed.contains(n); },
@@ -58,10 +58,10 @@ TEST_F(Presence, AnswersDeviceMessages) {
         presence.ComPortPresent = m.presentBefore;
         listed = m.listed ? QSet<int>{12} : QSet<int>{1};
         history.clear();
-        port.closed = 0;
+        port.closes = 0;
         presence.deviceChange(m.parameter);
         EXPECT_EQ(presence.ComPortPresent, m.presentAfter);
-        EXPECT_EQ(port.closed, m.closed);
+        EXPECT_EQ(port.closes, m.closed);
         const QString line = QString::fromLatin1(m.line);
         EXPECT_EQ(history, line.isEmpty() ? QStringList()
                                           : QStringList(line == QStringLiteral("fail") ? Fail : Recovery));
@@ -97,7 +97,7 @@ struct WatchedFolder : testing::Test {
     const QTemporaryDir root;
     const QString folder = root.filePath(QStringLiteral("serial/by-id"));
     const QString device = folder + QStringLiteral("/adapter");
-    FakePort port;
+    StubPort port;
     QStringList history;
     PortPresence presence{port, [this](int) { return QFile::exists(device); },
                           [this](const QString& line) { history << line; }};

@@ -133,6 +133,25 @@ TEST_F(RealPort, NeverCallsTheHandlerInsideAnotherCallOrInsideItself) {
     EXPECT_FALSE(calledInside);
 }
 
+TEST_F(RealPort, HoldsBackUntilItIsToldToGoOn) {
+    EXPECT_FALSE(port.holdBack(true));
+    ASSERT_TRUE(port.open());
+    far.send("ab");
+    EXPECT_TRUE(waitFor([&] { return taken == "ab"; }));
+    EXPECT_TRUE(port.holdBack(true));
+    far.send("cd");
+    EXPECT_TRUE(port.PutBlock("x"));
+    runFor(50);
+    EXPECT_EQ(taken, "ab");
+    port.holdBack(false);
+    EXPECT_TRUE(waitFor([&] { return taken == "abcd"; }));
+    port.holdBack(true);
+    port.close();
+    ASSERT_TRUE(port.open());
+    far.send("ef");
+    EXPECT_TRUE(waitFor([&] { return taken == "abcdef"; }));
+}
+
 TEST_F(RealPort, MayBeDestroyedByItsHandler) {
     auto own = std::make_unique<QtComPort>(far.device());
     ASSERT_TRUE(own->open());

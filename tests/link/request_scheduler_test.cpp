@@ -148,6 +148,51 @@ TEST(WaitStep, EndsAnAsciiReplyByItsLineEndAndAWholeRtuReplyByOneShortSilence) {
     EXPECT_EQ(bench.cycles, again + 1);
 }
 
+// Byte by byte as the line brings them; what a port holds back is one burst later.
+TEST(WaitStep, LetsTheKnownRestOfAReplyGatherInAPortThatCan) {
+    for (const LinkMode mode : {LinkMode::Ascii, LinkMode::Rtu}) {
+        SchedulerBench bench;
+        bench.beOnLine();
+        bench.port.canHoldBack = true;
+        bench.link.ComMode = static_cast<quint8>(mode);
+        bench.link.TxTimer.setEnabled(true);
+        bench.send();
+        const QByteArray reply = buildFrame(mode, "FF0320" + QString(64, '0'), FrameCheck::Standard).wire;
+        for (const char byte : reply) {
+            bench.port.arrive(QByteArray(1, byte));
+            EXPECT_EQ(bench.link.RxTickCount, 0U);
+            bench.clock.advanceUs(bench.port.line.wireTimeUs(1));
+        }
+        EXPECT_FALSE(bench.port.isHeldBack);
+        EXPECT_LT(bench.port.bursts, 15) << "for " << reply.size();
+        bench.clock.advance(5);
+        EXPECT_EQ(bench.cycles, 1);
+        EXPECT_TRUE(bench.history.isEmpty()) << bench.history.join('\n').toStdString();
+    }
+}
+
+TEST(WaitStep, CountsTheSilenceOfABrokenOffReplyFromTheEndOfTheRest) {
+    SchedulerBench bench;
+    bench.beOnLine();
+    bench.port.canHoldBack = true;
+    bench.link.ComMode = 1;
+    bench.link.TxTimer.setEnabled(true);
+    bench.send();
+    bench.port.arrive(QByteArray::fromHex("FF03"));
+    EXPECT_TRUE(bench.port.isHeldBack);
+    bench.clock.advanceUs(TickLength * 1000 + 7 * TickLength * 1000 - 1);
+    EXPECT_FALSE(bench.port.isHeldBack);
+    EXPECT_EQ(bench.cycles, 0);
+    bench.clock.advanceUs(1);
+    EXPECT_EQ(bench.cycles, 1);
+    // A window takes the link in the middle of a rest.
+    bench.link.TxTimer.setEnabled(true);
+    bench.send();
+    bench.port.arrive(QByteArray::fromHex("FF03"));
+    bench.link.prelude();
+    EXPECT_FALSE(bench.port.isHeldBack);
+}
+
 TEST(ReceiveEvent, TellsAReadError) {
     SchedulerBench bench;
     bench.beOnLine();

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/link/fake_port.h"
+#include "bench/stub_port.h"
 
 namespace kelvane {
 namespace {
@@ -11,13 +11,13 @@ struct Routed : testing::Test {
     const PortDirectory directory =
         PortDirectory::fromText(QStringLiteral("7=practice:Osier\n8=/dev/absent"));
     QList<PortTarget> made;
-    FakePort* last = nullptr;
+    StubPort* last = nullptr;
     bool factoryWorks = true;
     RoutedPort port{directory,
                     [this](const PortTarget& target) -> std::unique_ptr<TApdComPort> {
                         made << target;
                         if (!factoryWorks) return nullptr;
-                        auto fake = std::make_unique<FakePort>();
+                        auto fake = std::make_unique<StubPort>();
                         last = fake.get();
                         return fake;
                     },
@@ -62,13 +62,17 @@ TEST_F(Routed, PassesEverythingOnAndBack) {
     last->input = "old";
     port.dropInput();
     EXPECT_TRUE(last->input.isEmpty());
+    EXPECT_FALSE(port.holdBack(true));
+    last->canHoldBack = true;
+    EXPECT_TRUE(port.holdBack(true));
+    EXPECT_TRUE(last->isHeldBack);
 }
 
 TEST_F(Routed, TakesAnotherNumberAtTheNextOpen) {
     QList<PortTarget> routed;
     port.onRouted = [&](const PortTarget& target) { routed << target; };
     port.open();
-    const FakePort* const first = last;
+    const StubPort* const first = last;
     choose(8);
     EXPECT_TRUE(port.Open());
     EXPECT_EQ(last, first);
@@ -92,9 +96,9 @@ TEST_F(Routed, TellsWhyItCannotOpen) {
     port.open();
     EXPECT_TRUE(port.openError().isEmpty());
     port.close();
-    last->openWorks = false;
+    last->canOpen = false;
     EXPECT_FALSE(port.open());
-    EXPECT_EQ(port.openError(), QStringLiteral("no luck"));
+    EXPECT_EQ(port.openError(), last->openError());
 }
 
 }  // namespace
