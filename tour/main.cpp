@@ -11,6 +11,7 @@
 #include "base/whole_file.h"
 #include "tour/walk.h"
 #include "ui/icons.h"
+#include "ui/tool_style.h"
 
 namespace {
 
@@ -61,6 +62,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kelvane-tour"));
     QGuiApplication::setWindowIcon(applicationIcon());
+    QApplication::setStyle(new ToolStyle);
     QApplication::setQuitOnLastWindowClosed(false);
     QCommandLineParser arguments;
     arguments.addHelpOption();

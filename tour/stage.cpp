@@ -23,7 +23,8 @@ Stage::Stage(const QString& programFolder)
                       if (target.kind == PortTarget::Kind::Practice) port = practice.makePort(target.family);
                       return port;
                   }});
-    windows = std::make_unique<Windows>(*tool, &person, looks);
+    mainForm = std::make_unique<TMainForm>(*tool);
+    windows = std::make_unique<Windows>(*tool, *mainForm, &person, looks);
 }
 
 }  // namespace kelvane::tour

@@ -27,6 +27,7 @@ class Stage {
     PracticeDrives practice;
     UiState looks;
     std::unique_ptr<Tool> tool;
+    std::unique_ptr<TMainForm> mainForm;
     std::unique_ptr<Windows> windows;
 
    private:

@@ -6,12 +6,13 @@
 #include "link/number_text.h"
 #include "link/qt_com_port.h"
 #include "localisation/startup_language.h"
+#include "shell/change_language.h"
 #include "shell/logo_form.h"
 #include "shell/practice_drives.h"
 #include "shell/single_instance.h"
 #include "shell/ui_state.h"
 #include "shell/windows.h"
-#include "ui/icons.h"
+#include "ui/tool_style.h"
 
 namespace kelvane {
 
@@ -31,20 +32,30 @@ RoutedPort::Factory portFactory(PracticeDrives& practice) {
     };
 }
 
+// Without a turn of the loop the screen would not show a window while the next ones are made.
+void letScreenFollow() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+
+// More than half of the way to a running tool are the windows that nobody has asked for yet.
+void showEarly(TMainForm& mainForm, const LangTable& table) {
+    ChangeLanguage(table, {&mainForm});
+    mainForm.show();
+    letScreenFollow();
+}
+
 }  // namespace
 
 int runTool(QApplication& app) {
     SingleInstance instance(QStringLiteral("Orlan Kelvane"));
     if (!instance.isFirst()) return 0;
 
+    QApplication::setStyle(new ToolStyle);
     const ProgramFolder folder = ProgramFolder::ofApplication();
     Language language;
     ShellOperator person(language.table);
     TLogoForm logo;
     logo.show();
     logo.repaint();
-    // Without a turn of the loop the screen would not show it before it closes again.
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    letScreenFollow();
     DecimalSep = findDecimalSep();
     startLanguage(language, folder.path(), folder.findData(QStringLiteral("Language file")), person);
 
@@ -54,19 +65,19 @@ int runTool(QApplication& app) {
     Tool tool({clock, wallClock, person, folder, language, portFactory(practice)});
     UiState looks(folder.file(QStringLiteral("ui-state.ini")));
     person.lastFolder = looks.text(QStringLiteral("lastFolder"));
-    Windows windows(tool, &person, looks);
+    TMainForm mainForm(tool);
+    looks.restoreWindow(mainForm);
+    showEarly(mainForm, language.table);
+    Windows windows(tool, mainForm, &person, looks);
     looks.restoreWindow(windows.parameterForm);
-    looks.restoreWindow(windows.mainForm);
-    QObject::connect(&windows.mainForm, &TMainForm::closed, [&] {
-        looks.keepWindow(windows.mainForm);
+    QObject::connect(&mainForm, &TMainForm::closed, [&] {
+        looks.keepWindow(mainForm);
         looks.keepWindow(windows.parameterForm);
         looks.setText(QStringLiteral("lastFolder"), person.lastFolder);
         // Not quit(), which asks every window and takes no for an answer; this also ends a question left open.
         QCoreApplication::exit();
     });
-    QObject::connect(&instance, &SingleInstance::raiseWanted, [&] { comeForward(windows.mainForm); });
-
-    windows.mainForm.show();
+    QObject::connect(&instance, &SingleInstance::raiseWanted, [&] { comeForward(mainForm); });
     logo.close();
     for (const QString& complaint : tool.ports.complaints()) tool.link.ShowHistoryMsg(complaint);
     if (!folder.error().isEmpty()) tool.link.ShowHistoryMsg(folder.error());

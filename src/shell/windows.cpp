@@ -9,9 +9,9 @@
 
 namespace kelvane {
 
-Windows::Windows(Tool& toolShown, ShellOperator* person, KeptLooks& looks)
+Windows::Windows(Tool& toolShown, TMainForm& main, ShellOperator* person, KeptLooks& looks)
     : tool(toolShown),
-      mainForm(tool),
+      mainForm(main),
       comSetupForm(tool.comSetup, tool.ports),
       parameterForm(tool.parameters,
                     {tool.bench.person, tool.bench.clock, tool.bench.wallClock, tool.bench.folder.path(), looks}),

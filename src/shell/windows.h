@@ -36,12 +36,13 @@ namespace kelvane {
 class Windows : public QObject {
     Q_OBJECT
    public:
-    // person is null where another operator answers (tests).
-    Windows(Tool& tool, ShellOperator* person, KeptLooks& looks);
+    // The main window stands already, so that it can be seen while the others are made. person is null where
+    // another operator answers (tests).
+    Windows(Tool& tool, TMainForm& mainForm, ShellOperator* person, KeptLooks& looks);
 
     // In the order of creation; windows that are not built yet will take their places.
     Tool& tool;
-    TMainForm mainForm;
+    TMainForm& mainForm;
     TComSetupForm comSetupForm;
     TParameterForm parameterForm;
     TProgressForm progressForm;

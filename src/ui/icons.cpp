@@ -36,8 +36,8 @@ constexpr std::array<const char*, IconCount> IconNames{
     "copy",           "close",     "folder",      "folder_up",  "file",      "accept",       "cancel",
     "test",           "connect",   "disconnect",  "start",      "stop",      "clear",        "option",
     "cursor",         "picture",   "zoom",        "add",        "remove",    "edit",         "run",
-    "fault",          "lock",      "motor",       "tree_drive", "tree_file", "tree_open",    "tree_compare",
-    "tree_parameters"};
+    "fault",          "lock",      "motor",       "more",       "tree_drive", "tree_file",    "tree_open",
+    "tree_compare",   "tree_parameters"};
 static_assert(IconNames.back() != nullptr, "one name for each icon");
 
 constexpr std::array TreeImages{Icon::TreeDrive, Icon::TreeFile, Icon::TreeOpen, Icon::TreeCompare,
@@ -182,9 +182,12 @@ QSize PictureBox::sizeHint() const { return m_kind == Kind::Logo ? QSize(420, 12
 
 void PictureBox::paintEvent(QPaintEvent*) {
     if (m_kind == Kind::Nothing) return;
-    QPainter painter(this);
-    renderInside(painter, rect(),
-                 m_kind == Kind::Logo ? logoDrawing(palette()) : drawing(familyPath(m_family)));
+    const QByteArray wanted = m_kind == Kind::Logo ? logoDrawing(palette()) : drawing(familyPath(m_family));
+    if (wanted != m_drawnFrom || m_drawn.size() != size() * devicePixelRatio()) {
+        m_drawn = rendered(wanted, size(), devicePixelRatio());
+        m_drawnFrom = wanted;
+    }
+    QPainter(this).drawPixmap(0, 0, m_drawn);
 }
 
 }  // namespace kelvane

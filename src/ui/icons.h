@@ -16,7 +16,7 @@ enum class Icon {
     Language, Find, Previous, Next, Undo, Redo, Backup, Help, About,
     Pid, AutoTuning, MultiStep, Copy, Close, Folder, FolderUp, File,
     Accept, Cancel, Test, Connect, Disconnect, Start, Stop, Clear, Option, Cursor, Picture, Zoom,
-    Add, Remove, Edit, Run, Fault, Lock, Motor,
+    Add, Remove, Edit, Run, Fault, Lock, Motor, More,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
     Count_,
 };
@@ -54,6 +54,8 @@ private:
     enum class Kind { Nothing, Family, Logo };
     Kind m_kind = Kind::Nothing;
     quint8 m_family = 0;
+    QByteArray m_drawnFrom;  // drawing of m_drawn
+    QPixmap m_drawn;
 };
 
 }  // namespace kelvane

@@ -18,7 +18,7 @@ namespace {
 TEST(MainForm, StartsOffLineAndSendsNothing) {
     ShellBench bench;
     bench.clock.advance(5000);
-    EXPECT_EQ(bench.windows->mainForm.windowTitle(), "Orlan Kelvane");
+    EXPECT_EQ(bench.mainForm->windowTitle(), "Orlan Kelvane");
     EXPECT_EQ(bench.text("ComStatusAbLED"), "Off Line");
     EXPECT_EQ(bench.text("StatusLinePanel1"), "Off - Line");
     EXPECT_FALSE(bench.tool->linkPort.Open());
@@ -74,7 +74,7 @@ TEST(MainForm, KeepsItsSetupOverARestart) {
         setup.ModeComboBoxChange("RTU");
         setup.BaudComboBoxChange("19200");
         setup.ParityComboBoxChange("E");
-        bench.windows->mainForm.close();
+        bench.mainForm->close();
         written = readWhole(bench.folder.file("default.prj")).bytes;
     }
     ShellBench bench(written);
@@ -93,7 +93,7 @@ TEST(MainForm, LeavesNoWindowBehindWhenItCloses) {
     bench.practice.lineOf(Family::Larch).faults().setChance(drive::LineFault::Silent, 100);
     bench.clock.advanceUntil([&] { return bench.windows->ceMessageForm.isVisible(); }, 5000);
     ASSERT_TRUE(bench.windows->ceMessageForm.isVisible());
-    bench.windows->mainForm.close();
+    bench.mainForm->close();
     for (QWidget* window : bench.windows->all()) EXPECT_FALSE(window->isVisible()) << window->objectName().toStdString();
     bench.clock.advance(5000);
     EXPECT_FALSE(bench.windows->ceMessageForm.isVisible());
@@ -103,7 +103,7 @@ TEST(MainForm, LeavesNoWindowBehindWhenItCloses) {
 TEST(MainForm, ClosesWithNowhereToSaveTo) {
     ShellBench bench;
     ASSERT_TRUE(bench.dir.remove());
-    EXPECT_TRUE(bench.windows->mainForm.close());
+    EXPECT_TRUE(bench.mainForm->close());
     EXPECT_FALSE(bench.tool->SaveProject().ok);
 }
 

@@ -22,6 +22,7 @@ struct ShellBench {
     PracticeDrives practice{clock};
     LooksInMemory looks;
     std::unique_ptr<Tool> tool;
+    std::unique_ptr<TMainForm> mainForm;
     std::unique_ptr<Windows> windows;
 
     // project is the content of default.prj; without one the practice drive is chosen all the same.
@@ -35,8 +36,9 @@ struct ShellBench {
                                                         port = practice.makePort(target.family);
                                                     return port;
                                                 }});
-        windows = std::make_unique<Windows>(*tool, nullptr, looks);
-        windows->mainForm.show();
+        mainForm = std::make_unique<TMainForm>(*tool);
+        windows = std::make_unique<Windows>(*tool, *mainForm, nullptr, looks);
+        mainForm->show();
         if (project.isEmpty()) {
             tool->comSetup.ComPortComboBoxChange("20");
             tool->comSetup.copySettingsToLink();
@@ -45,7 +47,7 @@ struct ShellBench {
 
     template <class T>
     T* find(const char* name, QWidget* in = nullptr) {
-        T* found = (in ? in : static_cast<QWidget*>(&windows->mainForm))->findChild<T*>(QString::fromLatin1(name));
+        T* found = (in ? in : static_cast<QWidget*>(mainForm.get()))->findChild<T*>(QString::fromLatin1(name));
         EXPECT_NE(found, nullptr) << name;
         return found;
     }
