@@ -71,15 +71,14 @@ std::vector<quint16> parametersToRead(int count) {
     return chosen;
 }
 
-DriveProcess::DriveProcess(const LineCase& line, const QString& flow) {
+DriveProcess::DriveProcess(const LineCase& line, const QString& flow, const QStringList& more) {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QStringLiteral(KELVANE_DRIVE_PROGRAM),
-                    {QStringLiteral("--family"), QStringLiteral("larch"), QStringLiteral("--mode"),
-                     line.mode == LinkMode::Rtu ? QStringLiteral("rtu") : QStringLiteral("ascii"),
+                    QStringList{QStringLiteral("--mode"), line.mode == LinkMode::Rtu ? QStringLiteral("rtu") : QStringLiteral("ascii"),
                      QStringLiteral("--baud"), QString::number(line.Baud), QStringLiteral("--turnaround"),
                      QString::number(double(TurnaroundUs) / 1000), QStringLiteral("--address"),
                      QString::number(PeerAddress), QStringLiteral("--bytes"), flow,
-                     QStringLiteral("--until-eof")});
+                     QStringLiteral("--until-eof")} + more);
     while (m_process.state() != QProcess::NotRunning && !m_process.canReadLine())
         if (!m_process.waitForReadyRead(StartLimitMs)) break;
     m_device = QString::fromLocal8Bit(m_process.readLine().trimmed());

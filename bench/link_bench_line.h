@@ -45,8 +45,9 @@ std::vector<quint16> parametersToRead(int count);
 
 class DriveProcess {
    public:
-    // flow: how bytes reach the tool, in kelvane-drive's words ("single", "fifo", "usb").
-    explicit DriveProcess(const LineCase& line, const QString& flow = QStringLiteral("single"));
+    // flow: how bytes reach the tool, in kelvane-drive's words ("single", "fifo", "usb"). more: its other options.
+    explicit DriveProcess(const LineCase& line, const QString& flow = QStringLiteral("single"),
+                          const QStringList& more = {});
     ~DriveProcess();
     bool running() const { return !m_device.isEmpty(); }
     QString device() const { return m_device; }

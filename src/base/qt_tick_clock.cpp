@@ -1,5 +1,7 @@
 #include "base/qt_tick_clock.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QTimer>
 #include <chrono>
 #include <limits>
@@ -22,13 +24,14 @@ qint64 steadyUs() {
     return duration_cast<microseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
+constexpr int RoundsInOneTurn = 8;
 constexpr qint64 Never = std::numeric_limits<qint64>::max();
 
 // One call from the event loop at a time of the steady clock; wakeAt moves it. Qt's own timers wake up to two
 // milliseconds late, which is an eighth of a quick exchange, so Linux's own are used where there are any.
-class WakeUp {
+class WakeUp : private QObject {
    public:
-    explicit WakeUp(const std::function<void()>& onWake) {
+    explicit WakeUp(const std::function<void()>& onWake) : m_onWake(onWake) {
         m_timer.setSingleShot(true);
         m_timer.setTimerType(Qt::PreciseTimer);
         m_timer.callOnTimeout(onWake);
@@ -41,7 +44,7 @@ class WakeUp {
     }
     WakeUp(const WakeUp&) = delete;
     WakeUp& operator=(const WakeUp&) = delete;
-    ~WakeUp() {
+    ~WakeUp() override {
 #ifdef Q_OS_LINUX
         if (m_file < 0) return;
         m_readable->setEnabled(false);
@@ -68,7 +71,24 @@ class WakeUp {
         m_timer.start(static_cast<int>((std::max<qint64>(0, atUs - steadyUs()) + 999) / 1000));
     }
 
+    // At the next turn of the event loop, before any painting that waits there: a request goes out first, and the
+    // table is drawn while it is on the wire.
+    void wakeAtOnce() {
+        if (std::exchange(m_posted, true)) return;
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
+    }
+
    private:
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::User) return QObject::event(event);
+        m_posted = false;
+        const auto onWake = m_onWake;  // may be the end of this object
+        onWake();
+        return true;
+    }
+
+    std::function<void()> m_onWake;
+    bool m_posted = false;
     QTimer m_timer;
 #ifdef Q_OS_LINUX
     int m_file = -1;
@@ -87,23 +107,35 @@ class QtTickClock::Agenda : public std::enable_shared_from_this<Agenda> {
     Key add(qint64 delayUs, const Call& call) {
         const Key key{steadyUs() + delayUs, ++m_order};
         m_armed.emplace(key, call);
-        wakeBy(key.first);
+        delayUs > 0 ? wakeBy(key.first) : wakeUp().wakeAtOnce();
         return key;
     }
     // The wake-up stays as it is: an idle one costs less than setting it with every received byte.
     void remove(const Key& key) { m_armed.erase(key); }
 
    private:
-    void wakeBy(qint64 atUs) {
+    WakeUp& wakeUp() {
         if (!m_wakeUp) m_wakeUp = std::make_unique<WakeUp>([this] { run(); });
-        if (atUs >= m_wakeUs) return;
-        m_wakeUs = atUs;
-        m_wakeUp->wakeAt(atUs);
+        return *m_wakeUp;
     }
 
-    // What a handler arms without delay waits for the next turn of the event loop.
+    void wakeBy(qint64 atUs) {
+        if (atUs >= m_wakeUs) return;
+        m_wakeUs = atUs;
+        wakeUp().wakeAt(atUs);
+    }
+
+    // What a handler arms without delay is called in the same turn of the event loop, so that reply, table row and
+    // next request follow each other without a window being painted in between; but not without end.
     void run() {
         const auto self = shared_from_this();
+        for (int round = 0; round < RoundsInOneTurn && callDue(); ++round) {
+        }
+        wakeForNext();
+    }
+
+    // Calls what is due and was armed before; false when nothing was.
+    bool callDue() {
         const qint64 untilUs = steadyUs();
         const quint64 lastOrder = m_order;
         const auto due = [&] {
@@ -115,15 +147,17 @@ class QtTickClock::Agenda : public std::enable_shared_from_this<Agenda> {
         for (; due(); called = true) {
             const Call call = m_armed.begin()->second;
             m_armed.erase(m_armed.begin());
-            wakeForNext();  // a handler may run an event loop of its own
+            if (!m_armed.empty()) wakeForNext();  // a handler may run an event loop of its own
             (*call)();
         }
-        if (!called) wakeForNext();
+        return called;
     }
 
     void wakeForNext() {
-        m_wakeUs = m_armed.empty() ? Never : m_armed.begin()->first.first;
-        m_wakeUp->wakeAt(m_wakeUs);
+        const qint64 next = m_armed.empty() ? Never : m_armed.begin()->first.first;
+        if (next <= steadyUs()) return wakeUp().wakeAtOnce();
+        m_wakeUs = next;
+        wakeUp().wakeAt(m_wakeUs);
     }
 
     std::map<Key, Call> m_armed;

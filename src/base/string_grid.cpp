@@ -122,6 +122,7 @@ void StringGrid::setEdited(int row, bool edited) {
 }
 
 void StringGrid::rowChanged(int row) {
+    if (row == m_filledRow || row >= RowCount()) return;
     if (row == 0) {
         Q_EMIT headerDataChanged(Qt::Horizontal, 0, m_columns - 1);
     } else {

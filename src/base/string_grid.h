@@ -55,6 +55,22 @@ class StringGrid : public QAbstractTableModel {
     bool edited(int row) const;
     void setEdited(int row, bool edited);
 
+    // While it lives, views hear of the changes of one row once, at its end.
+    class RowFilling {
+       public:
+        RowFilling(StringGrid& grid, int row) : m_grid(grid), m_row(row) { grid.m_filledRow = row; }
+        ~RowFilling() {
+            m_grid.m_filledRow = -1;
+            m_grid.rowChanged(m_row);
+        }
+        RowFilling(const RowFilling&) = delete;
+        RowFilling& operator=(const RowFilling&) = delete;
+
+       private:
+        StringGrid& m_grid;
+        int m_row;
+    };
+
     // Colours of a cell, asked when it is drawn.
     std::function<CellColours(int column, int row)> cellColours;
 
@@ -84,6 +100,7 @@ class StringGrid : public QAbstractTableModel {
     void rowChanged(int row);
     QVariant colourOf(int column, int row, std::optional<Rgb> CellColours::*which) const;
     int m_columns;
+    int m_filledRow = -1;
     std::vector<Row> m_rows;
     std::vector<bool> m_columnHidden;
 };

@@ -99,6 +99,7 @@ void fillAddressCells(StringGrid& grid, int row, int G, int N) {
 }
 
 void fillParameterRow(StringGrid& grid, int row, Family family, int G, int N, const ParameterRecord& record) {
+    const StringGrid::RowFilling filling(grid, row);
     fillAddressCells(grid, row, G, N);
     grid.setCell(column::PrNo, row, parameterNumberText(family, G, N));
     grid.setCell(column::Description, row, record.ParaName);
@@ -115,6 +116,7 @@ void fillParameterRow(StringGrid& grid, int row, Family family, int G, int N, co
 }
 
 void fillGroupRow(StringGrid& grid, int row, const QString& name) {
+    const StringGrid::RowFilling filling(grid, row);
     for (int c = column::PrNo; c <= column::Dot; ++c)
         grid.setCell(c, row, c == column::Description ? name : groupMark());
     grid.setCell(column::RunSet, row, {});

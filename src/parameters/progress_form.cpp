@@ -5,6 +5,7 @@
 #include <QProgressBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "ui/icons.h"
 #include "ui/transparent_button.h"
@@ -64,7 +65,7 @@ TProgressForm::TProgressForm(ProgressDialog& progress, QWidget* parent)
     build();
     connect(CancelTransparentButton, &QToolButton::clicked, &m_progress,
             &ProgressDialog::CancelTransparentButtonClick);
-    connect(&m_progress, &ProgressDialog::changed, this, &TProgressForm::showRecord);
+    connect(&m_progress, &ProgressDialog::changed, this, &TProgressForm::showRecordSoon);
     connect(&m_progress, &ProgressDialog::shownChanged, this, &TProgressForm::follow);
     showRecord();
 }
@@ -97,9 +98,16 @@ void TProgressForm::build() {
     column->addLayout(foot);
 }
 
+// The next request goes out first: the record is shown in the next turn of the event loop, whatever changed until
+// then.
+void TProgressForm::showRecordSoon() {
+    if (std::exchange(m_showing, true)) return;
+    QMetaObject::invokeMethod(this, &TProgressForm::showRecord, Qt::QueuedConnection);
+}
+
 void TProgressForm::showRecord() {
+    m_showing = false;
     setMinimumWidth(m_progress.width);
-    TransparentButton1->setIcon(icon(iconOf(m_progress.glyph)));
     InfoLabel->setText(m_progress.InfoLabel);
     ParaLabel->setText(m_progress.ParaLabel);
     // A bar without a length would run for ever: one step of it stands for nothing to do.
@@ -111,6 +119,7 @@ void TProgressForm::showRecord() {
 
 void TProgressForm::follow(bool shown) {
     if (shown) {
+        TransparentButton1->setIcon(icon(iconOf(m_progress.glyph)));
         showRecord();
         adjustSize();
         CancelTransparentButton->setFocus();

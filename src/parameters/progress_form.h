@@ -24,10 +24,12 @@ class TProgressForm : public QDialog {
 
    private:
     void build();
+    void showRecordSoon();
     void showRecord();
     void follow(bool shown);
 
     ProgressDialog& m_progress;
+    bool m_showing = false;  // the record will be shown
     TransparentButton* TransparentButton1;
     QLabel* InfoLabel;
     QLabel* ParaLabel;

@@ -27,7 +27,11 @@ T& part(const QWidget& form, const char* name) {
     return *found;
 }
 
-inline QString textOf(const QWidget& form, const char* name) { return part<QLabel>(form, name).text(); }
+// The dialogs show in the next turn of the event loop what changed.
+inline QString textOf(const QWidget& form, const char* name) {
+    QCoreApplication::sendPostedEvents();
+    return part<QLabel>(form, name).text();
+}
 
 inline void press(const QWidget& form, const char* name) {
     QTest::mouseClick(&part<QAbstractButton>(form, name), Qt::LeftButton);
