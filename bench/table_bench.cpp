@@ -1,7 +1,7 @@
 // kelvane-table-bench: what the whole program, with its windows, does with a table on a real line. Reads a table by
 // the window's own button over kelvane-drive, against the bare scheduler on the same line in the same run; and reads
 // the table of every family over a line that loses, damages and delays replies, row by row against what the drive
-// holds. Ends with 1 when a bound is missed.
+// holds; and identifies every family with one bad reply at every place. Ends with 1 when a bound is missed.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCommandLineParser>
@@ -172,6 +172,34 @@ void readOverABadLine(Family family, LinkMode mode, int seed) {
     std::fflush(stdout);
 }
 
+// Identification with one reply that is lost, damaged or late at every place of it: never stuck.
+void identifyWithOneFaultEverywhere(Family family, LinkMode mode) {
+    const LineCase line{mode, 38400};
+    int replies = 0;
+    int runs = 0;
+    int stuck = 0;
+    double longest = 0;
+    const auto identify = [&](const QStringList& fault) {
+        const DriveProcess drive(line, QStringLiteral("fifo"), familyOption(family) + fault);
+        WholeProgram whole(line, drive.device());
+        const double before = nowUs();
+        const bool on = whole.goOnLine() && whole.tool.link.Lamp.onLine() && !whole.tool.link.Notice.TInitialForm;
+        longest = std::max(longest, nowUs() - before);
+        replies = whole.exchanges;
+        stuck += !on;
+        ++runs;
+    };
+    identify({});
+    const int places = replies;
+    for (const char* fault : {"lose", "corrupt", "late"})
+        for (int k = 1; k <= places; ++k)
+            identify({QStringLiteral("--fail"), QStringLiteral("%1:%2").arg(QLatin1String(fault)).arg(k)});
+    if (stuck > 0) ++missed;
+    std::printf("%-8s %-5s  %3d places, %3d identifications, %d stuck, longest %.1f s\n", familyName(family),
+                mode == LinkMode::Rtu ? "RTU" : "ASCII", places, runs, stuck, longest / 1e6);
+    std::fflush(stdout);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -180,8 +208,9 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOption({QStringLiteral("tables"), QStringLiteral("Which tables (reading,faults)."),
-                      QStringLiteral("names"), QStringLiteral("reading,faults")});
+    parser.addOption({QStringLiteral("tables"), QStringLiteral("Which tables (reading,faults,identify)."),
+                      QStringLiteral("names"), QStringLiteral("reading,faults,identify")});
+    parser.addOption({QStringLiteral("family"), QStringLiteral("Only this family."), QStringLiteral("name"), {}});
     parser.addOption({QStringLiteral("runs"), QStringLiteral("Runs a row of reading; the best counts (1)."),
                       QStringLiteral("number"), QStringLiteral("1")});
     parser.addOption({QStringLiteral("seed"), QStringLiteral("Seed of the faults (1)."), QStringLiteral("number"),
@@ -194,11 +223,21 @@ int main(int argc, char** argv) {
             for (const int Baud : {9600, 115200})
                 measureReading({mode, Baud}, std::max(1, parser.value(QStringLiteral("runs")).toInt()));
     }
+    const QString only = parser.value(QStringLiteral("family"));
+    std::vector<Family> families;
+    for (const Family family : AllFamilies)
+        if (only.isEmpty() || only.compare(QLatin1String(familyName(family)), Qt::CaseInsensitive) == 0)
+            families.push_back(family);
     if (tables.contains(QStringLiteral("faults"))) {
         std::printf("\nOne reply in a hundred lost, one with a wrong check, one late.\n");
         const int seed = parser.value(QStringLiteral("seed")).toInt();
-        for (const Family family : AllFamilies)
+        for (const Family family : families)
             for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii}) readOverABadLine(family, mode, seed);
+    }
+    if (tables.contains(QStringLiteral("identify"))) {
+        std::printf("\nIdentification with one bad reply at every place.\n");
+        for (const Family family : families)
+            for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii}) identifyWithOneFaultEverywhere(family, mode);
     }
     if (missed > 0) std::printf("\n%d bounds missed.\n", missed);
     return missed > 0 ? 1 : 0;

@@ -55,6 +55,19 @@ public:
         return least;
     }
 
+    // "late:7"; nothing when the option is not set.
+    void planned(const char* name) {
+        if (!isSet(name)) return;
+        const QStringList parts = m_parser.value(QString::fromLatin1(name)).split(QLatin1Char(':'));
+        const QStringList words{QStringLiteral("lose"), QStringLiteral("corrupt"), QStringLiteral("late")};
+        constexpr std::array Faults{LineFault::Silent, LineFault::BadCheck, LineFault::Late};
+        const auto fault = words.indexOf(parts.value(0));
+        m_target.plannedAt = parts.value(1).toInt();
+        if (parts.size() != 2 || fault < 0 || m_target.plannedAt < 1)
+            return complain(wrong(name) + QStringLiteral("lose, corrupt or late, a colon and a number from 1"));
+        m_target.planned = Faults[size_t(fault)];
+    }
+
 private:
     static QString wrong(const char* name) {
         return QStringLiteral("--%1 wants ").arg(QString::fromLatin1(name));
@@ -83,6 +96,8 @@ void describe(Reader& reader) {
     reader.add("lose", "Share of replies that are not sent (0).", text("percent"), text("0"));
     reader.add("corrupt", "Share of replies with a bad check (0).", text("percent"), text("0"));
     reader.add("late", "Share of replies that come 400 ms late (0).", text("percent"), text("0"));
+    reader.add("fail", "One reply that fails: lose, corrupt or late, a colon and its number from 1.",
+               text("fault:reply"), {});
     reader.add("seed", "Seed of the shares above (1).", text("number"), text("1"));
     reader.add("address", "Address answered beside 255 (1).", text("number"), text("1"));
     reader.addFlag("keypad", "Play a keypad that holds the family's values instead of a drive.");
@@ -121,6 +136,7 @@ DriveArguments readArguments(const QStringList& arguments) {
     result.losePercent = reader.number("lose", 0, 100);
     result.corruptPercent = reader.number("corrupt", 0, 100);
     result.latePercent = reader.number("late", 0, 100);
+    reader.planned("fail");
     result.seed = uint32_t(reader.number("seed", 0, 4294967295.0));
     result.drive.asKeypad = reader.isSet("keypad");
     result.drive.address = uint8_t(reader.number("address", 1, 255));

@@ -15,6 +15,8 @@ struct DriveArguments {
     double corruptPercent = 0;
     double latePercent = 0;
     uint32_t seed = 1;
+    LineFault planned = LineFault::None;  // of the reply plannedAt, counted from 1
+    int plannedAt = 0;
     bool untilEof = false;
 
     bool helpWanted = false;

@@ -44,6 +44,7 @@ void setChances(FaultPlan& faults, const DriveArguments& arguments) {
     faults.setChance(LineFault::Silent, arguments.losePercent);
     faults.setChance(LineFault::BadCheck, arguments.corruptPercent);
     faults.setChance(LineFault::Late, arguments.latePercent);
+    if (arguments.plannedAt > 0) faults.failAt(arguments.plannedAt, arguments.planned);
 }
 
 int serve(const DriveArguments& arguments) {

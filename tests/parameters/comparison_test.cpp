@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "bench/scripted_operator.h"
 #include "parameters/sample_table.h"
-#include "parameters/scripted_operator.h"
 
 namespace kelvane {
 namespace {
@@ -28,7 +28,7 @@ protected:
     ComparisonSheet sheet;
     StringGrid& result = sheet.CompareAdvStringGrid;
     StringGrid& info = sheet.CompInfoAdvStringGrid;
-    test::ScriptedOperator person;
+    ScriptedOperator person;
     LangTable lang;
 };
 
@@ -51,13 +51,6 @@ TEST_F(Comparison, DefaultsLeaveOutGroupsWithoutADifference) {
     EXPECT_EQ(result.RowCount(), 1);
 }
 
-TEST_F(Comparison, FileVsDefaultNamesTheFile) {
-    EXPECT_TRUE(compare(FileVsDefault).shown);
-    EXPECT_EQ(result.cell(column::Note, 2), "File");
-    EXPECT_TRUE(info.rowHidden(1));
-    EXPECT_EQ(info.visibleCell(1, 1), "/tables/a.txt");
-}
-
 TEST_F(Comparison, DriveVsFilePairsRowsWithABlankBetween) {
     file.grid.setCell(column::Data, 3, "140.0");
     EXPECT_EQ(compare(DriveVsFile).differences, 1);
@@ -77,17 +70,17 @@ TEST_F(Comparison, DriveVsFilePairsRowsWithABlankBetween) {
 TEST_F(Comparison, EqualTablesGiveNoResult) {
     file.grid.setCell(column::Max, 5, "1");
     file.grid.setCell(column::Unit, 5, "1");
-    person.boxes = {{"No different !", "Cofirm"}};
+    person.expectBox("No different !", "Cofirm");
     EXPECT_FALSE(compare(DriveVsFile).shown);
 }
 
 TEST_F(Comparison, AsksAboutDifferentModels) {
     file.identity.model = "Tilia";
     file.grid.setCell(column::Data, 2, "34");
-    person.boxes = {{lang.Message[15], "Cofirm", BoxAnswer::No}};
+    person.expectBox(lang.Message[15], "Cofirm", BoxAnswer::No);
     EXPECT_FALSE(compare(DriveVsFile).shown);
     EXPECT_EQ(result.cell(column::PrNo, 1), "");
-    person.boxes = {{lang.Message[15], "Cofirm", BoxAnswer::Yes}};
+    person.expectBox(lang.Message[15], "Cofirm", BoxAnswer::Yes);
     EXPECT_TRUE(compare(DriveVsFile).shown);
     EXPECT_EQ(result.cell(column::Data, 2), "34");
 }
@@ -109,7 +102,7 @@ TEST_F(Comparison, StopsAtTheEndOfBothTablesWhateverTheCountsSay) {
     file.identity.groupCount = drive.identity.groupCount = 255;
     file.identity.groupParamCount.fill(65535);
     drive.identity.groupParamCount.fill(65535);
-    person.boxes = {{"No different !", "Cofirm"}};
+    person.expectBox("No different !", "Cofirm");
     EXPECT_FALSE(compare(DriveVsFile).shown);
 }
 
@@ -123,7 +116,7 @@ TEST_F(Comparison, KeepsRowanRowOneOutOfDriveVsFile) {
             fillParameterRow(table->grid, N + 1, Family::Rowan, 0, N, {10, 20, 0, 0, 10, "Name", ""});
     }
     file.grid.setCell(column::Data, 1, "11");
-    person.boxes = {{"No different !", "Cofirm"}};
+    person.expectBox("No different !", "Cofirm");
     const ComparisonOutcome outcome = compare(DriveVsFile);
     EXPECT_FALSE(outcome.shown);
     EXPECT_EQ(outcome.notComparedDrive, 1);
@@ -135,12 +128,6 @@ TEST_F(Comparison, KeepsHazelDefaultsAsTheyAre) {
     drive.identity.family = Family::Hazel;
     for (int row : {2, 3, 5}) drive.grid.setCell(column::Default, row, "0");
     EXPECT_EQ(compare(DriveVsDefault).differences, 3);
-}
-
-TEST(CompareKinds, FollowTheOpenTables) {
-    EXPECT_EQ(compareKinds(true, true), QStringList({DriveVsDefault, FileVsDefault, DriveVsFile}));
-    EXPECT_EQ(compareKinds(true, false), QStringList(DriveVsDefault));
-    EXPECT_EQ(compareKinds(false, true), QStringList(FileVsDefault));
 }
 
 }  // namespace

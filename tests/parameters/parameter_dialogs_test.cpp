@@ -316,17 +316,6 @@ TEST_F(ValueEditor, RefusesWithABoxAndTheOldText) {
     EXPECT_EQ(edit.Text, "600.00");
 }
 
-TEST_F(ValueEditor, ChoosesFromAListWhereItIsShort) {
-    open(3, 7, 0, "5");
-    EXPECT_TRUE(list.isVisible() && !input.isVisible());
-    EXPECT_EQ(list.count(), 5);
-    EXPECT_EQ(list.currentIndex(), 2);
-    list.setCurrentIndex(4);
-    press(form, "OKTransparentButton");
-    EXPECT_TRUE(edit.InputAccepted);
-    EXPECT_EQ(edit.Text, "7");
-}
-
 TEST_F(ValueEditor, KeepsTheMarkThatEnterOnTheListSetsFirst) {
     open(3, 7, 0, "9");
     EXPECT_EQ(list.currentIndex(), -1);

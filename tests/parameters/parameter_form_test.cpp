@@ -35,8 +35,7 @@ namespace {
 // On line in the Parameter window with a practice drive, as the shell leaves it.
 class ParameterWindow : public testing::Test {
    protected:
-    explicit ParameterWindow(Family family = Family::Larch)
-        : station(clock, drive::familyData(family), line()), link({clock, wall, person, station.port, lang}) {
+    ParameterWindow() : station(clock, drive::familyData(Family::Larch), line()), link({clock, wall, person, station.port, lang}) {
         link.Initial();
         link.emptyQueues();
         link.BaudTimeoutTicks = link.ReplyTimeoutTicks = 5;
@@ -44,7 +43,7 @@ class ParameterWindow : public testing::Test {
         station.port.setSettings(line().wire);
         link.ActiveFunction = OwnerParameter;
         link.fixedParaName = fixedParaName;
-        beOnLine(family);
+        beOnLine(Family::Larch);
         form.choices.chooseFrom = [this](const QString& title, const QStringList& items, int selected,
                                          const TableChoices::ThenIndex& then) {
             asked << title << items << QString::number(selected);
@@ -124,11 +123,6 @@ class ParameterWindow : public testing::Test {
     QStringList asked;
     std::optional<int> chosen = 0;
     std::optional<TableFileKind> kind = TableFileKind::Text;
-};
-
-class HazelWindow : public ParameterWindow {
-   protected:
-    HazelWindow() : ParameterWindow(Family::Hazel) {}
 };
 
 TEST_F(ParameterWindow, OpensBareAndTellsThatNoTableIsOpen) {
@@ -218,38 +212,6 @@ TEST_F(ParameterWindow, EditsInASubTableReachTheWholeTableAndCanBeUndone) {
     named<QMenu>("RowPopupMenu")->close();
     select(0, 0);
     EXPECT_TRUE(view("DriveAdvStringGrid")->isVisible());
-}
-
-TEST_F(ParameterWindow, CheckBoxesFollowTheHeader) {
-    readTable();
-    StringGridView* all = view("DriveAdvStringGrid");
-    Q_EMIT all->checkBoxClicked(0, true);
-    int checked = 0;
-    for (int row = 1; row < all->grid()->RowCount(); ++row) {
-        EXPECT_EQ(all->grid()->checkBox(row), isWritable(*all->grid(), row));
-        checked += all->grid()->checkBox(row);
-    }
-    EXPECT_GT(checked, 10);
-}
-
-TEST_F(ParameterWindow, HidesAColumnInAllFiveGrids) {
-    trigger("HideDescription");
-    for (const char* name : {"DriveAdvStringGrid", "SubDriveAdvStringGrid", "FileAdvStringGrid",
-                             "SubFileAdvStringGrid", "CompareAdvStringGrid"})
-        EXPECT_TRUE(view(name)->isColumnHidden(column::Description)) << name;
-    EXPECT_TRUE(named<QAction>("HideDescription")->isChecked());
-    trigger("HideDescription");
-    EXPECT_FALSE(view("CompareAdvStringGrid")->isColumnHidden(column::Description));
-    EXPECT_FALSE(named<QAction>("HideDescription")->isChecked());
-}
-
-TEST_F(HazelWindow, HidesUnitAndDefault) {
-    readTable();
-    for (const char* item : {"HideUnit", "HideDefault"})
-        EXPECT_TRUE(named<QAction>(item)->isChecked()) << item;
-    EXPECT_TRUE(view("FileAdvStringGrid")->isColumnHidden(column::Unit));
-    loadSample();
-    EXPECT_FALSE(named<QAction>("HideUnit")->isChecked());
 }
 
 TEST_F(ParameterWindow, SavesAsTextAndLoadsItAgain) {
@@ -344,19 +306,6 @@ TEST_F(ParameterWindow, ComparesAndTellsWhatCouldNotBeCompared) {
                                   "Comparison Result", "0"}));
     EXPECT_EQ(int(records.size()), session.CompareAdvStringGrid.RowCount() - 1);
     EXPECT_EQ(records.front()[9], "Drive");
-}
-
-TEST_F(ParameterWindow, EqualTablesAlsoTellWhatCouldNotBeCompared) {
-    readTable();
-    const QString path = folder.filePath("d.txt");
-    writeWhole(path, writeTableText(session.driveTable, false, TextFormat::Txt));
-    ASSERT_TRUE(form.loader.load(path));
-    session.fileTable.identity.groupParamCount[size_t(session.fileTable.identity.groupCount) - 1] = 0;
-    chosen = 2;
-    person.expectBox("No different !", "Cofirm");
-    trigger("CompareParameter");
-    EXPECT_TRUE(panel(0).startsWith("0 differences. Rows that could not be compared: "))
-        << panel(0).toStdString();
 }
 
 TEST_F(ParameterWindow, TreeMenuActsOnTheSideOfItsRoot) {
@@ -474,19 +423,6 @@ TEST_F(ParameterWindow, ABackupThatFailsIsTold) {
                          " cannot be made.",
                      "Error");
     EXPECT_FALSE(session.writer.beforeFirstWrite());
-}
-
-TEST_F(ParameterWindow, ClosedItForgetsItsTables) {
-    readTable();
-    loadSample();
-    QSignalSpy finished(&form, &TParameterForm::finished);
-    trigger("Exit");
-    EXPECT_EQ(finished.count(), 1);
-    EXPECT_FALSE(form.isVisible());
-    for (const char* name : {"DriveTabSheet", "FileTabSheet", "CompareTabSheet"})
-        EXPECT_FALSE(named<TabSheet>(name)->tabVisible()) << name;
-    EXPECT_EQ(named<QTreeWidget>("ParaTreeView")->topLevelItem(0)->childCount(), 0);
-    EXPECT_FALSE(named<QAction>("ResetParameter")->isEnabled());
 }
 
 TEST(TableBackup, KeepsTheLastTwentyAndTellsAFailure) {

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "base/manual_tick_clock.h"
+#include "bench/decimal_sep.h"
 #include "bench/scripted_operator.h"
 #include "drive/practice_port.h"
 #include "link/number_text.h"
@@ -150,7 +151,7 @@ TEST_P(PracticeSession, SavedLoadedAndSavedAgainIsTheSame) {
     QTemporaryDir folder;
     const QString path = folder.filePath("x.xls");
     for (const char* sep : {".", ","}) {
-        const test::WithDecimalSep machine{QString(sep)};
+        const UsingDecimalSep machine{QString(sep)};
         PracticeBench b(GetParam(), drive::LineMode::Rtu);
         b.readTable();
         ParameterTable& table = b.session.driveTable;

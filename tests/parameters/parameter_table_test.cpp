@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "bench/decimal_sep.h"
 #include "parameters/sample_table.h"
 
 namespace kelvane {
 namespace {
 
 using test::rowTexts;
-using test::WithDecimalSep;
 
 TEST(ParameterTable, GivesAddressesAndNumbersOfEveryFamily) {
     EXPECT_EQ(addressText(10, 7), "0A07");
@@ -33,7 +33,7 @@ TEST(ParameterTable, TakesPlacesFromItsOwnBitsInAspen) {
 
 TEST(ParameterTable, FillsARowInItsColumns) {
     for (const char* sep : {".", ","}) {
-        const WithDecimalSep machine{QString(sep)};
+        const UsingDecimalSep machine{QString(sep)};
         StringGrid grid(TableColumns);
         fillParameterRow(grid, 1, Family::Tilia, 1, 0,
                          {6000, 60000, 5000, 0x0202, 6000, "Max Output Freq.", "Hz  "});
@@ -74,7 +74,7 @@ TEST(ParameterTable, TurnsValueTextsIntoRegisterWords) {
                                                          {"7", "0007"},     {"-1.2", "FFF4"},
                                                          {"-.5", "FFFB"},   {"65535", "FFFF"}};
     for (const char* sep : {".", ","}) {
-        const WithDecimalSep machine{QString(sep)};
+        const UsingDecimalSep machine{QString(sep)};
         for (const auto& [text, word] : words)
             EXPECT_EQ(registerWordOf(QString(text).replace(".", sep)), QString(word)) << text;
     }

@@ -77,29 +77,6 @@ TEST_F(ParameterWiring, SourceLampIsLitByClosingATabAndGivesTheWriteList) {
     windows->writeCheckForm.close();
 }
 
-TEST_F(ParameterWiring, SaveAndPrintGoThroughTheirChoices) {
-    loadSample();
-    const QString path = dir.filePath("u.txt");
-    item("Save")->trigger();
-    press(windows->selParaPrintForm, "OKTransparentButton");
-    ASSERT_TRUE(windows->selFileFormatForm.isVisible());
-    find<AbLED>("TxtAbLED", &windows->selFileFormatForm)->click();
-    person.expectSave("Text Fiels(*.txt)|*.txt", ".txt", path);
-    press(windows->selFileFormatForm, "OKTransparentButton");
-    EXPECT_TRUE(readWhole(path).bytes.startsWith("Larch|2.05|"));
-
-    item("Print")->trigger();
-    EXPECT_EQ(windows->selParaPrintForm.windowTitle(), "Select Parameter Source to Print");
-    press(windows->selParaPrintForm, "OKTransparentButton");
-    EXPECT_TRUE(windows->printForm.isVisible());
-    windows->printForm.close();
-
-    item("CompareParameter")->trigger();
-    ASSERT_TRUE(windows->selCompKindForm.isVisible());
-    windows->selCompKindForm.close();
-    EXPECT_FALSE(session.screen.CompareTabSheet);
-}
-
 TEST_F(ParameterWiring, AbortInTheReadBackLeavesAListThatCanBeClosed) {
     readTable();
     const int row = rowOfNumber(session.DriveAdvStringGrid, "01-00");

@@ -1,22 +1,10 @@
-// The sample table of the parameter tests: a Larch with two groups, rows 1 to 5, and a switch of the
-// machine's decimal separator for the time of a test.
+// The sample table of the parameter tests: a Larch with two groups, rows 1 to 5.
 #pragma once
 
 #include "link/number_text.h"
 #include "parameters/parameter_table.h"
 
 namespace kelvane::test {
-
-class WithDecimalSep {
-public:
-    explicit WithDecimalSep(const QString& sep) : m_old(DecimalSep) { DecimalSep = sep; }
-    ~WithDecimalSep() { DecimalSep = m_old; }
-    WithDecimalSep(const WithDecimalSep&) = delete;
-    WithDecimalSep& operator=(const WithDecimalSep&) = delete;
-
-private:
-    QString m_old;
-};
 
 inline QStringList rowTexts(const StringGrid& grid, int row, int from = 1, int to = 12) {
     QStringList texts;

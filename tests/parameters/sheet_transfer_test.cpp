@@ -5,8 +5,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "bench/scripted_operator.h"
 #include "parameters/sample_table.h"
-#include "parameters/scripted_operator.h"
 #include "spreadsheet/biff_reader.h"
 
 namespace kelvane {
@@ -87,27 +87,6 @@ TEST_F(SheetTransfer, WritesTheSample) {
     EXPECT_EQ(said.back(), "Process Pr 01-00:  Max. Output Freq");
 }
 
-TEST_F(SheetTransfer, LoadsTheSampleCellForCell) {
-    for (const Family family : AllFamilies) {
-        table.identity.family = family;
-        if (family == Family::Rowan) continue;
-        const Workbook first = saved();
-        const LoadedFile file = load();
-        ASSERT_TRUE(file.table) << file.error.toStdString();
-        ParameterTable loaded;
-        applyTable(*file.table, loaded);
-        ASSERT_EQ(loaded.grid.RowCount(), 6);
-        for (int row = 1; row < 6; ++row) {
-            EXPECT_EQ(rowTexts(loaded.grid, row), rowTexts(table.grid, row));
-            EXPECT_EQ(loaded.grid.hasCheckBox(row), table.grid.hasCheckBox(row));
-            EXPECT_EQ(loaded.grid.checkBox(row), table.grid.checkBox(row));
-        }
-        EXPECT_EQ(loaded.identity.family, family);
-        ASSERT_TRUE(saveTableSheets(*application, path, loaded, false, {}).ok);
-        EXPECT_EQ(readBiff(readWhole(path).bytes).workbook, first);
-    }
-}
-
 TEST_F(SheetTransfer, KeepsRowanOnOneSheetWithARowMoreForItsReservedGroup) {
     table.identity = {};
     table.identity.model = "Rowan";
@@ -152,7 +131,7 @@ TEST_F(SheetTransfer, GivesEveryGroupRowASheetWhateverTheIdentitySays) {
 TEST_F(SheetTransfer, WritesAndLoadsAComparison) {
     ComparisonSheet sheet;
     ParameterTable none;
-    test::ScriptedOperator person;
+    ScriptedOperator person;
     const LangTable lang;
     none.TableFileName = "f.txt";
     test::fillSample(none);
@@ -204,9 +183,9 @@ TEST_F(SheetTransfer, RefusesForeignWorkbooksAndTellsFailures) {
 }
 
 TEST(SpreadsheetPresence, IsToldBeforeAnythingElse) {
-    test::ScriptedOperator person;
+    ScriptedOperator person;
     EXPECT_TRUE(spreadsheetPresent(builtInSpreadsheet(), person));
-    person.boxes = {{"Please install the Microsoft Excel first !!", "Error"}};
+    person.expectBox("Please install the Microsoft Excel first !!", "Error");
     EXPECT_FALSE(spreadsheetPresent({[] { return false; }, {}}, person));
 }
 

@@ -2,15 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include "bench/decimal_sep.h"
+#include "bench/scripted_operator.h"
 #include "parameters/sample_table.h"
-#include "parameters/scripted_operator.h"
 
 namespace kelvane {
 namespace {
 
 using test::fillSample;
 using test::rowTexts;
-using test::WithDecimalSep;
 
 const QByteArray SampleText =
     "Larch|2.05|150A|460V|75 ( 100 )|2|2|1|0|\r\n"
@@ -48,30 +48,6 @@ TEST(TableTextFile, NamesTheReservedGroupWhileItIsShown) {
                     .startsWith("Larch|2.05|150A|460V|75 ( 100 )|2|3|1|0|3|\r\n"));
     EXPECT_TRUE(writeTableText(table, false, TextFormat::Txt)
                     .startsWith("Larch|2.05|150A|460V|75 ( 100 )|2|2|1|0|\r\n"));
-}
-
-TEST(TableTextFile, LoadsTheSampleAndSavesTheSameBytes) {
-    for (const char* sep : {".", ","}) {
-        const WithDecimalSep machine{QString(sep)};
-        for (const Family family : AllFamilies) {
-            for (const TextFormat format : {TextFormat::Txt, TextFormat::Csv}) {
-                ParameterTable table;
-                fillSample(table);
-                table.identity.family = family;
-                table.grid.setCell(column::Description, 3, "Accel, Decel; x ");
-                const QByteArray first = writeTableText(table, false, format);
-                ParameterTable loaded;
-                loadInto(loaded, first, format);
-                EXPECT_EQ(loaded.identity.family, family);
-                EXPECT_EQ(rowTexts(loaded.grid, 3, 3, 3), QStringList("Accel, Decel; x "));
-                QByteArray second = writeTableText(loaded, false, format);
-                // The unit of four blanks is the one cell that does not come back.
-                const qsizetype unit = first.indexOf("####     ");
-                EXPECT_EQ(second.mid(unit, 9), "         ");
-                EXPECT_EQ(second.replace(unit, 9, "####     "), first);
-            }
-        }
-    }
 }
 
 TEST(TableTextFile, LoadsEveryCellOfTheSample) {
@@ -182,7 +158,7 @@ struct ComparedSample {
     ParameterTable drive;
     ParameterTable file;
     ComparisonSheet sheet;
-    test::ScriptedOperator person;
+    ScriptedOperator person;
     LangTable lang;
 };
 

@@ -401,11 +401,5 @@ TEST(AboutForm, BrandAndThanks) {
     EXPECT_EQ(thanks.size(), 1);
 }
 
-TEST(LogoForm, ShowsTheSystemsLanguage) {
-    TLogoForm form(QStringLiteral("German (Germany)"));
-    EXPECT_EQ(named<QLabel>(form, "Label2").text(), QStringLiteral("OS Language -> German (Germany)"));
-    EXPECT_FALSE(systemLanguageName().isEmpty());
-}
-
 }  // namespace
 }  // namespace kelvane
