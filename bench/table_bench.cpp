@@ -19,6 +19,8 @@ using namespace kelvane;
 using namespace kelvane::bench;
 
 constexpr double ReadBound = 1.03;
+constexpr double PollingPercent = 2;
+constexpr double OffLinePercent = 0.1;
 constexpr int OnLineLimitMs = 60000;
 constexpr int ReadLimitMs = 120000;
 constexpr int LookEveryMs = 50;
@@ -172,6 +174,29 @@ void readOverABadLine(Family family, LinkMode mode, int seed) {
     std::fflush(stdout);
 }
 
+// Share of a core while the main window stands there on line and polls, and while it is off line.
+void measureResting(LinkMode mode, const QString& flow) {
+    const LineCase line{mode, 9600};
+    const DriveProcess drive(line, flow);
+    WholeProgram whole(line, drive.device());
+    const auto percentOver = [](int ms) {
+        const double cpuBefore = cpuUs();
+        const double before = nowUs();
+        runFor(ms);
+        return (cpuUs() - cpuBefore) / (nowUs() - before) * 100;
+    };
+    if (!whole.goOnLine()) ++missed;
+    runFor(1000);
+    const double polling = percentOver(10000);
+    whole.tool.link.Initial();
+    runFor(500);
+    const double offLine = percentOver(5000);
+    if (polling > PollingPercent || offLine > OffLinePercent) ++missed;
+    std::printf("%s %-6s  on line %.3f %% (bound %.0f), off line %.3f %% (bound %.1f)\n", qPrintable(line.name()),
+                qPrintable(flow), polling, PollingPercent, offLine, OffLinePercent);
+    std::fflush(stdout);
+}
+
 // Identification with one reply that is lost, damaged or late at every place of it: never stuck.
 void identifyWithOneFaultEverywhere(Family family, LinkMode mode) {
     const LineCase line{mode, 38400};
@@ -208,8 +233,8 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOption({QStringLiteral("tables"), QStringLiteral("Which tables (reading,faults,identify)."),
-                      QStringLiteral("names"), QStringLiteral("reading,faults,identify")});
+    parser.addOption({QStringLiteral("tables"), QStringLiteral("Which tables (reading,rest,faults,identify)."),
+                      QStringLiteral("names"), QStringLiteral("reading,rest,faults,identify")});
     parser.addOption({QStringLiteral("family"), QStringLiteral("Only this family."), QStringLiteral("name"), {}});
     parser.addOption({QStringLiteral("runs"), QStringLiteral("Runs a row of reading; the best counts (1)."),
                       QStringLiteral("number"), QStringLiteral("1")});
@@ -222,6 +247,11 @@ int main(int argc, char** argv) {
         for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii})
             for (const int Baud : {9600, 115200})
                 measureReading({mode, Baud}, std::max(1, parser.value(QStringLiteral("runs")).toInt()));
+    }
+    if (tables.contains(QStringLiteral("rest"))) {
+        std::printf("\nProcessor time of the whole program with its main window, share of a core.\n");
+        for (const char* flow : {"single", "fifo"})
+            for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii}) measureResting(mode, QLatin1String(flow));
     }
     const QString only = parser.value(QStringLiteral("family"));
     std::vector<Family> families;

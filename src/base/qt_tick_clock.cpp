@@ -147,7 +147,9 @@ class QtTickClock::Agenda : public std::enable_shared_from_this<Agenda> {
         for (; due(); called = true) {
             const Call call = m_armed.begin()->second;
             m_armed.erase(m_armed.begin());
-            if (!m_armed.empty()) wakeForNext();  // a handler may run an event loop of its own
+            // A handler may run an event loop of its own, so the next wake-up is set before.
+            if (!m_armed.empty()) wakeForNext();
+            if (m_wakeUs <= untilUs) m_wakeUs = Never;  // that one has been
             (*call)();
         }
         return called;

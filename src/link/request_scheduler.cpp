@@ -16,7 +16,10 @@ constexpr quint8 MaxSilentRepeats = 4;
 constexpr qint64 ConsoleLeadUs = 100000;  // the line's and the drive's share of a console wait
 constexpr qint64 ConsoleTickUs = 1000;
 constexpr qint64 MinimumSilenceUs = 2000;
-constexpr int FewBytes = 3;  // fewer are not worth a rest
+constexpr int FewBytes = 3;     // fewer are not worth a rest
+constexpr int LongestRest = 3;  // ticks
+constexpr int ShortestRtuReply = 5;
+constexpr int ShortestAsciiReply = 11;
 
 const QString Cofirm = QStringLiteral("Cofirm");
 
@@ -246,15 +249,18 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
     }
 }
 
-// A wake-up for every byte is the dearest part of an exchange. Once its function tells how many are still to
-// come, they may gather: never beyond the last but one, so that the end is noticed at once, and never longer than
-// a tick, so that a reply that breaks off is noticed hardly later. The rest is no tick.
+// A wake-up for every byte is the dearest part of an exchange. Those that are sure to come, by the shortest reply
+// at first and by its function as soon as that is known, may gather: never beyond the last but one, so that the end
+// is noticed at once, and for a few ticks at most, so that a reply that breaks off is noticed hardly later. The
+// rest is no tick.
 bool RequestScheduler::restUntilNearlyWhole() {
     if (inConsole() || CommandQueue.empty()) return false;
-    const int missing = replyLength(mode(), CommandQueue.front(), Rx) - Rx.RxByteCount;
+    const int told = replyLength(mode(), CommandQueue.front(), Rx);
+    const int length = told > 0 ? told : mode() == LinkMode::Ascii ? ShortestAsciiReply : ShortestRtuReply;
+    const int missing = length - Rx.RxByteCount;
     if (missing < FewBytes || !port().holdBack(true)) return false;
     m_resting = true;
-    RxTimer.tickIn(std::min(port().settings().wireTimeUs(missing - 1), qint64(TickLength) * 1000));
+    RxTimer.tickIn(std::min(port().settings().wireTimeUs(missing - 1), qint64(LongestRest) * TickLength * 1000));
     return true;
 }
 

@@ -58,7 +58,30 @@ TEST(QtTickClock, LeavesRoomForOthersWhenATimerKicksItselfForEver) {
     EXPECT_GT(ticks, 8);
 }
 
-TEST(QtTickClock, KeepsTimesAndForgetsWhatWasTakenBack) {
+TEST(QtTickClock, GoesOnInALoopThatAHandlerRuns) {
+    QtTickClock clock;
+    QStringList done;
+    QEventLoop inner;
+    QEventLoop outer;
+    const auto late = clock.makeAlarm([&] { outer.quit(); });
+    const auto inside = clock.makeAlarm([&] {
+        done << "inside";
+        inner.quit();
+    });
+    const auto box = clock.makeAlarm([&] {
+        inside->arm(2000);
+        inner.exec();
+        done << "box";
+        late->arm(1000);
+    });
+    for (const qint64 delayUs : {0, 3000}) {
+        box->arm(delayUs);
+        outer.exec();
+    }
+    EXPECT_EQ(done, (QStringList{"inside", "box", "inside", "box"}));
+}
+
+TEST(QtTickClock, HoldsToTimesAndForgetsWhatWasTakenBack) {
     QtTickClock clock;
     QEventLoop loop;
     QStringList done;
