@@ -44,33 +44,6 @@ TEST(FamilyProfile, HasNoRowOutsideTheNineFamilies) {
     }
 }
 
-TEST(FamilyProfile, TellsWhatAFamilyAllows) {
-    std::string tuning, pid, names, asks;
-    for (const Family family : AllFamilies) {
-        const auto digit = static_cast<char>('0' + static_cast<int>(family));
-        if (profile(family).AutoTuning) tuning += digit;
-        if (profile(family).PIDControl) pid += digit;
-        if (profile(family).groupNamesFromDrive) names += digit;
-        if (profile(family).asksSecondStateWord()) asks += digit;
-    }
-    EXPECT_EQ(tuning, "02469");
-    EXPECT_EQ(pid, "0124568");
-    EXPECT_EQ(names, "245689");
-    EXPECT_EQ(asks, "02");
-}
-
-TEST(FamilyProfile, ScalesItemsAsTheDriveSendsThem) {
-    EXPECT_EQ(statusItemValue(300, profile(Family::Rowan).StatusScale[5]), 300);
-    EXPECT_DOUBLE_EQ(statusItemValue(523, profile(Family::Tilia).StatusScale[2]), 5.23);
-    EXPECT_EQ(statusItemValue(310, profile(Family::Aspen).StatusScale[3]), 310);
-    EXPECT_DOUBLE_EQ(statusItemValue(523, profile(Family::Larch).StatusScale[2]), 52.3);
-    EXPECT_STREQ(profile(Family::Larch).StatusUnit[13], "KW");
-    EXPECT_STREQ(profile(Family::Sorrel).StatusUnit[13], "kW");
-    EXPECT_STREQ(profile(Family::Yarrow).StatusUnit[13], "kw");
-    EXPECT_STREQ(profile(Family::Yarrow).StatusUnit[11], "mA");
-    EXPECT_STREQ(profile(Family::Osier).StatusUnit[8], "%");
-}
-
 class ProfileOfFamily : public testing::TestWithParam<Family> {};
 
 TEST_P(ProfileOfFamily, HasAFormatOfTheSamePlacesAsItsText) {

@@ -262,27 +262,5 @@ TEST(IdentificationEnd, KeepsTheVersionOfWillowWithoutItsLastDigit) {
     }
 }
 
-TEST(IdentificationEnd, FiveBadRepliesEndIt) {
-    Session session(Family::Tilia);
-    session.station.line.faults().setChance(LineFault::Echo, 100);
-    EXPECT_FALSE(session.run());
-    EXPECT_EQ(lines(session.person.asked),
-              lines(QStringList{QStringLiteral("Error: Initial drive failed !!")}));
-    EXPECT_EQ(lines(session.station.port.transcript()),
-              lines(QStringList(5, QStringLiteral("FF0321100003"))));
-    EXPECT_FALSE(session.station.port.Open());
-    EXPECT_FALSE(session.link.Lamp.onLine());
-}
-
-TEST(IdentificationEnd, FiveSilencesAskAndAbortTakesTheLinkDown) {
-    Session session(Family::Tilia);
-    session.station.line.faults().setChance(LineFault::Silent, 100);
-    EXPECT_FALSE(session.run());
-    EXPECT_EQ(lines(session.person.asked), lines(QStringList{QStringLiteral("Communication Timeout")}));
-    EXPECT_EQ(session.station.port.writes().size(), 5);
-    EXPECT_FALSE(session.link.Notice.TInitialForm || session.link.Notice.TCEmessageForm);
-    EXPECT_FALSE(session.link.TxTimer.Enabled() || session.link.RxTimer.Enabled());
-}
-
 }  // namespace
 }  // namespace kelvane

@@ -116,21 +116,6 @@ TEST_F(StartupLanguage, MenuChoiceFollowsTheFile) {
     EXPECT_EQ(m_language.table.form(FormSection::QSource).Caption, QStringLiteral("Source"));
 }
 
-TEST(BuiltInEnglish, HasTheItemNamesOfEveryFamily) {
-    const LangTable table = LangTable::builtInEnglish();
-    const int used[LangTable::TypeSetCount] = {9, 4, 9, 4, 9, 7, 1, 0, 9, 9, 0, 0};
-    for (int set = 0; set < LangTable::TypeSetCount; ++set)
-        for (int i = 0; i < LangTable::TypeSetSize; ++i)
-            EXPECT_EQ(table.typeSet(set)[static_cast<size_t>(i)].isEmpty(), i >= used[set])
-                << set << ' ' << i;
-    EXPECT_EQ(table.familyItemNames(Family::Rowan)[4], QStringLiteral("Pr.65 X Low word of H"));
-    EXPECT_EQ(table.familyItemNames(Family::Aspen)[1], QStringLiteral("Step number of PLC operation"));
-    EXPECT_EQ(table.familyItemNames(Family::Larch)[1], QStringLiteral("Step Number of PLC Operation"));
-    EXPECT_EQ(table.familyItemNames(Family::Yarrow)[7], QStringLiteral("MI1 ~MI6 status"));
-    EXPECT_EQ(table.familyItemNames(Family::Sorrel), table.familyItemNames(Family::Tilia));
-    EXPECT_EQ(table.familyItemNames(Family::Keypad)[0], QString());
-}
-
 TEST(BuiltInEnglish, KeepsTheCommonNamesOnePlaceLateByKey) {
     const LangTable table = LangTable::builtInEnglish();
     const TextGroup& label = table.form(FormSection::Trend).Label;
