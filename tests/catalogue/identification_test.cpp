@@ -155,8 +155,13 @@ TEST_P(Identification, SpeaksItsTranscriptAndKnowsTheDrive) {
 
 TEST_P(Identification, TablesOfTheGroupsAreTheDrives) {
     Session session(GetParam().family);
+    session.link.Keypad.KeypadPage = 4;
     ASSERT_TRUE(session.run());
     const DriveStatusRecord& status = session.link.DriveStatus;
+    EXPECT_TRUE(session.link.Keypad.keys);
+    EXPECT_EQ(session.link.Keypad.KeypadPage, 0);  // from page 4 on to the first
+    const int MaxFreq = GetParam().family == Family::Rowan ? 0x0003 : 0x0100;
+    EXPECT_EQ(status.MaxFreqWord, session.station.drive.parameters().value(uint16_t(MaxFreq), 0));
     const bool namesFromDrive = session.commandCount("FF0331") > 0;
     const auto told = drive::familyData(GetParam().family).groups;
     ASSERT_EQ(told.size(), size_t(status.GroupCount) + 1);

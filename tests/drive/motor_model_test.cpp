@@ -49,22 +49,6 @@ TEST(Motor, TurnsOverThroughStandstill) {
     EXPECT_EQ(motor.turnState(), TurnState::ReverseToForward);
 }
 
-TEST(Motor, CurrentHeatAndBusFollowTheLoad) {
-    MotorModel motor = motorAt(60);
-    motor.run();
-    motor.advance(3);
-    EXPECT_NEAR(motor.volts(), 110, 5);
-    motor.advance(10);
-    const double light = motor.amps();
-    motor.loadPercent = 100;
-    EXPECT_GT(motor.amps(), light);
-    motor.advance(1000);
-    EXPECT_GT(motor.celsius(), 55);
-    motor.stop();
-    motor.advance(0.5);
-    EXPECT_GT(motor.busVolts(), 320);  // feeds back
-}
-
 TEST(Motor, JogStandbyAndFault) {
     MotorModel motor = motorAt(0);
     motor.jog();

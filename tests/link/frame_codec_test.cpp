@@ -57,45 +57,44 @@ RxBuffer received(LinkMode mode, std::initializer_list<QByteArray> bursts) {
     return buffer;
 }
 
-struct JudgeRow {
-    const char* name;
-    LinkMode mode;
-    const char* command;
-    QByteArray reply;
-    ReplyVerdict verdict;
-    int exceptionCode;
-};
-
-class JudgeReply : public testing::TestWithParam<JudgeRow> {};
-
-TEST_P(JudgeReply, GivesTheVerdict) {
-    const JudgeRow& row = GetParam();
-    const JudgedReply judged = judgeReply(row.mode, row.command, received(row.mode, {row.reply}));
-    EXPECT_EQ(static_cast<int>(judged.verdict), static_cast<int>(row.verdict));
-    EXPECT_EQ(judged.ExceptionCode, row.exceptionCode);
-}
-
 using enum ReplyVerdict;
-INSTANTIATE_TEST_SUITE_P(
-    Rows, JudgeReply,
-    testing::Values(
-        JudgeRow{"read", LinkMode::Ascii, "FF0321100003", ":FF030604000003007B76\r\n", Good, 0},
-        JudgeRow{"readRtu", LinkMode::Rtu, "FF0321100003", bytes("FF030604000003007BD8B6"), Good, 0},
-        JudgeRow{"twoWords", LinkMode::Ascii, "FF0321100003", ":FF030404000003F3\r\n", LengthError, 0},
-        JudgeRow{"echo", LinkMode::Ascii, "FF0601001770", ":FF060100177073\r\n", Good, 0},
-        JudgeRow{"echoRtu", LinkMode::Rtu, "FF0601001770", bytes("FF060100177093FC"), Good, 0},
-        JudgeRow{"otherFunction", LinkMode::Ascii, "FF0421100001", ":FF060100177073\r\n", FunctionError, 0},
-        JudgeRow{"exception", LinkMode::Ascii, "FF0321100003", ":FF83027C\r\n", Exception, 2},
-        JudgeRow{"exceptionRtu", LinkMode::Rtu, "FF0321100003", bytes("FF8302A101"), Exception, 2},
-        JudgeRow{"writeException", LinkMode::Ascii, "FF0601001770", ":FF860477\r\n", Exception, 4},
-        JudgeRow{"exceptionOtherFunction", LinkMode::Ascii, "FF0421100001", ":FF860477\r\n", Exception, 4},
-        JudgeRow{"lowerCaseCheck", LinkMode::Ascii, "FF0321100003", ":FF83027c\r\n", BadChecksum, 0},
-        JudgeRow{"badLrc", LinkMode::Ascii, "FF0321100003", ":FF83027D\r\n", BadChecksum, 0},
-        JudgeRow{"badCrc", LinkMode::Rtu, "FF0321100003", bytes("FF8302A102"), BadChecksum, 0},
-        JudgeRow{"colonOnly", LinkMode::Ascii, "FF0321100003", ":", BadChecksum, 0},
-        JudgeRow{"oneByte", LinkMode::Rtu, "FF0321100003", bytes("FF"), BadChecksum, 0},
-        JudgeRow{"pastTheRoom", LinkMode::Rtu, "FF0321100003", QByteArray(240, 'x'), BadChecksum, 0}),
-    [](const auto& testInfo) { return testInfo.param.name; });
+
+TEST(JudgeReply, GivesTheVerdict) {
+    struct Row {
+        LinkMode mode;
+        const char* command;
+        QByteArray reply;
+        ReplyVerdict verdict;
+        int exceptionCode = 0;
+    };
+    const char* const read = "FF0321100003";
+    const char* const write = "FF0601001770";
+    const char* const other = "FF0421100001";
+    const Row rows[] = {
+        {LinkMode::Ascii, read, ":FF030604000003007B76\r\n", Good},
+        {LinkMode::Rtu, read, bytes("FF030604000003007BD8B6"), Good},
+        {LinkMode::Ascii, read, ":FF030404000003F3\r\n", LengthError},
+        {LinkMode::Ascii, write, ":FF060100177073\r\n", Good},
+        {LinkMode::Rtu, write, bytes("FF060100177093FC"), Good},
+        {LinkMode::Ascii, other, ":FF060100177073\r\n", FunctionError},
+        {LinkMode::Ascii, read, ":FF83027C\r\n", Exception, 2},
+        {LinkMode::Rtu, read, bytes("FF8302A101"), Exception, 2},
+        {LinkMode::Ascii, write, ":FF860477\r\n", Exception, 4},
+        {LinkMode::Ascii, other, ":FF860477\r\n", Exception, 4},
+        {LinkMode::Ascii, read, ":FF83027c\r\n", BadChecksum},
+        {LinkMode::Ascii, read, ":FF83027D\r\n", BadChecksum},
+        {LinkMode::Rtu, read, bytes("FF8302A102"), BadChecksum},
+        {LinkMode::Ascii, read, ":", BadChecksum},
+        {LinkMode::Rtu, read, bytes("FF"), BadChecksum},
+        {LinkMode::Rtu, read, QByteArray(240, 'x'), BadChecksum},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.command + (" < " + row.reply.toPercentEncoding().toStdString()));
+        const JudgedReply judged = judgeReply(row.mode, row.command, received(row.mode, {row.reply}));
+        EXPECT_EQ(static_cast<int>(judged.verdict), static_cast<int>(row.verdict));
+        EXPECT_EQ(judged.ExceptionCode, row.exceptionCode);
+    }
+}
 
 TEST(RxBuffer, KeepsTheLineFeedBehindTheBinaryOfAnAsciiReply) {
     const JudgedReply judged =

@@ -82,21 +82,6 @@ TEST_F(StatusPoll, AsksForTheUserDisplayOnItsPage) {
     EXPECT_EQ(link.DriveStatus.RatedWords, (std::array<quint16, 3>{1, 2, 99}));
 }
 
-TEST_F(ParameterRead, StoresTheWholeRecord) {
-    ask(12, "FF030100000F");
-    port.arrive(":FF031E1770EA601388020217704D6178204F757470757420467265712E487A202034\r\n");
-    clock.advance(1);
-    const ParamReadRecord& read = link.ParamRead;
-    EXPECT_EQ(read.ReadField, (std::array<quint16, 5>{6000, 60000, 5000, 0x0202, 6000}));
-    EXPECT_EQ(read.ReadName, "Max Output Freq.");
-    EXPECT_EQ(read.ReadUnit, "Hz  ");
-    EXPECT_EQ(read.ReadDone, 1);
-    ask(18, "FF0301000001");
-    answerWords({77});
-    EXPECT_EQ(read.ReadField[0], 77);
-    EXPECT_EQ(read.ReadField[1], 60000);
-}
-
 TEST_F(ParameterRead, NamesHazelByTheCommandAndKeepsAllButTheValueOfAKeypad) {
     be(Family::Hazel, 9);
     link.fixedParaName = [](int group, int number) { return QStringLiteral("%1/%2").arg(group).arg(number); };
@@ -110,24 +95,6 @@ TEST_F(ParameterRead, NamesHazelByTheCommandAndKeepsAllButTheValueOfAKeypad) {
     answerWords({5});
     EXPECT_EQ(read.ReadField, (std::array<quint16, 5>{5, 40000, 5000, 0x0200, 0}));
     EXPECT_EQ(read.ReadName, "10/31");
-}
-
-TEST_F(GroupCounts, EndWithTheMaximumFrequency) {
-    link.ActiveFunction = OwnerMain;
-    link.DriveStatus.DriveReady = 0;
-    link.DriveStatus.GroupCount = 2;
-    link.push(11);
-    link.TxTimer.setEnabled(true);
-    QStringList line;
-    for (const int answer : {8, 18, 3, 6000}) {
-        line += send();
-        answerWords({answer});
-    }
-    EXPECT_EQ(line, (QStringList{"FF0303000001", "FF0303010001", "FF0303020001", "FF03211B0001"}));
-    EXPECT_EQ(link.DriveStatus.GroupParamCount[1], 18);
-    EXPECT_EQ(link.DriveStatus.MaxFreqWord, 6000);
-    EXPECT_TRUE(link.Keypad.keys);
-    EXPECT_EQ(link.Keypad.KeypadPage, 0);  // from page 4 on to the first
 }
 
 TEST_F(GroupCounts, OfAKeypadEndWithTheTableRead) {
