@@ -91,17 +91,6 @@ TEST_F(ComSetupTest, WaitsFromTheEndOfTheRequestAndAgainAfterEveryBurst) {
     EXPECT_FALSE(setup.RxTimer.Enabled());
 }
 
-TEST_F(ComSetupTest, SilenceByHand) {
-    setup.TestButtonClick();
-    expectMessage(21, "Warning");
-    testIsOver();
-    EXPECT_TRUE(setup.shown.FailAbLED);
-    EXPECT_FALSE(setupPort.isOpen);
-    EXPECT_EQ(setupPort.written.size(), 1);
-    setup.TestButtonClick();
-    EXPECT_FALSE(setup.shown.FailAbLED) << "the next test starts with both lamps dark";
-}
-
 TEST_F(ComSetupTest, PortThatCannotBeOpened) {
     setupPort.canOpen = false;
     setup.AutoDetectRadioButtonClick();
