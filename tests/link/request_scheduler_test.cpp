@@ -9,7 +9,7 @@ namespace {
 
 const QString Poll = QStringLiteral("FF0321000010");
 const QString DeadText = QStringLiteral("Communication Timeout");
-const QString BadFrame = QStringLiteral(":FF03020005F8\r\n");
+const QByteArray BadFrame(":FF03020005F8\r\n");
 const QList<int> Sixteen(16, 0);
 
 // On line as Tilia, with the next send due.
@@ -26,10 +26,10 @@ struct OnLine : testing::Test, SchedulerBench {
         link.TxTimer.setEnabled(true);
         return send();
     }
-    void failFiveTimes(LinkAnswer answer, bool ignoreShown = true) {
+    void failFiveTimes(LinkAnswer answer) {
         link.TxTimer.setEnabled(true);
         for (int i = 0; i < 5; ++i) {
-            if (i == 4) person.expectLinkFailure(DeadText, ignoreShown, answer);
+            if (i == 4) person.expectLinkFailure(DeadText, true, answer);
             staySilent();
         }
     }
@@ -308,7 +308,7 @@ TEST_F(Reply, KeepsResendingWithoutLimitAfterBadChecksumsOnLine) {
     for (int i = 0; i < 20; ++i) {
         link.Keypad.GetDataTimer = true;
         EXPECT_EQ(send(), "FF030100000F");
-        port.arrive(BadFrame.toLatin1());
+        port.arrive(BadFrame);
         clock.advanceUntil([&] { return cycles == i + 1; }, 10);
         EXPECT_FALSE(link.Keypad.GetDataTimer);
     }
@@ -322,12 +322,12 @@ TEST_F(Reply, AsksAfterABadChecksumDuringIdentification) {
     const QString question = "Checksum Error !!\nWould you want to try again ?";
     send();
     person.expectBox(question, "Cofirm", BoxAnswer::Retry);
-    port.arrive(BadFrame.toLatin1());
+    port.arrive(BadFrame);
     EXPECT_EQ(send(), "FF0321100003");
     EXPECT_EQ(person.lastIcon, BoxIcon::Stop);
     person.expectBox(question, "Cofirm", BoxAnswer::Cancel);
     person.expectBox("On-Line Fail !!", "Error");
-    port.arrive(BadFrame.toLatin1());
+    port.arrive(BadFrame);
     clock.advance(5);
     EXPECT_EQ(tasks(), (std::vector<int>{0, 21}));
     EXPECT_FALSE(link.TxTimer.Enabled());

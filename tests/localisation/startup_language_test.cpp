@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QStringList>
 #include <QTemporaryDir>
 
 #include "base/whole_file.h"
