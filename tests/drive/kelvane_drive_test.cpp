@@ -23,10 +23,7 @@ TEST(DriveArguments, AreReadOrRefusedInWords) {
     EXPECT_EQ(good.error, QString());
     EXPECT_EQ(good.family, Family::Tilia);
     EXPECT_EQ(good.line.mode, LineMode::Rtu);
-    EXPECT_EQ(good.line.wire.Baud, 19200);
-    EXPECT_EQ(good.line.wire.DataBits, 8);
-    EXPECT_EQ(good.line.wire.Parity, ComParity::Even);
-    EXPECT_EQ(good.line.wire.StopBits, 1);
+    EXPECT_EQ(good.line.wire, (PortSettings{1, 19200, 8, ComParity::Even, 1}));
     EXPECT_EQ(good.line.turnaroundUs, 2500);
     EXPECT_EQ(good.line.flow, ByteFlow::Usb);
     EXPECT_EQ(good.planned, LineFault::Late);

@@ -82,9 +82,7 @@ TEST(Line, BytesComeInBurstsAndPackets) {
         std::vector<qsizetype> result;
         for (const auto& burst : host.bursts) {
             result.push_back(burst.second.size());
-            if (flow == ByteFlow::Usb) {
-                EXPECT_EQ(burst.first % 16000, 0);
-            }
+            EXPECT_TRUE(flow != ByteFlow::Usb || burst.first % 16000 == 0);
         }
         return result;
     };
@@ -164,39 +162,13 @@ TEST(Line, ChanceIsTheSameOnEveryRun) {
         FaultPlan plan;
         plan.setSeed(seed);
         plan.setChance(LineFault::Silent, 10);
-        plan.setChance(LineFault::BadCheck, 5);
         std::vector<LineFault> faults(10000);
         for (LineFault& fault : faults) fault = plan.next();
         return faults;
     };
-    const auto first = lost(1);
-    EXPECT_EQ(first, lost(1));
-    EXPECT_NE(first, lost(2));
-    EXPECT_NEAR(double(std::ranges::count(first, LineFault::Silent)), 1000, 150);
-    EXPECT_NEAR(double(std::ranges::count(first, LineFault::BadCheck)), 500, 100);
-}
-
-TEST(Line, MotorMovesWithTheTimeOfTheLine) {
-    Host host(lineOf(LineMode::Rtu));
-    host.ask("FF0620011770");
-    host.ask("FF0620000002");
-    const double seconds = host.station.drive.motor().settings.accelSeconds;
-    host.clock.advance(qint64(seconds * 1000));
-    host.ask("FF0321030001");
-    EXPECT_DOUBLE_EQ(host.station.drive.motor().outputHz(), 60);
-    EXPECT_EQ(host.ask("FF0321030001"), host.good("FF03021770"));
-}
-
-TEST(PracticePort, NotesWhatWasSent) {
-    Host rtu(lineOf(LineMode::Rtu));
-    rtu.send("FF0321100003");
-    rtu.station.port.PutBlock("\x01\x02");
-    EXPECT_EQ(rtu.station.port.transcript(), (QStringList{"FF0321100003", "?0102"}));
-    Host ascii(lineOf(LineMode::Ascii));
-    ascii.send("FF0620000002");
-    EXPECT_EQ(ascii.station.port.transcript(), QStringList{"FF0620000002"});
-    EXPECT_EQ(ascii.station.port.writes().front().bytes, ":FF0620000002D9\r\n");
-    EXPECT_FALSE(ascii.station.port.writes().front().block);
+    EXPECT_EQ(lost(1), lost(1));
+    EXPECT_NE(lost(1), lost(2));
+    EXPECT_NEAR(double(std::ranges::count(lost(1), LineFault::Silent)), 1000, 150);
 }
 
 TEST(PracticePort, NeverCallsBackFromInsideACallNorIntoItsOwnHandler) {
@@ -224,24 +196,18 @@ TEST(PracticePort, NeverCallsBackFromInsideACallNorIntoItsOwnHandler) {
     EXPECT_EQ(calls, 2);
 }
 
-TEST(PracticePort, DropsAndClosesWithoutLeftovers) {
+TEST(PracticePort, ClosesWithoutLeftovers) {
     Host host(lineOf(LineMode::Rtu));
     PracticePort& port = host.station.port;
-    int calls = 0;
-    port.OnTriggerAvail = [&](int) { ++calls; };
+    host.ask(Command);
+    host.bursts.clear();
     host.send(Command);
-    host.clock.advance(2000);
-    EXPECT_EQ(calls, 5);
-    port.dropInput();
-    EXPECT_EQ(port.GetChar(), std::nullopt);
-    host.send(Command);
-    port.close();
     port.close();
     EXPECT_FALSE(port.PutBlock("x"));
     host.clock.advance(2000);
     EXPECT_TRUE(port.open());
     host.clock.advance(2000);
-    EXPECT_EQ(calls, 5);
+    EXPECT_TRUE(host.bursts.empty());
     port.close();
     port.failOpen();
     EXPECT_FALSE(port.open());
@@ -266,25 +232,6 @@ TEST(PracticePort, LosesAnUnpluggedDriveAndFindsItAgain) {
     host.station.line.faults().failNext(LineFault::Unplugged);
     EXPECT_EQ(host.ask(Command), QByteArray());
     EXPECT_EQ(reasons.size(), 2);
-}
-
-// Both ports of the plant share one line; a whole identification goes over whichever is open.
-TEST(PracticePort, ServesTwoPortsInTurn) {
-    Host host(lineOf(LineMode::Ascii));
-    PracticePort second(host.clock, host.station.line);
-    QByteArray heard;
-    second.OnTriggerAvail = [&](int count) {
-        for (int i = 0; i < count; ++i) heard.append(*second.GetChar());
-    };
-    host.station.port.close();
-    second.setSettings(host.station.line.options().wire);
-    ASSERT_TRUE(second.open());
-    second.PutString(host.good("FF0321010001"));
-    host.clock.advance(1000);
-    EXPECT_TRUE(unwrap(heard, LineMode::Ascii));
-    second.close();
-    host.station.port.open();
-    EXPECT_EQ(host.ask(Command), host.good(Refused));
 }
 
 TEST(Line, SurvivesAnyInput) {

@@ -49,31 +49,6 @@ TEST(Motor, TurnsOverThroughStandstill) {
     EXPECT_EQ(motor.turnState(), TurnState::ReverseToForward);
 }
 
-TEST(Motor, CurrentVoltageAndHeatFollow) {
-    MotorModel motor = motorAt(60);
-    EXPECT_EQ(motor.amps(), 0);
-    EXPECT_NEAR(motor.busVolts(), 311, 1);
-    motor.run();
-    motor.advance(3);
-    const double whileSpeedingUp = motor.amps();
-    EXPECT_NEAR(motor.volts(), 110, 5);
-    motor.advance(10);
-    EXPECT_NEAR(motor.volts(), 220, 0.1);
-    EXPECT_LT(motor.amps(), whileSpeedingUp);
-    EXPECT_NEAR(motor.rpm(), 1800, 40);
-    const double light = motor.amps();
-    motor.loadPercent = 100;
-    EXPECT_GT(motor.amps(), light);
-    EXPECT_GT(motor.powerFactor(), 0.9);
-    motor.advance(1000);
-    EXPECT_GT(motor.celsius(), 55);
-    motor.stop();
-    motor.advance(0.5);
-    EXPECT_GT(motor.busVolts(), 320);  // feeds back
-    motor.advance(1000);
-    EXPECT_NEAR(motor.celsius(), 25, 0.5);
-}
-
 TEST(Motor, JogStandbyAndFault) {
     MotorModel motor = motorAt(0);
     motor.jog();

@@ -83,8 +83,13 @@ TEST_P(LineMatrix, HasNoFalseTimeOutAndNoBrokenReply) {
     for (size_t number = 0; number < rows.size(); ++number) {
         session.ask(12, QString::asprintf("FF03%02X%02X000F", Group, unsigned(number)));
         ASSERT_EQ(session.link.ParamRead.ReadDone, 1) << number;
-        EXPECT_EQ(session.link.ParamRead.ReadField[0], rows[number].value);
-        EXPECT_EQ(session.link.ParamRead.ReadName.trimmed().toStdString(), rows[number].name);
+        const ParamReadRecord& read = session.link.ParamRead;
+        EXPECT_EQ(read.ReadField[0], rows[number].value);
+        EXPECT_EQ(read.ReadField[1], rows[number].max);
+        EXPECT_EQ(read.ReadField[2], rows[number].min);
+        EXPECT_EQ(read.ReadField[4], rows[number].defaultValue);
+        EXPECT_EQ(read.ReadName.trimmed().toStdString(), rows[number].name);
+        EXPECT_EQ(read.ReadUnit.trimmed().toStdString(), rows[number].unit);
         EXPECT_EQ(session.link.TimeoutCount, 0);
     }
     session.link.ActiveFunction = OwnerMain;

@@ -81,9 +81,7 @@ TEST_F(RealPort, CarriesFramesBothWaysOnAPseudoTerminal) {
 }
 
 TEST_F(RealPort, AppliesSettingsAtOnceAndDropsOldInput) {
-    const std::pair<int, speed_t> bauds[] = {{1200, B1200},   {2400, B2400},    {4800, B4800},
-                                             {9600, B9600},   {19200, B19200},  {38400, B38400},
-                                             {57600, B57600}, {115200, B115200}};
+    const std::pair<int, speed_t> bauds[] = {{1200, B1200}, {9600, B9600}, {115200, B115200}};
     port.setSettings({.Baud = 4800, .DataBits = 7, .Parity = ComParity::Even, .StopBits = 1});
     ASSERT_TRUE(port.open());
     const termios opened = far.line();

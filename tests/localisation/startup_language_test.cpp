@@ -2,47 +2,37 @@
 
 #include <gtest/gtest.h>
 
-#include <QStringList>
 #include <QTemporaryDir>
 
 #include "base/whole_file.h"
+#include "bench/scripted_operator.h"
 
 using namespace kelvane;
 
 namespace {
 
-// A person who reads what is told and presses OK.
-class ReadingOperator : public Operator {
-public:
-    BoxAnswer box(const QString& text, const QString& title, BoxIcon, BoxButtons) override {
-        boxes << title + u'|' + text;
-        return BoxAnswer::Ok;
-    }
-    std::optional<QString> openFile(const QString&) override { return {}; }
-    std::optional<QString> saveFile(const QString&, const QString&) override { return {}; }
-    LinkAnswer linkFailure(const QString&, bool) override { return LinkAnswer::Abort; }
-    void editValue(ValueEdit&) override {}
-
-    QStringList boxes;
-};
-
-const QString NoProject =
-    QStringLiteral("Error|Can't open default Project !\nThe software will be set English interface.");
-const QString NoLanguage =
-    QStringLiteral("Error|Can't open the file !\nThe software will be set English interface.");
-
 class StartupLanguage : public testing::Test {
-protected:
+   protected:
     void writeProject(const QByteArray& bytes) {
         ASSERT_TRUE(writeWhole(m_folder.filePath(QStringLiteral("default.prj")), bytes).ok);
     }
     void writeLanguageFile(quint8 index, const QByteArray& bytes) {
         ASSERT_TRUE(writeWhole(m_folder.filePath(languageFileName(index)), bytes).ok);
     }
+    void expectNoProject() {
+        m_person.expectBox(
+            QStringLiteral("Can't open default Project !\nThe software will be set English interface."),
+            QStringLiteral("Error"));
+    }
+    void expectNoLanguage() {
+        m_person.expectBox(
+            QStringLiteral("Can't open the file !\nThe software will be set English interface."),
+            QStringLiteral("Error"));
+    }
     void start() { startLanguage(m_language, m_folder.path(), m_folder.path(), m_person); }
 
     QTemporaryDir m_folder;
-    ReadingOperator m_person;
+    ScriptedOperator m_person;
     Language m_language;
 };
 
@@ -52,7 +42,6 @@ TEST_F(StartupLanguage, TakesTheLanguageOfTheProject) {
     writeProject("[Language]\r\nLangID=9\r\n\r\n[ComSetup Form]\r\nCom port    =4\r\n");
     writeLanguageFile(9, SourceDialog);
     start();
-    EXPECT_TRUE(m_person.boxes.isEmpty());
     EXPECT_EQ(m_language.LanguageIndex, 9);
     EXPECT_EQ(m_language.table.form(FormSection::QSource).Caption, QStringLiteral("Source"));
 }
@@ -67,16 +56,17 @@ TEST_F(StartupLanguage, KeepsLangIDToEightBits) {
 }
 
 TEST_F(StartupLanguage, FallsBackToEnglishWithOneBoxForEachFailure) {
+    expectNoProject();
+    expectNoLanguage();
     start();
-    EXPECT_EQ(m_person.boxes, (QStringList{NoProject, NoLanguage}));
     EXPECT_EQ(m_language.LanguageIndex, 4);
     EXPECT_EQ(m_language.table.MsgStr(4), QStringLiteral("On-Line Fail !!"));
     writeLanguageFile(4, SourceDialog);
     for (const char* project : {"", "[Language]", "[Language]\r\nLangID=x\r\n"}) {
-        m_person.boxes.clear();
         if (*project != 0) writeProject(project);
+        expectNoProject();
         start();
-        EXPECT_EQ(m_person.boxes, QStringList{NoProject}) << project;
+        EXPECT_TRUE(m_person.allAsked()) << project;
         EXPECT_EQ(m_language.LanguageIndex, 4);
     }
 }
@@ -85,8 +75,8 @@ TEST_F(StartupLanguage, FallsBackToEnglishWithOneBoxForEachFailure) {
 TEST_F(StartupLanguage, LanguageFileCutShortLeavesTheWindowsTheirOwnTexts) {
     writeProject("[Language]\r\nLangID=3\r\n");
     writeLanguageFile(3, SourceDialog + "[Message]\r\nMsgStr01=eins\r\n");
+    expectNoLanguage();
     start();
-    EXPECT_EQ(m_person.boxes, QStringList{NoLanguage});
     EXPECT_EQ(m_language.LanguageIndex, 4);
     EXPECT_FALSE(m_language.table.form(FormSection::QSource).captionFilled);
     EXPECT_EQ(m_language.table.MsgStr(36), QStringLiteral("\nWould you want to reset the drive?"));
@@ -102,33 +92,18 @@ TEST_F(StartupLanguage, KeepsAFileNameWithoutSuffixForWrongNumbers) {
 
     writeProject("[Trend Form]\r\n");
     writeLanguageFile(4, SourceDialog);
+    expectNoLanguage();
     start();
-    EXPECT_EQ(m_person.boxes, QStringList{NoLanguage});
 }
 
 TEST_F(StartupLanguage, MenuChoiceFollowsTheFile) {
     writeLanguageFile(9, "[Language]\r\nLangID=9\r\n" + SourceDialog);
     EXPECT_TRUE(chooseLanguage(m_language, 9, m_folder.path(), m_person));
     EXPECT_EQ(m_language.LanguageIndex, 9);
+    m_person.expectBox(QStringLiteral("Can't open the file !"), QStringLiteral("Error"));
     EXPECT_FALSE(chooseLanguage(m_language, 2, m_folder.path(), m_person));
-    EXPECT_EQ(m_person.boxes, QStringList{QStringLiteral("Error|Can't open the file !")});
     EXPECT_EQ(m_language.LanguageIndex, 9);
     EXPECT_EQ(m_language.table.form(FormSection::QSource).Caption, QStringLiteral("Source"));
-}
-
-TEST(BuiltInEnglish, HasTheItemNamesOfEveryFamily) {
-    const LangTable table = LangTable::builtInEnglish();
-    const int used[LangTable::TypeSetCount] = {9, 4, 9, 4, 9, 7, 1, 0, 9, 9, 0, 0};
-    for (int set = 0; set < LangTable::TypeSetCount; ++set)
-        for (int i = 0; i < LangTable::TypeSetSize; ++i)
-            EXPECT_EQ(table.typeSet(set)[static_cast<size_t>(i)].isEmpty(), i >= used[set])
-                << set << ' ' << i;
-    EXPECT_EQ(table.familyItemNames(Family::Rowan)[4], QStringLiteral("Pr.65 X Low word of H"));
-    EXPECT_EQ(table.familyItemNames(Family::Aspen)[1], QStringLiteral("Step number of PLC operation"));
-    EXPECT_EQ(table.familyItemNames(Family::Larch)[1], QStringLiteral("Step Number of PLC Operation"));
-    EXPECT_EQ(table.familyItemNames(Family::Yarrow)[7], QStringLiteral("MI1 ~MI6 status"));
-    EXPECT_EQ(table.familyItemNames(Family::Sorrel), table.familyItemNames(Family::Tilia));
-    EXPECT_EQ(table.familyItemNames(Family::Keypad)[0], QString());
 }
 
 TEST(BuiltInEnglish, KeepsTheCommonNamesOnePlaceLateByKey) {

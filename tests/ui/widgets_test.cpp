@@ -109,91 +109,62 @@ TEST(VrIndicator, ClipsItsPositionAndShowsIt) {
     bar.setPosition(90);
     EXPECT_GT(differentInGrey(parked, bar.grab()), 100);
     bar.setPosition(250);
-    EXPECT_EQ(bar.position(), 100);
     EXPECT_EQ(spoken(bar, QAccessible::Value), "100");
-
-    VrScanner scanner;
-    EXPECT_EQ(scanner.position(), -1);
-    scanner.resize(200, 16);
-    const QPixmap still = scanner.grab();
-    scanner.setPosition(0);
-    EXPECT_GT(differentInGrey(still, scanner.grab()), 100);
 }
 
-TEST(VrLabel, ShowsADrivesTextAsItIsAndReadableInToldColours) {
+// Texts come from drives and language files: they are neither markup nor shortcuts.
+TEST(Texts, StandAsTheyAreAndReadableInToldColours) {
     VrLabel label("<b>OL</b> & 5");
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
-    const int wide = label.sizeHint().width();
-    EXPECT_GE(wide, label.fontMetrics().horizontalAdvance("<b>OL</b> & 5"));
+    EXPECT_GE(label.sizeHint().width(), label.fontMetrics().horizontalAdvance("<b>OL</b> & 5"));
     label.setProperty("color", QColor(Qt::white));
     EXPECT_EQ(label.palette().color(QPalette::Text), QColor(Qt::white));
     EXPECT_GE(contrast(Qt::white, label.palette().color(QPalette::Base)), 3.5);
-    label.setColor({});
-    EXPECT_EQ(label.palette().color(QPalette::Base), QApplication::palette().color(QPalette::Base));
-    label.setCharacters(30);
-    EXPECT_GT(label.sizeHint().width(), wide);
     label.setText("");
     EXPECT_GE(label.sizeHint().height(), label.fontMetrics().height());
-}
 
-TEST(TransparentButton, TakesCaptionsFromLanguageFilesAsTheyStand) {
-    QWidget window;
-    auto* row = new QHBoxLayout(&window);
     TransparentButton button(icon(Icon::Save), "Save");
-    row->addWidget(&button);
-    window.show();
-    const int narrow = button.sizeHint().width();
     button.setProperty("text", "R&D: Save & Go, lesen und speichern");
     EXPECT_EQ(button.text(), "R&D: Save & Go, lesen und speichern");
     EXPECT_TRUE(button.shortcut().isEmpty());
     EXPECT_GT(button.sizeHint().width(), button.fontMetrics().horizontalAdvance(button.text()));
-    EXPECT_GT(button.sizeHint().width(), narrow);
-    QSignalSpy clicks(&button, &QToolButton::clicked);
-    QTest::keyClick(&button, Qt::Key_Return);
-    QTest::keyClick(&button, Qt::Key_Space);
-    EXPECT_EQ(clicks.size(), 2);
     EXPECT_EQ(spoken(button, QAccessible::Name), button.text());
 }
 
-TEST(VrPowerButton, SwitchesByMouseAndKeyAndShowsItWithoutColour) {
+TEST(Buttons, SwitchByMouseAndKeyAndShowItWithoutColour) {
+    TransparentButton plain(icon(Icon::Save), "Save");
+    QSignalSpy pressed(&plain, &QToolButton::clicked);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) QTest::keyClick(&plain, key);
+    EXPECT_EQ(pressed.size(), 2);
+
     VrPowerButton button("Start & Stop");
     button.setColor(button.palette().color(QPalette::Button));
     const QPixmap off = button.grab();
-    QSignalSpy clicks(&button, &VrPowerButton::clicked);
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_TRUE(button.isChecked());
-    button.setColor(QColor(0, 140, 60));
     EXPECT_GT(differentInGrey(off, button.grab()), 20);
     QTest::keyClick(&button, Qt::Key_Space);
     EXPECT_FALSE(button.isChecked());
-    EXPECT_EQ(clicks.size(), 2);
-    EXPECT_EQ(button.text(), "Start & Stop");
     EXPECT_EQ(spoken(button, QAccessible::Value), "off");
 }
 
-struct Shortening {
-    const char* path;
-    int width;
-    const char* shown;
-};
-
-class CalLabelString : public testing::TestWithParam<Shortening> {};
-
-TEST_P(CalLabelString, LeavesOutFoldersBeforeTheFileName) {
+TEST(CalLabelString, LeavesOutFoldersBeforeTheFileName) {
+    struct Row {
+        const char* path;
+        int width;
+        const char* shown;
+    };
     const auto characters = [](const QString& text) { return static_cast<int>(text.size()); };
-    EXPECT_EQ(calLabelString(GetParam().path, GetParam().width, characters), GetParam().shown);
+    for (const Row& row :
+         {Row{"/home/anna/drives/pump.txt", 26, "/home/anna/drives/pump.txt"},
+          Row{"/home/anna/drives/pump.txt", 21, "/home/ann.../pump.txt"},
+          Row{"C:\\Data\\Drives\\pump.txt", 17, "C:\\Da...\\pump.txt"},
+          Row{"/home/anna/drives/pump.txt", 12, ".../pump.txt"},
+          Row{"/home/anna/drives/pump.txt", 11, "pump.txt"},
+          Row{"/home/anna/pumpenantrieb.txt", 13, "pumpe...b.txt"},
+          Row{"pumpenantrieb.txt", 13, "pumpe...b.txt"}, Row{"/home/anna/pump.txt", 2, ""}, Row{"", 0, ""}})
+        EXPECT_EQ(calLabelString(row.path, row.width, characters), row.shown);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Paths, CalLabelString,
-    testing::Values(Shortening{"/home/anna/drives/pump.txt", 26, "/home/anna/drives/pump.txt"},
-                    Shortening{"/home/anna/drives/pump.txt", 21, "/home/ann.../pump.txt"},
-                    Shortening{"C:\\Data\\Drives\\pump.txt", 17, "C:\\Da...\\pump.txt"},
-                    Shortening{"/home/anna/drives/pump.txt", 12, ".../pump.txt"},
-                    Shortening{"/home/anna/drives/pump.txt", 11, "pump.txt"},
-                    Shortening{"/home/anna/pumpenantrieb.txt", 13, "pumpe...b.txt"},
-                    Shortening{"pumpenantrieb.txt", 13, "pumpe...b.txt"},
-                    Shortening{"/home/anna/pump.txt", 2, ""}, Shortening{"", 0, ""}));
 
 TEST(PathLabel, FitsItsTextToItsWidthAndKeepsThePathWhole) {
     PathLabel label;
