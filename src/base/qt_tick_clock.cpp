@@ -107,22 +107,16 @@ class QtTickClock::Agenda : public std::enable_shared_from_this<Agenda> {
     Key add(qint64 delayUs, const Call& call) {
         const Key key{steadyUs() + delayUs, ++m_order};
         m_armed.emplace(key, call);
-        delayUs > 0 ? wakeBy(key.first) : wakeUp().wakeAtOnce();
+        delayUs > 0 ? wakeForNext() : wakeUp().wakeAtOnce();
         return key;
     }
-    // The wake-up stays as it is: an idle one costs less than setting it with every received byte.
+    // The wake-up stays as it is, since mostly another alarm follows at once.
     void remove(const Key& key) { m_armed.erase(key); }
 
    private:
     WakeUp& wakeUp() {
         if (!m_wakeUp) m_wakeUp = std::make_unique<WakeUp>([this] { run(); });
         return *m_wakeUp;
-    }
-
-    void wakeBy(qint64 atUs) {
-        if (atUs >= m_wakeUs) return;
-        m_wakeUs = atUs;
-        wakeUp().wakeAt(atUs);
     }
 
     // What a handler arms without delay is called in the same turn of the event loop, so that reply, table row and
@@ -158,6 +152,7 @@ class QtTickClock::Agenda : public std::enable_shared_from_this<Agenda> {
     void wakeForNext() {
         const qint64 next = m_armed.empty() ? Never : m_armed.begin()->first.first;
         if (next <= steadyUs()) return wakeUp().wakeAtOnce();
+        if (next == m_wakeUs && next != Never) return;
         m_wakeUs = next;
         wakeUp().wakeAt(m_wakeUs);
     }

@@ -31,6 +31,11 @@ void TickTimer::setInterval(int interval) {
     if (m_enabled) tickIn(periodUs());
 }
 
+void TickTimer::enableFor(qint64 delayUs) {
+    m_enabled = true;
+    tickIn(delayUs);
+}
+
 void TickTimer::tickIn(qint64 delayUs) {
     if (!m_enabled) return;
     m_armed = true;

@@ -47,6 +47,8 @@ class TickTimer {
     void setEnabled(bool on);
     void setInterval(int interval);
 
+    // Enables it with its first tick in delayUs; moves the next tick of one that is enabled.
+    void enableFor(qint64 delayUs);
     // Moves the next tick of an enabled timer to delayUs from now; later ticks have the usual length.
     void tickIn(qint64 delayUs);
     // Asks an enabled timer to tick as soon as the event loop is reached.

@@ -16,9 +16,8 @@ constexpr quint8 MaxSilentRepeats = 4;
 constexpr qint64 ConsoleLeadUs = 100000;  // the line's and the drive's share of a console wait
 constexpr qint64 ConsoleTickUs = 1000;
 constexpr qint64 MinimumSilenceUs = 2000;
-constexpr int FewBytes = 3;     // fewer are not worth a rest
+constexpr int FewBytes = 3;     // fewer are not worth a rest, which costs two wake-ups itself
 constexpr int LongestRest = 3;  // ticks
-constexpr int ShortestRtuReply = 5;
 constexpr int ShortestAsciiReply = 11;
 
 const QString Cofirm = QStringLiteral("Cofirm");
@@ -156,7 +155,6 @@ void RequestScheduler::TxTimerTimer() {
     if (sent && inConsole()) logConsoleSend();
     prepareToReceive();
     if (inConsole() && (Console.Monitor || Console.Flasher)) return;
-    RxTimer.setEnabled(true);
     armFirstWait();
 }
 
@@ -212,9 +210,9 @@ void RequestScheduler::prepareToReceive() {
 // Nothing is counted while the request is still on the wire. In RTU it ends with its silence: without that, a
 // short reply that an adapter's buffer holds back at 1200 baud comes after the wait.
 void RequestScheduler::armFirstWait() {
-    if (inConsole()) return RxTimer.tickIn(m_wireTimeUs + ConsoleLeadUs + ConsoleTickUs);
+    if (inConsole()) return RxTimer.enableFor(m_wireTimeUs + ConsoleLeadUs + ConsoleTickUs);
     const qint64 silence = mode() == LinkMode::Rtu ? port().settings().silenceUs() : 0;
-    RxTimer.tickIn(m_wireTimeUs + silence + qint64(TickLength) * 1000);
+    RxTimer.enableFor(m_wireTimeUs + silence + qint64(TickLength) * 1000);
 }
 
 // ---- Receive event ----
@@ -249,18 +247,18 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
     }
 }
 
-// A wake-up for every byte is the dearest part of an exchange. Those that are sure to come, by the shortest reply
-// at first and by its function as soon as that is known, may gather: never beyond the last but one, so that the end
-// is noticed at once, and for a few ticks at most, so that a reply that breaks off is noticed hardly later. The
-// rest is no tick.
+// A wake-up for every byte is the dearest part of an exchange. Those that are sure to come may gather, in ASCII by the
+// shortest reply at first, and by the reply's function as soon as that is known: never beyond the time of the last
+// one, so that the end is noticed at once, and for a few ticks at most, so that a reply that breaks off is noticed
+// hardly later. The rest is no tick.
 bool RequestScheduler::restUntilNearlyWhole() {
     if (inConsole() || CommandQueue.empty()) return false;
     const int told = replyLength(mode(), CommandQueue.front(), Rx);
-    const int length = told > 0 ? told : mode() == LinkMode::Ascii ? ShortestAsciiReply : ShortestRtuReply;
+    const int length = told > 0 || mode() == LinkMode::Rtu ? told : ShortestAsciiReply;
     const int missing = length - Rx.RxByteCount;
     if (missing < FewBytes || !port().holdBack(true)) return false;
     m_resting = true;
-    RxTimer.tickIn(std::min(port().settings().wireTimeUs(missing - 1), qint64(LongestRest) * TickLength * 1000));
+    RxTimer.tickIn(std::min(port().settings().wireTimeUs(missing), qint64(LongestRest) * TickLength * 1000));
     return true;
 }
 
@@ -271,8 +269,7 @@ void RequestScheduler::endRest() {
 // ---- Wait step ----
 
 void RequestScheduler::goOnWaiting() {
-    RxTimer.setEnabled(true);
-    RxTimer.tickIn(inConsole() ? ConsoleTickUs : qint64(TickLength) * 1000);
+    RxTimer.enableFor(inConsole() ? ConsoleTickUs : qint64(TickLength) * 1000);
 }
 
 void RequestScheduler::RxTimerTimer() {

@@ -1,7 +1,9 @@
 #include "ui/scanner.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "ui/accessible_kit.h"
 #include "ui/readable_colours.h"
@@ -13,11 +15,13 @@ VrIndicator::VrIndicator(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
+// It steps with every request and reply, so only the cells that change are painted.
 void VrIndicator::setPosition(int position) {
     position = std::clamp(position, -1, m_maximum);
     if (position == m_position) return;
-    m_position = position;
-    update();
+    const int before = std::exchange(m_position, position);
+    for (int cell = 0; cell < Cells; ++cell)
+        if (strengthAt(cell, before) != strengthAt(cell, position)) update(cellRoom(cell).toAlignedRect());
     Q_EMIT positionChanged(position);
 }
 
@@ -33,18 +37,27 @@ QSize VrIndicator::minimumSizeHint() const { return {Cells * 5, 8}; }
 
 double VrIndicator::strength(int cell, double share) const { return cell < share * Cells ? 1 : 0; }
 
-void VrIndicator::paintEvent(QPaintEvent*) {
+double VrIndicator::strengthAt(int cell, int position) const {
+    return position < 0 ? 0 : strength(cell, static_cast<double>(position) / m_maximum);
+}
+
+QRectF VrIndicator::cellRoom(int cell) const {
+    const double step = static_cast<double>(width()) / Cells;
+    const int place = layoutDirection() == Qt::RightToLeft ? Cells - 1 - cell : cell;
+    return {place * step, 0, step, static_cast<double>(height())};
+}
+
+void VrIndicator::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor lit = palette().color(QPalette::Highlight);
     const QColor dark = palette().color(QPalette::Window);
     const QColor edge = mix(palette().color(QPalette::WindowText), dark, 0.6);
-    const double step = static_cast<double>(width()) / Cells;
-    const double share = static_cast<double>(m_position) / m_maximum;
     for (int cell = 0; cell < Cells; ++cell) {
-        const double how = m_position < 0 ? 0 : strength(cell, share);
-        const int place = layoutDirection() == Qt::RightToLeft ? Cells - 1 - cell : cell;
-        const QRectF box(place * step + 1.5, 1.5, step - 3, height() - 3.0);
+        const QRectF room = cellRoom(cell);
+        if (!room.intersects(event->rect())) continue;
+        const QRectF box = room.adjusted(1.5, 1.5, -1.5, -1.5);
+        const double how = strengthAt(cell, m_position);
         painter.setPen(how > 0 ? QPen(lit, 1) : QPen(edge, 1));
         painter.setBrush(how > 0 ? QBrush(mix(dark, lit, how)) : Qt::NoBrush);
         painter.drawRoundedRect(box, 2, 2);

@@ -31,6 +31,9 @@ protected:
     static constexpr int Cells = 10;
 
 private:
+    double strengthAt(int cell, int position) const;
+    QRectF cellRoom(int cell) const;
+
     int m_position = 0;
     int m_maximum = 100;
 };
