@@ -52,12 +52,12 @@ int runTool(QApplication& app) {
     const ProgramFolder folder = ProgramFolder::ofApplication();
     Language language;
     ShellOperator person(language.table);
+    DecimalSep = findDecimalSep();
+    startLanguage(language, folder.path(), folder.findData(QStringLiteral("Language file")), person);
     TLogoForm logo;
     logo.show();
     logo.repaint();
     letScreenFollow();
-    DecimalSep = findDecimalSep();
-    startLanguage(language, folder.path(), folder.findData(QStringLiteral("Language file")), person);
 
     QtTickClock clock;
     SystemWallClock wallClock;
