@@ -173,6 +173,33 @@ void measureLoss(const LineCase& line) {
     tool.offLine();
 }
 
+// Whatever the baud rate, the adapter and the drive's pace, a drive that answers is never declared silent and its
+// replies are never cut, also while the port holds back the rest of a reply.
+void measureMatrix(int count) {
+    std::printf("\nReading %d parameters on every line: bytes singly, in eights and in packets, answered after 2 and "
+                "20 ms.\n\n",
+                count);
+    const std::vector<quint16> registers = parametersToRead(count);
+    for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii})
+        for (const int Baud : {1200, 9600, 38400, 115200}) {
+            const LineCase line{mode, Baud};
+            int failures = 0;
+            QStringList told;
+            for (const char* flow : {"single", "fifo", "usb"})
+                for (const char* turnaround : {"2", "20"}) {
+                    const DriveProcess drive(line, QLatin1String(flow),
+                                             {QStringLiteral("--turnaround"), QLatin1String(turnaround)});
+                    ToolSide tool(line, drive.device());
+                    failures += tool.read(registers).failures;
+                    told += tool.history;
+                }
+            missed += failures > 0 || !told.isEmpty();
+            std::printf("%s  6 lines, %d failures, history: %s\n", qPrintable(line.name()), failures,
+                        told.isEmpty() ? "nothing" : qPrintable(told.join(QLatin1String("; "))));
+            std::fflush(stdout);
+        }
+}
+
 Plan readPlan() {
     QCommandLineParser parser;
     parser.addHelpOption();
@@ -182,7 +209,7 @@ Plan readPlan() {
     option("count", "Parameters a run (200).", "number", "200");
     option("runs", "Runs a row; the best one counts (3).", "number", "3");
     option("only", "Only the reading rows whose name holds this text.", "text", "");
-    option("tables", "Which tables (reading,rest,loss).", "names", "reading,rest,loss");
+    option("tables", "Which tables (reading,rest,loss,matrix).", "names", "reading,rest,loss,matrix");
     parser.process(*QCoreApplication::instance());
     Plan plan;
     plan.count = std::max(1, parser.value(QStringLiteral("count")).toInt());
@@ -201,6 +228,7 @@ int main(int argc, char** argv) {
     if (plan.tables.contains(QStringLiteral("rest"))) measureResting(plan.runs);
     if (plan.tables.contains(QStringLiteral("loss")))
         for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii}) measureLoss({mode, 9600});
+    if (plan.tables.contains(QStringLiteral("matrix"))) measureMatrix(10);
     if (missed > 0) std::printf("\n%d bounds missed.\n", missed);
     return missed > 0 ? 1 : 0;
 }
