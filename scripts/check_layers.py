@@ -56,7 +56,7 @@ class Tree:
         self.listed_in_engine = set(self.engine_files())
 
     def engine_files(self):
-        for lists in self.root.glob("src/*/CMakeLists.txt"):
+        for lists in self.root.glob("src/**/CMakeLists.txt"):
             for target, files in SOURCES_OF.findall(lists.read_text(encoding="utf-8")):
                 if target in ("kelvane_base", "kelvane_engine"):
                     yield from ((lists.parent / name).resolve() for name in files.split())
