@@ -25,7 +25,9 @@ PidControl::PidControl(const CommissioningBench& bench)
     WrTimer.next = [this] { return nextWrite(); };
     WrTimer.answered = [this] { rows.ParaAdvStringGrid.setEdited(ParamRow, false); };
     RdTimer.ended = WrTimer.ended = [this] { watch(); };
-    MonitorTimer.mayAsk = [this] { return !line.waitShown() && line.isFree(); };
+    MonitorTimer.mayAsk = [this] {
+        return !line.waitShown() && line.standing == CommissioningLink::Standing::No && line.isFree();
+    };
     MonitorTimer.next = [this] { return nextOfMonitor(); };
     connect(&line, &CommissioningLink::changed, this, &PidControl::changed);
     // Left before its end, a read or write goes no further; RUN and STOP work again.
