@@ -32,7 +32,7 @@ struct ParameterScreen {
     bool ResetParameter = false;          // menu item enabled
     bool ShowReservedParameters = false;  // menu item enabled
     bool ReadfromKeypad = false;          // mark of the menu item
-    bool FileAbLED = false;  // lamp of TSelParaSourceForm that is lit; else DriveAbLED
+    bool FileAbLED = false;               // lamp of TSelParaSourceForm that is lit; else DriveAbLED
 
     bool visible(ParameterTab tab) const {
         switch (tab) {
