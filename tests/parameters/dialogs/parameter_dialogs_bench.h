@@ -15,7 +15,7 @@
 #include "parameters/dialogs/write_check_err_record_form.h"
 #include "parameters/dialogs/write_check_form.h"
 #include "parameters/parameter_session.h"
-#include "parameters/table/value_edit.h"
+#include "parameters/table/table_edit.h"
 #include "ui/string_grid_view.h"
 
 namespace kelvane {

@@ -1,9 +1,10 @@
-#include "parameters/table/value_edit.h"
+#include "parameters/table/table_edit.h"
 
 #include <gtest/gtest.h>
 
 #include "bench/decimal_sep.h"
 #include "bench/scripted_operator.h"
+#include "catalogue/value_edit.h"
 #include "parameters/sample_table.h"
 #include "parameters/table/edit_history.h"
 
