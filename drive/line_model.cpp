@@ -110,26 +110,17 @@ QByteArray LineModel::replyFrame(const QByteArray& body, const QByteArray& reque
     QByteArray reply = m_drive.answer(body);
     if (reply.isEmpty()) return {};
     switch (fault) {
-        case LineFault::Silent:
-            return {};
-        case LineFault::BadCheck:
-            return withBadCheck(wrap(reply, mode), mode);
+        case LineFault::Silent: return {};
+        case LineFault::BadCheck: return withBadCheck(wrap(reply, mode), mode);
         case LineFault::CutShort: {
             const QByteArray whole = wrap(reply, mode);
             return whole.left(whole.size() / 2);
         }
-        case LineFault::Noise:
-            return wrap(reply, mode).prepend(mode == LineMode::Ascii ? '#' : '\0');
-        case LineFault::WrongFunction:
-            reply[1] = char(reply[1] ^ 0x07);
-            break;
-        case LineFault::Echo:
-            return request;
-        case LineFault::Unplugged:
-            setUnplugged(true);
-            return {};
-        default:
-            break;
+        case LineFault::Noise: return wrap(reply, mode).prepend(mode == LineMode::Ascii ? '#' : '\0');
+        case LineFault::WrongFunction: reply[1] = char(reply[1] ^ 0x07); break;
+        case LineFault::Echo: return request;
+        case LineFault::Unplugged: setUnplugged(true); return {};
+        default: break;
     }
     return wrap(reply, mode);
 }
@@ -139,15 +130,13 @@ void LineModel::schedule(const QByteArray& frame, qint64 startUs) {
     const auto arrival = [&](qsizetype count) {
         const qint64 endUs = startUs + wire.wireTimeUs(count);
         switch (m_options.flow) {
-            case ByteFlow::Usb:
-                return (endUs + UsbPacketUs - 1) / UsbPacketUs * UsbPacketUs;
+            case ByteFlow::Usb: return (endUs + UsbPacketUs - 1) / UsbPacketUs * UsbPacketUs;
             case ByteFlow::Fifo: {
                 const qsizetype full = (count + FifoDepth - 1) / FifoDepth * FifoDepth;
                 if (full <= frame.size()) return startUs + wire.wireTimeUs(full);
                 return startUs + wire.wireTimeUs(frame.size() + 4);
             }
-            case ByteFlow::Single:
-                break;
+            case ByteFlow::Single: break;
         }
         return endUs;
     };

@@ -53,7 +53,7 @@ struct LineOptions {
 
 // Which reply fails and how. Planned failures come first, then chance; both are the same on every run.
 class FaultPlan {
-public:
+   public:
     // The k-th reply from now on (1 is the next one) fails.
     void failAt(int k, LineFault fault) { m_planned[m_replies + quint64(k)] = fault; }
     // The next replies that have no plan yet fail.
@@ -66,7 +66,7 @@ public:
     LineFault next();
     quint64 replies() const { return m_replies; }
 
-private:
+   private:
     std::map<quint64, LineFault> m_planned;
     std::array<double, LineFaultCount> m_chance{};
     std::mt19937 m_random{1};
@@ -74,7 +74,7 @@ private:
 };
 
 class LineModel {
-public:
+   public:
     // The drive must outlive the line.
     LineModel(PracticeDrive& drive, const LineOptions& options) : m_drive(drive), m_options(options) {}
 
@@ -95,7 +95,7 @@ public:
     bool unplugged() const { return m_unplugged; }
     void setUnplugged(bool on);
 
-private:
+   private:
     struct Burst {
         qint64 atUs;
         QByteArray bytes;

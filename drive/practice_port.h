@@ -15,7 +15,7 @@
 namespace kelvane::drive {
 
 class PracticePort final : public TApdComPort {
-public:
+   public:
     struct Write {
         qint64 atUs;
         QByteArray bytes;
@@ -49,7 +49,7 @@ public:
     QStringList transcript() const;
     void clearTranscript() { m_writes.clear(); }
 
-private:
+   private:
     bool put(const QByteArray& bytes, bool block);
     void schedule();
     void armAt(qint64 dueUs);

@@ -36,14 +36,10 @@ struct ParameterScreen {
 
     bool visible(ParameterTab tab) const {
         switch (tab) {
-            case ParameterTab::Drive:
-                return DriveTabSheet;
-            case ParameterTab::File:
-                return FileTabSheet;
-            case ParameterTab::Compare:
-                return CompareTabSheet;
-            case ParameterTab::None:
-                break;
+            case ParameterTab::Drive: return DriveTabSheet;
+            case ParameterTab::File: return FileTabSheet;
+            case ParameterTab::Compare: return CompareTabSheet;
+            case ParameterTab::None: break;
         }
         return false;
     }

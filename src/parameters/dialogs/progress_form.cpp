@@ -16,12 +16,9 @@ namespace {
 
 Icon iconOf(ProgressGlyph glyph) {
     switch (glyph) {
-        case ProgressGlyph::ReadFile:
-            return Icon::ReadFile;
-        case ProgressGlyph::Save:
-            return Icon::Save;
-        case ProgressGlyph::ReadDrive:
-            break;
+        case ProgressGlyph::ReadFile: return Icon::ReadFile;
+        case ProgressGlyph::Save: return Icon::Save;
+        case ProgressGlyph::ReadDrive: break;
     }
     return Icon::ReadDrive;
 }

@@ -16,14 +16,10 @@ const auto Cofirm = QStringLiteral("Cofirm");
 
 QString tabCaptionInEnglish(ParameterTab tab) {
     switch (tab) {
-        case ParameterTab::Drive:
-            return QStringLiteral("Table from Drive");
-        case ParameterTab::File:
-            return QStringLiteral("Table from File");
-        case ParameterTab::Compare:
-            return QStringLiteral("Comparison Result");
-        case ParameterTab::None:
-            break;
+        case ParameterTab::Drive: return QStringLiteral("Table from Drive");
+        case ParameterTab::File: return QStringLiteral("Table from File");
+        case ParameterTab::Compare: return QStringLiteral("Comparison Result");
+        case ParameterTab::None: break;
     }
     return {};
 }

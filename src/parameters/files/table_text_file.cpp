@@ -25,18 +25,12 @@ constexpr std::array<const char*, InfoLabels> InfoLabelTexts{
 
 QString headerText(const StringGrid& grid, int column) {
     switch (column) {
-        case column::Check:
-            return QStringLiteral("Check");
-        case column::Description:
-            return QStringLiteral("Description     ");
-        case column::Address:
-            return QStringLiteral("Address");  // Kept: also over the notes of a comparison
-        case column::Dot:
-            return QStringLiteral("Dot");
-        case column::RunSet:
-            return QStringLiteral("Run Set");
-        default:
-            return grid.cell(column, 0);
+        case column::Check: return QStringLiteral("Check");
+        case column::Description: return QStringLiteral("Description     ");
+        case column::Address: return QStringLiteral("Address");  // Kept: also over the notes of a comparison
+        case column::Dot: return QStringLiteral("Dot");
+        case column::RunSet: return QStringLiteral("Run Set");
+        default: return grid.cell(column, 0);
     }
 }
 
