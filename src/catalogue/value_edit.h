@@ -13,7 +13,7 @@ namespace kelvane {
 
 // A parameter as a window shows it. The numbers are texts with their decimal point.
 struct ValueTexts {
-    QString number;  // "02-05"
+    QString number = {};  // "02-05"
     QString name;
     QString unit;
     QString value;
