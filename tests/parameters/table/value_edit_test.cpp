@@ -4,7 +4,6 @@
 
 #include "bench/decimal_sep.h"
 #include "bench/scripted_operator.h"
-#include "parameters/edit_history.h"
 #include "parameters/sample_table.h"
 #include "parameters/table/edit_history.h"
 
