@@ -100,7 +100,16 @@ void LineModel::frameComplete(qint64 atUs) {
     const QByteArray frame = replyFrame(*body, request, fault);
     if (m_unplugged || frame.isEmpty()) return;
     const qint64 startUs = std::max(atUs, m_lastByteUs + m_options.turnaroundUs);
-    schedule(frame, fault == LineFault::Late ? startUs + m_options.lateUs : startUs);
+    scheduleFaulty(frame, startUs, fault);
+}
+
+void LineModel::scheduleFaulty(const QByteArray& frame, qint64 startUs, LineFault fault) {
+    const qsizetype pieces = fault == LineFault::InPieces ? std::max(m_options.pieces, 1) : 1;
+    const qsizetype pieceSize = (frame.size() + pieces - 1) / pieces;
+    if (fault == LineFault::Late) startUs += m_options.lateUs;
+    for (qsizetype at = 0; at < frame.size(); at += pieceSize)
+        schedule(frame.mid(at, pieceSize), at == 0 ? startUs : m_replyEndUs + m_options.pieceGapUs);
+    if (fault == LineFault::Doubled) schedule(frame, m_replyEndUs + m_options.secondUs);
 }
 
 QByteArray LineModel::replyFrame(const QByteArray& body, const QByteArray& request, LineFault fault) {
@@ -127,6 +136,8 @@ QByteArray LineModel::replyFrame(const QByteArray& body, const QByteArray& reque
 
 void LineModel::schedule(const QByteArray& frame, qint64 startUs) {
     const PortSettings& wire = m_options.wire;
+    startUs = std::max(startUs, m_replyEndUs);
+    m_replyEndUs = startUs + wire.wireTimeUs(frame.size());
     const auto arrival = [&](qsizetype count) {
         const qint64 endUs = startUs + wire.wireTimeUs(count);
         switch (m_options.flow) {

@@ -35,7 +35,10 @@ class PracticePort final : public TApdComPort {
     bool PutString(const QByteArray& text) override { return put(text, false); }
     std::optional<char> GetChar() override;
     void dropInput() override;
+    bool holdBack(bool on) override;
 
+    // Lets holdBack() work as on a device with a buffer of its own; without it the port announces every byte.
+    void setCanHoldBack(bool on) { m_canHoldBack = on; }
     // Pulls the adapter out: an open port closes itself and tells why, from the event loop. Opening fails
     // until it is plugged in again.
     void unplug();
@@ -65,6 +68,8 @@ class PracticePort final : public TApdComPort {
     int m_openFailures = 0;
     QByteArray m_input;
     bool m_newInput = false;   // bytes have come that were not announced yet
+    bool m_canHoldBack = false;
+    bool m_heldBack = false;
     bool m_inHandler = false;  // the port's user is at work; nothing more is announced meanwhile
     QList<Write> m_writes;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
