@@ -14,12 +14,12 @@ namespace kelvane {
 // A parameter as a window shows it. The numbers are texts with their decimal point.
 struct ValueTexts {
     QString number = {};  // "02-05"
-    QString name;
-    QString unit;
-    QString value;
-    QString defaultValue;
-    QString min;
-    QString max;
+    QString name = {};
+    QString unit = {};
+    QString value = {};
+    QString defaultValue = {};
+    QString min = {};
+    QString max = {};
     int places = 0;                         // digits behind the point
     QString between = QStringLiteral("~");  // of min and max in the editor's first line
 };
