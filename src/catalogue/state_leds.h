@@ -1,5 +1,6 @@
-// The five lamps of a drive's state, decoded from its coded state word (register 2119h, or 2101h of the families that
-// code it there). Trend, PID control and whoever else shows the state read it; the windows paint it.
+// The five lamps of a drive's state, decoded from its coded state word (register 2119h, or 2101h of the
+// families that code it there). Trend, PID control and whoever else shows the state read it; the windows
+// paint it.
 #pragma once
 
 #include <QtGlobal>
@@ -21,8 +22,8 @@ struct StateLeds {
     bool operator==(const StateLeds&) const = default;
 };
 
-// Bits 0-1: 0 stopped, 1 stopping, 2 standby, 3 running. Bits 3-4: 0 forward, 1 turning to reverse, 2 turning to
-// forward, 3 reverse. Bit 2: jogging. What is on its way flashes.
+// Bits 0-1: 0 stopped, 1 stopping, 2 standby, 3 running. Bits 3-4: 0 forward, 1 turning to reverse, 2 turning
+// to forward, 3 reverse. Bit 2: jogging. What is on its way flashes.
 constexpr StateLeds stateLeds(quint32 stateWord) {
     constexpr LedState Off{};
     constexpr LedState On{.on = true};

@@ -161,12 +161,7 @@ std::optional<LinkRequest> AutoTuning::nextWrite() {
 }
 
 void AutoTuning::ParaAdvStringGridDblClickCell(int row) {
-    const QString number = rows.text(ParameterRows::PrNo, row);
-    std::optional<ValueEdit> edit = rows.editOf(row);
-    if (!edit || number == QLatin1String(NoParameter)) return;
-    m_bench.person.editValue(*edit);
-    // The window may have closed, or shown the other motor, meanwhile.
-    if (edit->InputAccepted && rows.text(ParameterRows::PrNo, row) == number) rows.setData(row, edit->Text);
+    if (rows.text(ParameterRows::PrNo, row) != QLatin1String(NoParameter)) rows.edit(row, m_bench.person);
 }
 
 // ---- Motor ----
@@ -216,7 +211,8 @@ bool AutoTuning::mayClose() {
     if (!sequence.leavesDriveTuning()) return true;
     QString text = tr("The drive goes on tuning when this window is closed.");
     if (sequence.modeIsSet())
-        text += QLatin1Char('\n') % tr("Its tuning command is set: the next RUN from anywhere starts the tuning.");
+        text += QLatin1Char('\n') %
+                tr("Its tuning command is set: the next RUN from anywhere starts the tuning.");
     return m_bench.person.yes(text % QLatin1Char('\n') % tr("Close the window?"), QStringLiteral("Caution"),
                               BoxIcon::Exclamation);
 }
@@ -224,7 +220,8 @@ bool AutoTuning::mayClose() {
 void AutoTuning::FormClose() {
     if (!line.isOpen()) return;
     if (sequence.leavesDriveTuning())
-        m_bench.link.ShowHistoryMsg(QStringLiteral("Auto Tuning was closed during a run: the drive goes on by itself"));
+        m_bench.link.ShowHistoryMsg(
+            QStringLiteral("Auto Tuning was closed during a run: the drive goes on by itself"));
     stopTimers();
     line.close();
     enabled = {.buttons = true, .TuneTransparentButton = true, .entry = true};

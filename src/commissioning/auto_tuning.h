@@ -1,6 +1,6 @@
-// Motor auto tuning: reads the motor's data into a grid, writes corrections back, and lets the drive measure the
-// motor. Engine behind TAutoTuningForm and TMotorSelForm. While the window is open it drives the line itself, one
-// request at a time, and never repeats one.
+// Motor auto tuning: reads the motor's data into a grid, writes corrections back, and lets the drive measure
+// the motor. Engine behind TAutoTuningForm and TMotorSelForm. While the window is open it drives the line
+// itself, one request at a time, and never repeats one.
 #pragma once
 
 #include "commissioning/parameter_rows.h"
@@ -35,7 +35,8 @@ class AutoTuning : public QObject {
     int TuneRowCount() const { return rows.count(); }
     bool firstMotor() const { return SelectorData == QLatin1String("1"); }
 
-    // The window has been given the link: fills the grid's numbers and starts to read, behind the wait notice.
+    // The window has been given the link: fills the grid's numbers and starts to read, behind the wait
+    // notice.
     void opened();
     void ReadTransparentButtonClick();
     void WriteTransparentButtonClick();

@@ -1,6 +1,6 @@
-// What the PID and the auto tuning window share of the link: they drive the line themselves with one request at a
-// time, so they must know when it is free, when no answer comes any more, and when it went off line under them. Owns
-// the wait notice while one of them reads or writes.
+// What the PID and the auto tuning window share of the link: they drive the line themselves with one request
+// at a time, so they must know when it is free, when no answer comes any more, and when it went off line
+// under them. Owns the wait notice while one of them reads or writes.
 #pragma once
 
 #include <QObject>

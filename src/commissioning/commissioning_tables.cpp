@@ -33,9 +33,9 @@ constexpr ListedParameter TenFromOne[] = {
 };
 
 constexpr PidFamily PidFamilies[] = {
-    {Family::Rowan, "PIDmImage", RowanPid},   {Family::Aspen, "PIDsImage", TenFromZero},
-    {Family::Larch, "PIDbImage", TenFromZero}, {Family::Tilia, "PIDvImage", TiliaPid},
-    {Family::Osier, "PIDfImage", OsierPid},   {Family::Willow, "PIDeImage", TenFromOne},
+    {Family::Rowan, "PIDmImage", RowanPid},     {Family::Aspen, "PIDsImage", TenFromZero},
+    {Family::Larch, "PIDbImage", TenFromZero},  {Family::Tilia, "PIDvImage", TiliaPid},
+    {Family::Osier, "PIDfImage", OsierPid},     {Family::Willow, "PIDeImage", TenFromOne},
     {Family::Yarrow, "PIDelImage", TenFromOne},
 };
 constexpr PidFamily NoPid{Family::Larch, "PIDbImage", {}};
@@ -66,7 +66,8 @@ constexpr ListedParameter SecondMotor[] = {
 };
 static_assert(std::size(SecondMotor) == std::size(ElevenRows));
 
-constexpr TuneFamily usual(Family family, std::span<const ListedParameter> rows, const char* commandRegister) {
+constexpr TuneFamily usual(Family family, std::span<const ListedParameter> rows,
+                           const char* commandRegister) {
     return {.family = family,
             .motors = {rows, {}},
             .commandRegister = commandRegister,

@@ -15,7 +15,7 @@ struct ListedParameter {
     const char* modbus;
 };
 
-inline constexpr const char* NoRegister = "null";   // a row that is neither read nor written
+inline constexpr const char* NoRegister = "null";    // a row that is neither read nor written
 inline constexpr const char* NoParameter = "-----";  // a row that cannot be edited
 
 struct PidFamily {

@@ -1,12 +1,12 @@
-// The grid of the PID and the auto tuning window: a short list of parameters by name and register, each with the
-// record that was read from the drive. Stores records, gives the word that a row writes and what its value editor
-// is given. Knows no link.
+// The grid of the PID and the auto tuning window: a short list of parameters by name and register, each with
+// the record that was read from the drive. Stores records, gives the word that a row writes and runs its
+// value editor. Knows no link.
 #pragma once
 
 #include <optional>
 
-#include "base/operator.h"
 #include "base/string_grid.h"
+#include "catalogue/value_edit.h"
 #include "link/link_records.h"
 
 namespace kelvane {
@@ -34,12 +34,13 @@ class ParameterRows {
     void store(int row, const ParamReadRecord& read, quint8 DriveFamily, Signs signs);
     // The number that a row writes, four hexadecimal digits; nothing when its "Data" is no number of 16 bits.
     std::optional<QString> word(int row) const;
-    // What the value editor is given for a row; nothing for the header, beyond the last row and without a record.
-    std::optional<ValueEdit> editOf(int row) const;
+    // What the value editor is given for a row; nothing for the header, beyond the last row and without a
+    // record.
+    std::optional<ValueTexts> texts(int row) const;
+    // Runs the editor over a row; an accepted value stands in "Data" and is marked until it is written or
+    // read.
+    void edit(int row, Operator& person);
     void setData(int row, const QString& text);
-
-   private:
-    std::optional<int> number(Column column, int row) const;
 };
 
 }  // namespace kelvane

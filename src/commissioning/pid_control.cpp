@@ -116,14 +116,7 @@ std::optional<LinkRequest> PidControl::nextWrite() {
     return std::nullopt;
 }
 
-void PidControl::ParaAdvStringGridDblClickCell(int row) {
-    std::optional<ValueEdit> edit = rows.editOf(row);
-    if (!edit) return;
-    const QString number = rows.text(ParameterRows::PrNo, row);
-    m_bench.person.editValue(*edit);
-    // The window may have closed meanwhile.
-    if (edit->InputAccepted && rows.text(ParameterRows::PrNo, row) == number) rows.setData(row, edit->Text);
-}
+void PidControl::ParaAdvStringGridDblClickCell(int row) { rows.edit(row, m_bench.person); }
 
 // ---- Running and watching ----
 
@@ -163,7 +156,8 @@ void PidControl::showLeds() {
 void PidControl::FormClose() {
     if (!line.isOpen()) return;
     stopTimers();
-    if (leds.RUN.on) m_bench.link.ShowHistoryMsg(QStringLiteral("PID Control was closed while the drive was running"));
+    if (leds.RUN.on)
+        m_bench.link.ShowHistoryMsg(QStringLiteral("PID Control was closed while the drive was running"));
     RunRequest = RequestSent;
     line.close();
     rows.clear();

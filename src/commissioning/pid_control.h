@@ -1,6 +1,6 @@
-// PID control: reads the family's PID parameters into a grid, writes them back, runs and stops the drive and watches
-// its state word. Engine behind TPIDForm. While the window is open it drives the line itself with three chains, of
-// which one runs at a time; it never repeats a request.
+// PID control: reads the family's PID parameters into a grid, writes them back, runs and stops the drive and
+// watches its state word. Engine behind TPIDForm. While the window is open it drives the line itself with
+// three chains, of which one runs at a time; it never repeats a request.
 #pragma once
 
 #include "catalogue/state_leds.h"
@@ -29,7 +29,8 @@ class PidControl : public QObject {
     int ParamCount() const { return rows.count(); }
     const PidFamily& family() const { return pidFamily(line.DriveFamily()); }
 
-    // The window has been given the link: fills the grid's numbers and starts to read, behind the wait notice.
+    // The window has been given the link: fills the grid's numbers and starts to read, behind the wait
+    // notice.
     void opened();
     void ReadTransparentButtonClick();
     void WriteTransparentButtonClick();

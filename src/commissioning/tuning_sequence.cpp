@@ -75,7 +75,8 @@ TuningSequence::Request TuningSequence::waitForStop() {
 
 TuningSequence::Request TuningSequence::writeMode() {
     const QString mode = IntToBaseStr(m_entry, 16, 4);
-    return enter(3, 1, m_line.write(QStringLiteral("FF06") % QLatin1String(m_family->commandRegister) % mode));
+    return enter(3, 1,
+                 m_line.write(QStringLiteral("FF06") % QLatin1String(m_family->commandRegister) % mode));
 }
 
 quint8 TuningSequence::resultCode() const {

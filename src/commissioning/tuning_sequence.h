@@ -1,6 +1,6 @@
-// The order of a motor auto tuning run: stop the drive, wait until it stands, write the mode, run, wait until the
-// drive has stopped by itself, read the result and report it. No step has a time limit: a run takes as long as the
-// drive says. One step goes out when the one before was answered.
+// The order of a motor auto tuning run: stop the drive, wait until it stands, write the mode, run, wait until
+// the drive has stopped by itself, read the result and report it. No step has a time limit: a run takes as
+// long as the drive says. One step goes out when the one before was answered.
 #pragma once
 
 #include <functional>

@@ -1,5 +1,5 @@
-// Auto tuning over practice drives: the order of a run on the wire, its good and bad ends, the two motors of Tilia,
-// and what is left when the window is closed in the middle.
+// Auto tuning over practice drives: the order of a run on the wire, its good and bad ends, the two motors of
+// Tilia, and what is left when the window is closed in the middle.
 #include <gtest/gtest.h>
 
 #include "commissioning_bench.h"
@@ -48,7 +48,8 @@ struct TuneStand : CommissioningStand {
     QStringList tableReads(int motor = 0) const {
         QStringList reads;
         for (const ListedParameter& row : family().motors[size_t(motor)])
-            if (QLatin1String(row.modbus) != QLatin1String("null")) reads += "FF03" + QString(row.modbus) + "000F";
+            if (QLatin1String(row.modbus) != QLatin1String("null"))
+                reads += "FF03" + QString(row.modbus) + "000F";
         if (*family().commandRegister) reads += "FF03" + QString(family().commandRegister) + "000F";
         return reads;
     }
@@ -68,13 +69,17 @@ TEST_P(TuneFamilyTest, RunsInOrderAndReadsWhatWasFound) {
         const QString modeWrite =
             "FF06" + QString(b.family().commandRegister) + QString::asprintf("%04X", entry);
         b.tune(entry);
-        EXPECT_EQ(b.user.asked.takeFirst(), "Caution: Motor will run after press OK !!\nAre you ready to AutoTuning ?");
-        EXPECT_FALSE(b.tuning.enabled.buttons || b.tuning.enabled.TuneTransparentButton || b.tuning.enabled.entry);
+        EXPECT_EQ(b.user.asked.takeFirst(),
+                  "Caution: Motor will run after press OK !!\nAre you ready to AutoTuning ?");
+        EXPECT_FALSE(b.tuning.enabled.buttons || b.tuning.enabled.TuneTransparentButton ||
+                     b.tuning.enabled.entry);
         int fastest = 0;
-        QObject::connect(&b.tuning, &AutoTuning::speedRead, [&](int digit) { fastest = std::max(fastest, digit); });
+        QObject::connect(&b.tuning, &AutoTuning::speedRead,
+                         [&](int digit) { fastest = std::max(fastest, digit); });
         b.untilEnd();
         EXPECT_EQ(b.user.asked, QStringList("Confirm: Auto Tuning Finish !!"));
-        const QStringList run{StopFrame, State, modeWrite, RunFrame, State, QLatin1String(b.family().resultCommand)};
+        const QStringList run{StopFrame, State, modeWrite,
+                              RunFrame,  State, QLatin1String(b.family().resultCommand)};
         EXPECT_EQ(b.shape(), run + b.tableReads());
         EXPECT_GT(fastest, 0);
         EXPECT_EQ(b.value(QString(b.family().commandRegister).toInt(nullptr, 16)), 0);
@@ -83,7 +88,8 @@ TEST_P(TuneFamilyTest, RunsInOrderAndReadsWhatWasFound) {
     }
 }
 
-// A code in another place of another word, its text from another register, and another way to reset, by family.
+// A code in another place of another word, its text from another register, and another way to reset, by
+// family.
 TEST_P(TuneFamilyTest, ReportsABadResultAndResetsOnRequest) {
     for (const BoxAnswer answer : {BoxAnswer::Yes, BoxAnswer::No}) {
         TuneStand b(GetParam());
@@ -94,11 +100,13 @@ TEST_P(TuneFamilyTest, ReportsABadResultAndResetsOnRequest) {
         b.tune(entry);
         b.untilEnd();
         ASSERT_EQ(b.user.asked.size(), 1);
-        EXPECT_EQ(b.user.asked.front(), "Caution: Auto tune failedAUE , \nWould you want to reset the drive?");
+        EXPECT_EQ(b.user.asked.front(),
+                  "Caution: Auto tune failedAUE , \nWould you want to reset the drive?");
         const QStringList sent = b.shape();
         const auto at = sent.indexOf(QLatin1String(b.family().resultCommand));
         EXPECT_EQ(sent.value(at + 1), "FF03" + QString(b.family().textRegister) + "28000A");
-        EXPECT_EQ(sent.value(at + 2), answer == BoxAnswer::Yes ? QString(b.family().resetCommand) : b.tableReads()[0]);
+        EXPECT_EQ(sent.value(at + 2),
+                  answer == BoxAnswer::Yes ? QString(b.family().resetCommand) : b.tableReads()[0]);
         EXPECT_EQ(sent.mid(sent.size() - b.tableReads().size()), b.tableReads());
     }
 }
@@ -130,8 +138,9 @@ TEST(AutoTuning, StopsARunningDriveFirst) {
     b.untilEnd();
     const QStringList sent = b.frames();
     EXPECT_GT(sent.indexOf("FF0600670001"), 4) << "the drive runs down";
-    EXPECT_EQ(withoutRepeats(sent), QStringList({StopFrame, State, "FF0600670001", RunFrame, State, "FF0321180001"}) +
-                                        b.tableReads());
+    EXPECT_EQ(
+        withoutRepeats(sent),
+        QStringList({StopFrame, State, "FF0600670001", RunFrame, State, "FF0321180001"}) + b.tableReads());
 }
 
 TEST(AutoTuning, ShowsItsTables) {
@@ -151,8 +160,8 @@ TEST(AutoTuning, ShowsItsTables) {
     EXPECT_EQ(tuneFamily(quint8(Family::Aspen)), nullptr);
 }
 
-// Kept: without a command register the mode goes out as function and value alone; the drive refuses it, one poll
-// follows, and the run stands before RUN.
+// Kept: without a command register the mode goes out as function and value alone; the drive refuses it, one
+// poll follows, and the run stands before RUN.
 TEST(AutoTuning, KeepsSendingTheModeOfSorrelWithoutARegister) {
     TuneStand b(Family::Sorrel);
     b.open();
@@ -190,7 +199,8 @@ TEST(AutoTuning, ReadsTheTableOfTheSelectedMotor) {
     b.tuning.motorSelFormClosed(1);
     b.clock.advance(500);
     untilRead();
-    EXPECT_EQ(b.frames().filter("FF03").mid(0, 3), QStringList({"FF0321000010", "FF03050A000F", "FF030123000F"}));
+    EXPECT_EQ(b.frames().filter("FF03").mid(0, 3),
+              QStringList({"FF0321000010", "FF03050A000F", "FF030123000F"}));
     EXPECT_FALSE(b.tuning.firstMotor());
 }
 
@@ -202,7 +212,9 @@ TEST(AutoTuning, StandsWhereItWasRefused) {
         b.open();
         b.station.drive.options().tuneSeconds = 0.01;
         b.station.drive.setNextTuneResult(drive::TuneFault);
-        b.user.onBox = [](const QString& title) { return title == "Caution" ? BoxAnswer::Ok : BoxAnswer::Ok; };
+        b.user.onBox = [](const QString& title) {
+            return title == "Caution" ? BoxAnswer::Ok : BoxAnswer::Ok;
+        };
         b.faults().failAt(step, LineFault::Exception);
         b.tune(1);
         b.clock.advance(20000);

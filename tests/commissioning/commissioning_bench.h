@@ -1,5 +1,5 @@
-// The PID and auto tuning engines on line with a practice drive, and the steps by which the windows open and close
-// them. The person answers from a script where one is given.
+// The PID and auto tuning engines on line with a practice drive, and the steps by which the windows open and
+// close them. The person answers from a script where one is given.
 #pragma once
 
 #include "bench/on_line_bench.h"

@@ -1,5 +1,5 @@
-// PID control over practice drives: what goes on the wire, what the grid shows, and that RUN and STOP are sent when a
-// person pressed them and never else.
+// PID control over practice drives: what goes on the wire, what the grid shows, and that RUN and STOP are
+// sent when a person pressed them and never else.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -36,12 +36,12 @@ struct PidStand : CommissioningStand {
 
 class PidFamilyTest : public testing::TestWithParam<Family> {};
 INSTANTIATE_TEST_SUITE_P(Families, PidFamilyTest,
-                         testing::Values(Family::Rowan, Family::Aspen, Family::Larch, Family::Tilia, Family::Osier,
-                                         Family::Willow, Family::Yarrow),
+                         testing::Values(Family::Rowan, Family::Aspen, Family::Larch, Family::Tilia,
+                                         Family::Osier, Family::Willow, Family::Yarrow),
                          [](const auto& drive) { return std::string(familyName(drive.param)); });
 
-// Reads every row once, one request at a time, closes the notice and then only watches the state word; a write sends
-// every row from the top and changes nothing in a drive whose grid was not touched.
+// Reads every row once, one request at a time, closes the notice and then only watches the state word; a
+// write sends every row from the top and changes nothing in a drive whose grid was not touched.
 TEST_P(PidFamilyTest, ReadsWatchesAndWritesBack) {
     for (const drive::LineMode mode : {drive::LineMode::Ascii, drive::LineMode::Rtu}) {
         PidStand b(GetParam(), mode);
@@ -56,7 +56,8 @@ TEST_P(PidFamilyTest, ReadsWatchesAndWritesBack) {
             reads += "FF03" + reg + "000F";
             values.push_back(b.value(reg.toInt(nullptr, 16)));
             writes += "FF06" + reg + QString::asprintf("%04X", quint16(values.back()));
-            EXPECT_EQ(b.cell(ParameterRows::PrNo, row), QLatin1String(family.parameters[size_t(row - 1)].number));
+            EXPECT_EQ(b.cell(ParameterRows::PrNo, row),
+                      QLatin1String(family.parameters[size_t(row - 1)].number));
             EXPECT_EQ(withoutSeparatorToInt(b.cell(ParameterRows::Data, row)), values.back()) << row;
         }
         QStringList sent = b.frames();
@@ -71,7 +72,8 @@ TEST_P(PidFamilyTest, ReadsWatchesAndWritesBack) {
         b.passPolls(2);
         EXPECT_EQ(b.frames(PidState), QStringList()) << "no read-back";
         for (size_t i = 0; i < values.size(); ++i)
-            EXPECT_EQ(b.value(QString::fromLatin1(family.parameters[i].modbus).toInt(nullptr, 16)), values[i]);
+            EXPECT_EQ(b.value(QString::fromLatin1(family.parameters[i].modbus).toInt(nullptr, 16)),
+                      values[i]);
         b.close();
         EXPECT_TRUE(b.awaitPolls(1));
         EXPECT_EQ(b.cell(ParameterRows::Modbus, 1), QString());
@@ -83,7 +85,8 @@ TEST_P(PidFamilyTest, ReadsWatchesAndWritesBack) {
 TEST(PidControl, ShowsRecordsWithTheirPlaces) {
     ParameterRows rows;
     rows.setCount(1);
-    ParamReadRecord read{.ReadField = {1234, 9999, 0, 0x0200, 500}, .ReadName = "PID Set Point", .ReadUnit = "%"};
+    ParamReadRecord read{
+        .ReadField = {1234, 9999, 0, 0x0200, 500}, .ReadName = "PID Set Point", .ReadUnit = "%"};
     rows.store(1, read, quint8(Family::Larch), ParameterRows::Signs::Never);
     const auto cells = [&] {
         QStringList all;
@@ -129,10 +132,10 @@ TEST(PidControl, EditsAValueWithoutSendingIt) {
     EXPECT_EQ(b.pid.rows.ParaAdvStringGrid.edited(1), true);
     read.ReadField = {3, 10, 0, 0, 1};
     b.pid.rows.store(1, read, quint8(Family::Aspen), ParameterRows::Signs::Never);
-    EXPECT_FALSE(b.pid.rows.editOf(1)->fromList) << "the maximum is not below 10";
+    EXPECT_FALSE(valueEditOf(*b.pid.rows.texts(1)).fromList) << "the maximum is not below 10";
     read.ReadField = {0, 5, 0xFFFF, 0x0080, 0};
     b.pid.rows.store(1, read, quint8(Family::Tilia), ParameterRows::Signs::ByAttribute);
-    EXPECT_FALSE(b.pid.rows.editOf(1)->fromList) << "the minimum is negative";
+    EXPECT_FALSE(valueEditOf(*b.pid.rows.texts(1)).fromList) << "the minimum is negative";
     b.passPolls(2);
     EXPECT_EQ(b.frames(PidState), QStringList());
 }
@@ -158,8 +161,8 @@ TEST(PidControl, SendsRunAndStopOnceBehindTheExchangeInHand) {
     EXPECT_EQ(b.frames().filter("FF06"), QStringList());
 }
 
-// Kept: after a refusal the window stands and STOP does nothing, until Read has brought it to life again. A RUN that
-// was pressed meanwhile is forgotten.
+// Kept: after a refusal the window stands and STOP does nothing, until Read has brought it to life again. A
+// RUN that was pressed meanwhile is forgotten.
 TEST(PidControl, KeepsStandingAfterARefusalUntilItIsReadAnew) {
     PidStand b(Family::Tilia);
     b.openAndRead();
@@ -200,8 +203,9 @@ TEST(PidControl, CanBeLeftWhateverTheLineDoes) {
             b.link.notifyChanged();
             EXPECT_FALSE(b.pid.RdTimer.running());
         }
-        for (const auto click : {&PidControl::ReadTransparentButtonClick, &PidControl::WriteTransparentButtonClick,
-                                 &PidControl::RUNTransparentButtonClick, &PidControl::STOPTransparentButtonClick})
+        for (const auto click :
+             {&PidControl::ReadTransparentButtonClick, &PidControl::WriteTransparentButtonClick,
+              &PidControl::RUNTransparentButtonClick, &PidControl::STOPTransparentButtonClick})
             (b.pid.*click)();
         EXPECT_EQ(b.user.asked.filter("Off-Line now").size(), 4);
         b.clock.advance(5000);
