@@ -25,12 +25,9 @@ struct WillingOperator final : Operator {
     BoxAnswer box(const QString& text, const QString& title, BoxIcon, BoxButtons buttons) override {
         asked += title + QStringLiteral(": ") + text;
         switch (buttons) {
-            case BoxButtons::RetryCancel:
-                return BoxAnswer::Retry;
-            case BoxButtons::YesNo:
-                return BoxAnswer::Yes;
-            default:
-                return BoxAnswer::Ok;
+            case BoxButtons::RetryCancel: return BoxAnswer::Retry;
+            case BoxButtons::YesNo: return BoxAnswer::Yes;
+            default: return BoxAnswer::Ok;
         }
     }
     std::optional<QString> openFile(const QString&) override { return {}; }
