@@ -81,17 +81,25 @@ void CommissioningLink::setStanding(Standing why) {
     Q_EMIT changed();
 }
 
+QString CommissioningLink::standingText() const {
+    switch (standing) {
+        case Standing::Refused: return tr("The drive refused the last command (CE %1).").arg(refusalCode);
+        case Standing::Lost: return tr("The drive gave no answer to the last command.");
+        default: return {};
+    }
+}
+
 // ---- Wait notice ----
 
 void CommissioningLink::showWait() {
     m_waitShown = true;
-    bench.link.Notice.TInitialForm = true;
+    bench.link.Notice.TInitialForm = bench.link.Notice.waitMayBeLeft = true;
     bench.link.notifyChanged();
 }
 
 void CommissioningLink::closeWait() {
     if (!std::exchange(m_waitShown, false)) return;
-    bench.link.Notice.TInitialForm = false;
+    bench.link.Notice.TInitialForm = bench.link.Notice.waitMayBeLeft = false;
     bench.link.notifyChanged();
     Q_EMIT waitEnded();
 }
@@ -99,6 +107,7 @@ void CommissioningLink::closeWait() {
 void CommissioningLink::linkChanged() {
     if (!m_waitShown || bench.link.Notice.TInitialForm) return;
     m_waitShown = false;
+    bench.link.Notice.waitMayBeLeft = false;
     Q_EMIT waitLeft();
     Q_EMIT waitEnded();
 }

@@ -28,7 +28,8 @@ class CommissioningLink : public QObject {
     // Why a window stands: the request in hand got no answer that sets its flag, and none will come.
     enum class Standing { No, Refused, Lost };
     Standing standing = Standing::No;
-    quint8 refusalCode = 0;  // with Standing::Refused
+    quint8 refusalCode = 0;        // with Standing::Refused
+    QString standingText() const;  // in words; empty while nothing stands
 
     quint8 DriveFamily() const { return bench.link.DriveStatus.DriveFamily; }
     // Between the window's opening and its closing.

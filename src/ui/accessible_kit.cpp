@@ -4,6 +4,7 @@
 #include <QAccessibleWidget>
 
 #include "ui/lamp.h"
+#include "ui/meters.h"
 #include "ui/power_button.h"
 #include "ui/scanner.h"
 
@@ -59,6 +60,19 @@ class BarSpeech : public QAccessibleWidget {
     }
 };
 
+class MeterSpeech : public QAccessibleWidget {
+   public:
+    explicit MeterSpeech(QWidget* meter) : QAccessibleWidget(meter, QAccessible::Dial) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind != QAccessible::Value) return QAccessibleWidget::text(kind);
+        if (const auto* dial = qobject_cast<const DialMeter*>(object()))
+            return dial->valueText() + QLatin1Char(' ') + dial->text();
+        const auto* scale = qobject_cast<const ScaleMeter*>(object());
+        return QString::number(scale->value()) + QLatin1Char(' ') + scale->ValueUnit();
+    }
+};
+
 // Qt asks once for each class of the widget's ancestry, the most derived first.
 QAccessibleInterface* speechFor(const QString& className, QObject* object) {
     if (!className.startsWith(QLatin1String("kelvane::"))) return nullptr;
@@ -67,6 +81,8 @@ QAccessibleInterface* speechFor(const QString& className, QObject* object) {
     if (auto* power = qobject_cast<VrPowerButton*>(object))
         return new ButtonSpeech(power, QAccessible::CheckBox);
     if (auto* bar = qobject_cast<VrIndicator*>(object)) return new BarSpeech(bar);
+    if (qobject_cast<DialMeter*>(object) || qobject_cast<ScaleMeter*>(object))
+        return new MeterSpeech(qobject_cast<QWidget*>(object));
     return nullptr;
 }
 

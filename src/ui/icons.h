@@ -18,6 +18,7 @@ enum class Icon : int {
     Accept, Cancel, Test, Connect, Disconnect, Start, Stop, Clear, Option, Cursor, Picture, Zoom,
     Add, Remove, Edit, Run, Fault, Lock, Motor, More,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
+    Motor1, Motor2,
     Count_,
 };
 // clang-format on
@@ -44,6 +45,8 @@ class PictureBox : public QWidget {
     void showFamily(quint8 DriveFamily);  // nothing for a number that is no family
     void showLogo();
     void showNothing();
+    // Block diagram of a family's PID; nothing for a family without one.
+    void showPidDiagram(quint8 DriveFamily);
     bool isEmpty() const { return m_kind == Kind::Nothing; }
     QSize sizeHint() const override;
 
@@ -51,7 +54,8 @@ class PictureBox : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
    private:
-    enum class Kind { Nothing, Family, Logo };
+    enum class Kind { Nothing, Family, Logo, PidDiagram };
+    QByteArray wantedDrawing() const;
     Kind m_kind = Kind::Nothing;
     quint8 m_family = 0;
     QByteArray m_drawnFrom;  // drawing of m_drawn
