@@ -1,5 +1,6 @@
-// What Quick Setup shows for one family beside its registers: the choices of the list slots, units, terminal names
-// and the picture of the V/f curve. One file a family in families/; the engine takes them through familySetup().
+// What Quick Setup shows for one family beside its registers: the choices of the list slots, units, terminal
+// names and the picture of the V/f curve. One file a family in families/; the engine takes them through
+// familySetup().
 #pragma once
 
 #include <QString>
@@ -23,7 +24,8 @@ struct ChoiceLists {
     ChoiceList S3para2;
     ChoiceList S3para3;
     ChoiceList outputs;
-    ChoiceList inputMode;  // S4Inpara1 where it selects between two and three wires; empty: it is an input as the others
+    ChoiceList inputMode;  // S4Inpara1 where it selects between two and three wires; empty: it is an input as
+                           // the others
     ChoiceList inputs;
 };
 
@@ -37,8 +39,8 @@ struct FamilySetup {
     const char* currentUnit = FormCurrentUnit;  // beside S1para5 and S1para6
     const char* boundUnit = FormBoundUnit;      // beside S2para11 and S2para12
     std::array<const char*, 7> terminals{"MI0", "MI1", "MI2", "MI3", "MI4", "MI5", "GND"};
-    bool twoMidPoints = false;   // in the picture of the V/f curve
-    bool signedByBit7 = false;   // of the attribute word: value and limits are signed
+    bool twoMidPoints = false;     // in the picture of the V/f curve
+    bool signedByBit7 = false;     // of the attribute word: value and limits are signed
     bool twoPlacesByBit0 = false;  // of the attribute word; else bits 9 and 8 count the places
     int oneWordFrom = 41;          // slots from here on are read as one word: no limits, no attribute
 };
@@ -48,7 +50,8 @@ const FamilySetup* familySetup(quint8 DriveFamily);
 
 // The list of a slot, empty for an edit.
 ChoiceList slotChoices(const FamilySetup& family, int slot);
-// "01-00  Maximum Output Frequency", or "Pr.03  ..." in the older numbering; empty where the slot is not used.
+// "01-00  Maximum Output Frequency", or "Pr.03  ..." in the older numbering; empty where the slot is not
+// used.
 QString slotLabel(const FamilySetup& family, int slot);
 // Unit beside the slot's edit; empty for none.
 QString slotUnit(const FamilySetup& family, int slot);

@@ -28,7 +28,8 @@ quint8 placesOf(const FamilySetup& family, quint16 attribute) {
 // Slots that every family fills, used or not.
 bool filledAnyway(int slot) {
     constexpr SlotRange Anyway[] = {{2, 3}, {5, 6}, {8, 14}, {18, 23}, {25, 26}, {33, 37}};
-    return std::ranges::any_of(Anyway, [=](SlotRange range) { return slot >= range.first && slot <= range.last; });
+    return std::ranges::any_of(Anyway,
+                               [=](SlotRange range) { return slot >= range.first && slot <= range.last; });
 }
 
 bool isList(int slot) { return quickSlot(slot).control == SlotControl::List; }
@@ -59,7 +60,8 @@ void QuickSetup::buildSlots() {
         QSlot& q = at(slot);
         q.SlotAddress = slotAddress(slot, m_family->DriveFamily);
         const QString words = slot >= m_family->oneWordFrom ? QStringLiteral("0001") : QStringLiteral("0004");
-        q.SlotReadCommand = q.SlotAddress.isEmpty() ? CmdSkip : QStringLiteral("FF03") % q.SlotAddress % words;
+        q.SlotReadCommand =
+            q.SlotAddress.isEmpty() ? CmdSkip : QStringLiteral("FF03") % q.SlotAddress % words;
     }
 }
 
@@ -240,7 +242,9 @@ void QuickSetup::written(int slot) {
 
 // ---- What a person should know ----
 
-bool QuickSetup::changed(int slot) const { return used(slot) && at(slot).held && *at(slot).held != at(slot).SlotValue; }
+bool QuickSetup::changed(int slot) const {
+    return used(slot) && at(slot).held && *at(slot).held != at(slot).SlotValue;
+}
 
 bool QuickSetup::outsideLimits(int slot) const {
     const QSlot& q = at(slot);
@@ -251,7 +255,8 @@ bool QuickSetup::outsideLimits(int slot) const {
 QString QuickSetup::shownValue(int slot, int value) const {
     if (!isList(slot)) {
         const QString unit = m_family ? slotUnit(*m_family, slot) : QString();
-        return QString(InsertDecimalPoint(QString::number(value), placesOf(slot)) % QLatin1Char(' ') % unit).trimmed();
+        return QString(InsertDecimalPoint(QString::number(value), placesOf(slot)) % QLatin1Char(' ') % unit)
+            .trimmed();
     }
     const ChoiceList items = m_family ? slotChoices(*m_family, slot) : ChoiceList();
     if (value < 0 || value >= static_cast<int>(items.size())) return QString::number(value);
@@ -262,8 +267,8 @@ QString QuickSetup::shownValue(int slot, int value) const {
 QString QuickSetup::limitsText(int slot) const {
     const QSlot& q = at(slot);
     if (isList(slot) || (q.SlotMin == 0 && q.SlotMax == 0)) return {};
-    return QStringLiteral("%1 to %2").arg(InsertDecimalPoint(QString::number(q.SlotMin), placesOf(slot)),
-                                          shownValue(slot, q.SlotMax));
+    return QStringLiteral("%1 to %2")
+        .arg(InsertDecimalPoint(QString::number(q.SlotMin), placesOf(slot)), shownValue(slot, q.SlotMax));
 }
 
 }  // namespace kelvane

@@ -1,6 +1,6 @@
-// Quick Setup's values: the 40 slots of the connected drive's family, what their controls show, and the rules by
-// which a person's hand changes them. Knows no line: quick_setup_flow.h reads and writes the slots. Owned by the
-// tool; the window shows it.
+// Quick Setup's values: the 40 slots of the connected drive's family, what their controls show, and the rules
+// by which a person's hand changes them. Knows no line: quick_setup_flow.h reads and writes the slots. Owned
+// by the tool; the window shows it.
 #pragma once
 
 #include <QObject>
@@ -18,10 +18,10 @@ inline const QString CmdSkip = QStringLiteral("cmdSkip");
 
 // Where a slot's value comes from, which decides how far a person may trust it.
 enum class ValueOrigin : quint8 {
-    Unknown,      // nothing has given it a value yet
-    Drive,        // read
-    Neighbour,    // its read was not answered: it took the words of the slot before
-    Project,      // of the project file
+    Unknown,       // nothing has given it a value yet
+    Drive,         // read
+    Neighbour,     // its read was not answered: it took the words of the slot before
+    Project,       // of the project file
     EmptyProject,  // the project has an empty text there, which counts as 0
     Person,
 };
@@ -35,11 +35,11 @@ struct QSlot {
     int SlotMax = 0;           // limits, raw
     int SlotMin = 0;
     quint8 SlotDecimals = 0;
-    QString SlotFileValue;     // text of an edit, index of a box
+    QString SlotFileValue;  // text of an edit, index of a box
 
     // What the slot's control shows.
-    QString text;      // edits
-    int ItemIndex = -1;        // boxes; -1 for none
+    QString text;        // edits
+    int ItemIndex = -1;  // boxes; -1 for none
 
     std::optional<int> held;  // what the drive is known to hold
     ValueOrigin origin = ValueOrigin::Unknown;
@@ -68,8 +68,8 @@ class QuickSetup : public QObject {
 
     // A project was opened: all slots get its values. [0] is not used.
     void takeProject(const std::array<QString, SlotCount + 1>& SlotFileValue);
-    // Takes the project's values again and shows them. False when a box's is no number: the controls before it are
-    // filled.
+    // Takes the project's values again and shows them. False when a box's is no number: the controls before
+    // it are filled.
     bool LoadParaFromFile();
     // The drive has taken the slot's value.
     void written(int slot);
@@ -94,8 +94,8 @@ class QuickSetup : public QObject {
     QString limitsText(int slot) const;             // empty where none are known
 
    Q_SIGNALS:
-    void rebuilt();             // family, lists, labels, units
-    void controlsFilled();      // all controls
+    void rebuilt();              // family, lists, labels, units
+    void controlsFilled();       // all controls
     void slotChanged(int slot);  // one control or its mark
 
    private:

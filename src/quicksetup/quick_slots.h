@@ -1,5 +1,5 @@
-// The 40 slots of Quick Setup: the control of each, its title, and the register that it stands for in each family.
-// One matrix, read by the engine, the window and the tests.
+// The 40 slots of Quick Setup: the control of each, its title, and the register that it stands for in each
+// family. One matrix, read by the engine, the window and the tests.
 #pragma once
 
 #include <QString>
@@ -33,8 +33,9 @@ struct SlotRow {
     const char* name;  // of the control, without its kind: "S1para1"
     SlotControl control;
     const char* title;
-    const char* unit;  // beside the control; empty where there is none or where the family tells it
-    std::array<const char*, AllFamilies.size()> address;  // in the order of AllFamilies; empty: no such parameter
+    const char* unit;  // beside the control; empty where there is none or where it is the family's
+    std::array<const char*, AllFamilies.size()>
+        address;  // in the order of AllFamilies; empty: no such parameter
 };
 
 // Slots count from 1.

@@ -38,10 +38,11 @@ consteval bool isWell(ChoiceList list, size_t size) {
 
 // Sizes of S1para1, S1para2, S1para4, S3para1, S3para2, S3para3, outputs, inputMode, inputs.
 consteval bool listsAreWell(const ChoiceLists& lists, const std::array<size_t, 9>& sizes) {
-    return isWell(lists.S1para1, sizes[0]) && isWell(lists.S1para2, sizes[1]) && isWell(lists.S1para4, sizes[2]) &&
-           lists.S3para1.size() == sizes[3] && itemsAreWell(lists.S3para1) && isWell(lists.S3para2, sizes[4]) &&
-           isWell(lists.S3para3, sizes[5]) && isWell(lists.outputs, sizes[6]) && isWell(lists.inputMode, sizes[7]) &&
-           isWell(lists.inputs, sizes[8]);
+    return isWell(lists.S1para1, sizes[0]) && isWell(lists.S1para2, sizes[1]) &&
+           isWell(lists.S1para4, sizes[2]) && lists.S3para1.size() == sizes[3] &&
+           itemsAreWell(lists.S3para1) && isWell(lists.S3para2, sizes[4]) &&
+           isWell(lists.S3para3, sizes[5]) && isWell(lists.outputs, sizes[6]) &&
+           isWell(lists.inputMode, sizes[7]) && isWell(lists.inputs, sizes[8]);
 }
 
 }  // namespace kelvane

@@ -42,7 +42,7 @@ static_assert(numbersCount(Lists.S3para1));
 constinit const FamilySetup OsierSetup{
     .DriveFamily = Family::Osier,
     .lists = Lists,
-    // Kept: no units are told for it, so the form's own stand.
+    // Kept: it has no units of its own, so the form's stand, also beside bounds.
     .currentUnit = FormCurrentUnit,
     .boundUnit = FormBoundUnit,
     .oneWordFrom = 25,
