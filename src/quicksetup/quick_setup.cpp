@@ -78,7 +78,10 @@ void QuickSetup::takeModel() {
 
 void QuickSetup::forgetValues() {
     for (QSlot& q : Slot) {
-        q = QSlot{.SlotAddress = q.SlotAddress, .SlotReadCommand = q.SlotReadCommand};
+        QSlot blank;
+        blank.SlotAddress = q.SlotAddress;
+        blank.SlotReadCommand = q.SlotReadCommand;
+        q = blank;
     }
     m_beforeTyping.reset();
 }

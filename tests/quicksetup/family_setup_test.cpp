@@ -1,5 +1,5 @@
-// Slots and families as a technician and a drive see them: registers, labels, lists, and a practice drive whose
-// parameters take every choice that is offered and no other.
+// Slots and families as a technician and a drive see them: registers, labels, lists, and a practice drive
+// whose parameters take every choice that is offered and no other.
 
 #include "quicksetup/family_setup.h"
 
@@ -87,8 +87,8 @@ TEST(Choices, LarchStandsAsItsManualPrintsIt) {
     EXPECT_EQ(item(Family::Larch, 38, 36), "36: Output shutoff stop (NC)");
 }
 
-// The practice drive takes every choice that is offered and refuses the next; what it holds when it is switched on
-// is one of them.
+// The practice drive takes every choice that is offered and refuses the next; what it holds when it is
+// switched on is one of them.
 TEST(Choices, AgreeWithThePracticeDrive) {
     for (const Family family : AllFamilies) {
         for (int slot = 1; slot <= SlotCount; ++slot) {
@@ -102,9 +102,12 @@ TEST(Choices, AgreeWithThePracticeDrive) {
             EXPECT_EQ(row->min, 0);
             EXPECT_EQ(row->max + 1, static_cast<int>(slotChoices(setupOf(family), slot).size()));
         }
-        // A drive that is commanded over its line has its sources there, and tells a fault by its first relay.
-        EXPECT_TRUE(item(family, 23, size_t(practiceRow(family, 23)->value)).contains("RS-485")) << familyName(family);
-        EXPECT_TRUE(item(family, 25, size_t(practiceRow(family, 25)->value)).contains("Fault")) << familyName(family);
+        // A drive that is commanded over its line has its sources there, and tells a fault by its first
+        // relay.
+        EXPECT_TRUE(item(family, 23, size_t(practiceRow(family, 23)->value)).contains("RS-485"))
+            << familyName(family);
+        EXPECT_TRUE(item(family, 25, size_t(practiceRow(family, 25)->value)).contains("Fault"))
+            << familyName(family);
     }
 }
 
