@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "commissioning/grid_looks_form.h"
+#include "commissioning/pid_guide_form.h"
 #include "ui/icons.h"
 #include "ui/lamp.h"
 #include "ui/meters.h"
@@ -119,6 +120,7 @@ QLayout* TAutoTuningForm::buildAdvice() {
         }
         auto* lamp = named<AbLED>(AdviceNames[i], QLatin1String(Advice[i]), this);
         lamp->setChecked(true);
+        if (i == 0) setUpHeading(*lamp);
         column->addWidget(lamp);
     }
     return column;

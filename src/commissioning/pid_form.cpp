@@ -1,7 +1,7 @@
 #include "commissioning/pid_form.h"
 
 #include <QBoxLayout>
-#include <QFrame>
+#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 
@@ -15,7 +15,8 @@ namespace kelvane {
 
 namespace {
 
-constexpr QSize UsualSize(148, 46);  // characters, lines
+constexpr int DiagramCharacters = 80;
+constexpr int UsualLines = 42;
 constexpr const char* LampNames[] = {"RUNAbLED", "STOPAbLED", "JOGAbLED", "FWDAbLED", "REVAbLED"};
 constexpr const char* LampTexts[] = {"RUN", "STOP", "JOG", "FWD", "REV"};
 const QColor StopRed(0xC8, 0x20, 0x20);
@@ -48,7 +49,12 @@ TPIDForm::TPIDForm(PidControl& pid, TickClock& clock, QWidget* parent)
     connect(&m_pid, &PidControl::changed, this, &TPIDForm::showEngine);
     auto* stop = new QShortcut(QKeySequence(Qt::Key_F12), this);
     connect(stop, &QShortcut::activated, &m_pid, &PidControl::STOPTransparentButtonClick);
-    resize(fontMetrics().averageCharWidth() * UsualSize.width(), fontMetrics().height() * UsualSize.height());
+    const int edge = column->contentsMargins().left() + column->contentsMargins().right();
+    const int diagram = fontMetrics().averageCharWidth() * DiagramCharacters;
+    splitter->setSizes({ParaAdvStringGrid->wholeWidth(), diagram});
+    const QSize usual(ParaAdvStringGrid->wholeWidth() + splitter->handleWidth() + diagram + edge,
+                      fontMetrics().height() * UsualLines);
+    resize(usual.boundedTo(screen()->availableSize()));
     showEngine();
 }
 
@@ -101,13 +107,13 @@ QWidget* TPIDForm::buildDiagrams() {
     auto* column = new QVBoxLayout(box);
     column->setContentsMargins(0, 0, 0, 0);
     auto* title = named<AbLED>("PIDAbLED", tr("PID Block Diagram"), box);
-    title->setChecked(true);
+    setUpHeading(*title);
     column->addWidget(title);
     size_t place = 0;
     for (const PidFamily& family : pidFamilies()) {
         auto* picture = named<PictureBox>(family.diagram, box);
         picture->showPidDiagram(static_cast<quint8>(family.family));
-        picture->setMinimumWidth(fontMetrics().averageCharWidth() * 60);
+        picture->setMinimumWidth(fontMetrics().averageCharWidth() * DiagramCharacters * 2 / 3);
         column->addWidget(picture, 1);
         m_diagrams.at(place++) = picture;
     }

@@ -13,6 +13,8 @@ namespace kelvane {
 
 namespace {
 
+const QColor HeadingBlue(0x1a, 0x7f, 0xc1);
+
 struct GuideCase {
     const char* caption;
     const char* advice;
@@ -34,6 +36,18 @@ constexpr GuideCase Cases[] = {{QT_TRANSLATE_NOOP("kelvane::PidGuide", "Overshoo
                                 "time(D) to modify the situation.\n\nIf the differential time is zero, you "
                                 "can reduce Proportional gain(P) or "
                                 "increase the Primary Delay Filter Time(10-06)."}};
+
+}  // namespace
+
+void setUpHeading(AbLED& heading) {
+    heading.setChecked(true);
+    heading.setColor(HeadingBlue);
+    QFont bold = heading.font();
+    bold.setBold(true);
+    heading.setFont(bold);
+}
+
+namespace {
 
 QWidget* captionedPlot(const QString& caption, const QList<QPointF>& curve) {
     auto* box = new QWidget;
@@ -60,7 +74,7 @@ PidGuide::PidGuide(QWidget* parent)
     : QWidget(parent), PageControl1(named<QStackedWidget>("PageControl1", this)) {
     auto* lamps = new QVBoxLayout;
     auto* title = named<AbLED>("TroubleAbLED", tr("Troubleshooting"), this);
-    title->setChecked(true);
+    setUpHeading(*title);
     lamps->addWidget(title);
     for (int number = 1; number <= 4; ++number) {
         auto* lamp = named<AbLED>(qPrintable(QStringLiteral("Case%1AbLED").arg(number)),

@@ -12,6 +12,9 @@ namespace kelvane {
 
 class AbLED;
 
+// A lamp that only heads a part of the window: always lit, in a colour and weight of its own.
+void setUpHeading(AbLED& heading);
+
 class PidGuide : public QWidget {
     Q_OBJECT
    public:

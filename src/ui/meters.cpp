@@ -124,8 +124,7 @@ void DialMeter::paintEvent(QPaintEvent*) {
     }
     paintScale(painter, middle, radius);
     painter.setPen(inks.ink);
-    const double captionTop =
-        m_sweep > 180 ? middle.y() + radius * 0.42 : height() - fontMetrics().height() * 1.4;
+    const double captionTop = middle.y() + radius * (m_sweep > 180 ? 0.42 : -0.42);
     painter.drawText(QRectF(middle.x() - radius, captionTop, 2 * radius, fontMetrics().height() * 1.3),
                      Qt::AlignCenter, m_text);
     paintNeedle(painter, middle, radius);
@@ -134,7 +133,8 @@ void DialMeter::paintEvent(QPaintEvent*) {
 void DialMeter::paintScale(QPainter& painter, QPointF middle, double radius) const {
     const Inks inks = inksOf(*this);
     QFont font = painter.font();
-    font.setPointSizeF(std::clamp(radius / 9.5, 6.0, font.pointSizeF() * 1.6));
+    const bool flat = m_sweep <= 180;
+    font.setPointSizeF(std::clamp(radius / (flat ? 14 : 9.5), 6.0, font.pointSizeF() * 1.6));
     painter.setFont(font);
     const double rim = radius * 0.93;
     const int places = placesOfDivision(m_maximum, m_decimals);
@@ -144,7 +144,8 @@ void DialMeter::paintScale(QPainter& painter, QPointF middle, double radius) con
         painter.setPen(QPen(major ? inks.ink : inks.faint, major ? 2 : 1));
         painter.drawLine(polar(middle, rim, angleOf(share)),
                          polar(middle, rim * (major ? 0.88 : 0.94), angleOf(share)));
-        if (!major) continue;
+        // On a flat dial the numbers stand closer than they are wide.
+        if (!major || (flat && mark / MinorMarks % 2)) continue;
         const QString text = numberText(m_maximum * share, places);
         const QPointF at = polar(middle, rim * 0.74, angleOf(share));
         const QSizeF room(QFontMetricsF(font).horizontalAdvance(text) + 2, QFontMetricsF(font).height());

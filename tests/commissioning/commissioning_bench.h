@@ -31,7 +31,7 @@ struct CommissioningStand : OnLineBench {
 
     explicit CommissioningStand(Family family, drive::LineMode mode = drive::LineMode::Ascii)
         : OnLineBench({.family = family, .mode = mode, .Baud = 38400}) {
-        compareState = false;
+        credits.compareState = false;
         person.onLinkFailure = [this] { return user.onLinkFailure(); };
         goOnLine();
         awaitPolls(2);
