@@ -98,7 +98,8 @@ void TrendRecords::grown(qint64 count) { m_size = std::min(m_size + count, m_cap
 void TrendRecords::dropFront(qint64 count) {
     count = std::clamp<qint64>(count, 0, m_size);
     if (count == 0) return;
-    std::memmove(m_data.get(), m_data.get() + count, static_cast<size_t>(m_size - count) * sizeof(TrendRecord));
+    std::memmove(m_data.get(), m_data.get() + count,
+                 static_cast<size_t>(m_size - count) * sizeof(TrendRecord));
     m_size -= count;
     m_levels.clear();
 }

@@ -1,7 +1,7 @@
-// The records of one trend in a single array, and an index over it that tells the extremes of any range at once:
-// blocks of 64 records, of 1024, 16384 and so on. Plots of a million records and more read it; the recorder
-// appends. Positions count from 0. Memory: 24 bytes a record, half a byte more for the index, and while it
-// grows a quarter in reserve.
+// The records of one trend in a single array, and an index over it that tells the extremes of any range at
+// once: blocks of 64 records, of 1024, 16384 and so on. Plots of a million records and more read it; the
+// recorder appends. Positions count from 0. Memory: 24 bytes a record, half a byte more for the index, and
+// while it grows a quarter in reserve.
 #pragma once
 
 #include <QtGlobal>
@@ -44,8 +44,8 @@ class TrendRecords {
     // All of these answer false, and change nothing, when there is no memory for it.
     [[nodiscard]] bool append(const TrendRecord& record);
     [[nodiscard]] bool insert(qint64 at, int count, const TrendRecord& record);
-    // Room for exactly that many more at the end, to be filled by the caller with what it then says by grown().
-    // Null when there is no memory.
+    // Room for exactly that many more at the end, to be filled by the caller with what it then says by
+    // grown(). Null when there is no memory.
     [[nodiscard]] TrendRecord* roomFor(qint64 count);
     void grown(qint64 count);
     void dropFront(qint64 count);
@@ -55,7 +55,8 @@ class TrendRecords {
     TrendExtremes extremes(qint64 from, qint64 to) const;
     // The nearest record to at that is no separator, at most reach records away; -1 when there is none.
     qint64 nearestSample(qint64 at, qint64 reach = 1000) const;
-    // Brings the index up to date; extremes() does it by itself. For who has the records in the cache just now.
+    // Brings the index up to date; extremes() does it by itself. For who has the records in the cache just
+    // now.
     void indexNewBlocks() const;
     qint64 bytesHeld() const;
 

@@ -1,5 +1,5 @@
-// Times of trend records: local days since 30 December 1899, built from date and time of day, so that a change to
-// summer time neither stretches nor folds a day.
+// Times of trend records: local days since 30 December 1899, built from date and time of day, so that a
+// change to summer time neither stretches nor folds a day.
 #pragma once
 
 #include <QDateTime>

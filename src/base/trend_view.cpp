@@ -10,7 +10,7 @@ namespace {
 constexpr double LeastPerPixel = 1.0 / 50;  // fifty pixels a record
 constexpr double SmallestSpan = 0.001;
 constexpr double LargestSpan = 100;
-constexpr double EdgeShare = 0.02;  // of a column's place: rounding must not push a record out of it
+constexpr double Rounding = 1e-6;  // of a record: it must not fall out of its column
 
 }  // namespace
 
@@ -42,7 +42,7 @@ qint64 TrendView::recordAt(double x) const {
 }
 
 qint64 TrendView::firstOfColumn(qint64 column) const {
-    return static_cast<qint64>(std::ceil((static_cast<double>(column) - EdgeShare) * m_perPixel));
+    return static_cast<qint64>(std::ceil(static_cast<double>(column) * m_perPixel - Rounding));
 }
 
 qint64 TrendView::LastDisplayedRec(qint64 total) const {

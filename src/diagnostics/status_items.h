@@ -6,8 +6,9 @@
 
 namespace kelvane {
 
-// Willow's list leaves out items 3 to 5; every other list is in item order. -1 stays -1: no entry selected. Without
-// a family the entry counts as it stands, as does one behind a shorter list, which was kept from a longer one.
+// Willow's list leaves out items 3 to 5; every other list is in item order. -1 stays -1: no entry selected.
+// Without a family the entry counts as it stands, as does one behind a shorter list, which was kept from a
+// longer one.
 inline int statusItemOfEntry(quint8 DriveFamily, int ItemIndex) {
     const FamilyProfile* profile = familyProfile(DriveFamily);
     if (ItemIndex < 0 || !profile) return ItemIndex;
@@ -31,8 +32,8 @@ inline quint32 statusWordOf(const DriveStatusRecord& DriveStatus, int k) {
 inline StatusItemView statusItem(const DriveStatusRecord& DriveStatus, int k) {
     const auto at = static_cast<size_t>(k);
     if (k < 0 || at >= DriveStatus.StatusScale.size()) return {};
-    return {statusWordOf(DriveStatus, k),     DriveStatus.StatusScale[at], DriveStatus.StatusDecimals[at],
-            DriveStatus.StatusText[at], DriveStatus.StatusUnit[at],  DriveStatus.StatusFormat[at]};
+    return {statusWordOf(DriveStatus, k), DriveStatus.StatusScale[at], DriveStatus.StatusDecimals[at],
+            DriveStatus.StatusText[at],   DriveStatus.StatusUnit[at],  DriveStatus.StatusFormat[at]};
 }
 
 }  // namespace kelvane

@@ -59,7 +59,8 @@ FileResult loadScopeFile(const QString& path, TrendRecords& records) {
     const QFileInfo info(path);
     if (info.exists() && !info.isFile()) return {false, why(path, QStringLiteral("this is not a file"))};
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return {false, why(path, file.errorString())};
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return {false, why(path, file.errorString())};
     const FileResult loaded = loadRecords(file, records);
     return loaded.ok ? loaded : FileResult{false, why(path, loaded.error)};
 }

@@ -29,7 +29,8 @@ QByteArray number(double value, int decimals) {
 }
 
 QByteArray head(const TrendCsv& csv) {
-    QByteArray line = "\xEF\xBB\xBF" + quoted(QStringLiteral("Time")) + fieldSeparator() + quoted(QStringLiteral("s"));
+    QByteArray line =
+        "\xEF\xBB\xBF" + quoted(QStringLiteral("Time")) + fieldSeparator() + quoted(QStringLiteral("s"));
     for (size_t c = 0; c < csv.data.channels.size(); ++c) {
         const TrendChannelInfo& channel = csv.info.channels[c];
         QString name = QStringLiteral("Ch%1 ").arg(c + 1) % channel.name;
@@ -43,7 +44,8 @@ QByteArray head(const TrendCsv& csv) {
 QByteArray timeText(double Time) {
     const auto moment = trendMoment(Time);
     if (!moment) return {};
-    QString text = moment->date.toString(Qt::ISODate) % QLatin1Char(' ') % moment->time.toString(Qt::ISODateWithMs);
+    QString text =
+        moment->date.toString(Qt::ISODate) % QLatin1Char(' ') % moment->time.toString(Qt::ISODateWithMs);
     if (DecimalSep != QLatin1String(".")) text.replace(QLatin1Char('.'), DecimalSep);
     return text.toUtf8();
 }
@@ -101,7 +103,8 @@ FileResult saveTrendCsv(const QString& path, const TrendCsv& csv) {
     if (ok) writeCsv(csv, [&](const QByteArray& piece) { return ok = file.write(piece) == piece.size(); });
     const QString reason = file.errorString();
     if (!ok) file.cancelWriting();
-    if (!ok || !file.commit()) return {false, path % QStringLiteral(": ") % (ok ? file.errorString() : reason)};
+    if (!ok || !file.commit())
+        return {false, path % QStringLiteral(": ") % (ok ? file.errorString() : reason)};
     return {};
 }
 

@@ -1,11 +1,11 @@
-// A trend as a table for a spreadsheet: time, the eight channels in engineering units with their names and units in
-// the head, the four logic lines. Numbers are written with DecimalSep; fields are parted by "," or, where that is
-// the decimal separator, by ";". UTF-8 with a mark in front, by which spreadsheets know it.
+// A trend as a table for a spreadsheet: time, the eight channels in engineering units with their names and
+// units in the head, the four logic lines. Numbers are written with DecimalSep; fields are parted by "," or,
+// where that is the decimal separator, by ";". UTF-8 with a mark in front, by which spreadsheets know it.
 #pragma once
 
+#include "base/trend_channel.h"
 #include "base/whole_file.h"
 #include "diagnostics/trend/trend_info.h"
-#include "base/trend_channel.h"
 
 namespace kelvane {
 

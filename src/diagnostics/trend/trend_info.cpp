@@ -61,7 +61,8 @@ void takeMarker(QList<TrendMarker>& markers, const QString& value) {
     const qsizetype bar = value.indexOf(QLatin1Char('|'));
     bool ok = false;
     const qint64 record = value.left(bar).toLongLong(&ok);
-    if (bar > 0 && ok && record >= 0 && markers.size() < MostMarkers) markers.append({record, value.mid(bar + 1)});
+    if (bar > 0 && ok && record >= 0 && markers.size() < MostMarkers)
+        markers.append({record, value.mid(bar + 1)});
 }
 
 void takeHead(TrendInfo& info, const QString& key, const QString& value) {

@@ -1,6 +1,7 @@
-// What a scope file cannot hold: which item each channel showed, on which scale and in which colour, from which drive
-// and since when, and the markers. Kept as a small text file "x.trd.info" beside "x.trd", UTF-8, one "key=value" a
-// line with a section for each channel; a person may read and change it. A scope file without one is as good.
+// What a scope file cannot hold: which item each channel showed, on which scale and in which colour, from
+// which drive and since when, and the markers. Kept as a small text file "x.trd.info" beside "x.trd", UTF-8,
+// one "key=value" a line with a section for each channel; a person may read and change it. A scope file
+// without one is as good.
 #pragma once
 
 #include <QDateTime>
@@ -35,8 +36,8 @@ struct TrendMarker {
 };
 
 struct TrendInfo {
-    QDateTime start;    // of the first record; local time
-    QString drive;      // family, version and ratings in words
+    QDateTime start;  // of the first record; local time
+    QString drive;    // family, version and ratings in words
     int DriveFamily = -1;
     std::array<TrendChannelInfo, TrendChannelRoom> channels;
     QList<TrendMarker> markers;
@@ -45,7 +46,8 @@ struct TrendInfo {
 
 QString trendInfoPath(const QString& trdPath);
 QByteArray trendInfoBytes(const TrendInfo& info);
-// Takes what it can read; values out of their range keep their defaults. Nothing when the head line is missing.
+// Takes what it can read; values out of their range keep their defaults. Nothing when the head line is
+// missing.
 std::optional<TrendInfo> readTrendInfo(const QByteArray& bytes);
 
 }  // namespace kelvane

@@ -92,7 +92,8 @@ QList<TrendJournal::Run> TrendJournal::unsaved() const {
     QList<Run> runs;
     const QDir folder(m_folder);
     // Names sort by time and then by segment.
-    for (const QFileInfo& file : folder.entryInfoList({QStringLiteral("run-*.trd")}, QDir::Files, QDir::Name)) {
+    for (const QFileInfo& file :
+         folder.entryInfoList({QStringLiteral("run-*.trd")}, QDir::Files, QDir::Name)) {
         const QString id = file.fileName().mid(4, IdFormat.size());
         const QDateTime start = QDateTime::fromString(id, IdFormat);
         if (!start.isValid() || (open() && id == m_id)) continue;

@@ -1,6 +1,6 @@
-// A copy on disk of what is being recorded, so that a run outlives a crash, a power cut of the screen's PC or a window
-// that was closed without saving. A run is one or two plain scope files of at most a million records with an info
-// file beside them; the oldest runs make room. Nothing here is ever loaded by itself.
+// A copy on disk of what is being recorded, so that a run outlives a crash, a power cut of the screen's PC or
+// a window that was closed without saving. A run is one or two plain scope files of at most a million records
+// with an info file beside them; the oldest runs make room. Nothing here is ever loaded by itself.
 #pragma once
 
 #include <QDateTime>
@@ -16,10 +16,10 @@ namespace kelvane {
 class TrendJournal {
    public:
     struct Run {
-        QString id;             // "20260302-090807-060"
+        QString id;  // "20260302-090807-060"
         QDateTime start;
-        qint64 records = 0;     // in the files that are still there
-        QStringList files;      // in order
+        qint64 records = 0;  // in the files that are still there
+        QStringList files;   // in order
         QString infoFile;
     };
     static constexpr qint64 SegmentRecords = 1000000;

@@ -1,5 +1,5 @@
-// What lies between two measuring cursors: time, and of each channel first and last value, lowest, highest, mean and
-// root mean square, all in engineering units through the present scale.
+// What lies between two measuring cursors: time, and of each channel first and last value, lowest, highest,
+// mean and root mean square, all in engineering units through the present scale.
 #pragma once
 
 #include <array>

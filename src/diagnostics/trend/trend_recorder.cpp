@@ -8,7 +8,7 @@
 namespace kelvane {
 
 TrendRecorder::TrendRecorder(TickClock& clock, const WallClock& wallClock, int channelCount)
-    : m_wallClock(wallClock), m_timer(clock, TickKind::RealTime, LeastInterval, [this] { GetData(); }) {
+    : m_wallClock(wallClock), m_timer(clock, TickKind::RealTime, LeastInterval, [this] { timerDue(); }) {
     data.channels.resize(static_cast<size_t>(channelCount));
 }
 
@@ -28,6 +28,10 @@ void TrendRecorder::AddSeparator() {
     if (!data.records.insert(count - 1, SeparatorRecords, separator)) return giveUp();
     Q_EMIT recordsReplaced();
     Q_EMIT OnRecNoChanged();
+}
+
+void TrendRecorder::timerDue() {
+    if (!mayRecord || mayRecord()) GetData();
 }
 
 void TrendRecorder::GetData() {

@@ -1,9 +1,10 @@
-// The recording half of a trend object (AbTrend1, AbTrend2 of the Trend window, AbTrend1 of the Monitor): takes one
-// record of all channels every Interval while it records, marks each break with separators, saves and loads. A plot
-// paints its data.
+// The recording half of a trend object (AbTrend1, AbTrend2 of the Trend window, AbTrend1 of the Monitor):
+// takes one record of all channels every Interval while it records, marks each break with separators, saves
+// and loads. A plot paints its data.
 #pragma once
 
 #include <QObject>
+#include <functional>
 
 #include "base/tick_clock.h"
 #include "base/trend_channel.h"
@@ -41,21 +42,26 @@ class TrendRecorder : public QObject {
     void SetMaxRecords(qint64 count);  // below 100 is refused
     qint64 DeleteCount = 500000000;    // records that stay when MaxRecords is reached
 
+    // While it answers false the timer takes no record.
+    std::function<bool()> mayRecord;
+
     FileResult SaveToFile(const QString& name) const;
-    // Stops the recording and appends the file's records, behind a separator when there is more than one record.
+    // Stops the recording and appends the file's records, behind a separator when there is more than one
+    // record.
     FileResult LoadFromFile(const QString& name);
 
    Q_SIGNALS:
-    void OnInterval();         // a record was taken
-    void OnRecNoChanged();     // the number of records is another one
-    void recordsReplaced();    // cleared, loaded, separated: more than one record behind the last
+    void OnInterval();       // a record was taken
+    void OnRecNoChanged();   // the number of records is another one
+    void recordsReplaced();  // cleared, loaded, separated: more than one record behind the last
     void startedOrStopped();
-    void noRoom();             // no memory for another record; the recording has stopped
+    void noRoom();  // no memory for another record; the recording has stopped
 
    private:
     void AddSeparator();
     void makeRoom();
     void giveUp();
+    void timerDue();
     const WallClock& m_wallClock;
     TickTimer m_timer;
     bool m_flow = false;

@@ -2,10 +2,12 @@
 
 #include <QFileInfo>
 #include <algorithm>
+#include <cmath>
 
 #include "base/trend_time.h"
 #include "diagnostics/status_items.h"
 #include "diagnostics/trend/auto_range.h"
+#include "diagnostics/trend/scope_file.h"
 #include "diagnostics/trend/trend_text.h"
 #include "link/number_text.h"
 
@@ -24,8 +26,8 @@ constexpr qint64 InfoBytes = 1 << 20;
 constexpr std::array<quint32, TrendSession::Channels> ChannelColours{0x00FF00, 0xFFFF00, 0xFF0000, 0xFF00FF,
                                                                      0xFF8040, 0x00FFFF, 0xF0F0F0, 0x0078D7};
 constexpr std::array<quint32, TrendSession::LogicLines> LogicColours{0x00FF00, 0xFFFF00, 0xFF0000, 0xFF00FF};
-constexpr std::array<const char*, TrendSession::LogicLines> LogicCaptions{"L1 RUN/STOP command", "L2 RUN/STOP status",
-                                                                          "L3 FWD/REV command", "L4 FWD/REV status"};
+constexpr std::array<const char*, TrendSession::LogicLines> LogicCaptions{
+    "L1 RUN/STOP command", "L2 RUN/STOP status", "L3 FWD/REV command", "L4 FWD/REV status"};
 
 }  // namespace
 
@@ -61,12 +63,21 @@ TrendSession::TrendSession(const TrendBench& bench)
         channel.ValueTo = LogicScale;
     }
     InfoAdvStringGrid.setRowCount(8);
-    InfoAdvStringGrid.setHeaders({QStringLiteral("Item"), QStringLiteral("Value"), QStringLiteral("Unit"), {},
-                                  QStringLiteral("Item"), QStringLiteral("Value"), QStringLiteral("Unit"), {}});
+    InfoAdvStringGrid.setHeaders({QStringLiteral("Item"),
+                                  QStringLiteral("Value"),
+                                  QStringLiteral("Unit"),
+                                  {},
+                                  QStringLiteral("Item"),
+                                  QStringLiteral("Value"),
+                                  QStringLiteral("Unit"),
+                                  {}});
     setCaptions();
+    // Before the first poll there is nothing but zeros.
+    AbTrend1.mayRecord = [this] { return status().DriveReady != 0; };
     connect(&AbTrend1, &TrendRecorder::OnInterval, this, &TrendSession::recordTaken);
     connect(&AbTrend1, &TrendRecorder::noRoom, this, [this] {
-        tell(QStringLiteral("There is no memory left for more records. The recording has stopped; save it now."));
+        tell(QStringLiteral(
+            "There is no memory left for more records. The recording has stopped; save it now."));
     });
     connect(&m_bench.link, &RequestScheduler::cycleEnded, this, [this] { GetDataTimer.kick(); });
 }
@@ -105,7 +116,8 @@ void TrendSession::ProcessScopeData(DriveStatusRecord DriveStatus) {
     bool rescaled = false;
     for (int c = 1; c <= Channels; ++c) {
         const int k = ChannelItem[static_cast<size_t>(c)];
-        rescaled |= autoRange(AbTrend1.Channel(c), statusWordOf(DriveStatus, k), statusItem(DriveStatus, k).scale);
+        rescaled |=
+            autoRange(AbTrend1.Channel(c), statusWordOf(DriveStatus, k), statusItem(DriveStatus, k).scale);
     }
     if (rescaled) Q_EMIT scalesChanged();
     for (int c = 1; c <= Channels; ++c) {
@@ -286,10 +298,12 @@ void TrendSession::AbTrend1NewCursorPos(const ValueAtCursor& value) {
     }
     for (int c = 1; c <= Channels; ++c) {
         const auto i = static_cast<size_t>(c);
-        const StatusItemView item = statusItem(status(), statusItemOfEntry(status().DriveFamily, ChComboBox[i]));
+        const StatusItemView item =
+            statusItem(status(), statusItemOfEntry(status().DriveFamily, ChComboBox[i]));
         const TrendChannel& channel = AbTrend1.Channel(c);
-        ChLabeledEdit[i] =
-            channel.visible ? trendValueText(channel, value.Digit[i - 1], item.decimals, item.scale) : QString();
+        ChLabeledEdit[i] = channel.visible
+                               ? trendValueText(channel, value.Digit[i - 1], item.decimals, item.scale)
+                               : QString();
     }
     RecNoLabel = opCursorOnRec ? QString::number(value.RecordNo) : NoRecordText;
     RecTimeLabel = opCursorOnRec ? trendTimeText(value.Time) : NoRecordText;
@@ -376,14 +390,15 @@ TrendInfo TrendSession::info() const {
     const TrendRecords& records = AbTrend1.data.records;
     const qint64 first = records.isEmpty() ? -1 : records.nearestSample(0);
     if (first >= 0)
-        if (const auto moment = trendMoment(records[first].Time)) described.start = QDateTime(moment->date, moment->time);
+        if (const auto moment = trendMoment(records[first].Time))
+            described.start = QDateTime(moment->date, moment->time);
     for (size_t c = 0; c < Channels; ++c) {
         const TrendChannel& channel = AbTrend1.data.channels[c];
         const int entry = ChComboBox[c + 1];
         const StatusItemView item = statusItem(status(), statusItemOfEntry(status().DriveFamily, entry));
-        described.channels[c] = {entry,          items.value(entry), channel.ValueUnit, channel.ValueFormat,
-                                 item.scale,     item.decimals,      channel.ValueTo,   channel.DigitalTo,
-                                 channel.color,  channel.penWidth,   channel.visible};
+        described.channels[c] = {entry,         items.value(entry), channel.ValueUnit, channel.ValueFormat,
+                                 item.scale,    item.decimals,      channel.ValueTo,   channel.DigitalTo,
+                                 channel.color, channel.penWidth,   channel.visible};
     }
     described.markers = markers;
     return described;
@@ -461,18 +476,18 @@ void TrendSession::endJournal() {
 }
 
 void TrendSession::openRun(const TrendJournal::Run& run) {
-    for (const QString& file : run.files) appendLoaded(file);
+    FileResult result;
+    for (const QString& file : run.files)
+        // Its files are one run: no break between them.
+        result = file == run.files.first() ? AbTrend1.LoadFromFile(file)
+                                           : loadScopeFile(file, AbTrend1.data.records);
+    m_journal.skipTo(AbTrend1.data.records);
+    tell(result.ok ? QStringLiteral("The recording is here again. Save it to keep it.") : result.error);
     const FileContent described = readWhole(run.infoFile, InfoBytes);
     offeredInfo = described.ok ? readTrendInfo(described.bytes) : std::nullopt;
     takeOfferedInfo();
     Q_EMIT loaded();
     Q_EMIT offersChanged();
-}
-
-void TrendSession::appendLoaded(const QString& path) {
-    const FileResult result = AbTrend1.LoadFromFile(path);
-    m_journal.skipTo(AbTrend1.data.records);
-    tell(result.ok ? QStringLiteral("The recording is here again. Save it to keep it.") : result.error);
 }
 
 void TrendSession::removeRun(const TrendJournal::Run& run) {

@@ -1,6 +1,6 @@
-// The Trend window without its widgets: what feeds the two trend objects, what starts and stops a run, the cursor's
-// texts, the Status tab's values, scope files and the journal. It sends nothing; its data come from the idle poll of
-// the link. TScopeForm shows its fields.
+// The Trend window without its widgets: what feeds the two trend objects, what starts and stops a run, the
+// cursor's texts, the Status tab's values, scope files and the journal. It sends nothing; its data come from
+// the idle poll of the link. TScopeForm shows its fields.
 #pragma once
 
 #include <QObject>
@@ -43,22 +43,22 @@ class TrendSession : public QObject {
     quint16 DirState = 0;
     bool LogicPrimed = false;
     bool StartVrPowerButton = false;
-    bool TrendScrollBar = true;        // enabled
-    bool StatusTabSheet = false;       // shown
-    bool opCursorOnRec = true;         // of AbTrend1
+    bool TrendScrollBar = true;   // enabled
+    bool StatusTabSheet = false;  // shown
+    bool opCursorOnRec = true;    // of AbTrend1
     int LeftScaleCh = 1;
     TickTimer GetDataTimer;
     std::array<bool, Channels + 1> ChVrPowerButton{};
     // Selected entry of the item box, -1 for none; kept as it is while the box has no such entry.
     std::array<int, Channels + 1> ChComboBox{};
-    QStringList items;                 // of the boxes
+    QStringList items;  // of the boxes
     std::array<QString, Channels + 1> ChLabeledEdit;
     QString RecNoLabel;
     QString RecTimeLabel;
     std::array<QString, LogicLines + 1> LogicLabel;  // RUNCmdLabel, RUNStaLabel, FWDCmdLabel, FWDStaLabel
     StringGrid InfoAdvStringGrid{8};
     QList<TrendMarker> markers;
-    QString notice;                    // what went wrong or well last, for the window's foot
+    QString notice;  // what went wrong or well last, for the window's foot
 
     // Fault display, the first step of ProcessScopeData; set by who owns it.
     std::function<void(const DriveStatusRecord&)> showFault;
@@ -69,7 +69,8 @@ class TrendSession : public QObject {
     void GetDataTimerTimer();
     void ProcessScopeData(DriveStatusRecord DriveStatus);
     void ChangeChanelSetting(int channel);
-    // What a drive that was recognised changes: item names, formats and units of the channels, the Status tab.
+    // What a drive that was recognised changes: item names, formats and units of the channels, the Status
+    // tab.
     void InitialDrive(const QStringList& itemList);
     void takeItemNames(const QStringList& itemList);
     // Replies of the keypad's commands move the command lines.
@@ -111,24 +112,22 @@ class TrendSession : public QObject {
     void removeMarker(qsizetype index);
 
    Q_SIGNALS:
-    void changed();          // switches, texts, formats
-    void scalesChanged();    // of a channel: the curves are drawn anew
-    void cursorTexts();      // cursor edits and labels only
-    void statusShown();      // the state words were looked at: lamps
-    void offersChanged();    // offeredInfo, offeredRuns()
-    void loaded();           // a file was loaded: show it whole
+    void changed();        // switches, texts, formats
+    void scalesChanged();  // of a channel: the curves are drawn anew
+    void cursorTexts();    // cursor edits and labels only
+    void statusShown();    // the state words were looked at: lamps
+    void offersChanged();  // offeredInfo, offeredRuns()
+    void loaded();         // a file was loaded: show it whole
 
    private:
     void startRun();
     void stopRun();
-    void linkChannel(int channel, const DriveStatusRecord& status);
     void setCaptions();
     void showInfoValues(const DriveStatusRecord& status);
     void recordTaken();
     void keepJournal();
     void endJournal();
     void tell(const QString& text);
-    void appendLoaded(const QString& path);
     const DriveStatusRecord& status() const { return m_bench.link.DriveStatus; }
     TrendBench m_bench;
     TrendJournal m_journal;

@@ -14,10 +14,12 @@ QString wholeText(double value) { return QString::number(static_cast<qint64>(std
 
 }  // namespace
 
-// The product is taken before the division: the top in counts is the whole part of ValueTo x scale, so the quotient
-// is never below the digit.
-QString trendValueText(const TrendChannel& channel, quint16 digit, quint8 StatusDecimals, quint8 StatusScale) {
-    if (channel.DigitalTo <= 0) return StatusDecimals ? InsertDecimalPoint(QStringLiteral("0"), StatusDecimals) : QStringLiteral("0");
+// The product is taken before the division: the top in counts is the whole part of ValueTo x scale, so the
+// quotient is never below the digit.
+QString trendValueText(const TrendChannel& channel, quint16 digit, quint8 StatusDecimals,
+                       quint8 StatusScale) {
+    if (channel.DigitalTo <= 0)
+        return StatusDecimals ? InsertDecimalPoint(QStringLiteral("0"), StatusDecimals) : QStringLiteral("0");
     if (StatusDecimals == 0) return wholeText(digit * channel.ValueTo / channel.DigitalTo);
     const double counts = digit * (channel.ValueTo * StatusScale) / channel.DigitalTo;
     return InsertDecimalPoint(wholeText(counts), StatusDecimals);
