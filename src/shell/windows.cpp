@@ -18,7 +18,7 @@ Windows::Windows(Tool& toolShown, TMainForm& main, ShellOperator* person, KeptLo
       progressForm(tool.parameters.progress),
       writeCheckForm(tool.parameters),
       inputValueForm(tool.bench.person, tool.bench.language.table),
-      printForm(tool.bench.person),
+      reportForm(tool.bench.person),
       connectForm(tool.comSetup, tool.bench.clock),
       ceMessageForm(tool.link),
       initialForm(tool.link),
@@ -43,7 +43,7 @@ QList<QWidget*> Windows::all() {
     return {&mainForm,          &comSetupForm,     &parameterForm,
             &progressForm,      &writeCheckForm,   &inputValueForm,
             &selParaSourceForm, &selCompKindForm,  &selReadKindForm,
-            &selFileFormatForm, &messageForm,      &printForm,
+            &selFileFormatForm, &messageForm,      &reportForm,
             &connectForm,       &ceMessageForm,    &initialForm,
             &aboutForm,         &passwordForm,     &inputForm,
             &selParaPrintForm,  &selGroupLoadForm, &writeCheckErrRecordForm};
@@ -82,8 +82,8 @@ void Windows::connectParameters() {
     });
     connect(&parameterForm, &TParameterForm::finished, this, [this] { tool.rules.finished(OwnerParameter); });
     connect(&parameterForm, &TParameterForm::reportWanted, this, [this](const Report& report) {
-        printForm.setReport(report);
-        showModal(printForm);
+        reportForm.setReport(report);
+        showModal(reportForm);
     });
 }
 

@@ -1,5 +1,5 @@
 // The printed report: what stands on its pages, and the preview around it.
-#include "parameters/report/print_form.h"
+#include "parameters/report/report_form.h"
 
 #include <gtest/gtest.h>
 
@@ -91,7 +91,7 @@ TEST(ReportPages, KeepsTheIdentityOfAPlainTableBlankBeforeAnyComparison) {
 TEST(PrintForm, ShowsAllPagesAndWritesThePdfWhole) {
     QTemporaryDir folder;
     ScriptedOperator person;
-    TPrintForm form(person);
+    TReportForm form(person);
     form.setReport(longReport(false, 150));
     form.show();
     const int pages = ReportPages(longReport(false, 150), A4Room).count();
