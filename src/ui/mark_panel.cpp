@@ -1,5 +1,6 @@
 #include "ui/mark_panel.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -27,9 +28,24 @@ void MarkPanel::paintEvent(QPaintEvent*) {
     painter.setPen(QPen(palette().color(QPalette::WindowText), m_marked ? 2 : 1));
     painter.setBrush(color());
     painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), 5, 5);
-    painter.setPen(Qt::NoPen);
+    painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Highlight), 2) : QPen(Qt::NoPen));
     painter.setBrush(palette().color(QPalette::Window));
     painter.drawRoundedRect(QRectF(rect()).adjusted(Room, Room, -Room, -Room), 3, 3);
+}
+
+void MarkPanel::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Space) return Q_EMIT clicked();
+    QFrame::keyPressEvent(event);
+}
+
+void MarkPanel::focusInEvent(QFocusEvent* event) {
+    QFrame::focusInEvent(event);
+    update();
+}
+
+void MarkPanel::focusOutEvent(QFocusEvent* event) {
+    QFrame::focusOutEvent(event);
+    update();
 }
 
 void MarkPanel::mousePressEvent(QMouseEvent* event) {

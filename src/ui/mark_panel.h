@@ -1,5 +1,5 @@
 // A panel around something that can be chosen: red around the one that is, in the colour of a button around
-// the others. The frame is thicker too, so that the colour is not the only sign.
+// the others. The frame is thicker too, so that the colour is not the only sign. One that takes the focus is chosen with Space as well.
 #pragma once
 
 #include <QColor>
@@ -24,6 +24,9 @@ class MarkPanel : public QFrame {
    protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
    private:
     bool m_marked = false;
