@@ -44,7 +44,7 @@ struct ComparisonOutcome {
 
 // Compares the two tables that it is handed; either may be closed if the kind does not need it.
 class ComparisonEngine {
-public:
+   public:
     ComparisonEngine(const ParameterTable& drive, const ParameterTable& file, ComparisonSheet& sheet,
                      Operator& person, const LangTable& lang)
         : m_drive(drive), m_file(file), m_sheet(sheet), m_person(person), m_lang(lang) {}
@@ -52,7 +52,7 @@ public:
     // kind is one of compareKinds(). Empties the sheet first, whatever comes of it.
     ComparisonOutcome compare(const QString& kind);
 
-private:
+   private:
     ComparisonOutcome driveVsFile();
     ComparisonOutcome withDefaults(const ParameterTable& table, const QString& source);
     bool sameModelOrWanted();

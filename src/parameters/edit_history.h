@@ -12,7 +12,7 @@
 namespace kelvane {
 
 class EditHistory {
-public:
+   public:
     explicit EditHistory(StringGrid& grid) : m_grid(grid) {}
 
     // Runs a change of the grid and keeps as one step what it did to values and check boxes.
@@ -34,7 +34,7 @@ public:
     bool backToReadValue(int row);
     bool toDefault(int row);  // writable rows only
 
-private:
+   private:
     struct RowState {
         QString Data;
         bool check = false;

@@ -47,7 +47,8 @@ void FolderBrowser::buildTree() {
     LsDirTree->setAccessibleName(QStringLiteral("Folders"));
     LsDirTree->setModel(m_folders);
     LsDirTree->setHeaderHidden(true);
-    for (int column = 1; column < m_folders->columnCount(); ++column) LsDirTree->setColumnHidden(column, true);
+    for (int column = 1; column < m_folders->columnCount(); ++column)
+        LsDirTree->setColumnHidden(column, true);
     const auto show = [this](const QModelIndex& index) { setFolder(m_folders->filePath(index)); };
     connect(LsDirTree, &QTreeView::clicked, this, show);
     connect(LsDirTree, &QTreeView::activated, this, show);

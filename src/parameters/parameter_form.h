@@ -1,6 +1,7 @@
 // TParameterForm, Parameter Management: the tables from drive and from file, their comparison, and everything
-// done to them. It shows a ParameterSession and passes the operator's hand on to it; saving, loading and backup
-// are engines that it owns. The shell shows it application-modal and opens the windows that it asks for.
+// done to them. It shows a ParameterSession and passes the operator's hand on to it; saving, loading and
+// backup are engines that it owns. The shell shows it application-modal and opens the windows that it asks
+// for.
 #pragma once
 
 #include <QMainWindow>
@@ -57,8 +58,8 @@ class TParameterForm : public QMainWindow {
     void tellInStatusLine(const QString& text);
 
    Q_SIGNALS:
-    void finished(int result);                 // closed; its tables are gone
-    void reportWanted(const Report& report);   // TPrintForm
+    void finished(int result);                // closed; its tables are gone
+    void reportWanted(const Report& report);  // TPrintForm
 
    protected:
     void showEvent(QShowEvent* event) override;
@@ -116,9 +117,9 @@ class TParameterForm : public QMainWindow {
     QLabel* m_panel0;
     QLabel* m_panel1;
     QLabel* m_dateTime;
-    QString m_linkPanel;                    // panel 1 as the link last told it
+    QString m_linkPanel;                      // panel 1 as the link last told it
     TableSide m_menuSide = TableSide::Drive;  // mark of the tree's menu
-    int m_menuRow = -1;                     // of the main table, for the row's menu
+    int m_menuRow = -1;                       // of the main table, for the row's menu
     bool m_mirroring = false;
 };
 

@@ -78,8 +78,7 @@ void ParameterMenus::buildDriveMenu(QMenuBar* bar) {
     menu->addSeparator();
     WriteSelect = add(menu, "WriteSelect", QStringLiteral("Write Select"), QKeySequence(Qt::Key_F9));
     WriteAll = add(menu, "WriteAll", QStringLiteral("Write All"), QKeySequence(Qt::SHIFT | Qt::Key_F9));
-    ResetParameter =
-        add(menu, "ResetParameter", QStringLiteral("Reset the parameters to factory default"));
+    ResetParameter = add(menu, "ResetParameter", QStringLiteral("Reset the parameters to factory default"));
     ReadfromDrive->setIcon(icon(Icon::ReadDrive));
     WriteSelect->setIcon(icon(Icon::WriteSelect));
     WriteAll->setIcon(icon(Icon::WriteAll));
@@ -128,21 +127,24 @@ void ParameterMenus::buildPopups() {
 }
 
 void ParameterMenus::buildButtons(QToolBar* tools) {
-    ReadDriveTransparentButton = addButton(tools, "ReadDriveTransparentButton", icon(Icon::ReadDrive), "Read Drive",
-                                           "Read the parameter table from the drive", ReadfromDrive);
-    ReadFileTransparentButton = addButton(tools, "ReadFileTransparentButton", icon(Icon::ReadFile), "Read File",
-                                          "Open a parameter table from a file", ReadfromFile);
+    ReadDriveTransparentButton =
+        addButton(tools, "ReadDriveTransparentButton", icon(Icon::ReadDrive), "Read Drive",
+                  "Read the parameter table from the drive", ReadfromDrive);
+    ReadFileTransparentButton = addButton(tools, "ReadFileTransparentButton", icon(Icon::ReadFile),
+                                          "Read File", "Open a parameter table from a file", ReadfromFile);
     SaveTransparentButton = addButton(tools, "SaveTransparentButton", icon(Icon::Save), "Save",
                                       "Save a table or a comparison", Save);
     tools->addSeparator();
-    WriteCheckTransparentButton = addButton(tools, "WriteCheckTransparentButton", icon(Icon::WriteSelect),
-                                            "Write Select", "Write the checked parameters to the drive", WriteSelect);
-    WriteAllTransparentButton = addButton(tools, "WriteAllTransparentButton", icon(Icon::WriteAll), "Write All",
-                                          "Write all writable parameters to the drive", WriteAll);
+    WriteCheckTransparentButton =
+        addButton(tools, "WriteCheckTransparentButton", icon(Icon::WriteSelect), "Write Select",
+                  "Write the checked parameters to the drive", WriteSelect);
+    WriteAllTransparentButton =
+        addButton(tools, "WriteAllTransparentButton", icon(Icon::WriteAll), "Write All",
+                  "Write all writable parameters to the drive", WriteAll);
     tools->addSeparator();
-    CompareTransparentButton = addButton(tools, "CompareTransparentButton", icon(Icon::Compare), "Compare",
-                                         "Compare a table with its defaults or with the other table",
-                                         CompareParameter);
+    CompareTransparentButton =
+        addButton(tools, "CompareTransparentButton", icon(Icon::Compare), "Compare",
+                  "Compare a table with its defaults or with the other table", CompareParameter);
     PrintTransparentButton =
         addButton(tools, "PrintTransparentButton", icon(Icon::Print), "Print", "Print a table", Print);
     auto* room = new QWidget(tools);
@@ -152,8 +154,8 @@ void ParameterMenus::buildButtons(QToolBar* tools) {
         addButton(tools, "ExitTransparentButton", icon(Icon::Exit), "Exit", "Close this window", Exit);
 }
 
-TransparentButton* ParameterMenus::addButton(QToolBar* tools, const char* name, const QIcon& icon, const QString& text,
-                                             const QString& hint, QAction* action) {
+TransparentButton* ParameterMenus::addButton(QToolBar* tools, const char* name, const QIcon& icon,
+                                             const QString& text, const QString& hint, QAction* action) {
     auto* button = new TransparentButton(icon, text, tools);
     button->setObjectName(QLatin1String(name));
     button->setToolTip(hint);

@@ -1,5 +1,5 @@
-// The hand's ways into the Parameter window: the eight buttons, the menu, the pop-ups of tree, tabs and rows. It
-// owns the actions and says nothing of what they do; the window connects them.
+// The hand's ways into the Parameter window: the eight buttons, the menu, the pop-ups of tree, tabs and rows.
+// It owns the actions and says nothing of what they do; the window connects them.
 #pragma once
 
 #include <QAction>

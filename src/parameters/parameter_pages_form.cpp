@@ -211,14 +211,10 @@ ParameterTab ParameterPages::tabOf(int index) const {
 
 TabSheet* ParameterPages::sheet(ParameterTab tab) const {
     switch (tab) {
-        case ParameterTab::Drive:
-            return DriveTabSheet;
-        case ParameterTab::File:
-            return FileTabSheet;
-        case ParameterTab::Compare:
-            return CompareTabSheet;
-        case ParameterTab::None:
-            break;
+        case ParameterTab::Drive: return DriveTabSheet;
+        case ParameterTab::File: return FileTabSheet;
+        case ParameterTab::Compare: return CompareTabSheet;
+        case ParameterTab::None: break;
     }
     return nullptr;
 }
@@ -271,10 +267,8 @@ StringGridView* ParameterPages::frontView() const {
             return DriveTabSheet->subShown() ? DriveTabSheet->subGrid : DriveTabSheet->allGrid;
         case ParameterTab::File:
             return FileTabSheet->subShown() ? FileTabSheet->subGrid : FileTabSheet->allGrid;
-        case ParameterTab::Compare:
-            return CompareTabSheet->CompareAdvStringGrid;
-        case ParameterTab::None:
-            break;
+        case ParameterTab::Compare: return CompareTabSheet->CompareAdvStringGrid;
+        case ParameterTab::None: break;
     }
     return nullptr;
 }

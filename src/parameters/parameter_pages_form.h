@@ -61,7 +61,8 @@ class TableSheet : public TabSheet {
    private:
     void buildIdentity(QVBoxLayout* column);
     VrLabel* addLabel(QGridLayout* header, int row, int column, const char* name, const QString& caption);
-    StringGridView* addSheet(const char* sheetName, const QString& caption, const char* gridName, StringGrid& grid);
+    StringGridView* addSheet(const char* sheetName, const QString& caption, const char* gridName,
+                             StringGrid& grid);
     TableSide m_side;
     QTabWidget* m_sheets;
 };

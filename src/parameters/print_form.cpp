@@ -25,8 +25,7 @@ const QMarginsF Margins(MarginMm, MarginMm, MarginMm, MarginMm);
 
 }  // namespace
 
-TPrintForm::TPrintForm(Operator& person, QWidget* parent)
-    : QDialog(parent), m_person(person) {
+TPrintForm::TPrintForm(Operator& person, QWidget* parent) : QDialog(parent), m_person(person) {
     setObjectName(QStringLiteral("TPrintForm"));
     setWindowTitle(QStringLiteral("Print Preview"));
     setModal(true);
@@ -53,15 +52,16 @@ void TPrintForm::build() {
     resize(fontMetrics().height() * 50, fontMetrics().height() * 42);
 }
 
-TransparentButton* TPrintForm::addButton(QHBoxLayout* row, const char* name, const QIcon& icon, const QString& text) {
+TransparentButton* TPrintForm::addButton(QHBoxLayout* row, const char* name, const QIcon& icon,
+                                         const QString& text) {
     auto* button = new TransparentButton(icon, text, this, TransparentButton::Layout::IconLeft);
     button->setObjectName(QLatin1String(name));
     row->addWidget(button);
     return button;
 }
 
-QToolButton* TPrintForm::addPageButton(QHBoxLayout* row, const char* name, const QIcon& icon, const QString& text,
-                                       int step) {
+QToolButton* TPrintForm::addPageButton(QHBoxLayout* row, const char* name, const QIcon& icon,
+                                       const QString& text, int step) {
     auto* button = new QToolButton(this);
     button->setObjectName(QLatin1String(name));
     button->setIcon(icon);
@@ -117,7 +117,8 @@ void TPrintForm::setReport(const Report& report) {
 }
 
 void TPrintForm::choosePageSize() {
-    m_printer->setPageSize(QPageSize(static_cast<QPageSize::PageSizeId>(PageSizeComboBox->currentData().toInt())));
+    m_printer->setPageSize(
+        QPageSize(static_cast<QPageSize::PageSizeId>(PageSizeComboBox->currentData().toInt())));
     m_printer->setPageMargins(Margins, QPageLayout::Millimeter);
     QuickRep1->updatePreview();
 }

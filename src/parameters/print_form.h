@@ -1,5 +1,5 @@
-// TPrintForm: the preview of a report, with printing and PDF, A4 or Letter. The shell shows it when the Parameter
-// window asks for it; it stays open until the person closes it.
+// TPrintForm: the preview of a report, with printing and PDF, A4 or Letter. The shell shows it when the
+// Parameter window asks for it; it stays open until the person closes it.
 #pragma once
 
 #include <QDialog>
@@ -36,7 +36,8 @@ class TPrintForm : public QDialog {
     void build();
     TransparentButton* addButton(QHBoxLayout* row, const char* name, const QIcon& icon, const QString& text);
     void buildButtons(QHBoxLayout* row);
-    QToolButton* addPageButton(QHBoxLayout* row, const char* name, const QIcon& icon, const QString& text, int step);
+    QToolButton* addPageButton(QHBoxLayout* row, const char* name, const QIcon& icon, const QString& text,
+                               int step);
     void choosePageSize();
     void showPageNumber();
     void savePdf();

@@ -48,7 +48,8 @@ ReportHead reportHead(PrintSource source, const ComparisonSheet& sheet) {
     return head;
 }
 
-Report makeReport(PrintSource source, const StringGrid& grid, const ComparisonSheet& sheet, const QDateTime& now) {
+Report makeReport(PrintSource source, const StringGrid& grid, const ComparisonSheet& sheet,
+                  const QDateTime& now) {
     return {reportHead(source, sheet), now, printRecords(grid, source == PrintSource::Comparison)};
 }
 

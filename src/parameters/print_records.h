@@ -43,6 +43,7 @@ struct Report {
     QDateTime DateQRLabel;
     std::vector<PrintRecord> records;
 };
-Report makeReport(PrintSource source, const StringGrid& grid, const ComparisonSheet& sheet, const QDateTime& now);
+Report makeReport(PrintSource source, const StringGrid& grid, const ComparisonSheet& sheet,
+                  const QDateTime& now);
 
 }  // namespace kelvane

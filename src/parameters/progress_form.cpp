@@ -16,12 +16,9 @@ namespace {
 
 Icon iconOf(ProgressGlyph glyph) {
     switch (glyph) {
-        case ProgressGlyph::ReadFile:
-            return Icon::ReadFile;
-        case ProgressGlyph::Save:
-            return Icon::Save;
-        case ProgressGlyph::ReadDrive:
-            break;
+        case ProgressGlyph::ReadFile: return Icon::ReadFile;
+        case ProgressGlyph::Save: return Icon::Save;
+        case ProgressGlyph::ReadDrive: break;
     }
     return Icon::ReadDrive;
 }
@@ -98,8 +95,8 @@ void TProgressForm::build() {
     column->addLayout(foot);
 }
 
-// The next request goes out first: the record is shown in the next turn of the event loop, whatever changed until
-// then.
+// The next request goes out first: the record is shown in the next turn of the event loop, whatever changed
+// until then.
 void TProgressForm::showRecordSoon() {
     if (std::exchange(m_showing, true)) return;
     QMetaObject::invokeMethod(this, &TProgressForm::showRecord, Qt::QueuedConnection);

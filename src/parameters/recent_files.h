@@ -1,5 +1,5 @@
-// The files that were loaded last, newest first, for the menu of the Parameter window. They live in the program's
-// ui-state file, behind a small interface.
+// The files that were loaded last, newest first, for the menu of the Parameter window. They live in the
+// program's ui-state file, behind a small interface.
 #pragma once
 
 #include <QStringList>

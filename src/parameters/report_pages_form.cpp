@@ -25,12 +25,14 @@ constexpr int NoteField = PrintFields - 1;
 const QStringList HeadCaptions{QStringLiteral("Source:"),        QStringLiteral("Drive Series:"),
                                QStringLiteral("Version:"),       QStringLiteral("Rated Current:"),
                                QStringLiteral("Rated Voltage:"), QStringLiteral("kW(Hp):")};
-const QStringList DriveBlockNames{QStringLiteral("displayQRLabel"),      QStringLiteral("dDriveQRLabel"),
-                                  QStringLiteral("dVersionQRLabel"),     QStringLiteral("dRatedCurrentQRLabel"),
-                                  QStringLiteral("dRatedVoltageQRLabel"), QStringLiteral("dHPQRLabel")};
-const QStringList FileBlockNames{QStringLiteral("FileNameQRLabel"),     QStringLiteral("fDriveQRLabel"),
-                                 QStringLiteral("fVersionQRLabel"),     QStringLiteral("fRatedCurrentQRLabel"),
-                                 QStringLiteral("fRatedVoltageQRLabel"), QStringLiteral("fHPQRLabel")};
+const QStringList DriveBlockNames{
+    QStringLiteral("displayQRLabel"),       QStringLiteral("dDriveQRLabel"),
+    QStringLiteral("dVersionQRLabel"),      QStringLiteral("dRatedCurrentQRLabel"),
+    QStringLiteral("dRatedVoltageQRLabel"), QStringLiteral("dHPQRLabel")};
+const QStringList FileBlockNames{
+    QStringLiteral("FileNameQRLabel"),      QStringLiteral("fDriveQRLabel"),
+    QStringLiteral("fVersionQRLabel"),      QStringLiteral("fRatedCurrentQRLabel"),
+    QStringLiteral("fRatedVoltageQRLabel"), QStringLiteral("fHPQRLabel")};
 
 // So many characters of a field are never cut.
 int wholeCharacters(int field) { return field == DescriptionField ? 16 : 9; }
@@ -84,7 +86,8 @@ double ReportPages::naturalWidths(const Report& report) {
         column.width = metrics.horizontalAdvance(names[column.field]);
         for (const PrintRecord& record : report.records) {
             const QString text = record[static_cast<size_t>(column.field)].trimmed();
-            column.width = std::max(column.width, metrics.horizontalAdvance(text.left(wholeCharacters(column.field))));
+            column.width =
+                std::max(column.width, metrics.horizontalAdvance(text.left(wholeCharacters(column.field))));
         }
         column.width += ColumnGap;
         total += column.width;
@@ -99,7 +102,8 @@ double ReportPages::addHead(const Report& report) {
                             {0, 0, m_room.width(), lineHeight()},
                             Qt::AlignRight | Qt::AlignVCenter});
     const bool both = report.head.drive.left > 0 && report.head.file.left > 0;
-    addBlock(report.head.drive, DriveBlockNames, top, both ? report.head.file.left * ToldUnit : m_room.width());
+    addBlock(report.head.drive, DriveBlockNames, top,
+             both ? report.head.file.left * ToldUnit : m_room.width());
     addBlock(report.head.file, FileBlockNames, top, m_room.width());
     return addCaptions(top);
 }
@@ -167,8 +171,9 @@ void ReportPages::addFeet(const QDateTime& at) {
         ReportPage& page = m_pages[static_cast<size_t>(i)];
         page.lines.push_back({foot.topLeft(), foot.topRight()});
         page.items.push_back({{}, QLocale().toString(at, QLocale::ShortFormat), foot});
-        page.items.push_back({QStringLiteral("PageQRLabel"), QStringLiteral("Page %1 of %2").arg(i + 1).arg(count()),
-                              foot, Qt::AlignRight | Qt::AlignVCenter});
+        page.items.push_back({QStringLiteral("PageQRLabel"),
+                              QStringLiteral("Page %1 of %2").arg(i + 1).arg(count()), foot,
+                              Qt::AlignRight | Qt::AlignVCenter});
     }
 }
 
@@ -182,8 +187,9 @@ void ReportPages::paint(QPainter& painter, int index) const {
     for (const ReportItem& item : page(index).items) {
         painter.setFont(item.bold ? boldOf(m_font) : m_font);
         const bool path = item.name.endsWith(QLatin1String("QRLabel"));
-        const QString text = (item.bold ? bold : plain)
-                                 .elidedText(item.text, path ? Qt::ElideMiddle : Qt::ElideRight, item.room.width() + 1);
+        const QString text =
+            (item.bold ? bold : plain)
+                .elidedText(item.text, path ? Qt::ElideMiddle : Qt::ElideRight, item.room.width() + 1);
         painter.drawText(item.room, static_cast<int>(item.alignment | Qt::TextSingleLine), text);
     }
 }

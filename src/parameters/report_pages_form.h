@@ -1,5 +1,6 @@
-// The printed report as pages of placed texts, and their painting: head with identity and date on the first page,
-// column heads and a foot with the page number on every page. Preview, printer and PDF paint the same pages.
+// The printed report as pages of placed texts, and their painting: head with identity and date on the first
+// page, column heads and a foot with the page number on every page. Preview, printer and PDF paint the same
+// pages.
 #pragma once
 
 #include <QFont>
@@ -14,7 +15,8 @@ class QPainter;
 
 namespace kelvane {
 
-// Places are in report units, 960 to the inch (fine enough for the metrics of a font), from the corner of the printable room.
+// Places are in report units, 960 to the inch (fine enough for the metrics of a font), from the corner of the
+// printable room.
 struct ReportItem {
     QString name;  // of a field or a label of the report; empty for what has none
     QString text;

@@ -46,7 +46,7 @@ void colour(SpreadsheetApplication& application, int row, int columns, int inter
 
 // One table into one workbook.
 class TableSheetWriter {
-public:
+   public:
     TableSheetWriter(SpreadsheetApplication& application, const ParameterTable& table,
                      const TransferProgress& progress)
         : m_application(application), m_table(table), m_grid(table.grid), m_progress(progress) {}
@@ -68,7 +68,7 @@ public:
         finishSheet();
     }
 
-private:
+   private:
     void nameSheets(int sheets, bool rowan) {
         m_application.nameSheet(1, QStringLiteral("Drive Info"));
         for (int sheet = 2; sheet <= sheets + 1; ++sheet) {

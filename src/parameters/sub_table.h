@@ -30,7 +30,7 @@ int groupOfTreeNode(const ParameterTable& table, TableSide side, const QString& 
 
 // The sub-table of one side. It stands for the group that was last selected.
 class SubTable {
-public:
+   public:
     SubTable(ParameterTable& main, TableSide side, EditHistory& history);
 
     StringGrid grid{TableColumns};
@@ -44,7 +44,7 @@ public:
     void dblClickCell(int column, int row, Operator& person);
     void clickCheckBox(int row);
 
-private:
+   private:
     int groupRow(int G) const;
     int mainRow(int row) const;
     void passOn(int row);
@@ -58,7 +58,7 @@ private:
 
 // HidePrNo to HideAttribute: nine columns, each hidden or shown in all grids at once.
 class ColumnHiding {
-public:
+   public:
     explicit ColumnHiding(std::array<StringGrid*, 5> grids) : m_grids(grids) {}
     // Menu item of a column (1 to 9): hides what is shown and shows what is hidden; its mark follows.
     void toggle(int column);
@@ -67,7 +67,7 @@ public:
     // "Unit" and "Default" are hidden for Hazel and shown for all others.
     void setForFamily(Family family);
 
-private:
+   private:
     std::array<StringGrid*, 5> m_grids;
     std::array<bool, 10> m_checked{};
 };

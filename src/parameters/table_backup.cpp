@@ -34,7 +34,8 @@ QString fileWord(const QString& model) {
 
 FileResult TableBackup::write(const ParameterTable& drive, bool RparaAbLED, const QDateTime& now,
                               const std::function<std::optional<QString>(const QString&)>& heldByDrive) {
-    if (!QDir().mkpath(m_folder)) return {false, QStringLiteral("The folder %1 cannot be made.").arg(m_folder)};
+    if (!QDir().mkpath(m_folder))
+        return {false, QStringLiteral("The folder %1 cannot be made.").arg(m_folder)};
     ParameterTable asRead;
     copyAsRead(drive, asRead, heldByDrive);
     m_path = freeName(fileWord(drive.identity.model), now);

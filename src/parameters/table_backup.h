@@ -17,11 +17,12 @@ class TableBackup {
    public:
     static constexpr int Kept = 20;
 
-    explicit TableBackup(const QString& programFolder) : m_folder(programFolder + QStringLiteral("/backup")) {}
+    explicit TableBackup(const QString& programFolder)
+        : m_folder(programFolder + QStringLiteral("/backup")) {}
     const QString& folder() const { return m_folder; }
 
-    // heldByDrive gives the value text as read by parameter number. Errors: the folder cannot be made, the file
-    // cannot be written. path() names the file afterwards.
+    // heldByDrive gives the value text as read by parameter number. Errors: the folder cannot be made, the
+    // file cannot be written. path() names the file afterwards.
     FileResult write(const ParameterTable& drive, bool RparaAbLED, const QDateTime& now,
                      const std::function<std::optional<QString>(const QString& PrNo)>& heldByDrive);
     const QString& path() const { return m_path; }

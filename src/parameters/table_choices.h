@@ -16,7 +16,8 @@ struct TableChoices {
     using ThenKind = std::function<void(std::optional<TableFileKind> kind)>;
 
     // TSelParaPrintForm with its title, the items of its combo and the one selected at first.
-    std::function<void(const QString& title, const QStringList& items, int selected, ThenIndex then)> chooseFrom;
+    std::function<void(const QString& title, const QStringList& items, int selected, ThenIndex then)>
+        chooseFrom;
     // TSelFileFormatForm.
     std::function<void(ThenKind then)> chooseFormat;
     // TSelCompKindForm with the items of its combo; item 0 is selected at first.

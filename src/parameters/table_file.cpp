@@ -17,23 +17,17 @@ TableFileKind tableFileKind(const QString& path) {
 
 QString saveFilter(TableFileKind kind) {
     switch (kind) {
-        case TableFileKind::Text:
-            return QStringLiteral("Text Fiels(*.txt)|*.txt");
-        case TableFileKind::Csv:
-            return QStringLiteral("CSV Fiels(*.csv)|*.CSV");
-        default:
-            return QStringLiteral("Microsoft Excel Fiels(*.xls)|*.xls");
+        case TableFileKind::Text: return QStringLiteral("Text Fiels(*.txt)|*.txt");
+        case TableFileKind::Csv: return QStringLiteral("CSV Fiels(*.csv)|*.CSV");
+        default: return QStringLiteral("Microsoft Excel Fiels(*.xls)|*.xls");
     }
 }
 
 QString saveSuffix(TableFileKind kind) {
     switch (kind) {
-        case TableFileKind::Text:
-            return QStringLiteral(".txt");
-        case TableFileKind::Csv:
-            return QStringLiteral(".CSV");
-        default:
-            return QStringLiteral(".xls");
+        case TableFileKind::Text: return QStringLiteral(".txt");
+        case TableFileKind::Csv: return QStringLiteral(".CSV");
+        default: return QStringLiteral(".xls");
     }
 }
 

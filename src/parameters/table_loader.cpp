@@ -34,7 +34,8 @@ bool TableLoader::load(const QString& path) {
 bool TableLoader::show(const QString& path) {
     const TableFileKind kind = tableFileKind(path);
     if (kind == TableFileKind::Unsupported) {
-        person().tell(m_session.bench.link.lang().MsgStr(12), QStringLiteral("Warning"), BoxIcon::Exclamation);
+        person().tell(m_session.bench.link.lang().MsgStr(12), QStringLiteral("Warning"),
+                      BoxIcon::Exclamation);
         return false;
     }
     if (kind == TableFileKind::Spreadsheet && !spreadsheetPresent(m_spreadsheet, person())) return false;
@@ -45,15 +46,17 @@ LoadedFile TableLoader::read(const QString& path, TableFileKind kind) {
     if (kind == TableFileKind::Spreadsheet) return readSheets(path);
     const FileContent content = readWhole(path);
     if (!content.ok) return failed(content.error);
-    LoadedFile file = readTableText(content.bytes, kind == TableFileKind::Csv ? TextFormat::Csv : TextFormat::Txt,
-                                    m_session.fileTable.identity);
+    LoadedFile file =
+        readTableText(content.bytes, kind == TableFileKind::Csv ? TextFormat::Csv : TextFormat::Txt,
+                      m_session.fileTable.identity);
     if (!file.error.isEmpty()) file.error = QStringLiteral("%1: %2").arg(path, file.error);
     return file;
 }
 
 LoadedFile TableLoader::readSheets(const QString& path) {
     const std::unique_ptr<SpreadsheetApplication> application = m_spreadsheet.create();
-    TransferDialog dialog(m_session.progress, m_session.bench.clock, ProgressGlyph::ReadFile, UsualRows, pumpMessages);
+    TransferDialog dialog(m_session.progress, m_session.bench.clock, ProgressGlyph::ReadFile, UsualRows,
+                          pumpMessages);
     return loadSheets(*application, path, m_session.fileTable.identity, dialog.progress());
 }
 

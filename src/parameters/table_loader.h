@@ -1,6 +1,6 @@
-// Loading a parameter file of any format into the table from file, or a saved comparison into its tab. Button,
-// menu, tree, folder browser, recent files and files dropped on the window start it; owned by the Parameter
-// window. A file that cannot be read leaves everything as it was.
+// Loading a parameter file of any format into the table from file, or a saved comparison into its tab.
+// Button, menu, tree, folder browser, recent files and files dropped on the window start it; owned by the
+// Parameter window. A file that cannot be read leaves everything as it was.
 #pragma once
 
 #include "parameters/parameter_session.h"
@@ -24,9 +24,9 @@ class TableLoader {
     // A file that is known already. True when it is shown.
     bool load(const QString& path);
 
-    std::function<void(const QString& path)> loaded;      // it is shown
-    std::function<void(const QString& path)> notLoaded;   // a box has told why
-    std::function<void()> pumpMessages;  // draws the progress dialog; may be empty
+    std::function<void(const QString& path)> loaded;     // it is shown
+    std::function<void(const QString& path)> notLoaded;  // a box has told why
+    std::function<void()> pumpMessages;                  // draws the progress dialog; may be empty
 
    private:
     bool show(const QString& path);

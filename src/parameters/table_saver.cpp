@@ -54,7 +54,8 @@ void TableSaver::save(ParameterTab preselected, const std::function<void()>& the
     const auto sourceChosen = [this, goOn, tabs, formatChosen](std::optional<int> index) {
         if (!index || *index < 0 || *index >= static_cast<int>(tabs.size())) return goOn();
         const ParameterTab tab = tabs[static_cast<size_t>(*index)];
-        m_choices.chooseFormat([formatChosen, tab](std::optional<TableFileKind> kind) { formatChosen(tab, kind); });
+        m_choices.chooseFormat(
+            [formatChosen, tab](std::optional<TableFileKind> kind) { formatChosen(tab, kind); });
     };
     m_choices.chooseFrom(QStringLiteral("Select Parameter Source to Save"), captions, selected, sourceChosen);
 }

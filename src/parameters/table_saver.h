@@ -1,6 +1,6 @@
-// Saving a table or a comparison: which one, in which format, under which name, and the writing. A list of steps
-// that goes on when a question has its answer. Button, menu and the closing of a tab start it; owned by the
-// Parameter window.
+// Saving a table or a comparison: which one, in which format, under which name, and the writing. A list of
+// steps that goes on when a question has its answer. Button, menu and the closing of a tab start it; owned by
+// the Parameter window.
 #pragma once
 
 #include "parameters/parameter_session.h"

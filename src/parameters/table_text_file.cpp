@@ -25,18 +25,12 @@ constexpr std::array<const char*, InfoLabels> InfoLabelTexts{
 
 QString headerText(const StringGrid& grid, int column) {
     switch (column) {
-        case column::Check:
-            return QStringLiteral("Check");
-        case column::Description:
-            return QStringLiteral("Description     ");
-        case column::Address:
-            return QStringLiteral("Address");  // Kept: also over the notes of a comparison
-        case column::Dot:
-            return QStringLiteral("Dot");
-        case column::RunSet:
-            return QStringLiteral("Run Set");
-        default:
-            return grid.cell(column, 0);
+        case column::Check: return QStringLiteral("Check");
+        case column::Description: return QStringLiteral("Description     ");
+        case column::Address: return QStringLiteral("Address");  // Kept: also over the notes of a comparison
+        case column::Dot: return QStringLiteral("Dot");
+        case column::RunSet: return QStringLiteral("Run Set");
+        default: return grid.cell(column, 0);
     }
 }
 
@@ -98,7 +92,7 @@ std::vector<QStringView> linesOf(QStringView text, size_t maxLines) {
 
 // The first fields of a line; reading behind the last gives empty text.
 class Fields {
-public:
+   public:
     Fields(QStringView line, QChar separator, size_t maxFields) {
         qsizetype start = 0;
         while (start < line.size() && m_fields.size() < maxFields) {
@@ -116,7 +110,7 @@ public:
         return ok && value >= 0 && value <= largest ? value : old;
     }
 
-private:
+   private:
     std::vector<QString> m_fields;
 };
 
@@ -197,7 +191,7 @@ std::array<QString, ComparisonColumns> comparisonRow(QStringView line, QChar sep
 
 // Walks the lines of a comparison file.
 class ComparisonLines {
-public:
+   public:
     ComparisonLines(const std::vector<QStringView>& lines, QChar separator)
         : m_lines(lines), m_separator(separator) {}
 
@@ -212,7 +206,7 @@ public:
         return failed(QStringLiteral("The file holds no comparison result."));
     }
 
-private:
+   private:
     QStringView next() { return m_at < m_lines.size() ? m_lines[m_at++] : QStringView(); }
     void readInfo(CompInfoRow& info) {
         for (QString& text : info) {

@@ -1,5 +1,5 @@
-// All windows of the tool, created in one order at start and living for the whole run, and the openings that need
-// more than one step: each is a named method that goes on when a window has closed.
+// All windows of the tool, created in one order at start and living for the whole run, and the openings that
+// need more than one step: each is a named method that goes on when a window has closed.
 #pragma once
 
 #include <QList>

@@ -11,7 +11,7 @@ namespace {
 using test::rowTexts;
 
 class Comparison : public ::testing::Test {
-protected:
+   protected:
     Comparison() {
         test::fillSample(drive);
         test::fillSample(file);

@@ -35,7 +35,9 @@ namespace {
 // On line in the Parameter window with a practice drive, as the shell leaves it.
 class ParameterWindow : public testing::Test {
    protected:
-    ParameterWindow() : station(clock, drive::familyData(Family::Larch), line()), link({clock, wall, person, station.port, lang}) {
+    ParameterWindow()
+        : station(clock, drive::familyData(Family::Larch), line()),
+          link({clock, wall, person, station.port, lang}) {
         link.Initial();
         link.emptyQueues();
         link.BaudTimeoutTicks = link.ReplyTimeoutTicks = 5;

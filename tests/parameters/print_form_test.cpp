@@ -24,11 +24,12 @@ Report longReport(bool comparison, int rows) {
     Report report;
     report.head.noteShown = comparison;
     report.head.drive = {{"drive", "Larch", "2.05", "150A", "460V", "75 ( 100 )"}, 133};
-    if (comparison) report.head.file = {{"/data/plants/mill 3/pump.txt", "Larch", "2.05", "150A", "460V", "75"}, 254};
+    if (comparison)
+        report.head.file = {{"/data/plants/mill 3/pump.txt", "Larch", "2.05", "150A", "460V", "75"}, 254};
     report.DateQRLabel = QDateTime(QDate(2026, 3, 2), QTime(9, 8, 7));
     for (int i = 0; i < rows; ++i)
-        report.records.push_back({"01-00", "0100H", "WWWWWWWWWWWWWWWW", "Hz", "60000.00", "60000.00", "60000.00",
-                                  "60000.00", "Read-Only", comparison ? "Drive" : ""});
+        report.records.push_back({"01-00", "0100H", "WWWWWWWWWWWWWWWW", "Hz", "60000.00", "60000.00",
+                                  "60000.00", "60000.00", "Read-Only", comparison ? "Drive" : ""});
     return report;
 }
 

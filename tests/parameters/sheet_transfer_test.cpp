@@ -15,7 +15,7 @@ namespace {
 using test::rowTexts;
 
 class SheetTransfer : public ::testing::Test {
-protected:
+   protected:
     SheetTransfer() {
         test::fillSample(table);
         progress.info = [this](const QString& text) { said << text; };

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "parameters/edit_history.h"
 #include "bench/decimal_sep.h"
 #include "bench/scripted_operator.h"
+#include "parameters/edit_history.h"
 #include "parameters/sample_table.h"
 
 namespace kelvane {
@@ -20,7 +20,7 @@ ValueEdit twoPlaces(int InputMin, int InputMax) {
 }
 
 class ValueEditing : public ::testing::Test {
-protected:
+   protected:
     ValueEditing() {
         test::fillSample(table);
         grid.setCheckBox(5, false);
@@ -139,7 +139,7 @@ TEST_F(ValueEditing, HeaderCheckBoxTakesWritableRowsAlong) {
 }
 
 class History : public ValueEditing {
-protected:
+   protected:
     History() { history.tableRead(); }
     void type(const QString& text) {
         history.edit([&] {

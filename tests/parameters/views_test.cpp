@@ -1,8 +1,8 @@
 // Sub-tables, tree texts, column hiding and print records.
 #include <gtest/gtest.h>
 
-#include "parameters/print_records.h"
 #include "bench/scripted_operator.h"
+#include "parameters/print_records.h"
 #include "parameters/sample_table.h"
 #include "parameters/sub_table.h"
 
@@ -12,7 +12,7 @@ namespace {
 using test::rowTexts;
 
 class SubTables : public ::testing::Test {
-protected:
+   protected:
     SubTables() {
         test::fillSample(table);
         history.tableRead();
