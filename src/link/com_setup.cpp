@@ -321,16 +321,4 @@ bool ComSetup::mayOpen() {
     return true;
 }
 
-void ComSetup::returnToParameterWindow() {
-    m_link.ActiveFunction = OwnerParameter;
-    m_link.TxTimer.setEnabled(false);
-    m_link.RxTimer.setEnabled(false);
-    m_link.Keypad.GetDataTimer = false;
-    m_link.RxTickCount = 0;
-    m_link.TimeoutCount = 0;
-    m_link.Rx.RxData.clear();
-    m_link.emptyQueues();
-    m_link.notifyChanged();
-}
-
 }  // namespace kelvane
