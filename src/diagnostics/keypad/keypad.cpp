@@ -180,6 +180,15 @@ void Keypad::rest() {
     m_recordStale = true;
 }
 
+// The record on show may be an old one.
+void Keypad::FormShow() {
+    if (screen.sheet == KeypadSheet::ParaInfo) readAgain();
+}
+
+void Keypad::readAgain() {
+    if (m_recordStale && ComboFilled && mayCommand()) SelPrComboBoxChange(screen.SelPrComboBoxItemIndex);
+}
+
 void Keypad::goOn() { GetDataTimer.setEnabled(true); }
 
 // ---- Ticks ----
@@ -195,10 +204,7 @@ void Keypad::GetDataTimerTimer() {
         ++BlinkTicks;
         ++MaxFreqTicks;
     }
-    if (ScrollPending && ++ScrollTicks >= ScrollRestTicks) {
-        ScrollTicks = 0;
-        sendFrequency(screen.FreqScrollBarPosition);
-    }
+    if (ScrollPending && ++ScrollTicks >= ScrollRestTicks) sendFrequency(screen.FreqScrollBarPosition);
     if (BlinkTicks >= UnderlineTicks) {
         BlinkTicks = 0;
         if (FreqFromLink && KeypadPage == 0) screen.underLineVrLabelVisible = !screen.underLineVrLabelVisible;
@@ -245,8 +251,6 @@ void Keypad::ModeTransparentButtonClick() {
     screen.sheet = KeypadSheet::Main;
     KeypadPage = KeypadPage >= SummaryPage ? qint8(0) : static_cast<qint8>(KeypadPage + 1);
     const bool summary = KeypadPage == SummaryPage;
-    // Kept: the page of the output current and the summary leave the summary's and the slider's visibility as it is
-    // but for what stands here.
     switch (KeypadPage) {
         case 0:
             setPageLeds(true, false, false);
@@ -282,7 +286,7 @@ void Keypad::PROGTransparentButtonClick() {
     // One off, so that the next Mode key comes back to the page that was left.
     KeypadPage = KeypadPage <= 0 ? SummaryPage : static_cast<qint8>(KeypadPage - 1);
     screen.sheet = KeypadSheet::ParaInfo;
-    if (m_recordStale && ComboFilled) SelPrComboBoxChange(screen.SelPrComboBoxItemIndex);
+    readAgain();
     tell();
 }
 

@@ -4,11 +4,11 @@
 #pragma once
 
 #include <QObject>
-#include <optional>
 #include <vector>
 
 #include "base/operator.h"
 #include "base/tick_clock.h"
+#include "catalogue/value_edit.h"
 #include "diagnostics/keypad/keypad_screen.h"
 #include "diagnostics/keypad/parameter_entries.h"
 #include "link/request_scheduler.h"
@@ -64,6 +64,7 @@ class Keypad : public QObject {
     // ---- Line
     // The drive is asked who it is: com setup went on line.
     void showIdentification();
+    void FormShow();
     // Another window takes the line, or the program ends. A frequency that was not sent yet is not sent later.
     void rest();
 
@@ -107,8 +108,9 @@ class Keypad : public QObject {
     void readMaxFreq();
     void sendFrequency(int value);
     void refuseFrequency(int message);
-    std::optional<int> editedValue();
-    void writeValue(int value);
+    ValueTexts textsOnShow() const;
+    void writeValue(const QString& word);
+    void readAgain();
     void forgetRecord();
     bool isReading() const;
     void endRefusal() { m_refusal = {}; }

@@ -1,4 +1,6 @@
 // What a person enters on the keypad: the choice and the value of a parameter, and the frequency.
+#include "catalogue/parameter_record.h"
+#include "catalogue/value_edit.h"
 #include "diagnostics/keypad/keypad.h"
 #include "diagnostics/keypad/keypad_families.h"
 #include "diagnostics/keypad/keypad_tasks.h"
@@ -10,8 +12,6 @@ namespace {
 
 constexpr int FrequencyDecimals = 2;
 const QString ErrorMessage = QStringLiteral("Error Message");
-
-int withoutSeparator(const QString& text) { return withoutSeparatorToInt(text).value_or(0); }
 
 }  // namespace
 
@@ -40,34 +40,31 @@ void Keypad::DataVrLabelDblClick() {
         return;
     }
     const QString asked = m_recordCommand;
-    const std::optional<int> value = editedValue();
-    if (!value) return;
+    const std::optional<QString> text = askValue(textsOnShow(), m_person);
+    const std::optional<QString> word = text ? registerWordOf(*text) : std::nullopt;
+    if (!word) return;
     const BoxAnswer answer =
         m_person.box(m_lang.MsgStr(27), QStringLiteral("Cofirm"), BoxIcon::Question, BoxButtons::OkCancel);
     // Meanwhile the line may have gone, and another drive may have come.
     const bool sameParameter = mayCommand() && ParamInfoShown && m_recordCommand == asked;
-    if (answer == BoxAnswer::Ok && sameParameter) writeValue(*value);
+    if (answer == BoxAnswer::Ok && sameParameter) writeValue(*word);
 }
 
-std::optional<int> Keypad::editedValue() {
-    const QString& data = screen.DataVrLabel;
+ValueTexts Keypad::textsOnShow() const {
     const bool tellsDefault = keypadFamily(m_link.DriveStatus.DriveFamily).tellsDefault;
-    ValueEdit edit;
-    edit.PrInforVrLabel = screen.PrNumVrLabel % QStringLiteral(": ") % screen.PrNameLabel % QStringLiteral(" (") %
-                          screen.MinLabel % QStringLiteral(" - ") % screen.MaxLabel % QStringLiteral(" )");
-    edit.UnitVrLabel = screen.UnitVrLabel;
-    edit.InputOldText = edit.Text = data;
-    edit.InputDot = ParamDecimals;
-    edit.InputDefault = withoutSeparator(tellsDefault ? screen.DefLabel : data);
-    edit.InputMin = withoutSeparator(screen.MinLabel);
-    edit.InputMax = withoutSeparator(screen.MaxLabel);
-    edit.fromList = edit.InputDot == 0 && edit.InputMax < 10 && edit.InputMin >= 0;
-    m_person.editValue(edit);
-    return edit.InputAccepted ? withoutSeparatorToInt(edit.Text) : std::nullopt;
+    return {.number = screen.PrNumVrLabel,
+            .name = screen.PrNameLabel,
+            .unit = screen.UnitVrLabel,
+            .value = screen.DataVrLabel,
+            .defaultValue = tellsDefault ? screen.DefLabel : screen.DataVrLabel,
+            .min = screen.MinLabel,
+            .max = screen.MaxLabel,
+            .places = ParamDecimals,
+            .between = QStringLiteral("-")};
 }
 
-void Keypad::writeValue(int value) {
-    WriteValueText = IntToBaseStr(value, 16, 4);
+void Keypad::writeValue(const QString& word) {
+    WriteValueText = word;
     const QString& address = ParamAddressList[static_cast<size_t>(screen.SelPrComboBoxItemIndex)].address;
     m_link.pushCommand(ParamWriteTask, QStringLiteral("FF06") % address % WriteValueText);
     SelPrComboBoxChange(screen.SelPrComboBoxItemIndex);
@@ -104,12 +101,14 @@ void Keypad::refuseFrequency(int message) {
 // what was entered.
 void Keypad::sendFrequency(int value) {
     ScrollPending = false;
+    ScrollTicks = 0;
     GetDataTimer.setEnabled(false);
     m_link.DriveStatus.KeypadDataDue = 0;
     m_link.pushCommand(FrequencyTask, QStringLiteral("FF062001") % IntToBaseStr(value, 16, 4));
 }
 
 void Keypad::FreqScrollBarScroll(int Position) {
+    if (!mayCommand()) return;
     screen.FreqScrollBarPosition = Position;
     screen.InputEdit = screen.displayVrLabel = InsertDecimalPoint(QString::number(Position), FrequencyDecimals);
     ScrollPending = true;

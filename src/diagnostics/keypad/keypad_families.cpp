@@ -21,7 +21,6 @@ constexpr std::array<Row, 9> rows{{
     {Family::Aspen,
      {.displayDecimals = DisplayDecimals::HighByte,
       .pointBehindLead = false,
-      .decimalsInBit0 = true,
       .faultName = FaultNamesAspen,
       .otherFaultName = FaultNamesAspen}},
     {Family::Larch, {.leftArrow = ArrowKey}},

@@ -15,7 +15,7 @@ enum class DisplayDecimals : quint8 {
 struct KeypadFamily {
     // User display.
     DisplayDecimals displayDecimals = DisplayDecimals::Bits8And9;
-    bool signedValues = false;   // where a display format or an attribute says so
+    bool signedValues = false;   // where the format says so
     bool segmentLead = false;    // lead character as a seven-segment pattern, hexadecimal values
     bool letterLead = true;      // lead character as a letter
     bool pointBehindLead = true;
@@ -23,7 +23,6 @@ struct KeypadFamily {
     int userDisplayWords = 3;  // that are kept of it
     // Parameters.
     bool oneList = false;           // numbers without groups
-    bool decimalsInBit0 = false;    // of the attribute: 2 or none
     bool tellsDefault = true;
     const char* recordLength = "000F";
     // Faults and keys.

@@ -1,4 +1,5 @@
 // The refresh of the keypad: from the records of the link to the screen, in a fixed order.
+#include "catalogue/parameter_record.h"
 #include "catalogue/state_leds.h"
 #include "diagnostics/keypad/keypad.h"
 #include "diagnostics/keypad/keypad_families.h"
@@ -9,8 +10,6 @@
 namespace kelvane {
 
 namespace {
-
-constexpr quint16 LockedAttribute = 8;
 
 QString faultTextRead(quint8 FaultCode) {
     return QStringLiteral("FF0332") % IntToBaseStr(FaultCode, 16, 2) % QStringLiteral("000A");
@@ -64,9 +63,10 @@ void Keypad::showErrors(const DriveStatusRecord& status) {
 void Keypad::showParameter(const DriveStatusRecord& status, const ParamReadRecord& read) {
     ParamInfoShown = true;
     const quint16 attribute = read.ReadField[3];
-    const auto text = [&](quint16 word) { return parameterValueText(status.DriveFamily, attribute, word); };
-    ParamDecimals = parameterDecimals(status.DriveFamily, attribute);
-    screen.LockImageVisible = attribute & LockedAttribute;
+    const auto family = static_cast<Family>(status.DriveFamily);
+    ParamDecimals = static_cast<quint8>(placesOf(family, attribute));
+    const auto text = [&](quint16 word) { return valueText(family, attribute, word, ParamDecimals); };
+    screen.LockImageVisible = readOnlyOf(attribute);
     screen.DataVrLabel = text(read.ReadField[0]);
     screen.MaxLabel = text(read.ReadField[1]);
     screen.MinLabel = text(read.ReadField[2]);

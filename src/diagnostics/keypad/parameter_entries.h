@@ -19,9 +19,4 @@ inline constexpr size_t MostParameterEntries = 600;  // more are not listed
 // The reserved group, number GroupCount, is not listed.
 std::vector<ParameterEntry> parameterEntries(const DriveStatusRecord& DriveStatus);
 
-// Places of a parameter's value, by its attribute word.
-quint8 parameterDecimals(quint8 DriveFamily, quint16 attribute);
-// Value text of a word; negative where the family and the attribute say so.
-QString parameterValueText(quint8 DriveFamily, quint16 attribute, quint16 word);
-
 }  // namespace kelvane
