@@ -62,12 +62,12 @@ class BarSpeech : public QAccessibleWidget {
 };
 
 class LedSpeech : public QAccessibleWidget {
-public:
+   public:
     explicit LedSpeech(LedText* led) : QAccessibleWidget(led, QAccessible::Indicator) {}
 
     QString text(QAccessible::Text kind) const override {
         const auto& led = static_cast<const LedText&>(*object());
-        if (kind == QAccessible::Name) return named(led, led.text());
+        if (kind == QAccessible::Name) return nameOr(led, led.text());
         if (kind != QAccessible::Value) return QAccessibleWidget::text(kind);
         if (led.flashing()) return QStringLiteral("flashing");
         return led.lit() ? QStringLiteral("on") : QStringLiteral("off");
@@ -75,8 +75,9 @@ public:
 };
 
 class DisplaySpeech : public QAccessibleWidget {
-public:
-    explicit DisplaySpeech(SevenSegmentLabel* display) : QAccessibleWidget(display, QAccessible::StaticText) {}
+   public:
+    explicit DisplaySpeech(SevenSegmentLabel* display)
+        : QAccessibleWidget(display, QAccessible::StaticText) {}
 
     QString text(QAccessible::Text kind) const override {
         if (kind != QAccessible::Value) return QAccessibleWidget::text(kind);

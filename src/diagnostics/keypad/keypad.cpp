@@ -68,7 +68,8 @@ void Keypad::listen() {
     using Text = const QString&;
     using Bytes = const QByteArray&;
     m_link.onReply(UserDisplayTask, [this](Text, Bytes data) { storeRatedWords(data); });
-    m_link.onReply(MaxFreqTask, [this](Text, Bytes data) { m_link.DriveStatus.MaxFreqWord = wordAt(data, 4); });
+    m_link.onReply(MaxFreqTask,
+                   [this](Text, Bytes data) { m_link.DriveStatus.MaxFreqWord = wordAt(data, 4); });
     m_link.onReply(FrequencyTask, [this](Text, Bytes) { m_link.DriveStatus.KeypadDataDue = 1; });
     m_link.onReply(FaultTextTask, [this](Text, Bytes data) { storeFaultText(data); });
 }
@@ -133,7 +134,8 @@ void Keypad::statusDecoded() {
 void Keypad::cycleEnded() {
     const auto& tasks = m_link.TaskQueue;
     // A frequency that was dropped without an answer is over too, or the display would stand still for good.
-    if (std::find(tasks.begin(), tasks.end(), FrequencyTask) == tasks.end()) m_link.DriveStatus.KeypadDataDue = 1;
+    if (std::find(tasks.begin(), tasks.end(), FrequencyTask) == tasks.end())
+        m_link.DriveStatus.KeypadDataDue = 1;
     // Without a text, the poll comes before the next question for it: it alone sees the end of the fault.
     const bool again = m_link.inHand() && tasks.front() == FaultTextTask;
     if (m_faultReadInHand && !again) m_pollOwed = true;
@@ -169,7 +171,8 @@ void Keypad::identificationEnded() {
     const int page = KeypadStartMode - 1;
     KeypadPage = page < 0 || page >= SummaryPage ? SummaryPage : static_cast<qint8>(page);
     const std::vector<ParameterEntry> entries = parameterEntries(m_link.DriveStatus);
-    ComboFilled = ComboFilled && entries == ParamAddressList && m_listFamily == m_link.DriveStatus.DriveFamily;
+    ComboFilled =
+        ComboFilled && entries == ParamAddressList && m_listFamily == m_link.DriveStatus.DriveFamily;
     m_recordStale = true;
     ModeTransparentButtonClick();
 }

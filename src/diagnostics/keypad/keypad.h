@@ -1,6 +1,7 @@
-// The software keypad behind TKeypadForm: a copy of the drive's own keypad. It shows what the link has stored,
-// sends what a hand on the real keypad would cause, walks through the parameters and writes one, and shows faults
-// and link errors. It goes on while its window is closed: the fault texts of the whole program come from here.
+// The software keypad behind TKeypadForm: a copy of the drive's own keypad. It shows what the link has
+// stored, sends what a hand on the real keypad would cause, walks through the parameters and writes one, and
+// shows faults and link errors. It goes on while its window is closed: the fault texts of the whole program
+// come from here.
 #pragma once
 
 #include <QObject>
@@ -57,7 +58,8 @@ class Keypad : public QObject {
     void SelPrComboBoxChange(int ItemIndex);
     void DataVrLabelDblClick();
 
-    // ---- Frequency: Enter in InputEdit, whose text is in screen.InputEdit, and a person's hand on the slider
+    // ---- Frequency: Enter in InputEdit, whose text is in screen.InputEdit, and a person's hand on the
+    // slider
     void InputEditEnter();
     void FreqScrollBarScroll(int Position);  // 0.01 Hz
 
@@ -65,7 +67,8 @@ class Keypad : public QObject {
     // The drive is asked who it is: com setup went on line.
     void showIdentification();
     void FormShow();
-    // Another window takes the line, or the program ends. A frequency that was not sent yet is not sent later.
+    // Another window takes the line, or the program ends. A frequency that was not sent yet is not sent
+    // later.
     void rest();
 
    Q_SIGNALS:
@@ -129,14 +132,14 @@ class Keypad : public QObject {
     const LangTable& m_lang;
     KeypadScreen m_told;
     Refusal m_refusal;
-    ParamReadRecord m_read;       // answer to m_recordCommand, with ReadDone until it is shown
-    QString m_recordCommand;      // read of the chosen parameter
-    QString m_faultTextCommand;   // pushed at every tick
-    quint8 m_listFamily = 0;      // of ParamAddressList
-    bool m_recordStale = false;   // another window may have written the parameter since
-    bool m_jogSeen = false;       // bit 2, since JOG was pressed
+    ParamReadRecord m_read;      // answer to m_recordCommand, with ReadDone until it is shown
+    QString m_recordCommand;     // read of the chosen parameter
+    QString m_faultTextCommand;  // pushed at every tick
+    quint8 m_listFamily = 0;     // of ParamAddressList
+    bool m_recordStale = false;  // another window may have written the parameter since
+    bool m_jogSeen = false;      // bit 2, since JOG was pressed
     bool m_faultReadInHand = false;
-    bool m_pollOwed = false;      // a fault text was asked for in vain
+    bool m_pollOwed = false;  // a fault text was asked for in vain
 };
 
 }  // namespace kelvane

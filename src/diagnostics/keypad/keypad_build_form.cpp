@@ -168,7 +168,8 @@ void TKeypadForm::buildParaPage(QWidget* page) {
         left += 62;
     }
     EditTransparentButton =
-        put(named<TransparentButton>("EditTransparentButton", QIcon(iconPicture(Icon::Edit, glassPalette(), {40, 40})),
+        put(named<TransparentButton>("EditTransparentButton",
+                                     QIcon(iconPicture(Icon::Edit, glassPalette(), {40, 40})),
                                      QStringLiteral("Set"), page, TransparentButton::Layout::IconLeft),
             {0, 125, 72, 23}, 11);
     EditTransparentButton->setToolTip(QStringLiteral("Set the parameter"));
@@ -184,11 +185,11 @@ void TKeypadForm::buildErrPage(QWidget* page) {
 }
 
 void TKeypadForm::buildStartPage(QWidget* page) {
-    OnLineTransparentButton = put(
-        named<TransparentButton>("OnLineTransparentButton",
-                                 QIcon(iconPicture(Icon::Connect, glassPalette(), {64, 64})),
-                                 QStringLiteral("On Line"), page),
-        {43, 38, 100, 72}, 13);
+    OnLineTransparentButton =
+        put(named<TransparentButton>("OnLineTransparentButton",
+                                     QIcon(iconPicture(Icon::Connect, glassPalette(), {64, 64})),
+                                     QStringLiteral("On Line"), page),
+            {43, 38, 100, 72}, 13);
     OnLineTransparentButton->setToolTip(QStringLiteral("Set up the COM port and go on line"));
     InitialVrLabel = label("InitialVrLabel", page, {0, 44, 186, 24}, 13);
     InitialVrLabel->setText(QStringLiteral("Initializing ..."));
@@ -241,10 +242,11 @@ void TKeypadForm::buildKeys() {
     const auto clicked = [this](PanelKey* made, void (Keypad::*handler)()) {
         connect(made, &QAbstractButton::clicked, &m_keypad, handler);
     };
-    clicked(key("ModeTransparentButton", QStringLiteral("MODE"), QStringLiteral("Mode: next display page"), at(0, 0)),
+    clicked(key("ModeTransparentButton", QStringLiteral("MODE"), QStringLiteral("Mode: next display page"),
+                at(0, 0)),
             &Keypad::ModeTransparentButtonClick);
-    clicked(key("PROGTransparentButton", QStringLiteral("PROG"), QStringLiteral("Program: show the parameters"),
-                at(1, 0)),
+    clicked(key("PROGTransparentButton", QStringLiteral("PROG"),
+                QStringLiteral("Program: show the parameters"), at(1, 0)),
             &Keypad::PROGTransparentButtonClick);
     clicked(key("LeftArrowTransparentButton", QStringLiteral("\u25C0"),
                 QStringLiteral("Left arrow: next value of the user display"), at(2, 0)),
@@ -256,14 +258,16 @@ void TKeypadForm::buildKeys() {
     clicked(key("DIRTransparentButton", QStringLiteral("FWD/REV"),
                 QStringLiteral("Direction: change between forward and reverse"), at(1, 1)),
             &Keypad::DIRTransparentButtonClick);
-    clicked(key("PUTransparentButton", QStringLiteral("PU"), QStringLiteral("PU: without a function here"), at(2, 1)),
+    clicked(key("PUTransparentButton", QStringLiteral("PU"), QStringLiteral("PU: without a function here"),
+                at(2, 1)),
             &Keypad::PUTransparentButtonClick);
-    PanelKey* run =
-        key("RUNTransparentButton", QStringLiteral("RUN"), QStringLiteral("Run: start the motor"), {16, 311, 104, 60});
+    PanelKey* run = key("RUNTransparentButton", QStringLiteral("RUN"), QStringLiteral("Run: start the motor"),
+                        {16, 311, 104, 60});
     run->setColor(RunGreen);
     clicked(run, &Keypad::RUNTransparentButtonClick);
-    STOPTransparentButton = key("STOPTransparentButton", QStringLiteral("STOP"),
-                                QStringLiteral("Stop: stop the motor, or reset a fault (F12)"), {124, 311, 104, 60});
+    STOPTransparentButton =
+        key("STOPTransparentButton", QStringLiteral("STOP"),
+            QStringLiteral("Stop: stop the motor, or reset a fault (F12)"), {124, 311, 104, 60});
     STOPTransparentButton->setColor(StopRed);
     clicked(STOPTransparentButton, &Keypad::STOPTransparentButtonClick);
     m_keys[2]->setAccessibleName(QStringLiteral("Left arrow"));
@@ -288,12 +292,14 @@ void TKeypadForm::buildZoom() {
         QKeySequence key;
         double by;
     };
-    for (const Step& step : {Step{"LargerItem", QStringLiteral("Larger"), QKeySequence::ZoomIn, ZoomStep},
-                             Step{"SmallerItem", QStringLiteral("Smaller"), QKeySequence::ZoomOut, -ZoomStep},
-                             Step{"UsualSizeItem", QStringLiteral("Usual Size"), QKeySequence(Qt::CTRL | Qt::Key_0), 0}}) {
+    for (const Step& step :
+         {Step{"LargerItem", QStringLiteral("Larger"), QKeySequence::ZoomIn, ZoomStep},
+          Step{"SmallerItem", QStringLiteral("Smaller"), QKeySequence::ZoomOut, -ZoomStep},
+          Step{"UsualSizeItem", QStringLiteral("Usual Size"), QKeySequence(Qt::CTRL | Qt::Key_0), 0}}) {
         auto* action = named<QAction>(step.name, step.text, this);
         action->setShortcut(step.key);
-        connect(action, &QAction::triggered, this, [this, step] { setZoom(step.by == 0 ? 1 : m_zoom + step.by); });
+        connect(action, &QAction::triggered, this,
+                [this, step] { setZoom(step.by == 0 ? 1 : m_zoom + step.by); });
         addAction(action);
     }
     setContextMenuPolicy(Qt::ActionsContextMenu);

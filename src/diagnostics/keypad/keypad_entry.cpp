@@ -97,8 +97,8 @@ void Keypad::refuseFrequency(int message) {
     Q_EMIT selectInputWanted();
 }
 
-// The timer comes back with the first status after the drive's answer, so that an older one does not overwrite
-// what was entered.
+// The timer comes back with the first status after the drive's answer, so that an older one does not
+// overwrite what was entered.
 void Keypad::sendFrequency(int value) {
     ScrollPending = false;
     ScrollTicks = 0;
@@ -110,7 +110,8 @@ void Keypad::sendFrequency(int value) {
 void Keypad::FreqScrollBarScroll(int Position) {
     if (!mayCommand()) return;
     screen.FreqScrollBarPosition = Position;
-    screen.InputEdit = screen.displayVrLabel = InsertDecimalPoint(QString::number(Position), FrequencyDecimals);
+    screen.InputEdit = screen.displayVrLabel =
+        InsertDecimalPoint(QString::number(Position), FrequencyDecimals);
     ScrollPending = true;
     ScrollTicks = 0;
     tell();

@@ -15,14 +15,14 @@ enum class DisplayDecimals : quint8 {
 struct KeypadFamily {
     // User display.
     DisplayDecimals displayDecimals = DisplayDecimals::Bits8And9;
-    bool signedValues = false;   // where the format says so
-    bool segmentLead = false;    // lead character as a seven-segment pattern, hexadecimal values
-    bool letterLead = true;      // lead character as a letter
+    bool signedValues = false;  // where the format says so
+    bool segmentLead = false;   // lead character as a seven-segment pattern, hexadecimal values
+    bool letterLead = true;     // lead character as a letter
     bool pointBehindLead = true;
     const char* userDisplayRead = "FF0321160003";
     int userDisplayWords = 3;  // that are kept of it
     // Parameters.
-    bool oneList = false;           // numbers without groups
+    bool oneList = false;  // numbers without groups
     bool tellsDefault = true;
     const char* recordLength = "000F";
     // Faults and keys.

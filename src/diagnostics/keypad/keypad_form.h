@@ -1,5 +1,5 @@
-// TKeypadForm, the window of the software keypad: a drawing of a keypad with display, lamps and keys. Not modal, of
-// one shape and any size from 100 to 200 %. It shows the engine's screen and passes the hand on.
+// TKeypadForm, the window of the software keypad: a drawing of a keypad with display, lamps and keys. Not
+// modal, of one shape and any size from 100 to 200 %. It shows the engine's screen and passes the hand on.
 #pragma once
 
 #include <QWidget>
@@ -64,7 +64,8 @@ class TKeypadForm : public QWidget {
     void buildKeys();
     void buildZoom();
     QLabel* label(const char* name, QWidget* page, const QRectF& at, double letters = 11);
-    SevenSegmentLabel* display(const char* name, QWidget* page, const QRectF& at, int places, const QString& spoken);
+    SevenSegmentLabel* display(const char* name, QWidget* page, const QRectF& at, int places,
+                               const QString& spoken);
     PanelKey* key(const char* name, const QString& text, const QString& hint, const QRectF& at);
     void place();
     void keepColours();

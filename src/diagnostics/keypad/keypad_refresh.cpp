@@ -52,7 +52,8 @@ void Keypad::showErrors(const DriveStatusRecord& status) {
     const bool exception = status.ExceptionPending || m_refusal.shown();
     if (exception) {
         screen.ErrDescriptLabel = m_refusal.shown() ? m_refusal.text : status.ExceptionText;
-        screen.ErrNameVrLabel = family.otherFaultName ? family.otherFaultName(status.FaultCode) : status.FaultName;
+        screen.ErrNameVrLabel =
+            family.otherFaultName ? family.otherFaultName(status.FaultCode) : status.FaultName;
         screen.sheet = KeypadSheet::ErrInfo;
     }
     // Kept: an error over the parameter page ends on the main page.
@@ -91,7 +92,8 @@ void Keypad::showPage(const DriveStatusRecord& status) {
         case 0:
             screen.FreqScrollBarMax = status.MaxFreqWord;
             screen.LeadChVrLabel.clear();
-            screen.FreqScrollBarPosition = std::min<int>(static_cast<int>(status.StatusWords[2]), status.MaxFreqWord);
+            screen.FreqScrollBarPosition =
+                std::min<int>(static_cast<int>(status.StatusWords[2]), status.MaxFreqWord);
             screen.displayVrLabel = status.StatusText[0];
             break;
         case 1:

@@ -1,5 +1,5 @@
-// What the keypad window shows: texts, pages, lamps and what of it is visible. The engine writes it, the window
-// shows what differs from before.
+// What the keypad window shows: texts, pages, lamps and what of it is visible. The engine writes it, the
+// window shows what differs from before.
 #pragma once
 
 #include <QString>
@@ -12,7 +12,19 @@ namespace kelvane {
 enum class KeypadSheet : quint8 { Main, ParaInfo, ErrInfo, StartUp };
 
 // Lamps: the labels RUNledLabel to UledLabel.
-enum KeypadLed : quint8 { RUNled, STOPled, JOGled, FWDled, REVled, EXTled, PUled, Fled, Hled, Uled, KeypadLedCount };
+enum KeypadLed : quint8 {
+    RUNled,
+    STOPled,
+    JOGled,
+    FWDled,
+    REVled,
+    EXTled,
+    PUled,
+    Fled,
+    Hled,
+    Uled,
+    KeypadLedCount
+};
 
 struct KeypadScreen {
     KeypadSheet sheet = KeypadSheet::StartUp;

@@ -1,5 +1,5 @@
-// Task codes that the keypad alone pushes, beside RUN, STOP, DIR and JOG (link/request_queues.h), and the parameter
-// tasks, which it shares with other windows.
+// Task codes that the keypad alone pushes, beside RUN, STOP, DIR and JOG (link/request_queues.h), and the
+// parameter tasks, which it shares with other windows.
 #pragma once
 
 #include <QString>
