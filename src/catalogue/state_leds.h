@@ -1,45 +1,32 @@
-// The five lamps of a drive's state, decoded from its coded state word (register 2119h, or 2101h of the
-// families that code it there). Trend, PID control and whoever else shows the state read it; the windows
-// paint it.
+// What the second state word of a drive (2101h, with some families 2119h) says by lamps: the one decoding for
+// keypad, trend, PID and console.
 #pragma once
 
 #include <QtGlobal>
 
 namespace kelvane {
 
-struct LedState {
+struct StateLed {
     bool on = false;
-    bool flashing = false;
-    bool operator==(const LedState&) const = default;
+    bool flashing = false;  // only while on
+    bool operator==(const StateLed&) const = default;
 };
 
 struct StateLeds {
-    LedState RUN;
-    LedState STOP;
-    LedState JOG;
-    LedState FWD;
-    LedState REV;
+    StateLed RUN;
+    StateLed STOP;
+    StateLed JOG;
+    StateLed FWD;
+    StateLed REV;
+    StateLed EXT;  // the frequency comes from a terminal
+    StateLed PU;
+    bool frequencyFromLink = false;
     bool operator==(const StateLeds&) const = default;
 };
 
-// Bits 0-1: 0 stopped, 1 stopping, 2 standby, 3 running. Bits 3-4: 0 forward, 1 turning to reverse, 2 turning
-// to forward, 3 reverse. Bit 2: jogging. What is on its way flashes.
-constexpr StateLeds stateLeds(quint32 stateWord) {
-    constexpr LedState Off{};
-    constexpr LedState On{.on = true};
-    constexpr LedState Flashing{.on = true, .flashing = true};
-    struct Pair {
-        LedState first;   // RUN, REV
-        LedState second;  // STOP, FWD
-    };
-    constexpr Pair ByBits[] = {{Off, On}, {Flashing, On}, {On, Flashing}, {On, Off}};
-    const Pair run = ByBits[stateWord & 3];
-    const Pair turn = ByBits[stateWord >> 3 & 3];
-    return {.RUN = run.first,
-            .STOP = run.second,
-            .JOG = stateWord & 4 ? On : Off,
-            .FWD = turn.second,
-            .REV = turn.first};
-}
+// Two bits each for run and direction, one each for the rest: the word that the status poll keeps.
+StateLeds codedStateLeds(quint32 word);
+// One bit a lamp, none flashes: 2101h of the families that have their coded word at 2119h.
+StateLeds plainStateLeds(quint32 word);
 
 }  // namespace kelvane

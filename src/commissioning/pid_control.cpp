@@ -147,7 +147,7 @@ std::optional<LinkRequest> PidControl::nextOfMonitor() {
 }
 
 void PidControl::showLeds() {
-    const StateLeds now = stateLeds(m_bench.link.ReadWords[0]);
+    const StateLeds now = codedStateLeds(m_bench.link.ReadWords[0]);
     if (now == leds) return;
     leds = now;
     Q_EMIT changed();

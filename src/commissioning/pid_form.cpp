@@ -124,7 +124,7 @@ QWidget* TPIDForm::buildDiagrams() {
 
 void TPIDForm::showEngine() {
     const StateLeds& leds = m_pid.leds;
-    const std::array<LedState, 5> states{leds.RUN, leds.STOP, leds.JOG, leds.FWD, leds.REV};
+    const std::array<StateLed, 5> states{leds.RUN, leds.STOP, leds.JOG, leds.FWD, leds.REV};
     for (size_t i = 0; i < states.size(); ++i) {
         m_lamps[i]->setChecked(states[i].on);
         m_lamps[i]->setFlashing(states[i].flashing);

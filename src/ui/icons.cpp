@@ -164,6 +164,11 @@ QIcon icon(Icon which) {
     return QIcon(new TonedIconEngine(QLatin1String("icons/") + name + QLatin1String(".svg")));
 }
 
+QPixmap iconPicture(Icon which, const QPalette& palette, QSize size, qreal devicePixelRatio) {
+    const QByteArray svg = drawing(QLatin1String("icons/") + iconName(which) + QLatin1String(".svg"));
+    return rendered(toned(svg, tonesFor(QIcon::Normal, palette)), size, devicePixelRatio);
+}
+
 QIcon treeImage(int index) {
     if (index < 0 || index >= static_cast<int>(TreeImages.size())) return {};
     return icon(TreeImages[static_cast<size_t>(index)]);
@@ -197,6 +202,11 @@ void PictureBox::showLogo() {
     update();
 }
 
+void PictureBox::showKeypad() {
+    m_kind = Kind::Keypad;
+    update();
+}
+
 void PictureBox::showNothing() {
     m_kind = Kind::Nothing;
     setAccessibleName({});
@@ -216,9 +226,12 @@ QSize PictureBox::sizeHint() const {
 }
 
 QByteArray PictureBox::wantedDrawing() const {
-    if (m_kind == Kind::Logo) return logoDrawing(palette());
-    if (m_kind == Kind::Family) return drawing(familyPath(m_family));
-    return toned(pidDiagram(m_family), tonesFor(QIcon::Normal, palette()));
+    switch (m_kind) {
+        case Kind::Logo: return logoDrawing(palette());
+        case Kind::Keypad: return drawing(QStringLiteral("keypad.svg"));
+        case Kind::PidDiagram: return toned(pidDiagram(m_family), tonesFor(QIcon::Normal, palette()));
+        default: return drawing(familyPath(m_family));
+    }
 }
 
 void PictureBox::paintEvent(QPaintEvent*) {
