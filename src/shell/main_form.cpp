@@ -377,8 +377,8 @@ void TMainForm::showLink() {
     const auto enable = [this](const char* name, bool on) {
         findChild<QAction*>(QString::fromLatin1(name))->setEnabled(on);
     };
-    enable("PIDControl", link.PIDControl && built(OwnerPid));
-    enable("AutoTuning", link.AutoTuning && built(OwnerAutoTuning));
+    enable("PIDControl", link.Labels.PIDControl && built(OwnerPid));
+    enable("AutoTuning", link.Labels.AutoTuning && built(OwnerAutoTuning));
     m_practiceMenu->setEnabled(m_tool.mayChoosePractice());
 }
 

@@ -64,11 +64,10 @@ bool WindowRules::begin(quint8 ActiveFunction) {
     if (rule->prelude) m_link.prelude();
     if (refusedOffLine(*rule)) return false;
     if (ActiveFunction == OwnerKeypad) return true;
-    if (rule->stopsKeypad) m_link.Keypad.GetDataTimer = false;
+    if (rule->stopsKeypad) Q_EMIT stopKeypad();
     if (rule->closesKeypad) Q_EMIT closeKeypad();
     if (rule->marksRead) m_link.ParamRead.ReadDone = 1;
     if (rule->marksWritten) m_link.ParamRead.WriteDone = 1;
-    if (!rule->tail) m_link.Trend.KeypadTransparentButton = m_link.Lamp.onLine();
     m_link.ActiveFunction = ActiveFunction;
     m_link.notifyChanged();
     return true;
@@ -80,10 +79,8 @@ void WindowRules::finished(quint8 ActiveFunction) {
     const auto keypadAsSource = static_cast<quint8>(Family::Keypad);
     if (ActiveFunction == OwnerParameter && m_link.DriveStatus.DriveFamily == keypadAsSource) {
         m_link.DriveStatus.DriveReady = 0;
-        m_link.TxTimer.setEnabled(false);
-        m_link.RxTimer.setEnabled(false);
-        m_link.Lamp.ComStatusAbLED = QStringLiteral("Off Line");
-        m_link.Lamp.green = false;
+        m_link.rest();
+        m_link.setLamp(LampState::Silent);
     }
     if (rule->tail) {
         m_link.tail();
