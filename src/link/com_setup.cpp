@@ -72,7 +72,9 @@ QStringList ComSetup::baudItems() {
     return items;
 }
 QStringList ComSetup::dataBitsItems() { return {QStringLiteral("7"), QStringLiteral("8")}; }
-QStringList ComSetup::parityItems() { return {QStringLiteral("N"), QStringLiteral("E"), QStringLiteral("O")}; }
+QStringList ComSetup::parityItems() {
+    return {QStringLiteral("N"), QStringLiteral("E"), QStringLiteral("O")};
+}
 QStringList ComSetup::stopBitsItems() { return {QStringLiteral("1"), QStringLiteral("2")}; }
 
 void ComSetup::notify() {

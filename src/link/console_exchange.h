@@ -1,6 +1,6 @@
-// What only the Advance console does in an exchange: which check a frame gets, its two waits, its time-outs and
-// failures, its log. The scheduler asks it while the console owns the link; the console's window owns the settings
-// and shows the log.
+// What only the Advance console does in an exchange: which check a frame gets, its two waits, its time-outs
+// and failures, its log. The scheduler asks it while the console owns the link; the console's window owns the
+// settings and shows the log.
 #pragma once
 
 #include <QObject>
@@ -18,7 +18,7 @@ class ConsoleExchange : public QObject, public ConsoleSettings {
     explicit ConsoleExchange(const WallClock& wallClock) : m_wallClock(wallClock) {}
 
     ConsoleRecord Log;
-    ClockReading SendTime;      // of the last send
+    ClockReading SendTime;  // of the last send
     quint8 FirstWaitOver = 0;
 
     FrameCheck frameCheck() const;

@@ -13,7 +13,10 @@ constexpr std::array<OwnerRow, 8> rows{{
     {.ActiveFunction = OwnerParameter, .keypadRests = true, .goesOnForIdentification = true, .reads = true},
     {.ActiveFunction = OwnerQuickSetup, .goesOnForIdentification = true, .refusalMarksWritten = true},
     {.ActiveFunction = OwnerAdvance, .console = true},
-    {.ActiveFunction = OwnerAutoTuning, .keypadRests = true, .goesOnForIdentification = true, .emptiesQueues = true},
+    {.ActiveFunction = OwnerAutoTuning,
+     .keypadRests = true,
+     .goesOnForIdentification = true,
+     .emptiesQueues = true},
     {.ActiveFunction = OwnerPid, .keypadRests = true, .emptiesQueues = true},
 }};
 

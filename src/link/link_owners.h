@@ -19,14 +19,14 @@ enum LinkOwner : quint8 {
 
 struct OwnerRow {
     quint8 ActiveFunction;
-    bool polls = false;              // the status poll runs while nothing else is asked
-    bool keypadRests = false;        // a status reply does not start the keypad's timer
-    bool endsWaitNotice = false;     // the first status reply closes TInitialForm
+    bool polls = false;                    // the status poll runs while nothing else is asked
+    bool keypadRests = false;              // a status reply does not start the keypad's timer
+    bool endsWaitNotice = false;           // the first status reply closes TInitialForm
     bool goesOnForIdentification = false;  // also for the text of a refusal, which runs outside the poll
-    bool emptiesQueues = false;      // after every exchange
+    bool emptiesQueues = false;            // after every exchange
     bool refusalMarksWritten = false;
-    bool reads = false;              // its progress dialog is ended by Abort and Ignore
-    bool console = false;            // the console's policy of the exchange holds
+    bool reads = false;    // its progress dialog is ended by Abort and Ignore
+    bool console = false;  // the console's policy of the exchange holds
 };
 
 // The row of an ActiveFunction; the main window's for any other value.

@@ -1,5 +1,5 @@
-// Plain records that the link fills and that windows read: the drive's status, the last parameter read, what the
-// link shows on the main window, and the records of the console. Fields are the plant's.
+// Plain records that the link fills and that windows read: the drive's status, the last parameter read, what
+// the link shows on the main window, and the records of the console. Fields are the plant's.
 #pragma once
 
 #include <QByteArray>
@@ -79,7 +79,7 @@ struct LampRecord {
 
 enum class LampState {
     OffLine,
-    Silent,          // the drive does not answer: red, the panels stay
+    Silent,  // the drive does not answer: red, the panels stay
     OnLine,
     KeypadAsSource,  // the caption alone
 };

@@ -21,7 +21,8 @@ QByteArrayList asciiReplies(const QByteArray& heard) {
         if (colon < 0) continue;
         const QByteArray frame = heard.mid(colon, end + 2 - colon);
         const QByteArray binary = asciiBinary(frame);
-        if (binary.size() >= 4 && binary.size() * 2 + 3 == frame.size() && CalcLRC(binary) == 0) found += frame;
+        if (binary.size() >= 4 && binary.size() * 2 + 3 == frame.size() && CalcLRC(binary) == 0)
+            found += frame;
     }
     return found;
 }
@@ -95,7 +96,8 @@ std::optional<QByteArray> ReplyTrust::answer(LinkMode mode, const QString& comma
     QByteArrayList fitting;
     for (const QByteArray& reply : wholeReplies(mode, m_heard))
         if (fitsCommand(mode, reply, command)) fitting += reply;
-    const bool same = std::all_of(fitting.begin(), fitting.end(), [&](const auto& one) { return one == fitting[0]; });
+    const bool same =
+        std::all_of(fitting.begin(), fitting.end(), [&](const auto& one) { return one == fitting[0]; });
     if (fitting.isEmpty() || !same) return std::nullopt;
     return fitting.front();
 }

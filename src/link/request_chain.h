@@ -1,7 +1,7 @@
-// A window's way to the drive: one request after the other, each pushed when the one before has been answered. Owns
-// the window's stepping timer, pushes a task with its command, starts the link, looks at ReadDone or WriteDone when
-// an exchange has ended, and asks anew when the queues were thrown away. Owned by the engine whose list it steps
-// through; never touches the port.
+// A window's way to the drive: one request after the other, each pushed when the one before has been
+// answered. Owns the window's stepping timer, pushes a task with its command, starts the link, looks at
+// ReadDone or WriteDone when an exchange has ended, and asks anew when the queues were thrown away. Owned by
+// the engine whose list it steps through; never touches the port.
 #pragma once
 
 #include <QObject>
@@ -30,10 +30,11 @@ class RequestChain : public QObject {
     // The request was answered; its flag has been cleared.
     std::function<void(const LinkRequest&)> answered;
     std::function<void()> ended;
-    // Waits while this is false: another's exchange is still open, or a person is asked. Looked at after every
-    // exchange and every step(). Left empty, the chain waits for nobody.
+    // Waits while this is false: another's exchange is still open, or a person is asked. Looked at after
+    // every exchange and every step(). Left empty, the chain waits for nobody.
     std::function<bool()> mayAsk;
-    // True ends the wait for the request that is out as if its flag were set, for instance when it was refused.
+    // True ends the wait for the request that is out as if its flag were set, for instance when it was
+    // refused.
     std::function<bool()> alsoAnswered;
 
     // Starts at the next turn of the event loop. Starting a running chain changes nothing.

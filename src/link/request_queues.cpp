@@ -76,7 +76,8 @@ qsizetype RequestQueues::stringsBefore(size_t position) const {
 void RequestQueues::withdraw(size_t position) {
     const qsizetype string = stringsBefore(position);
     TaskQueue.erase(TaskQueue.begin() + static_cast<qsizetype>(position));
-    if (string < static_cast<qsizetype>(CommandQueue.size())) CommandQueue.erase(CommandQueue.begin() + string);
+    if (string < static_cast<qsizetype>(CommandQueue.size()))
+        CommandQueue.erase(CommandQueue.begin() + string);
 }
 
 // RUN and JOG that have not left when STOP is pressed would start the motor after it.
@@ -96,7 +97,9 @@ void RequestQueues::pushStop(const QString& command) {
 
 bool RequestQueues::stopWaits() const { return m_inHand && TaskQueue.size() > 1 && TaskQueue[1] == StopTask; }
 
-bool RequestQueues::stopIsNext() const { return !m_inHand && !TaskQueue.empty() && TaskQueue.front() == StopTask; }
+bool RequestQueues::stopIsNext() const {
+    return !m_inHand && !TaskQueue.empty() && TaskQueue.front() == StopTask;
+}
 
 void RequestQueues::promoteStop() {
     const quint8 failed = TaskQueue.front();

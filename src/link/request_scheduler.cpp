@@ -153,7 +153,8 @@ void RequestScheduler::Initial() {
         push(0, QStringLiteral("FF0321100003"));
         push(21);
     }
-    DriveStatus.GroupIndex = DriveStatus.FaultCode = DriveStatus.ExceptionPending = DriveStatus.DriveReady = 0;
+    DriveStatus.GroupIndex = DriveStatus.FaultCode = DriveStatus.ExceptionPending = DriveStatus.DriveReady =
+        0;
     DriveStatus.FaultTextValid = DriveStatus.ExceptionTextDone = 0;
     ParamRead.ReadDone = ParamRead.WriteDone = 0;
     port().close();
@@ -236,7 +237,8 @@ bool RequestScheduler::SendUsart(const QString& command) {
     m_sentWire.clear();
     if (!port().Open() && !port().open()) return false;
     port().dropInput();  // what came after the end of an exchange belongs to nobody
-    const TxFrame frame = buildFrame(mode(), command, inConsole() ? Console.frameCheck() : FrameCheck::Standard);
+    const TxFrame frame =
+        buildFrame(mode(), command, inConsole() ? Console.frameCheck() : FrameCheck::Standard);
     m_sentWire = frame.wire;
     m_wireTimeUs = port().settings().wireTimeUs(frame.wire.size());
     const bool sent = mode() == LinkMode::Rtu ? port().PutBlock(frame.wire) : port().PutString(frame.wire);
@@ -291,10 +293,10 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
     }
 }
 
-// A wake-up for every byte is the dearest part of an exchange. Those that are sure to come may gather, in ASCII by the
-// shortest reply at first, and by the reply's function as soon as that is known: never beyond the time of the last
-// one, so that the end is noticed at once, and for a few ticks at most, so that a reply that breaks off is noticed
-// hardly later. The rest is no tick.
+// A wake-up for every byte is the dearest part of an exchange. Those that are sure to come may gather, in
+// ASCII by the shortest reply at first, and by the reply's function as soon as that is known: never beyond
+// the time of the last one, so that the end is noticed at once, and for a few ticks at most, so that a reply
+// that breaks off is noticed hardly later. The rest is no tick.
 bool RequestScheduler::restUntilNearlyWhole() {
     if (inConsole() || CommandQueue.empty() || comesAsEcho()) return false;
     const int known = replyLength(mode(), CommandQueue.front(), Rx);
@@ -475,8 +477,9 @@ void RequestScheduler::actOn(const JudgedReply& reply, const QString& command, q
         case ReplyVerdict::FunctionError: break;
     }
     if (inConsole()) return;
-    ShowHistoryMsg(reply.verdict == ReplyVerdict::LengthError ? QStringLiteral("Receive data length is not correct !!")
-                                                             : QStringLiteral("Function code error !! -> "));
+    ShowHistoryMsg(reply.verdict == ReplyVerdict::LengthError
+                       ? QStringLiteral("Receive data length is not correct !!")
+                       : QStringLiteral("Function code error !! -> "));
     if (task == ExceptionTextTask) onExceptionTextFailed();
     countRule();
 }

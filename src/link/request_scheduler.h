@@ -1,8 +1,8 @@
-// The one road to the drive: two queues, a send step and a wait step, one request outstanding at a time. This is the
-// exchange: queues, send, wait, judge, end. Windows push a task and a command (through a RequestChain) and look at
-// ReadDone or WriteDone when cycleEnded() comes. What a task does with a good reply stands in the task table
-// (task_table.h), in the catalogue (identification) and with the windows that own a task. What the link means to
-// windows they do themselves, on its signals.
+// The one road to the drive: two queues, a send step and a wait step, one request outstanding at a time. This
+// is the exchange: queues, send, wait, judge, end. Windows push a task and a command (through a RequestChain)
+// and look at ReadDone or WriteDone when cycleEnded() comes. What a task does with a good reply stands in the
+// task table (task_table.h), in the catalogue (identification) and with the windows that own a task. What the
+// link means to windows they do themselves, on its signals.
 #pragma once
 
 #include <QObject>
@@ -39,11 +39,11 @@ class RequestScheduler : public QObject, public RequestQueues {
     ~RequestScheduler() override;
 
     quint8 ActiveFunction = OwnerMain;
-    quint8 ComMode = 0;                // 0 ASCII, 1 RTU
+    quint8 ComMode = 0;  // 0 ASCII, 1 RTU
     quint32 RxTickCount = 0;
     quint32 ReplyTimeoutTicks = 6;
-    quint32 BaudTimeoutTicks = 7;      // owner: com setup
-    quint8 TimeoutCount = 0;           // in a row
+    quint32 BaudTimeoutTicks = 7;  // owner: com setup
+    quint8 TimeoutCount = 0;       // in a row
     quint8 InitFailCount = 0;
     quint8 DriveIdentified = 0;
     RxBuffer Rx;
@@ -59,11 +59,11 @@ class RequestScheduler : public QObject, public RequestQueues {
     // ---- Requests
     // Pushes a request of a window and starts the link, behind the exchange that is open if there is one.
     void request(quint8 task, const QString& command);
-    // A command that a person gave: goes out once, with its own task's handler. STOP goes right behind the exchange
-    // in hand, which is then waited for no longer than a usual reply takes; a RUN or JOG that has not left by then
-    // is withdrawn.
+    // A command that a person gave: goes out once, with its own task's handler. STOP goes right behind the
+    // exchange in hand, which is then waited for no longer than a usual reply takes; a RUN or JOG that has
+    // not left by then is withdrawn.
     void pushCommand(quint8 task, const QString& command);
-    void start();              // sends what waits in the queues
+    void start();  // sends what waits in the queues
     bool idle() const { return !TxTimer.Enabled() && !RxTimer.Enabled() && !m_ending; }
     // Reply handlers by task code; a code without one does nothing.
     using TaskHandler = std::function<void(const QString& command, const QByteArray& RxData)>;
@@ -80,7 +80,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     // Ends whatever goes on, without a word to anybody. The next send waits until an answer could still come.
     void rest();
     void setLamp(LampState state);
-    void notifyChanged();      // emits changed() when a record that windows show differs from the last time
+    void notifyChanged();  // emits changed() when a record that windows show differs from the last time
 
     // ---- Texts
     // One line of the history: date and time, " > ", text.
@@ -97,24 +97,24 @@ class RequestScheduler : public QObject, public RequestQueues {
     int ComStatusVrIndicator() const { return m_indicator; }  // scanner bar, 0 to 100
 
    Q_SIGNALS:
-    void changed();                  // lamp, labels or notices differ from before
+    void changed();  // lamp, labels or notices differ from before
     void indicatorStepped(int position);
     void historyLine(const QString& line);
-    void cycleEnded();               // one exchange is over and its flags are set
-    void answered(quint8 task);      // a good reply, behind its handler
-    void statusDecoded();            // a status poll was stored
-    void identificationEnded();      // the last group's count is in and the maximum frequency is asked for
-    void keypadTableReady();         // the keypad's counts are read: start the table read
-    void timedOut();                 // no reply came; before anybody is asked
-    void timeoutTold();              // the same, behind question and history line
-    void answeredAgain();            // the first reply behind time-outs
-    void badCheck();                 // on line
+    void cycleEnded();           // one exchange is over and its flags are set
+    void answered(quint8 task);  // a good reply, behind its handler
+    void statusDecoded();        // a status poll was stored
+    void identificationEnded();  // the last group's count is in and the maximum frequency is asked for
+    void keypadTableReady();     // the keypad's counts are read: start the table read
+    void timedOut();             // no reply came; before anybody is asked
+    void timeoutTold();          // the same, behind question and history line
+    void answeredAgain();        // the first reply behind time-outs
+    void badCheck();             // on line
     void refused(quint8 task, quint8 code);
     void wentOnLine();
-    void initialRun();               // Initial has run
+    void initialRun();  // Initial has run
     void preludeRun();
-    void tailRun();                  // the poll goes on
-    void parameterReadStopped();     // the link gave up while the progress dialog showed
+    void tailRun();               // the poll goes on
+    void parameterReadStopped();  // the link gave up while the progress dialog showed
     void focusWanted(int ActiveFunction);
 
    private:
@@ -173,16 +173,16 @@ class RequestScheduler : public QObject, public RequestQueues {
     ReplyTrust m_trust;
     ShownRecords m_lastShown;
     QByteArray m_sentWire;
-    qint64 m_wireTimeUs = 0;     // of the request that was sent
+    qint64 m_wireTimeUs = 0;  // of the request that was sent
     int m_indicator = 0;
-    int m_unclear = 0;           // exchanges in a row whose answer could not be told from others
-    bool m_sentAgain = false;    // the exchange in hand needed a resend
-    bool m_wholeReply = false;   // RTU: the silence behind a whole reply is being waited for
-    bool m_resting = false;      // the port holds back while the known rest of a reply is on the wire
-    bool m_ending = false;       // an exchange is being judged, perhaps behind an open question
-    bool m_startWanted = false;  // a window pushed while an exchange was open
-    bool m_sendDeferred = false; // until the line is silent
-    bool m_silentSince = false;  // time-outs since the last reply
+    int m_unclear = 0;            // exchanges in a row whose answer could not be told from others
+    bool m_sentAgain = false;     // the exchange in hand needed a resend
+    bool m_wholeReply = false;    // RTU: the silence behind a whole reply is being waited for
+    bool m_resting = false;       // the port holds back while the known rest of a reply is on the wire
+    bool m_ending = false;        // an exchange is being judged, perhaps behind an open question
+    bool m_startWanted = false;   // a window pushed while an exchange was open
+    bool m_sendDeferred = false;  // until the line is silent
+    bool m_silentSince = false;   // time-outs since the last reply
 };
 
 }  // namespace kelvane

@@ -48,7 +48,8 @@ QString groupCountCommand(const DriveStatusRecord& status) {
 
 void setAt(auto& array, int index, auto value) {
     if (index >= 0 && static_cast<size_t>(index) < array.size())
-        array[static_cast<size_t>(index)] = static_cast<typename std::decay_t<decltype(array)>::value_type>(value);
+        array[static_cast<size_t>(index)] =
+            static_cast<typename std::decay_t<decltype(array)>::value_type>(value);
 }
 
 // ---- Status poll ----
@@ -83,7 +84,8 @@ void decodeStatus(RequestScheduler& link, const QByteArray& RxData) {
 
 void storeGroupParamCount(RequestScheduler& link, const QByteArray& RxData) {
     // An address has one byte for the number.
-    setAt(link.DriveStatus.GroupParamCount, link.DriveStatus.GroupIndex, std::min<int>(wordAt(RxData, 4), 0xFF));
+    setAt(link.DriveStatus.GroupParamCount, link.DriveStatus.GroupIndex,
+          std::min<int>(wordAt(RxData, 4), 0xFF));
 }
 
 // True while another group follows, whose read is then pushed.
@@ -117,7 +119,8 @@ void onParameterRead(RequestScheduler& link, const QString& command, const QByte
     read.ReadField[0] = wordAt(RxData, 4);
     const quint8 family = link.DriveStatus.DriveFamily;
     if (family == Keypad) return;
-    for (int field = 1; field <= 3; ++field) read.ReadField[static_cast<size_t>(field)] = wordAt(RxData, 4 + 2 * field);
+    for (int field = 1; field <= 3; ++field)
+        read.ReadField[static_cast<size_t>(field)] = wordAt(RxData, 4 + 2 * field);
     if (family != Hazel) {
         read.ReadField[4] = wordAt(RxData, 12);
         read.ReadName = dataText(RxData, 11, 16);
@@ -178,7 +181,8 @@ QString exceptionTextCommand(quint8 DriveFamily, quint8 code) {
 void storeExceptionText(RequestScheduler& link, const QString& text) {
     DriveStatusRecord& status = link.DriveStatus;
     status.ExceptionText = text;
-    link.ShowHistoryMsg(QStringLiteral("CE ") % QString::number(status.ExceptionCode) % QStringLiteral(" : ") % text);
+    link.ShowHistoryMsg(QStringLiteral("CE ") % QString::number(status.ExceptionCode) %
+                        QStringLiteral(" : ") % text);
     status.ExceptionTextDone = 1;
     if (link.owner().refusalMarksWritten) link.ParamRead.WriteDone = 1;
 }
