@@ -102,8 +102,15 @@ std::optional<QByteArray> ReplyTrust::answer(LinkMode mode, const QString& comma
     return fitting.front();
 }
 
-void ReplyTrust::answered() {
-    if (m_early && !m_again && !m_more && m_clock.nowUs() >= m_lostUntilUs) m_paceless = true;
+bool ReplyTrust::heardEcho(LinkMode mode, const QString& command) const {
+    if (command.mid(2, 2) != QLatin1String("06")) return false;
+    const QByteArray echo = buildFrame(mode, command, FrameCheck::Standard).wire;
+    return wholeReplies(mode, m_heard).contains(echo);
+}
+
+void ReplyTrust::answered(const QByteArray& reply) {
+    if (m_early && m_heard == reply && !m_again && !m_more && m_clock.nowUs() >= m_lostUntilUs)
+        m_paceless = true;
 }
 
 void ReplyTrust::lostTrack() { m_lostUntilUs = m_clock.nowUs() + LongestLateness; }

@@ -30,10 +30,11 @@ class ReplyTrust {
     bool heardAnything() const { return !m_heard.isEmpty(); }
     // The one reply that fits; nothing when there is none, or when two that fit are not the same.
     std::optional<QByteArray> answer(LinkMode mode, const QString& command) const;
+    bool heardEcho(LinkMode mode, const QString& command) const;  // of a write
     bool heardWholeReply(LinkMode mode) const { return !wholeReplies(mode, m_heard).isEmpty(); }
     // The exchange ended with a good answer. A line that answers before the request can have left it has no
     // pace; there, being early is no sign of a late answer.
-    void answered();
+    void answered(const QByteArray& reply);
 
     // ---- After it
     // An answer may still come for a request that was sent.

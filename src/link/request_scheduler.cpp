@@ -15,6 +15,7 @@ constexpr int StepInterval = 1;
 constexpr int PauseAfterTimeout = 1000;  // ms
 constexpr quint8 MaxSilentRepeats = 4;
 constexpr quint32 SilenceAfterResend = 50;  // ticks
+constexpr quint32 LongestWait = 300;        // ticks
 constexpr int MaxUnclear = 3;
 constexpr qint64 UntilKickedUs = 3600000000;
 constexpr qint64 MinimumSilenceUs = 2000;
@@ -205,6 +206,8 @@ void RequestScheduler::TxTimerTimer() {
     stepIndicator(m_indicator >= 100 ? 0 : m_indicator + 10);
     pushPollIfIdle();
     m_sentAgain = inHand();
+    // Ahead of an answer that is still on its way, its own may come as late.
+    if (m_trust.silenceOwed()) ReplyTimeoutTicks = LongestWait;
     const QString command = takeUp(generatedCommand(TaskQueue.front(), DriveStatus));
     const bool sent = !command.isEmpty() && SendUsart(command);
     // A STOP that the port did not take stays and is tried again.
@@ -240,10 +243,11 @@ bool RequestScheduler::SendUsart(const QString& command) {
     const TxFrame frame =
         buildFrame(mode(), command, inConsole() ? Console.frameCheck() : FrameCheck::Standard);
     m_sentWire = frame.wire;
+    TxFrameText = frame.TxFrameText;
     m_wireTimeUs = port().settings().wireTimeUs(frame.wire.size());
     const bool sent = mode() == LinkMode::Rtu ? port().PutBlock(frame.wire) : port().PutString(frame.wire);
     // Kept: the console logs and counts what went out; a failed send shows as its time-out alone.
-    if (sent && inConsole()) Console.sent(frame.TxFrameText);
+    if (sent && inConsole()) Console.sent(TxFrameText);
     return sent;
 }
 
@@ -286,7 +290,7 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
     if (m_wholeReply) {
         const PortSettings& line = port().settings();
         RxTimer.tickIn(rtuSilenceUs(line.silenceUs(), line.Baud, MinimumSilenceUs));
-    } else if (mayEndEarly && Rx.RxFrameDone && mode() == LinkMode::Ascii) {
+    } else if ((mayEndEarly && Rx.RxFrameDone && mode() == LinkMode::Ascii) || echoIsHeard()) {
         RxTimer.kick();
     } else if (!restUntilNearlyWhole()) {
         goOnWaiting();
@@ -310,6 +314,13 @@ bool RequestScheduler::restUntilNearlyWhole() {
 
 // A line that hears itself: the request comes back, which is shorter than what its function lets expect.
 bool RequestScheduler::comesAsEcho() const { return Rx.RxByteCount > 0 && m_sentWire.startsWith(Rx.RxData); }
+
+// No other request's answer looks like the echo of a write, so in doubt it ends the wait of one that was sent
+// once.
+bool RequestScheduler::echoIsHeard() const {
+    return !inConsole() && !m_sentAgain && m_trust.inDoubt() && !CommandQueue.empty() &&
+           m_trust.heardEcho(mode(), CommandQueue.front());
+}
 
 void RequestScheduler::endHoldBack() {
     if (std::exchange(m_resting, false)) port().holdBack(false);
@@ -343,6 +354,7 @@ bool RequestScheduler::waitIsOver() {
     if (m_wholeReply) return true;
     const bool doubt = m_trust.inDoubt();
     if (Rx.RxFrameDone && !doubt) return true;
+    if (echoIsHeard()) return true;
     if (!stopWaits()) return RxTickCount >= ReplyTimeoutTicks;
     if (doubt && m_trust.answer(mode(), CommandQueue.front())) return true;
     return RxTickCount >= std::min(ReplyTimeoutTicks, BaudTimeoutTicks);
@@ -382,7 +394,7 @@ bool RequestScheduler::takeTrustedAnswer() {
     if (!reply) return false;
     Rx.prepare(mode());
     Rx.takeBurst(mode(), *reply);
-    m_trust.answered();
+    m_trust.answered(*reply);
     return true;
 }
 
@@ -430,7 +442,7 @@ void RequestScheduler::announceRetry() {
     Notice.CEmessageText = QStringLiteral("Can not get any response from derive. Try to communicate ...");
     Notice.CEmessageTitle = QStringLiteral("Communication TimeOut");
     Notice.LinkAction = 1;
-    ReplyTimeoutTicks = TimeoutCount == 1 ? 50 : 300;
+    ReplyTimeoutTicks = TimeoutCount == 1 ? 50 : LongestWait;
     notifyChanged();
 }
 
@@ -460,7 +472,10 @@ void RequestScheduler::handleReply() {
     // Fronts are copied: a box below may let other windows touch the queues.
     const QString command = CommandQueue.empty() ? QString() : CommandQueue.front();
     const quint8 task = TaskQueue.empty() ? quint8(0xFF) : TaskQueue.front();
-    const JudgedReply reply = judgeReply(mode(), command, Rx, !inConsole() || Console.rules());
+    // In doubt a piece of a reply is damaged, even if its check happens to be good.
+    const bool pieces = !inConsole() && m_trust.inDoubt() && !m_trust.heardWholeReply(mode());
+    const JudgedReply reply =
+        pieces ? JudgedReply{} : judgeReply(mode(), command, Rx, !inConsole() || Console.rules());
     Rx.RxData = reply.RxData;
     actOn(reply, command, task);
     if (inConsole() && reply.verdict != ReplyVerdict::Good) Console.failed(reply, Rx.RxLogText);
@@ -488,7 +503,7 @@ void RequestScheduler::onGoodReply(const QString& command, const QByteArray& RxD
     if (!DriveStatus.DriveReady) InitFailCount = 0;
     DriveStatus.ExceptionPending = 0;
     if (task < m_handlers.size() && m_handlers[task]) m_handlers[task](command, RxData);
-    Q_EMIT answered(task);
+    Q_EMIT answered(task, command, RxData);
 }
 
 void RequestScheduler::onBadChecksum() {

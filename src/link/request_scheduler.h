@@ -46,6 +46,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     quint8 TimeoutCount = 0;       // in a row
     quint8 InitFailCount = 0;
     quint8 DriveIdentified = 0;
+    QString TxFrameText;  // of the last request, as the logs show it
     RxBuffer Rx;
     DriveStatusRecord DriveStatus;
     ParamReadRecord ParamRead;
@@ -100,9 +101,9 @@ class RequestScheduler : public QObject, public RequestQueues {
     void changed();  // lamp, labels or notices differ from before
     void indicatorStepped(int position);
     void historyLine(const QString& line);
-    void cycleEnded();           // one exchange is over and its flags are set
-    void answered(quint8 task);  // a good reply, behind its handler
-    void statusDecoded();        // a status poll was stored
+    void cycleEnded();  // one exchange is over and its flags are set
+    void answered(quint8 task, const QString& command, const QByteArray& RxData);  // a good reply
+    void statusDecoded();                                                          // a status poll was stored
     void identificationEnded();  // the last group's count is in and the maximum frequency is asked for
     void keypadTableReady();     // the keypad's counts are read: start the table read
     void timedOut();             // no reply came; before anybody is asked
@@ -135,6 +136,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     void goOnWaiting();
     bool restUntilNearlyWhole();
     bool comesAsEcho() const;
+    bool echoIsHeard() const;
     void endHoldBack();
     void endCycle();
     void judgeCycle();

@@ -55,7 +55,7 @@ const char* brandTitle(int BrandVariant) {
 
 TMainForm::TMainForm(Tool& tool, QWidget* parent) : QMainWindow(parent), m_tool(tool) {
     setObjectName(QStringLiteral("TMainForm"));
-    setWindowTitle(QString::fromLatin1(brandTitle(tool.link.BrandVariant)));
+    setWindowTitle(QString::fromLatin1(brandTitle(tool.link.BrandVariant())));
     setWindowIcon(applicationIcon());
     buildMenus();
     buildCentre();

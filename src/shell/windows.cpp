@@ -22,7 +22,7 @@ Windows::Windows(Tool& toolShown, TMainForm& main, ShellOperator* person, KeptLo
       connectForm(tool.comSetup, tool.bench.clock),
       ceMessageForm(tool.link),
       initialForm(tool.link),
-      aboutForm(tool.link.BrandVariant),
+      aboutForm(tool.link.BrandVariant()),
       passwordForm(tool.link),
       inputForm(tool.comSetup),
       selGroupLoadForm(tool.parameters.reader),

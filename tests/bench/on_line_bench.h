@@ -25,12 +25,9 @@ struct WillingOperator final : Operator {
     BoxAnswer box(const QString& text, const QString& title, BoxIcon, BoxButtons buttons) override {
         asked += title + QStringLiteral(": ") + text;
         switch (buttons) {
-            case BoxButtons::RetryCancel:
-                return BoxAnswer::Retry;
-            case BoxButtons::YesNo:
-                return BoxAnswer::Yes;
-            default:
-                return BoxAnswer::Ok;
+            case BoxButtons::RetryCancel: return BoxAnswer::Retry;
+            case BoxButtons::YesNo: return BoxAnswer::Yes;
+            default: return BoxAnswer::Ok;
         }
     }
     std::optional<QString> openFile(const QString&) override { return {}; }
@@ -86,7 +83,13 @@ struct OnLineBench {
         });
         QObject::connect(&link, &RequestScheduler::cycleEnded, [this] { ++cycles; });
         QObject::connect(&link, &RequestScheduler::statusDecoded, [this] { ++polls; });
-        for (int task = 0; task < int(link.taskHandlers.size()); ++task) watch(task);
+        link.onReply(9, [this](const QString&, const QByteArray& data_) {
+            link.DriveStatus.MaxFreqWord = wordAt(data_, 4);
+        });
+        QObject::connect(&link, &RequestScheduler::answered,
+                         [this](quint8 task, const QString& command, const QByteArray& RxData) {
+                             watch(task, command, RxData);
+                         });
         link.Initial();
     }
 
@@ -168,18 +171,12 @@ struct OnLineBench {
         return QString::fromLatin1(text.data(), qsizetype(text.size()));
     }
 
-    void watch(int task) {
-        auto& handler = link.taskHandlers[size_t(task)];
-        if (!handler) return;
-        handler = [this, task, handler](const QString& command, const QByteArray& RxData) {
-            const bool state = command.startsWith(QLatin1String("FF0321"));
-            const QByteArray wanted = trueReply(command);
-            if ((compareState || !state) && !RxData.startsWith(wanted))
-                miscredited += QStringLiteral("task %1, %2 was given %3")
-                                   .arg(task)
-                                   .arg(command, QString::fromLatin1(RxData.toHex()));
-            handler(command, RxData);
-        };
+    void watch(int task, const QString& command, const QByteArray& RxData) {
+        const bool state = command.startsWith(QLatin1String("FF0321"));
+        if ((compareState || !state) && !RxData.startsWith(trueReply(command)))
+            miscredited += QStringLiteral("task %1, %2 was given %3")
+                               .arg(task)
+                               .arg(command, QString::fromLatin1(RxData.toHex()));
     }
 
     QString differenceOf(const StringGrid& grid, int row, int G, int N) const {

@@ -36,25 +36,12 @@ struct Keyboard : OnLineBench {
 
     explicit Keyboard(const LineChoice& choice) : OnLineBench(choice) {
         compareState = false;
-        for (const Key& key : keys) {
-            const auto handler = link.taskHandlers[key.task];
-            link.taskHandlers[key.task] = [this, handler, task = key.task](const QString& command,
-                                                                           const QByteArray& RxData) {
+        QObject::connect(&link, &RequestScheduler::answered, [this](quint8 task, const QString& command) {
+            if (command.startsWith(QLatin1String("FF06")))
                 answeredAs += QStringLiteral("%1 %2").arg(task).arg(command);
-                if (handler) handler(command, RxData);
-            };
-        }
+        });
     }
-    void press(const Key& key) {
-        const QString command = QString::fromLatin1(key.command);
-        const auto give = [&](auto& to) {
-            if constexpr (requires { to.pushCommand(key.task, command); })
-                to.pushCommand(key.task, command);
-            else
-                to.push(key.task, command);
-        };
-        give(link);
-    }
+    void press(const Key& key) { link.pushCommand(key.task, QString::fromLatin1(key.command)); }
     bool calm() {
         return clock.advanceUntil(
             [this, until = polls + 2] {
