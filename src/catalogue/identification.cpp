@@ -124,9 +124,8 @@ void DriveIdentification::installVariantTasks() {
         m_link.DriveStatus.GroupIndex = static_cast<quint8>(wordAt(data, 4));
         m_link.DriveStatus.GroupCount = static_cast<quint8>(wordAt(data, 6));
     });
-    m_link.onReply(52, [this](Text, Bytes data) {
-        m_link.Labels.VersionVrLabel = QString::number(wordAt(data, 4));
-    });
+    m_link.onReply(
+        52, [this](Text, Bytes data) { m_link.Labels.VersionVrLabel = QString::number(wordAt(data, 4)); });
 }
 
 }  // namespace kelvane

@@ -275,7 +275,7 @@ void ComSetup::OKBitBtnClick() {
     if (shown.SuccessAbLED) {
         m_setupPort.close();
         if (!m_link.owner().console && m_link.operatorAsked().yes(m_link.lang().MsgStr(18), Cofirm)) {
-            m_link.TxTimer.setEnabled(true);
+            m_link.start();
             Q_EMIT goingOnLine();
         }
     } else {
@@ -317,11 +317,6 @@ bool ComSetup::mayOpen() {
     shown.OKBitBtn = false;
     notify();
     return true;
-}
-
-void ComSetup::returnToParameterWindow() {
-    m_link.prelude();
-    m_link.ActiveFunction = OwnerParameter;
 }
 
 }  // namespace kelvane

@@ -84,8 +84,6 @@ class ComSetup : public QObject {
 
     // Before the dialog: false when the operator wants to stay on line.
     bool mayOpen();
-    // After it, when it was entered from the Parameter window.
-    void returnToParameterWindow();
     void copySettingsToLink();
     TApdComPort& port() { return m_setupPort; }
 

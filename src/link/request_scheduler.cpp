@@ -502,6 +502,10 @@ void RequestScheduler::actOn(const JudgedReply& reply, const QString& command, q
 void RequestScheduler::onGoodReply(const QString& command, const QByteArray& RxData, quint8 task) {
     if (!DriveStatus.DriveReady) InitFailCount = 0;
     DriveStatus.ExceptionPending = 0;
+    credit(task, command, RxData);
+}
+
+void RequestScheduler::credit(quint8 task, const QString& command, const QByteArray& RxData) {
     if (task < m_handlers.size() && m_handlers[task]) m_handlers[task](command, RxData);
     Q_EMIT answered(task, command, RxData);
 }

@@ -69,6 +69,8 @@ class RequestScheduler : public QObject, public RequestQueues {
     // Reply handlers by task code; a code without one does nothing.
     using TaskHandler = std::function<void(const QString& command, const QByteArray& RxData)>;
     void onReply(quint8 task, TaskHandler handler);
+    // Hands a good reply to its handler and tells it.
+    void credit(quint8 task, const QString& command, const QByteArray& RxData);
 
     // ---- Lifecycle
     // Takes the link Off Line and queues identification. Sends nothing.

@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "base/manual_tick_clock.h"
+#include "bench/credit_check.h"
 #include "catalogue/identification.h"
 #include "drive/parameter_data.h"
 #include "drive/practice_port.h"
@@ -66,9 +67,8 @@ struct OnLineBench {
     GroupNameTable names;
     DriveIdentification identification{link, names, lang};
     ParameterSession session{link, clock, names};
+    CreditCheck credits{link, [this] { return &station.drive; }};
     QStringList history;
-    QStringList miscredited;   // replies that were taken for the answer of another request
-    bool compareState = true;  // status registers too; not while the motor moves
     int cycles = 0;
     int polls = 0;
 
@@ -83,13 +83,8 @@ struct OnLineBench {
         });
         QObject::connect(&link, &RequestScheduler::cycleEnded, [this] { ++cycles; });
         QObject::connect(&link, &RequestScheduler::statusDecoded, [this] { ++polls; });
-        link.onReply(9, [this](const QString&, const QByteArray& data_) {
-            link.DriveStatus.MaxFreqWord = wordAt(data_, 4);
-        });
-        QObject::connect(&link, &RequestScheduler::answered,
-                         [this](quint8 task, const QString& command, const QByteArray& RxData) {
-                             watch(task, command, RxData);
-                         });
+        credits.compareState = true;
+        takeMaxFreq(link);
         link.Initial();
     }
 
@@ -119,13 +114,6 @@ struct OnLineBench {
     drive::FaultPlan& faults() { return station.line.faults(); }
     qsizetype sent() const { return station.port.writes().size(); }
     QStringList transcript() const { return station.port.transcript(); }
-    // Reply of the drive to a command string, as it stands in RxData without the check.
-    QByteArray trueReply(const QString& command) const {
-        const QByteArray body = QByteArray::fromHex(command.toLatin1());
-        if (body.size() < 2 || body[1] == 6) return body;
-        return const_cast<drive::PracticeDrive&>(station.drive).answer(body);
-    }
-
     // Group names and counts, identity and limits that differ from the drive's; empty when all is right.
     QStringList wrongIdentity() const {
         QStringList wrong;
@@ -167,16 +155,16 @@ struct OnLineBench {
     }
 
    private:
+    // The keypad's room takes it in the tool.
+    template <class Link>
+    static void takeMaxFreq(Link& link) {
+        if constexpr (requires { link.onReply(9, {}); })
+            link.onReply(9, [&link](const QString&, const QByteArray& RxData) {
+                link.DriveStatus.MaxFreqWord = wordAt(RxData, 4);
+            });
+    }
     static QString latin(std::string_view text) {
         return QString::fromLatin1(text.data(), qsizetype(text.size()));
-    }
-
-    void watch(int task, const QString& command, const QByteArray& RxData) {
-        const bool state = command.startsWith(QLatin1String("FF0321"));
-        if ((compareState || !state) && !RxData.startsWith(trueReply(command)))
-            miscredited += QStringLiteral("task %1, %2 was given %3")
-                               .arg(task)
-                               .arg(command, QString::fromLatin1(RxData.toHex()));
     }
 
     QString differenceOf(const StringGrid& grid, int row, int G, int N) const {

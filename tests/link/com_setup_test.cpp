@@ -219,9 +219,6 @@ TEST_F(ComSetupAccept, OpeningFromAnOnLineLinkIsAsked) {
     EXPECT_FALSE(setup.shown.OKBitBtn);
     EXPECT_EQ(link.TaskQueue, (std::deque<quint8>{0, 21}));
     EXPECT_EQ(history, QStringList(2, QStringLiteral("Setup the Com port and protocol")));
-    setup.returnToParameterWindow();
-    EXPECT_EQ(link.ActiveFunction, OwnerParameter);
-    EXPECT_TRUE(link.TaskQueue.empty());
 }
 
 TEST_F(ComSetupAccept, ClosingForgetsTheTest) {

@@ -21,9 +21,7 @@ void ParameterBench::whenOnLine(const std::function<void()>& go) const {
     });
 }
 
-void ParameterBench::request(quint8 task, const QString& command) const {
-    link.request(task, command);
-}
+void ParameterBench::request(quint8 task, const QString& command) const { link.request(task, command); }
 
 bool ParameterBench::requestThrownAway() const {
     return link.owner().reads && link.TaskQueue.empty() && link.TxTimer.Enabled() &&
