@@ -19,12 +19,12 @@ AutoTuning::AutoTuning(const CommissioningBench& bench)
       WrTimer(bench.clock, bench.link),
       m_bench(bench),
       m_motorChain(bench.clock, bench.link) {
-    RdTimer.mayAsk = WrTimer.mayAsk = m_motorChain.mayAsk = [this] { return line.isFree(); };
+    for (RequestChain* chain : {&RdTimer, &WrTimer, &m_motorChain}) line.setUp(*chain);
     RdTimer.next = [this] { return nextRead(); };
-    RdTimer.answered = [this] { storeRead(); };
+    RdTimer.answered = [this](const LinkRequest&) { storeRead(); };
     RdTimer.ended = [this] { readEnded(); };
     WrTimer.next = [this] { return nextWrite(); };
-    WrTimer.answered = [this] { rows.ParaAdvStringGrid.setEdited(TuneRow, false); };
+    WrTimer.answered = [this](const LinkRequest&) { rows.ParaAdvStringGrid.setEdited(TuneRow, false); };
     WrTimer.ended = [this] { startReading(0); };
     m_motorChain.next = [this] { return nextOfMotor(); };
     m_motorChain.ended = [this] { startReading(SelectorFirst); };

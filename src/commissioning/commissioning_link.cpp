@@ -12,6 +12,7 @@ constexpr quint8 WriteTask = 13;
 
 CommissioningLink::CommissioningLink(const CommissioningBench& with) : bench(with) {
     connect(&bench.link, &RequestScheduler::cycleEnded, this, &CommissioningLink::cycleEnded);
+    connect(&bench.link, &RequestScheduler::refused, this, [this](quint8, quint8 code) { m_refusal = code; });
     connect(&bench.link, &RequestScheduler::changed, this, &CommissioningLink::linkChanged);
     connect(&bench.link, &RequestScheduler::initialRun, this, &CommissioningLink::initialRun);
 }
@@ -30,9 +31,11 @@ void CommissioningLink::close() {
     closeWait();
 }
 
-bool CommissioningLink::isFree() const {
-    const RequestScheduler& link = bench.link;
-    return !link.TxTimer.Enabled() && !link.RxTimer.Enabled() && link.CommandQueue.empty();
+bool CommissioningLink::isFree() const { return bench.link.idle() && bench.link.CommandQueue.empty(); }
+
+void CommissioningLink::setUp(RequestChain& chain) const {
+    chain.mayAsk = [this] { return isFree(); };
+    chain.asksAnew = false;
 }
 
 bool CommissioningLink::refusesOffLine() const {
@@ -63,16 +66,15 @@ LinkRequest CommissioningLink::write(const QString& command) {
 
 // An exchange that ends without the flag of its request was refused or given up: nobody repeats it.
 void CommissioningLink::cycleEnded() {
+    const quint8 refusal = std::exchange(m_refusal, quint8(0));
     if (!m_open || !m_awaited) return;
     const ParamReadRecord& done = bench.link.ParamRead;
-    if (*m_awaited == Awaits::ReadDone ? done.ReadDone : done.WriteDone) {
-        m_awaited.reset();
-        return;
-    }
-    if (!bench.link.TaskQueue.empty()) return;  // it is sent again
+    const bool answered = *m_awaited == Awaits::ReadDone ? done.ReadDone : done.WriteDone;
+    if (!answered && !bench.link.TaskQueue.empty()) return;  // it is sent again
     m_awaited.reset();
-    refusalCode = bench.link.DriveStatus.ExceptionPending ? bench.link.DriveStatus.ExceptionCode : quint8(0);
-    setStanding(refusalCode ? Standing::Refused : Standing::Lost);
+    if (answered) return;
+    refusalCode = refusal;
+    setStanding(refusal ? Standing::Refused : Standing::Lost);
 }
 
 void CommissioningLink::setStanding(Standing why) {

@@ -43,6 +43,8 @@ class CommissioningLink : public QObject {
     bool refusesOffLine() const;
     // Both queues emptied and both flags set: what is still under way belongs to nobody.
     void startAnew();
+    // A chain of this window: it waits until the line is free and never repeats a request.
+    void setUp(RequestChain& chain) const;
     // Requests of a chain; the flag that each waits for is watched from then on.
     LinkRequest read(quint8 task, const QString& command);
     LinkRequest write(const QString& command);
@@ -68,6 +70,7 @@ class CommissioningLink : public QObject {
     bool m_open = false;
     bool m_waitShown = false;
     std::optional<Awaits> m_awaited;
+    quint8 m_refusal = 0;  // of the exchange in hand
 };
 
 }  // namespace kelvane

@@ -19,11 +19,11 @@ PidControl::PidControl(const CommissioningBench& bench)
       WrTimer(bench.clock, bench.link),
       MonitorTimer(bench.clock, bench.link),
       m_bench(bench) {
-    RdTimer.mayAsk = WrTimer.mayAsk = [this] { return line.isFree(); };
+    for (RequestChain* chain : {&RdTimer, &WrTimer, &MonitorTimer}) line.setUp(*chain);
     RdTimer.next = [this] { return nextRead(); };
-    RdTimer.answered = [this] { storeRead(); };
+    RdTimer.answered = [this](const LinkRequest&) { storeRead(); };
     WrTimer.next = [this] { return nextWrite(); };
-    WrTimer.answered = [this] { rows.ParaAdvStringGrid.setEdited(ParamRow, false); };
+    WrTimer.answered = [this](const LinkRequest&) { rows.ParaAdvStringGrid.setEdited(ParamRow, false); };
     RdTimer.ended = WrTimer.ended = [this] { watch(); };
     MonitorTimer.mayAsk = [this] {
         return !line.waitShown() && line.standing == CommissioningLink::Standing::No && line.isFree();
@@ -147,7 +147,7 @@ std::optional<LinkRequest> PidControl::nextOfMonitor() {
 }
 
 void PidControl::showLeds() {
-    const StateLeds now = codedStateLeds(m_bench.link.ReadWords[0]);
+    const StateLeds now = codedStateLeds(m_bench.link.ParamRead.ReadWords[0]);
     if (now == leds) return;
     leds = now;
     Q_EMIT changed();
@@ -156,6 +156,9 @@ void PidControl::showLeds() {
 void PidControl::FormClose() {
     if (!line.isOpen()) return;
     stopTimers();
+    // A STOP that a person has pressed leaves all the same.
+    if (RunRequest == StopPressed && m_bench.link.Lamp.onLine())
+        m_bench.link.pushCommand(StopTask, StopCommand);
     if (leds.RUN.on)
         m_bench.link.ShowHistoryMsg(QStringLiteral("PID Control was closed while the drive was running"));
     RunRequest = RequestSent;

@@ -37,7 +37,7 @@ class PidControl : public QObject {
     void RUNTransparentButtonClick();
     void STOPTransparentButtonClick();
     void ParaAdvStringGridDblClickCell(int row);
-    // Nothing is sent any more; the drive stays as it is.
+    // Nothing is sent any more but a STOP that was pressed; else the drive stays as it is.
     void FormClose();
 
    Q_SIGNALS:

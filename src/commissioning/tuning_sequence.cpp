@@ -19,7 +19,7 @@ const QString Caution = QStringLiteral("Caution");
 
 TuningSequence::TuningSequence(const CommissioningBench& bench, CommissioningLink& line)
     : MonitorTimer(bench.clock, bench.link), m_bench(bench), m_line(line) {
-    MonitorTimer.mayAsk = [this] { return m_line.isFree(); };
+    m_line.setUp(MonitorTimer);
     MonitorTimer.next = [this] { return nextStep(); };
     MonitorTimer.ended = [this] { ended(); };
 }
@@ -64,9 +64,9 @@ TuningSequence::Request TuningSequence::stopDrive() { return enter(2, 2, m_line.
 
 // Before the run and after it. Kept: a drive that reports to stand right after RUN has ended its tuning.
 TuningSequence::Request TuningSequence::waitForStop() {
-    speed = m_bench.link.ReadWords[SpeedWord];
+    speed = m_bench.link.ParamRead.ReadWords[SpeedWord];
     speedRead();
-    if (m_bench.link.ReadWords[0] & RunBits) return readState(1, TunePhase);
+    if (m_bench.link.ParamRead.ReadWords[0] & RunBits) return readState(1, TunePhase);
     if (TunePhase == 2) return writeMode();
     TuneStep = 5;
     TunePhase = 1;
@@ -80,7 +80,7 @@ TuningSequence::Request TuningSequence::writeMode() {
 }
 
 quint8 TuningSequence::resultCode() const {
-    const quint16 word = m_bench.link.ReadWords[0];
+    const quint16 word = m_bench.link.ParamRead.ReadWords[0];
     return static_cast<quint8>(m_family->codeInHighByte ? word >> 8 : word);
 }
 
@@ -98,7 +98,8 @@ TuningSequence::Request TuningSequence::judgeResult() {
 }
 
 TuningSequence::Request TuningSequence::tellFailure() {
-    const QString text = from8Bit(m_bench.link.ReadDataText) % QStringLiteral(", ") % m_bench.lang.MsgStr(36);
+    const QString text =
+        from8Bit(m_bench.link.ParamRead.ReadDataText) % QStringLiteral(", ") % m_bench.lang.MsgStr(36);
     TuneStep = 8;
     TunePhase = 7;
     const bool reset = m_bench.person.yes(text, Caution, BoxIcon::Stop);
