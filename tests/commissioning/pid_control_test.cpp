@@ -81,12 +81,20 @@ TEST_P(PidFamilyTest, ReadsWatchesAndWritesBack) {
     }
 }
 
+// What task 12 left: value, maximum, minimum, attribute, default.
+ParamReadRecord recordOf(const std::array<quint16, 5>& fields) {
+    ParamReadRecord read;
+    read.ReadField = fields;
+    read.ReadName = "PID Set Point";
+    read.ReadUnit = "%";
+    return read;
+}
+
 // Value, limits and default of the record with their places; signed on Tilia alone.
 TEST(PidControl, ShowsRecordsWithTheirPlaces) {
     ParameterRows rows;
     rows.setCount(1);
-    ParamReadRecord read{
-        .ReadField = {1234, 9999, 0, 0x0200, 500}, .ReadName = "PID Set Point", .ReadUnit = "%"};
+    ParamReadRecord read = recordOf({1234, 9999, 0, 0x0200, 500});
     rows.store(1, read, quint8(Family::Larch), ParameterRows::Signs::Never);
     const auto cells = [&] {
         QStringList all;
@@ -114,7 +122,7 @@ TEST(PidControl, EditsAValueWithoutSendingIt) {
     PidStand b(Family::Aspen);
     b.openAndRead();
     b.frames();
-    ParamReadRecord read{.ReadField = {3, 9, 0, 0, 1}, .ReadName = "PID Set Point", .ReadUnit = "    "};
+    ParamReadRecord read = recordOf({3, 9, 0, 0, 1});
     b.pid.rows.store(1, read, quint8(Family::Aspen), ParameterRows::Signs::Never);
     QStringList lists;
     b.user.onEdit = [&](ValueEdit& edit) {
@@ -181,6 +189,23 @@ TEST(PidControl, KeepsStandingAfterARefusalUntilItIsReadAnew) {
     b.passPolls(3);
     EXPECT_EQ(b.frames().filter("FF06"), QStringList());
     EXPECT_EQ(b.pid.line.standing, CommissioningLink::Standing::No);
+}
+
+// A STOP that was pressed leaves, even if the window closes before its turn or stands.
+TEST(PidControl, SendsAPressedStopWhenItCloses) {
+    for (const bool stands : {false, true}) {
+        PidStand b(Family::Aspen);
+        b.openAndRead();
+        if (stands) {
+            b.faults().failNext(LineFault::Exception);
+            b.clock.advance(3000);
+        }
+        b.frames();
+        b.pid.STOPTransparentButtonClick();
+        b.close();
+        b.awaitPolls(2);
+        EXPECT_EQ(b.frames().filter("FF06"), QStringList("FF0620000001"));
+    }
 }
 
 // Every way out of a dead line: Ignore stands, Abort goes to rest; the notice can be left in between.
