@@ -4,7 +4,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QSignalBlocker>
+#include <QScreen>
 #include <algorithm>
 
 #include "commissioning/grid_looks_form.h"
@@ -19,7 +19,7 @@ namespace kelvane {
 
 namespace {
 
-constexpr QSize UsualSize(126, 40);  // characters, lines
+constexpr QSize UsualSize(126, 47);  // characters, lines
 constexpr int UsualSpeed = 3000;     // top of the meter until a motor turns faster
 constexpr int SpeedSweep = 120;
 constexpr QSize MotorPicture(40, 40);
@@ -79,7 +79,9 @@ TAutoTuningForm::TAutoTuningForm(AutoTuning& tuning, const LangTable& lang, QWid
         SpeedAb120Meter->setMaxValue(std::max(SpeedAb120Meter->MaxValue(), double(digit)));
         SpeedAb120Meter->setPosition(digit);
     });
-    resize(fontMetrics().averageCharWidth() * UsualSize.width(), fontMetrics().height() * UsualSize.height());
+    const QSize usual(fontMetrics().averageCharWidth() * UsualSize.width(),
+                      fontMetrics().height() * UsualSize.height());
+    resize(usual.boundedTo(screen()->availableSize()));
     fillEntries();
     showEngine();
 }
