@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QTest>
 
@@ -59,7 +60,7 @@ TEST(CommissioningFlow, OpensPidBehindTheNoticeAndGivesTheLineBack) {
         b.find<QPlainTextEdit>("Case2Memo", &b.pidForm)->toPlainText().contains("Differentail time(D)"));
     b.press("RUNTransparentButton", b.pidForm);
     b.clock.advance(1000);
-    QTest::keyClick(&b.pidForm, Qt::Key_F12);
+    Q_EMIT b.pidForm.findChild<QShortcut*>()->activated();  // F12
     b.clock.advance(1000);
     EXPECT_EQ(b.port().transcript().filter("FF06"), QStringList({"FF0620000002", "FF0620000001"}));
     b.press("ExitTransparentButton", b.pidForm);
@@ -77,8 +78,9 @@ TEST(CommissioningFlow, OpensPidBehindTheNoticeAndGivesTheLineBack) {
 TEST(CommissioningFlow, LeavesTheNoticeOfADeadRead) {
     CommissioningFlow b;
     b.goOnLine(Family::Larch);
-    b.practice.lineOf(Family::Larch).faults().failNext(drive::LineFault::Exception, 3);
     b.trigger("AutoTuning");
+    b.clock.advanceUntil([&] { return b.tool->autoTuning.TuneRow == 3; }, 60000);
+    b.practice.lineOf(Family::Larch).faults().failNext(drive::LineFault::Exception);
     b.clock.advance(30000);
     ASSERT_TRUE(b.windows->initialForm.isVisible());
     EXPECT_FALSE(b.tuningForm.isVisible());
