@@ -165,6 +165,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     void clearReception();
     void abandonExchange();
 
+    static constexpr int StepInterval = 1;  // of TxTimer, outside the pause behind a time-out
     struct ShownRecords {
         DriveLabelsRecord Labels;
         LampRecord Lamp;
