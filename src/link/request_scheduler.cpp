@@ -340,6 +340,7 @@ void RequestScheduler::askAfterFifthTimeout() {
 // ---- End of the cycle ----
 
 void RequestScheduler::finishByLinkAction() {
+    const bool listAlone = Notice.TWriteCheckForm && !Notice.TProgressForm;
     if (Notice.LinkAction == 1) return sendAgain();
     if (Notice.LinkAction == 3) {
         giveUp();
@@ -356,7 +357,8 @@ void RequestScheduler::finishByLinkAction() {
         if (inConsole()) ParamRead.ReadDone = ParamRead.WriteDone = 1;
         decideWhetherToGoOn();
     }
-    if (!(Notice.TWriteCheckForm && !Notice.TProgressForm)) Notice.LinkAction = 0;
+    // The write list takes Abort at its next tick.
+    if (!(listAlone && Notice.TWriteCheckForm)) Notice.LinkAction = 0;
 }
 
 void RequestScheduler::sendAgain() {
@@ -382,6 +384,8 @@ void RequestScheduler::giveUp() {
         stopReadIfRunning();
     } else if (inConsole()) {
         Q_EMIT Console.stopWanted();
+    } else if (Notice.TWriteCheckForm) {
+        m_restWithList = true;  // its read-back still has the line
     } else {
         Initial();
     }
