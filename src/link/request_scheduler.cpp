@@ -1,6 +1,5 @@
 #include "link/request_scheduler.h"
 
-#include <QLocale>
 #include <QScopedValueRollback>
 #include <algorithm>
 
@@ -11,7 +10,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr int StepInterval = 1;
 constexpr int PauseAfterTimeout = 1000;  // ms
 constexpr quint8 MaxSilentRepeats = 4;
 constexpr quint32 SilenceAfterResend = 50;  // ticks
@@ -24,12 +22,6 @@ constexpr int LongestRest = 3;  // ticks
 constexpr int ShortestAsciiReply = 11;
 
 const QString Cofirm = QStringLiteral("Cofirm");
-
-QString longTimeWithoutZone(const QLocale& locale, const QTime& time) {
-    QString format = locale.timeFormat(QLocale::LongFormat);
-    format.remove(QLatin1Char('t'));
-    return locale.toString(time, format.trimmed());
-}
 
 }  // namespace
 
@@ -53,24 +45,6 @@ RequestScheduler::~RequestScheduler() {
 }
 
 void RequestScheduler::onReply(quint8 task, TaskHandler handler) { m_handlers.at(task) = std::move(handler); }
-
-QString RequestScheduler::dateTimeText() const {
-    const QLocale locale = QLocale::system();
-    const QDateTime now = m_bench.wallClock.now();
-    return locale.toString(now.date(), QLocale::ShortFormat) % QLatin1Char(' ') %
-           longTimeWithoutZone(locale, now.time());
-}
-
-void RequestScheduler::ShowHistoryMsg(const QString& text) {
-    Q_EMIT historyLine(dateTimeText() % QStringLiteral(" > ") % text);
-}
-
-void RequestScheduler::notifyChanged() {
-    ShownRecords shown{Labels, Lamp, Notice};
-    if (shown == m_lastShown) return;
-    m_lastShown = std::move(shown);
-    Q_EMIT changed();
-}
 
 // ---- Requests ----
 
@@ -99,103 +73,6 @@ void RequestScheduler::pushCommand(quint8 task, const QString& command) {
     // The exchange in hand is about to be resent. Where that has to wait for silence, STOP does not.
     if (stopWaits() && m_trust.silenceOwed()) promoteStop();
     TxTimer.kick();
-}
-
-// ---- Lifecycle ----
-
-void RequestScheduler::clearReception() {
-    RxTickCount = 0;
-    TimeoutCount = 0;
-    Rx.RxLogText.clear();
-    Rx.RxData.clear();
-}
-
-// The answer to a cut-off request may come until its wait would have ended.
-void RequestScheduler::abandonExchange() {
-    if (!RxTimer.Enabled()) return;
-    const quint32 left = ReplyTimeoutTicks > RxTickCount ? ReplyTimeoutTicks - RxTickCount : 0;
-    const auto wire = static_cast<quint32>(m_wireTimeUs / (qint64(TickLength) * 1000) + 1);
-    m_trust.lostTrack();
-    m_trust.oweSilence(wire + left + BaudTimeoutTicks);
-    if (inHand()) dropFront();
-}
-
-void RequestScheduler::rest() {
-    abandonExchange();
-    TxTimer.setEnabled(false);
-    RxTimer.setEnabled(false);
-    m_sendDeferred = m_startWanted = false;
-    endHoldBack();
-}
-
-void RequestScheduler::setLamp(LampState state) {
-    switch (state) {
-        case LampState::OffLine: Lamp = {}; break;
-        case LampState::Silent:
-            Lamp.ComStatusAbLED = QStringLiteral("Off Line");
-            Lamp.green = false;
-            break;
-        case LampState::OnLine: Lamp = lampOnLine(mode(), port().settings()); break;
-        case LampState::KeypadAsSource: Lamp.ComStatusAbLED = QStringLiteral("On Line"); break;
-    }
-    if (!Lamp.onLine()) stepIndicator(0);
-    notifyChanged();
-}
-
-void RequestScheduler::Initial() {
-    rest();
-    ActiveFunction = OwnerMain;
-    DriveStatus.KeypadDataDue = 1;
-    Labels = {};
-    clearQueues();
-    if (m_brandVariant == 2) {
-        for (const int task : {50, 51, 52}) push(static_cast<quint8>(task));
-    } else {
-        push(0, QStringLiteral("FF0321100003"));
-        push(21);
-    }
-    DriveStatus.GroupIndex = DriveStatus.FaultCode = DriveStatus.ExceptionPending = DriveStatus.DriveReady =
-        0;
-    DriveStatus.FaultTextValid = DriveStatus.ExceptionTextDone = 0;
-    ParamRead.ReadDone = ParamRead.WriteDone = 0;
-    port().close();
-    m_trust.forgetPace();
-    clearReception();
-    InitFailCount = 0;
-    Rx.RxGotCR = Rx.RxFrameDone = 0;
-    m_silentSince = false;
-    Notice.TInitialForm = Notice.TCEmessageForm = false;
-    DriveIdentified = 1;
-    setLamp(LampState::OffLine);
-    Q_EMIT initialRun();
-    notifyChanged();
-}
-
-void RequestScheduler::InitialUnder(quint8 owner) {
-    Initial();
-    ActiveFunction = owner;
-}
-
-void RequestScheduler::prelude() {
-    rest();
-    clearReception();
-    emptyQueues();
-    Notice.TCEmessageForm = false;
-    Q_EMIT preludeRun();
-    notifyChanged();
-    if (stopIsNext()) start();
-}
-
-void RequestScheduler::tail() {
-    ActiveFunction = OwnerMain;
-    Notice.TCEmessageForm = false;
-    if (Lamp.onLine()) {
-        rest();
-        clearReception();
-        start();
-        Q_EMIT tailRun();
-    }
-    notifyChanged();
 }
 
 // ---- Send step ----
@@ -460,115 +337,10 @@ void RequestScheduler::askAfterFifthTimeout() {
     TimeoutCount = 0;
 }
 
-// ---- Reply path ----
-
-void RequestScheduler::handleReply() {
-    TxTimer.setInterval(StepInterval);
-    Notice.TCEmessageForm = false;
-    notifyChanged();
-    TimeoutCount = 0;
-    ReplyTimeoutTicks = BaudTimeoutTicks;
-    if (std::exchange(m_silentSince, false)) Q_EMIT answeredAgain();
-    if (!Lamp.green && !inConsole()) {
-        setLamp(LampState::OnLine);
-        Q_EMIT wentOnLine();
-    }
-    stepIndicator(m_indicator == 90 ? 0 : std::min(m_indicator + 10, 100));  // the bar ends at 100
-
-    // Fronts are copied: a box below may let other windows touch the queues.
-    const QString command = CommandQueue.empty() ? QString() : CommandQueue.front();
-    const quint8 task = TaskQueue.empty() ? quint8(0xFF) : TaskQueue.front();
-    // In doubt a piece of a reply is damaged, even if its check happens to be good.
-    const bool pieces = !inConsole() && m_trust.inDoubt() && !m_trust.heardWholeReply(mode());
-    const JudgedReply reply =
-        pieces ? JudgedReply{} : judgeReply(mode(), command, Rx, !inConsole() || Console.rules());
-    Rx.RxData = reply.RxData;
-    actOn(reply, command, task);
-    if (inConsole() && reply.verdict != ReplyVerdict::Good) Console.failed(reply, Rx.RxLogText);
-}
-
-void RequestScheduler::actOn(const JudgedReply& reply, const QString& command, quint8 task) {
-    switch (reply.verdict) {
-        case ReplyVerdict::Good: return onGoodReply(command, reply.RxData, task);
-        case ReplyVerdict::Exception: return onException(reply.ExceptionCode, task);
-        case ReplyVerdict::BadChecksum:
-            if (!inConsole()) onBadChecksum();
-            return;
-        case ReplyVerdict::LengthError:
-        case ReplyVerdict::FunctionError: break;
-    }
-    if (inConsole()) return;
-    ShowHistoryMsg(reply.verdict == ReplyVerdict::LengthError
-                       ? QStringLiteral("Receive data length is not correct !!")
-                       : QStringLiteral("Function code error !! -> "));
-    if (task == ExceptionTextTask) onExceptionTextFailed();
-    countRule();
-}
-
-void RequestScheduler::onGoodReply(const QString& command, const QByteArray& RxData, quint8 task) {
-    if (!DriveStatus.DriveReady) InitFailCount = 0;
-    DriveStatus.ExceptionPending = 0;
-    credit(task, command, RxData);
-}
-
-void RequestScheduler::credit(quint8 task, const QString& command, const QByteArray& RxData) {
-    if (task < m_handlers.size() && m_handlers[task]) m_handlers[task](command, RxData);
-    Q_EMIT answered(task, command, RxData);
-}
-
-void RequestScheduler::onBadChecksum() {
-    ShowHistoryMsg(QStringLiteral("Checksum Error !! Receive Data > ") % Rx.RxLogText);
-    m_trust.lostTrack();
-    m_trust.oweSilence(BaudTimeoutTicks);
-    if (DriveStatus.DriveReady) {
-        // Kept: no limit on these repeats.
-        Notice.LinkAction = 1;
-        Q_EMIT badCheck();
-        return;
-    }
-    const BoxAnswer answer =
-        operatorAsked().box(lang().MsgStr(3), Cofirm, BoxIcon::Stop, BoxButtons::RetryCancel);
-    Notice.LinkAction = answer == BoxAnswer::Retry ? 1 : 3;
-    if (answer != BoxAnswer::Retry) operatorAsked().tell(lang().MsgStr(4), QStringLiteral("Error"));
-}
-
-void RequestScheduler::onException(quint8 code, quint8 task) {
-    // A drive without text registers would be asked for the text of its own refusal for ever.
-    if (task == ExceptionTextTask && !inConsole()) {
-        onExceptionTextFailed();
-        countRule();
-        return;
-    }
-    DriveStatus.ExceptionPending = 1;
-    DriveStatus.ExceptionCode = code;
-    if (inConsole()) return;
-    Q_EMIT refused(task, code);
-    push(ExceptionTextTask, exceptionTextCommand(DriveStatus.DriveFamily, code));
-    countRule();
-}
-
-// Whoever waits for the text goes on without it.
-void RequestScheduler::onExceptionTextFailed() {
-    DriveStatus.ExceptionPending = 0;
-    storeExceptionText(*this, QString());
-}
-
-void RequestScheduler::countRule() {
-    if (DriveStatus.DriveReady) return;
-    ++InitFailCount;
-    if (InitFailCount <= MaxSilentRepeats) {
-        Notice.LinkAction = 1;
-        return;
-    }
-    Notice.LinkAction = 3;
-    Notice.TInitialForm = false;
-    notifyChanged();
-    operatorAsked().tell(QStringLiteral("Initial drive failed !!"), QStringLiteral("Error"));
-}
-
 // ---- End of the cycle ----
 
 void RequestScheduler::finishByLinkAction() {
+    const bool listAlone = Notice.TWriteCheckForm && !Notice.TProgressForm;
     if (Notice.LinkAction == 1) return sendAgain();
     if (Notice.LinkAction == 3) {
         giveUp();
@@ -585,7 +357,8 @@ void RequestScheduler::finishByLinkAction() {
         if (inConsole()) ParamRead.ReadDone = ParamRead.WriteDone = 1;
         decideWhetherToGoOn();
     }
-    if (!(Notice.TWriteCheckForm && !Notice.TProgressForm)) Notice.LinkAction = 0;
+    // The write list takes Abort at its next tick.
+    if (!(listAlone && Notice.TWriteCheckForm)) Notice.LinkAction = 0;
 }
 
 void RequestScheduler::sendAgain() {
@@ -611,6 +384,8 @@ void RequestScheduler::giveUp() {
         stopReadIfRunning();
     } else if (inConsole()) {
         Q_EMIT Console.stopWanted();
+    } else if (Notice.TWriteCheckForm) {
+        m_restWithList = true;  // its read-back still has the line
     } else {
         Initial();
     }

@@ -77,6 +77,8 @@ class RequestScheduler : public QObject, public RequestQueues {
     void Initial();
     // The same under an open window, which keeps the link.
     void InitialUnder(quint8 owner);
+    // The write list has closed: behind an Abort in it the link comes to rest now, under the open window.
+    void writeListClosed();
     // Before and after a window that owns the link.
     void prelude();
     void tail();
@@ -165,6 +167,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     void clearReception();
     void abandonExchange();
 
+    static constexpr int StepInterval = 1;  // of TxTimer, outside the pause behind a time-out
     struct ShownRecords {
         DriveLabelsRecord Labels;
         LampRecord Lamp;
@@ -186,6 +189,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     bool m_ending = false;        // an exchange is being judged, perhaps behind an open question
     bool m_startWanted = false;   // a window pushed while an exchange was open
     bool m_sendDeferred = false;  // until the line is silent
+    bool m_restWithList = false;  // Abort was pressed under the write list
     bool m_silentSince = false;   // time-outs since the last reply
 };
 

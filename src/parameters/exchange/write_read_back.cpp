@@ -30,6 +30,7 @@ WriteReadBack::WriteReadBack(ParameterBench& bench, const ParameterScreen& scree
     connect(&bench.link, &RequestScheduler::cycleEnded, this, [this] { ReflahDtataTimer.kick(); });
     connect(&progress, &ProgressDialog::cancelled, this, &WriteReadBack::onCancel);
     connect(&progress, &ProgressDialog::stopWaiting, this, &WriteReadBack::abandon);
+    connect(&bench.link, &RequestScheduler::parameterReadStopped, this, &WriteReadBack::abandon);
 }
 
 void WriteReadBack::start(int rows) {
