@@ -14,6 +14,18 @@ Windows::Forms::Forms(Windows& windows) {
         if (row.built()) made.push_back(row.make(windows));
 }
 
+namespace {
+
+// A window that lay below is taken out from there first: two that belong over each other stop the whole
+// program in the toolkit's search for the lowest one.
+void belongOver(QWindow& window, QWindow& front) {
+    for (QWindow* over = &front; over; over = over->transientParent())
+        if (over->transientParent() == &window) over->setTransientParent(window.transientParent());
+    window.setTransientParent(&front);
+}
+
+}  // namespace
+
 Windows::Windows(Tool& toolShown, TMainForm& main, ShellOperator* person, KeptLooks& keptLooks)
     : tool(toolShown),
       mainForm(main),
@@ -114,7 +126,7 @@ void Windows::putOver(QWidget& window) {
     QWidget* front = QApplication::activeModalWidget();
     if (!front) front = QApplication::activeWindow();
     if (front && front != &window && window.windowHandle() && front->windowHandle())
-        window.windowHandle()->setTransientParent(front->windowHandle());
+        belongOver(*window.windowHandle(), *front->windowHandle());
 }
 
 // By whatever way it went, a window that had the link gives it up.

@@ -7,6 +7,7 @@
 #include <QEventLoop>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QWindow>
 
 #include "base/manual_tick_clock.h"
 #include "bench/credit_check.h"
@@ -152,6 +153,32 @@ class RandomWalk : public QObject {
     int m_homeward = 0;
     bool m_ended = false;
 };
+
+// Two windows that open over each other in turn: none may be found below itself.
+TEST(WindowOrder, IsNoCircle) {
+    WalkBench bench;
+    const QList<QWidget*> windows{&bench.windows.comSetupForm, &bench.windows.parameterForm,
+                                  &bench.windows.aboutForm};
+    for (QWidget* below : windows)
+        for (QWidget* above : windows) {
+            if (above == below) continue;
+            below->show();
+            below->activateWindow();
+            above->show();
+            above->activateWindow();
+            below->hide();
+            below->show();
+            for (QWidget* window : windows) {
+                int depth = 0;
+                for (QWindow* over = window->windowHandle(); over && depth < 100;
+                     over = over->transientParent())
+                    ++depth;
+                ASSERT_LT(depth, 20) << window->objectName().toStdString();
+            }
+            below->hide();
+            above->hide();
+        }
+}
 
 class RandomWalks : public testing::TestWithParam<int> {};
 
