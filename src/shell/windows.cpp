@@ -16,11 +16,11 @@ Windows::Forms::Forms(Windows& windows) {
 
 namespace {
 
-// A window that lay below is taken out from there first: two that belong over each other stop the whole
-// program in the toolkit's search for the lowest one.
-void belongOver(QWindow& window, QWindow& front) {
-    for (QWindow* over = &front; over; over = over->transientParent())
-        if (over->transientParent() == &window) over->setTransientParent(window.transientParent());
+// What lay over the window lies over the lowest one from now on: two that belong over each other stop the
+// whole program in the toolkit's search for the end of the chain.
+void belongOver(QWindow& window, QWindow& front, QWindow& lowest) {
+    for (QWindow* over = &front; over && over != &lowest; over = over->transientParent())
+        if (over->transientParent() == &window) over->setTransientParent(&lowest);
     window.setTransientParent(&front);
 }
 
@@ -125,8 +125,9 @@ bool Windows::eventFilter(QObject* watched, QEvent* event) {
 void Windows::putOver(QWidget& window) {
     QWidget* front = QApplication::activeModalWidget();
     if (!front) front = QApplication::activeWindow();
-    if (front && front != &window && window.windowHandle() && front->windowHandle())
-        belongOver(*window.windowHandle(), *front->windowHandle());
+    if (!front || front == &window || &window == &mainForm) return;
+    if (window.windowHandle() && front->windowHandle() && mainForm.windowHandle())
+        belongOver(*window.windowHandle(), *front->windowHandle(), *mainForm.windowHandle());
 }
 
 // By whatever way it went, a window that had the link gives it up.

@@ -77,6 +77,7 @@ struct Weather {
             harm.setOn(line.options());
             line.faults().setChance(harm.fault, walker.roll(3) ? 2 + walker.roll(10) : 60);
         }
+        line.options().secondUs = 0;  // a later copy could not be told from an answer
         if (walker.chance(6)) line.faults().setChance(drive::LineFault::Silent, 100);
         bench.practice.driveOf(bench.tool.practiceFamily()).options().tellsTexts = !walker.chance(20);
     }
@@ -188,7 +189,7 @@ TEST_P(RandomWalks, AlwaysFindBackToTheMainWindow) {
     RandomWalk walk(bench, uint32_t(GetParam()), steps);
     walk.run();
     EXPECT_GE(walk.returns(), steps / StepsOut);
-    EXPECT_EQ(bench.credits.miscredited, QStringList());
+    EXPECT_EQ(bench.credits.miscredited.join('\n').toStdString(), "");
     const QMap<QString, int>& visits = walk.walker().visits;
     for (const char* window : {"TMainForm", "TComSetupForm", "TParameterForm"})
         EXPECT_GT(visits.value(window), 0) << window;
@@ -198,11 +199,9 @@ TEST_P(RandomWalks, AlwaysFindBackToTheMainWindow) {
 
 std::vector<int> chosenSeeds() {
     if (const int seed = setting("KELVANE_WALK_SEED", 0)) return {seed};
-    if (!std::getenv("KELVANE_ADVERSARY")) return {};
-    return {1, 2, 3};
+    return {1, 2, 3, 4};
 }
 
-GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(RandomWalks);
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomWalks, testing::ValuesIn(chosenSeeds()));
 
 }  // namespace
