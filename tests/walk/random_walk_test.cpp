@@ -139,10 +139,11 @@ class RandomWalk : public QObject {
                       << qPrintable(m_walker.screen()) << "\nThe last steps:\n"
                       << qPrintable(m_walker.log.join(QLatin1Char('\n')));
         end();
+        QCoreApplication::exit();  // also out of the boxes; no later walk of this run can begin
     }
     void end() {
         m_ended = true;
-        QCoreApplication::exit();
+        m_loop.quit();
     }
 
     WalkBench& m_bench;
