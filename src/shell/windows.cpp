@@ -14,6 +14,18 @@ Windows::Forms::Forms(Windows& windows) {
         if (row.built()) made.push_back(row.make(windows));
 }
 
+namespace {
+
+// What lay over the window lies over the lowest one from now on: two that belong over each other stop the
+// whole program in the toolkit's search for the end of the chain.
+void belongOver(QWindow& window, QWindow& front, QWindow& lowest) {
+    for (QWindow* over = &front; over && over != &lowest; over = over->transientParent())
+        if (over->transientParent() == &window) over->setTransientParent(&lowest);
+    window.setTransientParent(&front);
+}
+
+}  // namespace
+
 Windows::Windows(Tool& toolShown, TMainForm& main, ShellOperator* person, KeptLooks& keptLooks)
     : tool(toolShown),
       mainForm(main),
@@ -113,8 +125,9 @@ bool Windows::eventFilter(QObject* watched, QEvent* event) {
 void Windows::putOver(QWidget& window) {
     QWidget* front = QApplication::activeModalWidget();
     if (!front) front = QApplication::activeWindow();
-    if (front && front != &window && window.windowHandle() && front->windowHandle())
-        window.windowHandle()->setTransientParent(front->windowHandle());
+    if (!front || front == &window || &window == &mainForm) return;
+    if (window.windowHandle() && front->windowHandle() && mainForm.windowHandle())
+        belongOver(*window.windowHandle(), *front->windowHandle(), *mainForm.windowHandle());
 }
 
 // By whatever way it went, a window that had the link gives it up.

@@ -16,6 +16,9 @@ struct Harm {
     int ms = 0;      // how late, how long the pause
     int pieces = 2;  // of a reply in pieces
 
+    // A copy that begins when the next request has left the wire, and is over before its answer begins, looks
+    // like it.
+    bool tooSubtleAt(int Baud) const { return fault == drive::LineFault::Doubled && ms > 0 && Baud > 38400; }
     void setOn(drive::LineOptions& line) const {
         line.lateUs = line.pieceGapUs = line.secondUs = qint64(ms) * 1000;
         line.pieces = pieces;

@@ -84,7 +84,10 @@ struct OnLineBench {
         QObject::connect(&link, &RequestScheduler::cycleEnded, [this] { ++cycles; });
         QObject::connect(&link, &RequestScheduler::statusDecoded, [this] { ++polls; });
         credits.compareState = true;
-        takeMaxFreq(link);
+        // As the keypad does in the tool.
+        link.onReply(9, [this](const QString&, const QByteArray& RxData) {
+            link.DriveStatus.MaxFreqWord = wordAt(RxData, 4);
+        });
         link.Initial();
     }
 
@@ -155,14 +158,6 @@ struct OnLineBench {
     }
 
    private:
-    // The keypad's room takes it in the tool.
-    template <class Link>
-    static void takeMaxFreq(Link& link) {
-        if constexpr (requires { link.onReply(9, {}); })
-            link.onReply(9, [&link](const QString&, const QByteArray& RxData) {
-                link.DriveStatus.MaxFreqWord = wordAt(RxData, 4);
-            });
-    }
     static QString latin(std::string_view text) {
         return QString::fromLatin1(text.data(), qsizetype(text.size()));
     }

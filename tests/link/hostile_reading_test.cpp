@@ -101,7 +101,7 @@ TEST_P(HostileReading, FillsEveryRowWithItsOwnRecord) {
     for (const int Baud : bauds)
         for (const Harm& harm : lateReplies() + brokenReplies())
             for (int first = 1; first <= Apart; ++first) {
-                if (++number % 67 && !everyCase()) continue;
+                if (harm.tooSubtleAt(Baud) || (++number % 67 && !everyCase())) continue;
                 OnLineBench bench(
                     {.family = family, .mode = mode, .Baud = Baud, .holdsBack = number % 2 == 0});
                 ASSERT_TRUE(bench.goOnLine());
@@ -184,7 +184,7 @@ TEST_P(HostileReading, WritesWhatWasAskedForAndNothingElse) {
     for (const int Baud : bauds)
         for (const Harm& harm : plainHarms() + lateReplies() + brokenReplies())
             for (int first = 1; first <= Apart; ++first) {
-                if (++number % 29 && !everyCase()) continue;
+                if (harm.tooSubtleAt(Baud) || (++number % 29 && !everyCase())) continue;
                 WriteBench bench(
                     {.family = family, .mode = mode, .Baud = Baud, .holdsBack = number % 2 == 0});
                 bench.changeSomeRows();
@@ -201,13 +201,11 @@ TEST_P(HostileReading, WritesWhatWasAskedForAndNothingElse) {
 
 std::vector<ReadingCase> readingCases() {
     std::vector<ReadingCase> cases;
-    if (std::getenv("KELVANE_ADVERSARY"))
-        for (const Family family : AllFamilies)
-            for (const LineMode mode : {LineMode::Ascii, LineMode::Rtu}) cases.emplace_back(family, mode);
+    for (const Family family : AllFamilies)
+        for (const LineMode mode : {LineMode::Ascii, LineMode::Rtu}) cases.emplace_back(family, mode);
     return cases;
 }
 
-GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(HostileReading);
 INSTANTIATE_TEST_SUITE_P(Lines, HostileReading, testing::ValuesIn(readingCases()), [](const auto& tested) {
     return std::string(familyName(std::get<0>(tested.param))) +
            (std::get<1>(tested.param) == LineMode::Rtu ? "Rtu" : "Ascii");

@@ -3,10 +3,7 @@
 // of both modes, word for word, as they stand on the wire.
 #include <gtest/gtest.h>
 
-#include "base/manual_tick_clock.h"
-#include "bench/scripted_operator.h"
-#include "drive/practice_port.h"
-#include "link/com_setup.h"
+#include "bench/on_line_bench.h"
 
 namespace kelvane {
 namespace {
@@ -16,55 +13,32 @@ using drive::LineMode;
 
 constexpr int Group = 1;  // Basic: the maximum output frequency and what goes with it
 
-// A scheduler in front of a Larch on a line, ready and on no window's behalf.
-struct LineSession {
-    LineSession(const drive::LineOptions& options, int Baud)
-        : station(clock, drive::familyData(Family::Larch), options) {
-        station.port.setSettings(options.wire);
-        QObject::connect(&link, &RequestScheduler::historyLine,
-                         [this](const QString& line) { history += line; });
+// On line with a Larch, in the Parameter window; what stood on the wire since then.
+struct LineSession : OnLineBench {
+    QStringList wire;
+    quint64 repliesBefore = 0;
+
+    explicit LineSession(const LineChoice& choice) : OnLineBench(choice) {
+        EXPECT_TRUE(goOnLine());
+        awaitPolls(1);
+        openParameterWindow();
+        clock.advance(3000);
+        repliesBefore = faults().replies();
         QObject::connect(&link, &RequestScheduler::cycleEnded, [this] {
-            ++cycles;
             wire += "> " % link.TxFrameText;
             wire += "< " % link.Rx.RxLogText;
         });
-        link.Initial();
-        link.emptyQueues();
-        link.ComMode = options.mode == LineMode::Rtu;
-        link.BaudTimeoutTicks = link.ReplyTimeoutTicks = baudTimeoutTicks(Baud);
-        link.DriveStatus.DriveFamily = static_cast<quint8>(Family::Larch);
-        link.DriveStatus.StatusWordCount = 14;
-        link.DriveStatus.DriveReady = 1;
     }
-    // One exchange of the Parameter window.
     void ask(quint8 task, const QString& command) {
-        link.ActiveFunction = OwnerParameter;
         link.ParamRead.ReadDone = link.ParamRead.WriteDone = 0;
-        link.push(task, command);
-        link.TxTimer.setEnabled(true);
+        link.request(task, command);
         goOn(1);
     }
     void goOn(int exchanges) {
         const int until = cycles + exchanges;
         clock.advanceUntil([&] { return cycles >= until; }, 60000);
     }
-
-    ManualTickClock clock;
-    FixedWallClock wall{QDateTime(QDate(2026, 3, 2), QTime(9, 8, 7))};
-    ScriptedOperator person;
-    drive::PracticeStation station;
-    LangTable lang = LangTable::builtInEnglish();
-    RequestScheduler link{{clock, wall, person, station.port, lang}};
-    QStringList history;
-    QStringList wire;
-    int cycles = 0;
 };
-
-drive::LineOptions lineOf(LineMode mode, int Baud, ByteFlow flow, int turnaroundMs) {
-    drive::LineOptions options{.mode = mode, .turnaroundUs = turnaroundMs * 1000, .flow = flow};
-    options.wire = {.Baud = Baud, .DataBits = mode == LineMode::Rtu ? 8 : 7};
-    return options;
-}
 
 using LineCase = std::tuple<LineMode, int, ByteFlow, int>;
 
@@ -79,7 +53,8 @@ class LineMatrix : public testing::TestWithParam<LineCase> {};
 
 TEST_P(LineMatrix, HasNoFalseTimeOutAndNoBrokenReply) {
     const auto& [mode, Baud, flow, turnaroundMs] = GetParam();
-    LineSession session(lineOf(mode, Baud, flow, turnaroundMs), Baud);
+    LineSession session(
+        {.family = Family::Larch, .mode = mode, .Baud = Baud, .flow = flow, .turnaroundMs = turnaroundMs});
     const auto rows = drive::familyData(Family::Larch).groups[Group].rows;
     for (size_t number = 0; number < rows.size(); ++number) {
         session.ask(12, QString::asprintf("FF03%02X%02X000F", Group, unsigned(number)));
@@ -93,8 +68,7 @@ TEST_P(LineMatrix, HasNoFalseTimeOutAndNoBrokenReply) {
         EXPECT_EQ(read.ReadUnit.trimmed().toStdString(), rows[number].unit);
         EXPECT_EQ(session.link.TimeoutCount, 0);
     }
-    session.link.ActiveFunction = OwnerMain;
-    session.link.TxTimer.setEnabled(true);
+    session.closeParameterWindow();
     for (int poll = 0; poll < 20; ++poll) {
         session.goOn(1);
         EXPECT_EQ(session.link.TimeoutCount, 0);
@@ -102,7 +76,8 @@ TEST_P(LineMatrix, HasNoFalseTimeOutAndNoBrokenReply) {
     EXPECT_EQ(session.link.DriveStatus.StatusWords[5], session.station.drive.word(0x2105));  // DC bus
     EXPECT_EQ(session.link.DriveStatus.StatusWords[1], session.station.drive.word(0x2119));
     EXPECT_EQ(session.history, QStringList());
-    EXPECT_EQ(session.station.line.faults().replies(), rows.size() + 20);  // nothing was asked twice
+    EXPECT_EQ(session.faults().replies() - session.repliesBefore,
+              rows.size() + 20);  // nothing was asked twice
 }
 
 INSTANTIATE_TEST_SUITE_P(Lines, LineMatrix,
@@ -114,13 +89,12 @@ INSTANTIATE_TEST_SUITE_P(Lines, LineMatrix,
 
 // Reads and writes the maximum output frequency, writes a value that is refused and asks why, polls.
 std::string sessionOn(LineMode mode) {
-    LineSession session(lineOf(mode, 9600, ByteFlow::Single, 5), 9600);
+    LineSession session({.family = Family::Larch, .mode = mode});
     session.ask(12, QStringLiteral("FF030100000F"));  // value, limits, attribute, default, name, unit
     session.ask(13, QStringLiteral("FF0601001388"));  // 50.00 Hz; answered by its echo
     session.ask(13, QStringLiteral("FF060100FFFF"));  // above the maximum: exception 3
     session.goOn(1);                                  // its text, asked for by the link itself
-    session.link.ActiveFunction = OwnerMain;
-    session.link.TxTimer.setEnabled(true);
+    session.closeParameterWindow();
     session.goOn(2);  // 16 status words, then the second state word
     return session.wire.join(QLatin1Char('\n')).toStdString();
 }

@@ -7,6 +7,7 @@
 #include <QEventLoop>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QWindow>
 
 #include "base/manual_tick_clock.h"
 #include "bench/credit_check.h"
@@ -76,6 +77,7 @@ struct Weather {
             harm.setOn(line.options());
             line.faults().setChance(harm.fault, walker.roll(3) ? 2 + walker.roll(10) : 60);
         }
+        line.options().secondUs = 0;  // a later copy could not be told from an answer
         if (walker.chance(6)) line.faults().setChance(drive::LineFault::Silent, 100);
         bench.practice.driveOf(bench.tool.practiceFamily()).options().tellsTexts = !walker.chance(20);
     }
@@ -137,10 +139,11 @@ class RandomWalk : public QObject {
                       << qPrintable(m_walker.screen()) << "\nThe last steps:\n"
                       << qPrintable(m_walker.log.join(QLatin1Char('\n')));
         end();
+        QCoreApplication::exit();  // also out of the boxes; no later walk of this run can begin
     }
     void end() {
         m_ended = true;
-        QCoreApplication::exit();
+        m_loop.quit();
     }
 
     WalkBench& m_bench;
@@ -153,6 +156,32 @@ class RandomWalk : public QObject {
     bool m_ended = false;
 };
 
+// Two windows that open over each other in turn: none may be found below itself.
+TEST(WindowOrder, IsNoCircle) {
+    WalkBench bench;
+    const QList<QWidget*> windows{&bench.windows.comSetupForm, &bench.windows.parameterForm,
+                                  &bench.windows.aboutForm};
+    for (QWidget* below : windows)
+        for (QWidget* above : windows) {
+            if (above == below) continue;
+            below->show();
+            below->activateWindow();
+            above->show();
+            above->activateWindow();
+            below->hide();
+            below->show();
+            for (QWidget* window : windows) {
+                int depth = 0;
+                for (QWindow* over = window->windowHandle(); over && depth < 100;
+                     over = over->transientParent())
+                    ++depth;
+                ASSERT_LT(depth, 20) << window->objectName().toStdString();
+            }
+            below->hide();
+            above->hide();
+        }
+}
+
 class RandomWalks : public testing::TestWithParam<int> {};
 
 TEST_P(RandomWalks, AlwaysFindBackToTheMainWindow) {
@@ -161,7 +190,7 @@ TEST_P(RandomWalks, AlwaysFindBackToTheMainWindow) {
     RandomWalk walk(bench, uint32_t(GetParam()), steps);
     walk.run();
     EXPECT_GE(walk.returns(), steps / StepsOut);
-    EXPECT_EQ(bench.credits.miscredited, QStringList());
+    EXPECT_EQ(bench.credits.miscredited.join('\n').toStdString(), "");
     const QMap<QString, int>& visits = walk.walker().visits;
     for (const char* window : {"TMainForm", "TComSetupForm", "TParameterForm"})
         EXPECT_GT(visits.value(window), 0) << window;
@@ -171,11 +200,9 @@ TEST_P(RandomWalks, AlwaysFindBackToTheMainWindow) {
 
 std::vector<int> chosenSeeds() {
     if (const int seed = setting("KELVANE_WALK_SEED", 0)) return {seed};
-    if (!std::getenv("KELVANE_ADVERSARY")) return {};
-    return {1, 2, 3};
+    return {1, 2, 3, 4};
 }
 
-GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(RandomWalks);
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomWalks, testing::ValuesIn(chosenSeeds()));
 
 }  // namespace
