@@ -36,7 +36,8 @@ constexpr std::array<const char*, IconCount> IconNames{
     "copy",         "close",          "folder",      "folder_up",  "file",       "accept",       "cancel",
     "test",         "connect",        "disconnect",  "start",      "stop",       "clear",        "option",
     "cursor",       "picture",        "zoom",        "add",        "remove",     "edit",         "run",
-    "fault",        "lock",           "motor",       "more",       "tree_drive", "tree_file",    "tree_open",
+    "fault",        "lock",           "motor",       "more",       "up",
+    "down",           "zoom_in",   "zoom_out",    "reset",      "tree_drive", "tree_file",    "tree_open",
     "tree_compare", "tree_parameters"};
 static_assert(IconNames.back() != nullptr, "one name for each icon");
 

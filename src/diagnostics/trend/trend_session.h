@@ -73,6 +73,7 @@ class TrendSession : public QObject {
     // tab.
     void InitialDrive(const QStringList& itemList);
     void takeItemNames(const QStringList& itemList);
+    quint32 stateWord() const { return status().StatusWords[1]; }
     // Replies of the keypad's commands move the command lines.
     void commandAnswered(quint8 task);
     void suspend();
