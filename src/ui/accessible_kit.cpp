@@ -67,7 +67,7 @@ public:
 
     QString text(QAccessible::Text kind) const override {
         const auto& led = static_cast<const LedText&>(*object());
-        if (kind == QAccessible::Name) return named(led, led.text());
+        if (kind == QAccessible::Name) return nameOr(led, led.text());
         if (kind != QAccessible::Value) return QAccessibleWidget::text(kind);
         if (led.flashing()) return QStringLiteral("flashing");
         return led.lit() ? QStringLiteral("on") : QStringLiteral("off");

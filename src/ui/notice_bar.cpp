@@ -8,7 +8,8 @@
 
 namespace kelvane {
 
-NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), m_text(new QLabel(this)), m_row(new QHBoxLayout(this)) {
+NoticeBar::NoticeBar(QWidget* parent)
+    : QFrame(parent), m_text(new QLabel(this)), m_row(new QHBoxLayout(this)) {
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::ToolTipBase);

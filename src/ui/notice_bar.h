@@ -1,5 +1,5 @@
-// A line over a window's content that offers something without stopping anybody: a text and buttons. It goes when it
-// has been answered.
+// A line over a window's content that offers something without stopping anybody: a text and buttons. It goes
+// when it has been answered.
 #pragma once
 
 #include <QFrame>

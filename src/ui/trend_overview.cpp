@@ -6,8 +6,8 @@
 
 namespace kelvane {
 
-TrendOverview::TrendOverview(const TrendData& data, TrendPlot& plot, QWidget* parent)
-    : QWidget(parent), m_data(data), m_plot(plot) {
+TrendOverview::TrendOverview(const TrendData& trendData, TrendPlot& plot, QWidget* parent)
+    : QWidget(parent), m_data(trendData), m_plot(plot) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setToolTip(tr("The whole run; click or drag to look at a part of it"));

@@ -1,5 +1,5 @@
-// The whole run on a strip: every visible channel from the first record to the last, with a frame around the part
-// that the plot shows. A click or a drag brings the plot there.
+// The whole run on a strip: every visible channel from the first record to the last, with a frame around the
+// part that the plot shows. A click or a drag brings the plot there.
 #pragma once
 
 #include <QPixmap>

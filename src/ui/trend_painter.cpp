@@ -71,13 +71,15 @@ void TrendPainter::paintGrid(QPainter& painter, int fromColumn, int toColumn) co
     painter.setPen(QPen(m_look.ColorGrid, 0, Qt::DotLine));
     const qint64 step = std::max(m_look.GridXPixel, 1);
     const qint64 first = m_view.fromColumn() + fromColumn;
-    for (qint64 column = (first + step - 1) / step * step; column < m_view.fromColumn() + toColumn; column += step) {
+    for (qint64 column = (first + step - 1) / step * step; column < m_view.fromColumn() + toColumn;
+         column += step) {
         const int x = m_view.left() + static_cast<int>(column - m_view.fromColumn());
         painter.drawLine(x, m_view.top(), x, m_view.bottom() - 1);
     }
     // The dots of a level line are one pattern over the whole plot, whatever part of it is drawn.
     for (int step_y = 0; step_y <= m_look.GridYSteps; ++step_y) {
-        const int y = std::min(m_view.top() + m_view.rows() * step_y / m_look.GridYSteps, m_view.bottom() - 1);
+        const int y =
+            std::min(m_view.top() + m_view.rows() * step_y / m_look.GridYSteps, m_view.bottom() - 1);
         for (int x = fromColumn; x < toColumn; ++x)
             if ((m_view.fromColumn() + x) % 4 == 0) painter.drawPoint(m_view.left() + x, y);
     }
@@ -89,7 +91,9 @@ void TrendPainter::paintRecords(QPainter& painter, int fromColumn, int toColumn)
     // One more on either side, since its stroke reaches in; broad strokes reach farther.
     const qint64 from = std::max<qint64>(m_view.firstOfColumn(m_view.fromColumn() + fromColumn - 3) - 1, 0);
     const qint64 to = std::min(m_view.firstOfColumn(m_view.fromColumn() + toColumn + 3) + 1, records.size());
-    const auto xOf = [this](qint64 record) { return static_cast<int>(std::floor(m_view.xOf(record) + 1e-6)); };
+    const auto xOf = [this](qint64 record) {
+        return static_cast<int>(std::floor(m_view.xOf(record) + 1e-6));
+    };
     if (m_look.opSeparator) {
         painter.setPen(QPen(m_look.ColorSeparator, 0));
         for (qint64 i = from; i < to; ++i)
@@ -118,8 +122,8 @@ void TrendPainter::paintRecords(QPainter& painter, int fromColumn, int toColumn)
     }
 }
 
-// Several records a pixel: from the lowest to the highest of each column, with the last value of the column before
-// unless a break lies between.
+// Several records a pixel: from the lowest to the highest of each column, with the last value of the column
+// before unless a break lies between.
 void TrendPainter::paintColumnExtremes(QPainter& painter, int fromColumn, int toColumn) const {
     const TrendRecords& records = m_data.records;
     struct Column {
@@ -139,7 +143,8 @@ void TrendPainter::paintColumnExtremes(QPainter& painter, int fromColumn, int to
     if (m_look.opSeparator) {
         painter.setPen(QPen(m_look.ColorSeparator, 0));
         for (const Column& column : columns)
-            if (column.extremes.breaks) painter.drawLine(column.x, m_view.top(), column.x, m_view.bottom() - 1);
+            if (column.extremes.breaks)
+                painter.drawLine(column.x, m_view.top(), column.x, m_view.bottom() - 1);
     }
     QVector<QLine> strokes;
     for (size_t c = 0; c < m_data.channels.size(); ++c) {
@@ -188,8 +193,8 @@ void TrendPainter::paintLeftScale(QPainter& painter) const {
         QString text = QString::number(m_view.shareAt(y) * channel.ValueTo, 'f', places);
         if (text.startsWith(QLatin1Char('-')) && text.toDouble() == 0) text.remove(0, 1);
         text.replace(QLatin1Char('.'), m_look.decimalSep);
-        painter.drawText(QRect(0, y - metrics.height() / 2, width, metrics.height()), Qt::AlignRight | Qt::AlignVCenter,
-                         text);
+        painter.drawText(QRect(0, y - metrics.height() / 2, width, metrics.height()),
+                         Qt::AlignRight | Qt::AlignVCenter, text);
     }
     const QString head = QStringLiteral("Ch%1").arg(at + 1) %
                          (channel.ValueUnit.isEmpty() ? QString() : QStringLiteral(" ") % channel.ValueUnit);
@@ -235,7 +240,8 @@ void TrendPainter::paintCaptions(QPainter& painter) const {
         }
         if (y + metrics.height() > m_view.top()) break;
         painter.setPen(channelColour(channel, m_look.background));
-        painter.drawText(QRect(x, y, width + 1, metrics.height()), Qt::AlignLeft | Qt::AlignVCenter, channel.Caption);
+        painter.drawText(QRect(x, y, width + 1, metrics.height()), Qt::AlignLeft | Qt::AlignVCenter,
+                         channel.Caption);
         x += width + gap;
     }
     painter.restore();

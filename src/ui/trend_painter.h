@@ -1,5 +1,5 @@
-// Draws a trend on any painter: the plot's own canvas, a printed page, a picture. What is drawn where follows from
-// the view; colours and options from the look.
+// Draws a trend on any painter: the plot's own canvas, a printed page, a picture. What is drawn where follows
+// from the view; colours and options from the look.
 #pragma once
 
 #include <QColor>

@@ -1,8 +1,8 @@
 #include "ui/trend_plot.h"
 
 #include <QKeyEvent>
-#include <QPainter>
 #include <QPaintEvent>
+#include <QPainter>
 #include <cmath>
 
 namespace kelvane {
@@ -19,7 +19,7 @@ const QColor MarkerColour(0x9F, 0xD8, 0xFF);
 
 }  // namespace
 
-TrendPlot::TrendPlot(const TrendData& data, QWidget* parent) : QWidget(parent), m_data(data) {
+TrendPlot::TrendPlot(const TrendData& trendData, QWidget* parent) : QWidget(parent), m_data(trendData) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -215,7 +215,8 @@ void TrendPlot::paintSheet(QPainter& painter, QSize size, const QColor& ground) 
                m_view.firstOfColumn(m_view.fromColumn() + m_view.columns()));
 }
 
-void TrendPlot::paintSheet(QPainter& painter, QSize size, const QColor& ground, qint64 from, qint64 to) const {
+void TrendPlot::paintSheet(QPainter& painter, QSize size, const QColor& ground, qint64 from,
+                           qint64 to) const {
     TrendView view = m_view;
     TrendLook sheet = look;
     view.width = size.width();
@@ -325,7 +326,8 @@ void TrendPlot::mouseReleaseEvent(QMouseEvent*) {
 
 void TrendPlot::mouseDoubleClickEvent(QMouseEvent* event) {
     if (TotalRecords() > 0 && m_view.contains(event->position().x()))
-        Q_EMIT markerWanted(std::clamp<qint64>(m_view.recordAt(event->position().x()), 0, TotalRecords() - 1));
+        Q_EMIT markerWanted(
+            std::clamp<qint64>(m_view.recordAt(event->position().x()), 0, TotalRecords() - 1));
 }
 
 void TrendPlot::leaveEvent(QEvent* event) {
@@ -353,38 +355,24 @@ void TrendPlot::keyPressEvent(QKeyEvent* event) {
         SetCursorLine(x, m_view.top());
     };
     switch (event->key()) {
-        case Qt::Key_Left:
-            return step(-1);
-        case Qt::Key_Right:
-            return step(1);
-        case Qt::Key_PageUp:
-            return pan(-m_view.columns());
-        case Qt::Key_PageDown:
-            return pan(m_view.columns());
-        case Qt::Key_Home:
-            return pan(-m_view.fromColumn());
-        case Qt::Key_End:
-            return showEnd();
-        case Qt::Key_Up:
-            return MoveY(AxisStep);
-        case Qt::Key_Down:
-            return MoveY(-AxisStep);
+        case Qt::Key_Left: return step(-1);
+        case Qt::Key_Right: return step(1);
+        case Qt::Key_PageUp: return pan(-m_view.columns());
+        case Qt::Key_PageDown: return pan(m_view.columns());
+        case Qt::Key_Home: return pan(-m_view.fromColumn());
+        case Qt::Key_End: return showEnd();
+        case Qt::Key_Up: return MoveY(AxisStep);
+        case Qt::Key_Down: return MoveY(-AxisStep);
         case Qt::Key_Plus:
-        case Qt::Key_Equal:
-            return zoomAbout(under, 1 / WheelStep);
-        case Qt::Key_Minus:
-            return zoomAbout(under, WheelStep);
-        case Qt::Key_F:
-            return fit();
-        case Qt::Key_A:
-            return moveMeasure(Drag::CursorA, m_view.recordAt(under));
-        case Qt::Key_B:
-            return moveMeasure(Drag::CursorB, m_view.recordAt(under));
+        case Qt::Key_Equal: return zoomAbout(under, 1 / WheelStep);
+        case Qt::Key_Minus: return zoomAbout(under, WheelStep);
+        case Qt::Key_F: return fit();
+        case Qt::Key_A: return moveMeasure(Drag::CursorA, m_view.recordAt(under));
+        case Qt::Key_B: return moveMeasure(Drag::CursorB, m_view.recordAt(under));
         case Qt::Key_M:
             if (m_value.DataValid) Q_EMIT markerWanted(m_value.RecordNo);
             return;
-        default:
-            QWidget::keyPressEvent(event);
+        default: QWidget::keyPressEvent(event);
     }
 }
 

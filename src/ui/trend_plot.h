@@ -1,7 +1,7 @@
-// A trend on the screen (AbTrend1, AbTrend2 of the Trend window; AbTrend1 of the Monitor): paints the records that a
-// recorder holds, follows the newest while a run goes on, and tells what stands under the cursor. While recording
-// only what scrolled in is painted. Whoever owns the recorder tells it what changed. By hand: the wheel zooms about
-// the pointer, a drag pans, two measuring cursors and markers stand where they are put.
+// A trend on the screen (AbTrend1, AbTrend2 of the Trend window; AbTrend1 of the Monitor): paints the records
+// that a recorder holds, follows the newest while a run goes on, and tells what stands under the cursor.
+// While recording only what scrolled in is painted. Whoever owns the recorder tells it what changed. By hand:
+// the wheel zooms about the pointer, a drag pans, two measuring cursors and markers stand where they are put.
 #pragma once
 
 #include <QPixmap>

@@ -31,7 +31,9 @@ constexpr int RowsOfChannels = 4;
 constexpr Rgb ItemBlue = 0x0000FF;
 constexpr Rgb UnitFuchsia = 0xFF00FF;
 
-QByteArray channelName(int channel, const char* rest) { return QByteArray("Ch") + QByteArray::number(channel) + rest; }
+QByteArray channelName(int channel, const char* rest) {
+    return QByteArray("Ch") + QByteArray::number(channel) + rest;
+}
 
 QHBoxLayout* tightRow() {
     auto* row = new QHBoxLayout;
@@ -67,7 +69,8 @@ QWidget* TScopeForm::buildButtons() {
     add("SavePICTransparentButton", Icon::Picture, tr("Picture"), [this] { savePicture(); });
     add("PrintTransparentButton", Icon::Print, tr("Print"), [this] { Q_EMIT printWanted(); });
     row->addSpacing(12);
-    add("ClearTransparentButton", Icon::Clear, tr("Clear"), [this] { m_session.ClearTransparentButtonClick(); });
+    add("ClearTransparentButton", Icon::Clear, tr("Clear"),
+        [this] { m_session.ClearTransparentButtonClick(); });
     add("OptionTransparentButton", Icon::Option, tr("Option"), [this] { Q_EMIT toolWanted(); });
     CursorTransparentButton = add("CursorTransparentButton", Icon::Cursor, tr("Cursor"),
                                   [this] { m_session.CursorTransparentButtonClick(); });
@@ -183,8 +186,8 @@ QWidget* TScopeForm::buildChannelSelection() {
         const int row = (c - 1) % RowsOfChannels;
         const int column = (c - 1) / RowsOfChannels * 3;
         ChPanel[i] = addColourPanel(QStringLiteral("Ch%1Panel").arg(c), c, false);
-        ChVrPowerButton[i] =
-            named<VrPowerButton>(channelName(c, "VrPowerButton").constData(), QStringLiteral("Ch%1").arg(c), box);
+        ChVrPowerButton[i] = named<VrPowerButton>(channelName(c, "VrPowerButton").constData(),
+                                                  QStringLiteral("Ch%1").arg(c), box);
         ChVrPowerButton[i]->setToolTip(tr("Show channel %1; it is recorded in any case").arg(c));
         ChComboBox[i] = named<QComboBox>(channelName(c, "ComboBox").constData(), box);
         ChComboBox[i]->setAccessibleName(tr("Item of channel %1").arg(c));
@@ -204,8 +207,10 @@ QWidget* TScopeForm::buildChannelSelection() {
 }
 
 void TScopeForm::addLogicRow(QGridLayout* grid, int row, int line) {
-    static const std::array<const char*, 5> Names{"", "RUNCmdLabel", "RUNStaLabel", "FWDCmdLabel", "FWDStaLabel"};
-    const std::array<QString, 5> captions{QString(), tr("RUN cmd"), tr("RUN status"), tr("FWD cmd"), tr("FWD status")};
+    static const std::array<const char*, 5> Names{"", "RUNCmdLabel", "RUNStaLabel", "FWDCmdLabel",
+                                                  "FWDStaLabel"};
+    const std::array<QString, 5> captions{QString(), tr("RUN cmd"), tr("RUN status"), tr("FWD cmd"),
+                                          tr("FWD status")};
     const auto i = static_cast<size_t>(line);
     LPanel[i] = addColourPanel(QStringLiteral("L%1Panel").arg(line), line, true);
     LogicLabel[i] = named<VrLabel>(Names[i], this);
@@ -243,8 +248,8 @@ QWidget* TScopeForm::buildChannelStatus() {
     for (QLabel* label : {RecNoLabel, RecTimeLabel, TotalRecordsLabel})
         label->setFixedWidth(fontMetrics().averageCharWidth() * 22);
     int row = 1;
-    for (const auto& [text, label] : {std::pair{tr("No."), RecNoLabel}, {tr("Time"), RecTimeLabel},
-                                      {tr("Total"), TotalRecordsLabel}}) {
+    for (const auto& [text, label] :
+         {std::pair{tr("No."), RecNoLabel}, {tr("Time"), RecTimeLabel}, {tr("Total"), TotalRecordsLabel}}) {
         grid->addWidget(new QLabel(text, box), row, 7);
         grid->addWidget(label, row++, 8);
     }
@@ -303,8 +308,8 @@ QWidget* TScopeForm::buildFaultBox() {
     ErrCodeAbLED->setColor(QColor(208, 0, 0));
     ErrCodeLabel = plainLabel("ErrCodeLabel", QStringLiteral("0"), box);
     ErrDescriptLabel = plainLabel("ErrDescriptLabel", QStringLiteral("No errors occurred"), box);
-    auto* history = named<TransparentButton>("ErrHistoryTransparentButton", icon(Icon::Fault), tr("Fault history"), box,
-                                             TransparentButton::Layout::IconLeft);
+    auto* history = named<TransparentButton>("ErrHistoryTransparentButton", icon(Icon::Fault),
+                                             tr("Fault history"), box, TransparentButton::Layout::IconLeft);
     connect(history, &TransparentButton::clicked, this, &TScopeForm::errHistoryWanted);
     grid->addWidget(ErrCodeAbLED, 0, 0);
     grid->addWidget(ErrCodeLabel, 0, 1);
@@ -359,7 +364,8 @@ void TScopeForm::buildMenus() {
 
 void TScopeForm::buildFileMenu() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
-    const auto add = [&](const char* name, Icon which, const QString& text, const QKeySequence& keys, auto triggered) {
+    const auto add = [&](const char* name, Icon which, const QString& text, const QKeySequence& keys,
+                         auto triggered) {
         QAction* action = file->addAction(icon(which), text, this, triggered);
         action->setShortcut(keys);
         action->setObjectName(QLatin1String(name));
@@ -375,8 +381,10 @@ void TScopeForm::buildFileMenu() {
                      [this] { exportTable(AbTrend1->FirstDisplayedRec(), AbTrend1->LastDisplayedRec()); });
     table->addAction(tr("&Between the measuring cursors..."), this, [this] {
         const auto a = AbTrend1->cursorA(), b = AbTrend1->cursorB();
-        if (a && b) exportTable(std::min(*a, *b), std::max(*a, *b));
-        else m_foot->setText(tr("Put both measuring cursors first (keys A and B)."));
+        if (a && b)
+            exportTable(std::min(*a, *b), std::max(*a, *b));
+        else
+            m_foot->setText(tr("Put both measuring cursors first (keys A and B)."));
     });
     add("SaveBMP", Icon::Picture, tr("Picture of the s&creen..."), {}, [this] { savePicture(); });
     add("SavePlotItem", Icon::Picture, tr("Picture of the &plot..."), {}, [this] { savePlot(); });
@@ -390,7 +398,8 @@ void TScopeForm::buildViewMenu() {
     QMenu* view = menuBar()->addMenu(tr("&View"));
     view->addAction(icon(Icon::Zoom), tr("&Fit the whole run\tF"), AbTrend1, &TrendPlot::fit);
     view->addAction(tr("Go to the &end\tEnd"), AbTrend1, &TrendPlot::showEnd);
-    view->addAction(tr("One record a &pixel"), this, [this] { TrendScrollBarChange(TrendScrollBar->value()); });
+    view->addAction(tr("One record a &pixel"), this,
+                    [this] { TrendScrollBarChange(TrendScrollBar->value()); });
     view->addSeparator();
     view->addAction(tr("&Remove the measuring cursors"), this, [this] { AbTrend1->setMeasure({}, {}); });
     view->addAction(tr("Remove all &markers"), this, [this] {

@@ -20,8 +20,7 @@ namespace {
 
 const QString ScreenFilter = QStringLiteral("BMP - BMP|*.bmp|JPG - JPEG|*.jpg");
 const QString ScreenSuffixes = QStringLiteral(".bmp|.jpg");
-const QString PlotFilter =
-    QStringLiteral("PNG - picture|*.png|SVG - drawing|*.svg|PDF - document|*.pdf");
+const QString PlotFilter = QStringLiteral("PNG - picture|*.png|SVG - drawing|*.svg|PDF - document|*.pdf");
 const QString PlotSuffixes = QStringLiteral(".png|.svg|.pdf");
 constexpr int JpegQuality = 80;
 constexpr int PdfResolution = 96;
@@ -80,17 +79,20 @@ void TScopeForm::savePicture() {
     if (!path) return;
     const bool jpeg = path->endsWith(QLatin1String(".jpg"));
     const QImage picture = Image1->pixmap().toImage();
-    const FileResult saved = writeWhole(*path, pictureBytes(picture, jpeg ? "JPG" : "BMP", jpeg ? JpegQuality : -1));
-    const QString what = given ? tr("Saved %1") : tr("Saved %1: this window only, the system does not give the screen");
+    const FileResult saved =
+        writeWhole(*path, pictureBytes(picture, jpeg ? "JPG" : "BMP", jpeg ? JpegQuality : -1));
+    const QString what =
+        given ? tr("Saved %1") : tr("Saved %1: this window only, the system does not give the screen");
     m_foot->setText(saved.ok ? what.arg(*path) : saved.error);
 }
 
 void TScopeForm::savePlot() {
     const auto path = m_bench.person.saveFile(PlotFilter, PlotSuffixes);
     if (!path) return;
-    const QByteArray bytes = path->endsWith(QLatin1String(".svg"))   ? svgBytes(*AbTrend1)
-                             : path->endsWith(QLatin1String(".pdf")) ? pdfBytes(*AbTrend1)
-                                                                     : pictureBytes(plotImage(*AbTrend1, 2), "PNG");
+    const QByteArray bytes = path->endsWith(QLatin1String(".svg")) ? svgBytes(*AbTrend1)
+                             : path->endsWith(QLatin1String(".pdf"))
+                                 ? pdfBytes(*AbTrend1)
+                                 : pictureBytes(plotImage(*AbTrend1, 2), "PNG");
     const FileResult saved = writeWhole(*path, bytes);
     m_foot->setText(saved.ok ? tr("Saved %1").arg(*path) : saved.error);
 }

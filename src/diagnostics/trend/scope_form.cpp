@@ -11,6 +11,7 @@
 #include <QSignalBlocker>
 #include <QTabWidget>
 
+#include "diagnostics/trend/trend_measure.h"
 #include "diagnostics/trend/trend_text.h"
 #include "link/number_text.h"
 #include "ui/lamp.h"
@@ -24,8 +25,8 @@ namespace kelvane {
 
 namespace {
 
-constexpr int HoldTick = 10;       // ms
-constexpr int TicksOfStep = 5;     // of the hold between two steps
+constexpr int HoldTick = 10;    // ms
+constexpr int TicksOfStep = 5;  // of the hold between two steps
 constexpr int HoldPixels = 5;
 constexpr int ClickPixels = 10;
 constexpr int SpareRecords = 100;  // of the scroll bar behind the last record
@@ -107,7 +108,8 @@ void TScopeForm::connectSession() {
         AbTrend1->recordsReplaced();
         m_overview->refresh();
     });
-    connect(&m_session.AbTrend2, &TrendRecorder::recordsReplaced, AbTrend2, [this] { AbTrend2->recordsReplaced(); });
+    connect(&m_session.AbTrend2, &TrendRecorder::recordsReplaced, AbTrend2,
+            [this] { AbTrend2->recordsReplaced(); });
     connect(&recorder, &TrendRecorder::startedOrStopped, this, [this] {
         const bool runs = m_session.AbTrend1.recording();
         if (runs) AbTrend1->setFlow(true);
@@ -174,7 +176,8 @@ void TScopeForm::showSession() {
 }
 
 void TScopeForm::showCursorTexts() {
-    for (size_t c = 1; c <= TrendSession::Channels; ++c) ChLabeledEdit[c]->setText(m_session.ChLabeledEdit[c]);
+    for (size_t c = 1; c <= TrendSession::Channels; ++c)
+        ChLabeledEdit[c]->setText(m_session.ChLabeledEdit[c]);
     for (size_t line = 1; line <= TrendSession::LogicLines; ++line)
         LogicLabel[line]->setText(m_session.LogicLabel[line]);
     RecNoLabel->setText(m_session.RecNoLabel);
@@ -196,7 +199,8 @@ void TScopeForm::showFault(bool standing, const QString& code, const QString& de
     ErrCodeAbLED->setChecked(standing);
     ErrCodeLabel->setText(code);
     ErrDescriptLabel->setText(description);
-    for (QLabel* label : {ErrCodeLabel, ErrDescriptLabel}) setLabelColour(label, standing ? FaultRed : NoFaultGreen);
+    for (QLabel* label : {ErrCodeLabel, ErrDescriptLabel})
+        setLabelColour(label, standing ? FaultRed : NoFaultGreen);
 }
 
 void TScopeForm::setKeypadOffered(bool offered) {
@@ -239,8 +243,9 @@ void TScopeForm::followMarkers() {
 // What can be had again or taken over, one offer at a time.
 void TScopeForm::showOffers() {
     if (m_session.offeredInfo) {
-        const QString from =
-            m_session.offeredInfo->drive.isEmpty() ? QString() : tr(" (%1)").arg(m_session.offeredInfo->drive);
+        const QString from = m_session.offeredInfo->drive.isEmpty()
+                                 ? QString()
+                                 : tr(" (%1)").arg(m_session.offeredInfo->drive);
         m_notice->offer(tr("Items, scales and colours were saved with this recording%1.").arg(from),
                         {{tr("Use them"), [this] { m_session.takeOfferedInfo(); }},
                          {tr("Keep mine"), [this] { m_session.declineOfferedInfo(); }}});
@@ -261,8 +266,9 @@ void TScopeForm::showMeasure() {
     const auto a = AbTrend1->cursorA();
     const auto b = AbTrend1->cursorB();
     if (!a || !b) {
-        m_measureHead->setText(tr("Put two measuring cursors: keys A and B at the cursor, or Ctrl and Shift with a "
-                                  "click. They can be dragged. A double click or M sets a marker."));
+        m_measureHead->setText(
+            tr("Put two measuring cursors: keys A and B at the cursor, or Ctrl and Shift with a "
+               "click. They can be dragged. A double click or M sets a marker."));
         m_measureGrid.setRowCount(1);
         return;
     }
@@ -284,7 +290,8 @@ void TScopeForm::showMeasure() {
         int column = 2;
         for (const double value : {of.atFirst, of.atSecond, of.delta(), of.minimum, of.maximum})
             m_measureGrid.setCell(column++, row, number(value, places));
-        for (const double value : {of.mean, of.rms}) m_measureGrid.setCell(column++, row, number(value, places + 1));
+        for (const double value : {of.mean, of.rms})
+            m_measureGrid.setCell(column++, row, number(value, places + 1));
     }
     m_measureGrid.setRowCount(row + 1);
 }
@@ -329,18 +336,21 @@ bool TScopeForm::eventFilter(QObject* watched, QEvent* event) {
     const bool up = name == QLatin1String("UpTransparentButton");
     if (up || name == QLatin1String("DownTransparentButton")) {
         if (event->type() == QEvent::MouseButtonPress) holdButton(up);
-        if (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::Hide) ButtonTimer.setEnabled(false);
+        if (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::Hide)
+            ButtonTimer.setEnabled(false);
         return false;
     }
-    const bool clicked = event->type() == QEvent::MouseButtonRelease ||
-                         (event->type() == QEvent::KeyPress &&
-                          (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space ||
-                           static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return));
+    const bool clicked =
+        event->type() == QEvent::MouseButtonRelease ||
+        (event->type() == QEvent::KeyPress && (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space ||
+                                               static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return));
     if (!clicked) return false;
     for (int c = 1; c <= TrendSession::Channels; ++c)
-        if (watched == ChPanel[static_cast<size_t>(c)]) chooseColour(ChPanel[static_cast<size_t>(c)], c, false);
+        if (watched == ChPanel[static_cast<size_t>(c)])
+            chooseColour(ChPanel[static_cast<size_t>(c)], c, false);
     for (int line = 1; line <= TrendSession::LogicLines; ++line)
-        if (watched == LPanel[static_cast<size_t>(line)]) chooseColour(LPanel[static_cast<size_t>(line)], line, true);
+        if (watched == LPanel[static_cast<size_t>(line)])
+            chooseColour(LPanel[static_cast<size_t>(line)], line, true);
     return false;
 }
 

@@ -1,6 +1,6 @@
-// TScopeForm, the Trend window: eight drive values and four logic lines over time, with the Status tab. It shows a
-// TrendSession and passes the operator's hand on to it. The shell shows it application-modal and opens the windows
-// that it asks for.
+// TScopeForm, the Trend window: eight drive values and four logic lines over time, with the Status tab. It
+// shows a TrendSession and passes the operator's hand on to it. The shell shows it application-modal and
+// opens the windows that it asks for.
 #pragma once
 
 #include <QMainWindow>
@@ -54,9 +54,9 @@ class TScopeForm : public QMainWindow {
 
    Q_SIGNALS:
     void keypadWanted();
-    void toolWanted();         // TToolForm
-    void printWanted();        // TPrintForm
-    void errHistoryWanted();   // TErrHistoryForm
+    void toolWanted();        // TToolForm
+    void printWanted();       // TPrintForm
+    void errHistoryWanted();  // TErrHistoryForm
 
    protected:
     void showEvent(QShowEvent* event) override;

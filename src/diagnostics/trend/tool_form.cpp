@@ -43,7 +43,8 @@ TToolForm::TToolForm(TrendSession& session, QWidget* parent)
     foot->addStretch();
     const auto left = TransparentButton::Layout::IconLeft;
     auto* ok = named<TransparentButton>("OKTransparentButton", icon(Icon::Accept), tr("OK"), this, left);
-    auto* cancel = named<TransparentButton>("CancelTransparentButton", icon(Icon::Cancel), tr("Cancel"), this, left);
+    auto* cancel =
+        named<TransparentButton>("CancelTransparentButton", icon(Icon::Cancel), tr("Cancel"), this, left);
     foot->addWidget(ok);
     foot->addWidget(cancel);
     column->addLayout(foot);
@@ -54,7 +55,8 @@ TToolForm::TToolForm(TrendSession& session, QWidget* parent)
 
 void TToolForm::addChannel(QGridLayout* grid, int channel) {
     const auto c = static_cast<size_t>(channel);
-    LeftAbLED[c] = named<AbLED>(numbered("LeftAbLED", channel).constData(), QStringLiteral("Ch%1").arg(channel), this);
+    LeftAbLED[c] =
+        named<AbLED>(numbered("LeftAbLED", channel).constData(), QStringLiteral("Ch%1").arg(channel), this);
     LeftAbLED[c]->setClickable(true);
     LeftAbLED[c]->setCheckable(true);
     connect(LeftAbLED[c], &AbLED::clicked, this, [this, channel] { choose(channel); });
@@ -73,7 +75,8 @@ void TToolForm::prepare() {
 
 void TToolForm::choose(int channel) {
     OptionLeftChannel = static_cast<quint8>(channel);
-    for (int c = 1; c <= TrendSession::Channels; ++c) LeftAbLED[static_cast<size_t>(c)]->setChecked(c == channel);
+    for (int c = 1; c <= TrendSession::Channels; ++c)
+        LeftAbLED[static_cast<size_t>(c)]->setChecked(c == channel);
     ChLeftEdit->setText(m_session.ChLeftEdit(channel));
     ChLeftEdit->selectAll();
 }

@@ -1,5 +1,5 @@
-// TToolForm, the option dialog of the Trend window: whose scale stands on the left, its top, and the widths of the
-// pens. OK hands all of it to the session, Cancel nothing.
+// TToolForm, the option dialog of the Trend window: whose scale stands on the left, its top, and the widths
+// of the pens. OK hands all of it to the session, Cancel nothing.
 #pragma once
 
 #include <QDialog>

@@ -93,7 +93,8 @@ TPrintForm::TPrintForm(QWidget* parent)
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     auto* row = new QHBoxLayout;
     const auto left = TransparentButton::Layout::IconLeft;
-    auto* print = named<TransparentButton>("PrintTransparentButton", icon(Icon::Print), tr("Print..."), this, left);
+    auto* print =
+        named<TransparentButton>("PrintTransparentButton", icon(Icon::Print), tr("Print..."), this, left);
     print->setShortcut(QKeySequence::Print);
     row->addWidget(print);
     row->addSpacing(fontMetrics().height());
@@ -142,7 +143,9 @@ void TPrintForm::takeRange() {
     m_preview->SetRecTo(LastRecEdit->text().toLongLong());
 }
 
-void TPrintForm::ZoomComboBoxChange() { m_preview->SetPreviewZoom(ZoomComboBox->currentData().toInt() * 0.01); }
+void TPrintForm::ZoomComboBoxChange() {
+    m_preview->SetPreviewZoom(ZoomComboBox->currentData().toInt() * 0.01);
+}
 
 void TPrintForm::PrintTransparentButtonClick() {
     takeRange();

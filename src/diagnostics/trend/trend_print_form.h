@@ -1,5 +1,5 @@
-// TPrintForm: the part of a trend that is to be printed, on paper as it will come out, with its first and last
-// record.
+// TPrintForm: the part of a trend that is to be printed, on paper as it will come out, with its first and
+// last record.
 #pragma once
 
 #include <QDialog>
