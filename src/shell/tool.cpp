@@ -3,6 +3,7 @@
 #include <array>
 
 #include "localisation/startup_language.h"
+#include "shell/trend_section.h"
 
 namespace kelvane {
 
@@ -26,7 +27,10 @@ Tool::Tool(const ToolBench& toolBench)
           [this](const QString& text) { link.ShowHistoryMsg(text); }),
       watcher(presence),
       rules(link),
-      parameters(link, bench.clock, groupNames) {
+      parameters(link, bench.clock, groupNames),
+      trend({bench.clock, bench.wallClock, link, bench.person,
+             bench.folder.file(QStringLiteral("trend journal"))}) {
+    followIdentification(trend, identification);
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
@@ -58,6 +62,7 @@ void Tool::loadDefaultProject() {
     takeComSetup(defaults.ComSetup, read.taken);
     comSetup.copySettingsToLink();
     readTrendSection(lines, defaults.Trend);
+    takeTrendSection(trend, defaults.Trend);
     readMonitorSection(lines, defaults.Monitor);
 }
 
@@ -85,6 +90,7 @@ ComSetupSection Tool::comSetupSection() const {
 
 FileResult Tool::SaveProject() {
     Q_EMIT projectWanted();
+    defaults.Trend = trendSection(trend);
     defaults.LanguageIndex = bench.language.LanguageIndex;
     defaults.ComSetup = comSetupSection();
     return writeWhole(bench.folder.file(QStringLiteral("default.prj")), defaultProjectBytes(defaults));
@@ -96,7 +102,8 @@ NamedProject Tool::projectToSave() const {
     project.LanguageIndex = bench.language.LanguageIndex;
     project.ComSetup = comSetupSection();
     project.Monitor = defaults.Monitor;
-    project.ChComboBox = defaults.Trend.ChComboBox;
+    project.ChComboBox = trendSection(trend).ChComboBox;
+    project.ChannelWidth = channelWidths(trend);
     project.QuickSetup.DriveVrLabel = link.Labels.DriveVrLabel;
     project.QuickSetup.VersionVrLabel = link.Labels.VersionVrLabel;
     project.QuickSetup.HPVrLabel = link.Labels.HPVrLabel;
@@ -128,10 +135,11 @@ void Tool::OpenTransparentButtonClick() {
         return;
     }
     named.ComSetup = comSetupSection();
+    named.ChannelWidth = channelWidths(trend);
     const NamedProjectRead read = readNamedProject(projectLines(file.bytes), named);
     takeComSetup(named.ComSetup, read.ComSetup.taken);
     if (read.Monitor.taken > 0) defaults.Monitor = named.Monitor;
-    if (read.Trend.taken > 0) defaults.Trend.ChComboBox = named.ChComboBox;
+    if (read.Trend.taken > 0) takeTrendBoxes(trend, named.ChComboBox, named.ChannelWidth);
     Q_EMIT projectOpened();
     if (!read.ok()) {
         bench.person.tell(read.error, ErrorTitle, BoxIcon::Stop);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "shell/parameter_windows.h"
+#include "shell/trend_windows.h"
 #include "shell/windows.h"
 
 namespace kelvane {
@@ -33,7 +34,7 @@ const WindowRow Rows[] = {
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Com Setup"),
                .hint = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Set up the COM port and the protocol"),
                .menu = "DriveMenu", .menuItem = "ComSetup", .icon = Icon::ComSetup, .key = Qt::Key_F2}},
-    {.form = "TScopeForm",
+    {.form = "TScopeForm", .make = makeScope, .wire = wireScope,
      .rule = {.ActiveFunction = OwnerTrend, .closesKeypad = true},
      .entry = {.place = 6, .button = "TrendTransparentButton",
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Trend"),
@@ -55,7 +56,7 @@ const WindowRow Rows[] = {
                .icon = Icon::Parameter, .key = Qt::Key_F5},
      .open = openParameterForm},
     {.form = "TMeterTypeForm"},
-    {.form = "TToolForm"},
+    {.form = "TToolForm", .make = makeTool},
     {.form = "TProgressForm", .make = makeProgress},
     {.form = "TWriteCheckForm", .make = makeWriteCheck},
     {.form = "TInputValueForm", .make = makeInputValue},
@@ -71,7 +72,7 @@ const WindowRow Rows[] = {
                .menu = "DiagnosticMenu", .menuItem = "Keypad", .icon = Icon::Keypad, .key = Qt::Key_F8},
      .open = Windows::openBeside},
     {.form = "TMessageForm", .make = makeForm<TMessageForm>},
-    {.form = "TPrintForm"},
+    {.form = "TPrintForm", .make = makeTrendPrint},
     {.form = "TReportForm", .make = makeReport},
     {.form = "TConnectForm", .make = makeConnect},
     {.form = "TCEmessageForm", .make = makeCEmessage},

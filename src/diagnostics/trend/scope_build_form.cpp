@@ -28,6 +28,7 @@ namespace {
 
 constexpr int LowerPlotHeight = 121;
 constexpr int RowsOfChannels = 4;
+constexpr int PageMargin = 6;
 constexpr Rgb ItemBlue = 0x0000FF;
 constexpr Rgb UnitFuchsia = 0xFF00FF;
 
@@ -142,12 +143,17 @@ QWidget* TScopeForm::buildPlots() {
 }
 
 QWidget* TScopeForm::buildPages() {
+    Image1 = named<QLabel>("Image1", this);  // holds the picture of the screen, unseen
+    Image1->hide();
     PageControl1 = named<QTabWidget>("PageControl1", this);
     PageControl1->addTab(buildChannelPage(), tr("Channels"));
     StatusTabSheet = buildStatusPage();
     PageControl1->addTab(StatusTabSheet, tr("Status"));
     PageControl1->addTab(buildMeasurePage(), tr("Measure"));
-    PageControl1->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    // As high as the channels need: the rest of the window is the plots'.
+    PageControl1->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    PageControl1->setFixedHeight(PageControl1->tabBar()->sizeHint().height() +
+                                 PageControl1->widget(0)->sizeHint().height() + 2 * PageMargin);
     return PageControl1;
 }
 
@@ -203,6 +209,7 @@ QWidget* TScopeForm::buildChannelSelection() {
     }
     grid->setColumnStretch(2, 1);
     grid->setColumnStretch(5, 1);
+    grid->setRowStretch(RowsOfChannels, 1);
     return box;
 }
 
@@ -230,7 +237,7 @@ QWidget* TScopeForm::buildChannelStatus() {
         const auto i = static_cast<size_t>(c);
         ChLabeledEdit[i] = named<QLineEdit>(channelName(c, "LabeledEdit").constData(), box);
         ChLabeledEdit[i]->setReadOnly(true);
-        ChLabeledEdit[i]->setMaximumWidth(fontMetrics().averageCharWidth() * 12);
+        ChLabeledEdit[i]->setFixedWidth(fontMetrics().averageCharWidth() * 10);
         auto* caption = new QLabel(QStringLiteral("Ch%1").arg(c), box);
         caption->setBuddy(ChLabeledEdit[i]);
         const int row = 1 + (c - 1) % RowsOfChannels;
@@ -246,7 +253,7 @@ QWidget* TScopeForm::buildChannelStatus() {
     TotalRecordsLabel = plainLabel("TotalRecordsLabel", QStringLiteral("0"), box);
     // Of a fixed width, so that a number that changes ten times a second moves nothing.
     for (QLabel* label : {RecNoLabel, RecTimeLabel, TotalRecordsLabel})
-        label->setFixedWidth(fontMetrics().averageCharWidth() * 22);
+        label->setFixedWidth(fontMetrics().averageCharWidth() * 20);
     int row = 1;
     for (const auto& [text, label] :
          {std::pair{tr("No."), RecNoLabel}, {tr("Time"), RecTimeLabel}, {tr("Total"), TotalRecordsLabel}}) {
@@ -254,6 +261,8 @@ QWidget* TScopeForm::buildChannelStatus() {
         grid->addWidget(label, row++, 8);
     }
     for (const int spacer : {4, 7}) grid->setColumnMinimumWidth(spacer, 30);
+    grid->setColumnStretch(9, 1);
+    grid->setRowStretch(RowsOfChannels + 1, 1);
     return box;
 }
 
@@ -280,6 +289,7 @@ QWidget* TScopeForm::buildStatusPage() {
     auto* side = new QVBoxLayout;
     side->addWidget(buildLampBox());
     side->addWidget(buildFaultBox());
+    side->addStretch();
     row->addLayout(side, 1);
     return page;
 }

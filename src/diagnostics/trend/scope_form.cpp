@@ -14,6 +14,7 @@
 #include "diagnostics/trend/trend_measure.h"
 #include "diagnostics/trend/trend_text.h"
 #include "link/number_text.h"
+#include "ui/display_label.h"
 #include "ui/lamp.h"
 #include "ui/notice_bar.h"
 #include "ui/power_button.h"
@@ -163,6 +164,8 @@ void TScopeForm::showSession() {
     StartVrPowerButton->setChecked(m_session.StartVrPowerButton);
     TrendScrollBar->setEnabled(m_session.TrendScrollBar);
     PageControl1->setTabVisible(PageControl1->indexOf(StatusTabSheet), m_session.StatusTabSheet);
+    KeypadTransparentButton->setEnabled(m_session.KeypadTransparentButton);
+    KeyPad->setEnabled(m_session.KeypadTransparentButton);
     CursorTransparentButton->setChecked(m_session.opCursorOnRec);
     AbTrend1->setCursorOnRec(m_session.opCursorOnRec);
     for (size_t c = 1; c <= TrendSession::Channels; ++c) {
@@ -203,12 +206,7 @@ void TScopeForm::showFault(bool standing, const QString& code, const QString& de
         setLabelColour(label, standing ? FaultRed : NoFaultGreen);
 }
 
-void TScopeForm::setKeypadOffered(bool offered) {
-    KeypadTransparentButton->setEnabled(offered);
-    KeyPad->setEnabled(offered);
-}
-
-void TScopeForm::settingsTaken() { AbTrend1->lookChanged(); }
+void TScopeForm::setDriveLabel(const QString& text) { DriveVrLabel->setText(text); }
 
 // Everything, or the last screenful where a run is followed.
 void TScopeForm::showLoaded() {
@@ -378,6 +376,7 @@ void TScopeForm::nameMarker(qint64 record) {
 }
 
 void TScopeForm::showEvent(QShowEvent* event) {
+    m_session.opened();
     showSession();
     showOffers();
     QMainWindow::showEvent(event);

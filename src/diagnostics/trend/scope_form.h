@@ -47,10 +47,6 @@ class TScopeForm : public QMainWindow {
     // The fault display of the Status tab; who owns the fault writes it.
     void showFault(bool standing, const QString& ErrCodeLabel, const QString& ErrDescriptLabel);
     void setDriveLabel(const QString& DriveVrLabel);
-    // On line with a drive that answers.
-    void setKeypadOffered(bool offered);
-    // The settings of the option dialog were taken.
-    void settingsTaken();
 
    Q_SIGNALS:
     void keypadWanted();
