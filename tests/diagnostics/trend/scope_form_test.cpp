@@ -73,8 +73,6 @@ TEST_F(ScopeForm, OpensModalTakesTheOwnershipAndGivesItBack) {
 
 TEST_F(ScopeForm, ARunCountsTenASecondAndSendsNothingOfItsOwn) {
     openRunning();
-    auto* port = static_cast<RoutedPort*>(&b.tool->linkPort);
-    Q_UNUSED(port);
     b.clock.advance(5000);
     EXPECT_NEAR(label("TotalRecordsLabel").toInt(), 50, 1);
     EXPECT_FALSE(find<QScrollBar>("TrendScrollBar")->isEnabled());
@@ -235,6 +233,8 @@ TEST_F(ScopeForm, OptionDialogSetsScaleAndPensOrNothing) {
 
 TEST_F(ScopeForm, PicturesTablesAndPagesAreWritten) {
     openRunning();
+    drive().motor().setCommandHz(50);
+    drive().motor().run();
     b.clock.advance(2000);
     const QString bmp = b.dir.filePath("a.bmp.bmp"), jpg = b.dir.filePath("a.jpg");
     for (const QString& path : {bmp, jpg}) {
