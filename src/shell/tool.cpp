@@ -27,7 +27,8 @@ Tool::Tool(const ToolBench& toolBench)
           [this](const QString& text) { link.ShowHistoryMsg(text); }),
       watcher(presence),
       rules(link),
-      parameters(link, bench.clock, groupNames),
+      parameters(link, bench.clock, groupNames,
+                 {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
       trend({bench.clock, bench.wallClock, link, bench.person,
              bench.folder.file(QStringLiteral("trend journal"))}) {
     followIdentification(trend, identification);

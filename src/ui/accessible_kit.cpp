@@ -62,7 +62,7 @@ class BarSpeech : public QAccessibleWidget {
 };
 
 class LedSpeech : public QAccessibleWidget {
-public:
+   public:
     explicit LedSpeech(LedText* led) : QAccessibleWidget(led, QAccessible::Indicator) {}
 
     QString text(QAccessible::Text kind) const override {
@@ -75,8 +75,9 @@ public:
 };
 
 class DisplaySpeech : public QAccessibleWidget {
-public:
-    explicit DisplaySpeech(SevenSegmentLabel* display) : QAccessibleWidget(display, QAccessible::StaticText) {}
+   public:
+    explicit DisplaySpeech(SevenSegmentLabel* display)
+        : QAccessibleWidget(display, QAccessible::StaticText) {}
 
     QString text(QAccessible::Text kind) const override {
         if (kind != QAccessible::Value) return QAccessibleWidget::text(kind);

@@ -14,7 +14,9 @@ const QColor ReadableRed(0xFF, 0x5A, 0x4D);  // the same red, told on a dark fie
 
 }  // namespace
 
-LedText::LedText(const QString& text, QWidget* parent) : QWidget(parent), m_text(text) { installAccessibleKit(); }
+LedText::LedText(const QString& text, QWidget* parent) : QWidget(parent), m_text(text) {
+    installAccessibleKit();
+}
 
 void LedText::setText(const QString& text) {
     if (text == m_text) return;
@@ -63,7 +65,8 @@ void LedText::paintEvent(QPaintEvent*) {
     face.setBold(m_lit);
     painter.setFont(face);
     painter.setPen(ink);
-    painter.drawText(QRectF(0, height() * 0.36, width(), height() * 0.64), Qt::AlignCenter | Qt::TextDontClip, m_text);
+    painter.drawText(QRectF(0, height() * 0.36, width(), height() * 0.64), Qt::AlignCenter | Qt::TextDontClip,
+                     m_text);
 }
 
 }  // namespace kelvane

@@ -1,5 +1,5 @@
-// LedText, the small lamps of the keypad: a word whose colour is the lamp, red when lit, white when dark. Over it
-// a dot is filled or hollow, so that the colour is never the only sign.
+// LedText, the small lamps of the keypad: a word whose colour is the lamp, red when lit, white when dark.
+// Over it a dot is filled or hollow, so that the colour is never the only sign.
 #pragma once
 
 #include <QColor>

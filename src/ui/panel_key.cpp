@@ -44,14 +44,11 @@ bool PanelKey::event(QEvent* event) {
         case QEvent::FocusOut:
         case QEvent::Hide:
         case QEvent::WindowDeactivate:
-        case QEvent::WindowBlocked:
-            release();
-            break;
+        case QEvent::WindowBlocked: release(); break;
         case QEvent::EnabledChange:
             if (!isEnabled()) release();
             break;
-        default:
-            break;
+        default: break;
     }
     return QAbstractButton::event(event);
 }

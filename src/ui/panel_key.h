@@ -1,5 +1,6 @@
-// PanelKey, a key of the keypad: a raised cap with a word on it, that sinks while it is held. It keeps its own
-// colours in every palette. Beside a click it tells how long it is held, for keys that act as long as that.
+// PanelKey, a key of the keypad: a raised cap with a word on it, that sinks while it is held. It keeps its
+// own colours in every palette. Beside a click it tells how long it is held, for keys that act as long as
+// that.
 #pragma once
 
 #include <QAbstractButton>

@@ -16,8 +16,20 @@ namespace {
 // Segments clockwise from the top, then the middle in two halves, the two uprights of the middle and the four
 // diagonals.
 enum Segment : quint16 {
-    A = 1, B = 2, C = 4, D = 8, E = 16, F = 32, GL = 64, GR = 128,
-    UpM = 256, LowM = 512, UpL = 1024, UpR = 2048, LowL = 4096, LowR = 8192,
+    A = 1,
+    B = 2,
+    C = 4,
+    D = 8,
+    E = 16,
+    F = 32,
+    GL = 64,
+    GR = 128,
+    UpM = 256,
+    LowM = 512,
+    UpL = 1024,
+    UpR = 2048,
+    LowL = 4096,
+    LowR = 8192,
 };
 constexpr quint16 G = GL | GR;
 
@@ -26,29 +38,80 @@ struct Glyph {
     int segments;
 };
 constexpr Glyph glyphs[] = {
-    {'0', A | B | C | D | E | F}, {'1', B | C}, {'2', A | B | G | E | D}, {'3', A | B | C | D | G},
-    {'4', F | G | B | C}, {'5', A | F | G | C | D}, {'6', A | F | E | D | C | G}, {'7', A | B | C},
-    {'8', A | B | C | D | E | F | G}, {'9', A | B | C | D | F | G},
-    {'-', G}, {'_', D}, {'=', G | D}, {'/', UpR | LowL}, {'+', G | UpM | LowM}, {'\'', UpM},
-    {'A', A | B | C | E | F | G}, {'B', A | B | C | D | GR | UpM | LowM}, {'C', A | D | E | F},
-    {'D', A | B | C | D | UpM | LowM}, {'E', A | D | E | F | G}, {'F', A | E | F | G},
-    {'G', A | C | D | E | F | GR}, {'H', B | C | E | F | G}, {'I', A | D | UpM | LowM}, {'J', B | C | D | E},
-    {'K', E | F | GL | UpR | LowR}, {'L', D | E | F}, {'M', B | C | E | F | UpL | UpR},
-    {'N', B | C | E | F | UpL | LowR}, {'O', A | B | C | D | E | F}, {'P', A | B | E | F | G},
-    {'Q', A | B | C | D | E | F | LowR}, {'R', A | B | E | F | G | LowR}, {'S', A | F | G | C | D},
-    {'T', A | UpM | LowM}, {'U', B | C | D | E | F}, {'V', E | F | UpR | LowL}, {'W', B | C | E | F | LowL | LowR},
-    {'X', UpL | UpR | LowL | LowR}, {'Y', B | C | D | F | G}, {'Z', A | D | UpR | LowL},
-    {'a', A | B | C | D | E | G}, {'b', C | D | E | F | G}, {'c', D | E | G}, {'d', B | C | D | E | G},
-    {'e', A | B | D | E | F | G}, {'f', A | E | F | GL}, {'g', A | B | C | D | F | G}, {'h', C | E | F | G},
-    {'i', C}, {'j', B | C | D}, {'k', UpM | LowM | UpR | LowR}, {'l', E | F}, {'m', C | E | G | LowM},
-    {'n', C | E | G}, {'o', C | D | E | G}, {'p', A | B | E | F | G}, {'q', A | B | C | F | G}, {'r', E | G},
-    {'s', A | F | G | C | D}, {'t', D | E | F | G}, {'u', C | D | E}, {'v', E | LowL}, {'w', C | E | LowL | LowR},
-    {'x', UpL | UpR | LowL | LowR}, {'y', B | C | D | F | G}, {'z', A | D | UpR | LowL},
+    {'0', A | B | C | D | E | F},
+    {'1', B | C},
+    {'2', A | B | G | E | D},
+    {'3', A | B | C | D | G},
+    {'4', F | G | B | C},
+    {'5', A | F | G | C | D},
+    {'6', A | F | E | D | C | G},
+    {'7', A | B | C},
+    {'8', A | B | C | D | E | F | G},
+    {'9', A | B | C | D | F | G},
+    {'-', G},
+    {'_', D},
+    {'=', G | D},
+    {'/', UpR | LowL},
+    {'+', G | UpM | LowM},
+    {'\'', UpM},
+    {'A', A | B | C | E | F | G},
+    {'B', A | B | C | D | GR | UpM | LowM},
+    {'C', A | D | E | F},
+    {'D', A | B | C | D | UpM | LowM},
+    {'E', A | D | E | F | G},
+    {'F', A | E | F | G},
+    {'G', A | C | D | E | F | GR},
+    {'H', B | C | E | F | G},
+    {'I', A | D | UpM | LowM},
+    {'J', B | C | D | E},
+    {'K', E | F | GL | UpR | LowR},
+    {'L', D | E | F},
+    {'M', B | C | E | F | UpL | UpR},
+    {'N', B | C | E | F | UpL | LowR},
+    {'O', A | B | C | D | E | F},
+    {'P', A | B | E | F | G},
+    {'Q', A | B | C | D | E | F | LowR},
+    {'R', A | B | E | F | G | LowR},
+    {'S', A | F | G | C | D},
+    {'T', A | UpM | LowM},
+    {'U', B | C | D | E | F},
+    {'V', E | F | UpR | LowL},
+    {'W', B | C | E | F | LowL | LowR},
+    {'X', UpL | UpR | LowL | LowR},
+    {'Y', B | C | D | F | G},
+    {'Z', A | D | UpR | LowL},
+    {'a', A | B | C | D | E | G},
+    {'b', C | D | E | F | G},
+    {'c', D | E | G},
+    {'d', B | C | D | E | G},
+    {'e', A | B | D | E | F | G},
+    {'f', A | E | F | GL},
+    {'g', A | B | C | D | F | G},
+    {'h', C | E | F | G},
+    {'i', C},
+    {'j', B | C | D},
+    {'k', UpM | LowM | UpR | LowR},
+    {'l', E | F},
+    {'m', C | E | G | LowM},
+    {'n', C | E | G},
+    {'o', C | D | E | G},
+    {'p', A | B | E | F | G},
+    {'q', A | B | C | F | G},
+    {'r', E | G},
+    {'s', A | F | G | C | D},
+    {'t', D | E | F | G},
+    {'u', C | D | E},
+    {'v', E | LowL},
+    {'w', C | E | LowL | LowR},
+    {'x', UpL | UpR | LowL | LowR},
+    {'y', B | C | D | F | G},
+    {'z', A | D | UpR | LowL},
 };
 
 quint16 segmentsOf(QChar character) {
-    const auto* found = std::find_if(std::begin(glyphs), std::end(glyphs),
-                                     [=](const Glyph& glyph) { return QLatin1Char(glyph.character) == character; });
+    const auto* found = std::find_if(std::begin(glyphs), std::end(glyphs), [=](const Glyph& glyph) {
+        return QLatin1Char(glyph.character) == character;
+    });
     return found == std::end(glyphs) ? quint16(0) : static_cast<quint16>(found->segments);
 }
 
@@ -61,11 +124,20 @@ struct Stroke {
 // One place as strokes in a box of 1 x 2.
 const std::array<Stroke, 14>& strokes() {
     static const std::array<Stroke, 14> all{{
-        {A, {0, 0}, {1, 0}},          {B, {1, 0}, {1, 1}},         {C, {1, 1}, {1, 2}},
-        {D, {0, 2}, {1, 2}},          {E, {0, 1}, {0, 2}},         {F, {0, 0}, {0, 1}},
-        {GL, {0, 1}, {0.5, 1}},       {GR, {0.5, 1}, {1, 1}},      {UpM, {0.5, 0}, {0.5, 1}},
-        {LowM, {0.5, 1}, {0.5, 2}},   {UpL, {0, 0}, {0.5, 1}},     {UpR, {1, 0}, {0.5, 1}},
-        {LowL, {0.5, 1}, {0, 2}},     {LowR, {0.5, 1}, {1, 2}},
+        {A, {0, 0}, {1, 0}},
+        {B, {1, 0}, {1, 1}},
+        {C, {1, 1}, {1, 2}},
+        {D, {0, 2}, {1, 2}},
+        {E, {0, 1}, {0, 2}},
+        {F, {0, 0}, {0, 1}},
+        {GL, {0, 1}, {0.5, 1}},
+        {GR, {0.5, 1}, {1, 1}},
+        {UpM, {0.5, 0}, {0.5, 1}},
+        {LowM, {0.5, 1}, {0.5, 2}},
+        {UpL, {0, 0}, {0.5, 1}},
+        {UpR, {1, 0}, {0.5, 1}},
+        {LowL, {0.5, 1}, {0, 2}},
+        {LowR, {0.5, 1}, {1, 2}},
     }};
     return all;
 }
@@ -85,8 +157,8 @@ void drawStroke(QPainter& painter, QPointF from, QPointF to, double thick) {
     painter.drawPolygon(shape, 6);
 }
 
-void drawPlace(QPainter& painter, const SegmentPlace& place, const QRectF& box, double thick, const QColor& lit,
-               const QColor& dark) {
+void drawPlace(QPainter& painter, const SegmentPlace& place, const QRectF& box, double thick,
+               const QColor& lit, const QColor& dark) {
     const auto at = [&](QPointF p) {
         const double lean = (2 - p.y()) * box.height() * 0.035;
         return QPointF(box.left() + p.x() * box.width() + lean, box.top() + p.y() / 2 * box.height());

@@ -1,5 +1,5 @@
-// SevenSegmentLabel, the digits of the keypad's display: a text in the look of a segment display, as large as its
-// room allows. Letters that seven segments cannot form take the two diagonals in.
+// SevenSegmentLabel, the digits of the keypad's display: a text in the look of a segment display, as large as
+// its room allows. Letters that seven segments cannot form take the two diagonals in.
 #pragma once
 
 #include <QColor>
@@ -18,7 +18,8 @@ struct SegmentPlace {
     bool operator==(const SegmentPlace&) const = default;
 };
 
-// A point stands behind the character before it and takes no place of its own; without one it gets an empty place.
+// A point stands behind the character before it and takes no place of its own; without one it gets an empty
+// place.
 std::vector<SegmentPlace> segmentPlaces(const QString& text);
 
 class SevenSegmentLabel : public QWidget {
