@@ -152,7 +152,7 @@ TEST(TrendSession, ARunAddsNoFrameOfItsOwn) {
         TrendSession session({b.clock, b.wall, b.link, b.person, dir.filePath("journal")});
         ASSERT_TRUE(b.goOnLine());
         b.link.ActiveFunction = OwnerTrend;
-        session.ChComboBoxCloseUp(1, 3);
+        session.ChComboBoxCloseUp(1, family == Family::Yarrow ? 6 : 3);
         session.StartVrPowerButtonClick(true);
         b.clock.advance(500);
         b.station.port.clearTranscript();
