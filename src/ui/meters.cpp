@@ -139,8 +139,8 @@ void DialMeter::paintScale(QPainter& painter, QPointF middle, double radius) con
     font.setPointSizeF(std::clamp(radius / (flat ? 14 : 9.5), 6.0, font.pointSizeF() * 1.6));
     // Long numbers are made small enough to stand side by side.
     const double widest = QFontMetricsF(font).horizontalAdvance(numberText(m_maximum, places));
-    const double room = radius * WidestNumber;
-    if (!flat && widest > room) font.setPointSizeF(std::max(5.0, font.pointSizeF() * room / widest));
+    const double allowed = radius * WidestNumber;
+    if (!flat && widest > allowed) font.setPointSizeF(std::max(5.0, font.pointSizeF() * allowed / widest));
     painter.setFont(font);
     const double rim = radius * 0.93;
     for (int mark = 0; mark <= Divisions * MinorMarks; ++mark) {
