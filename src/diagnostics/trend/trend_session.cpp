@@ -79,7 +79,27 @@ TrendSession::TrendSession(const TrendBench& bench)
         tell(QStringLiteral(
             "There is no memory left for more records. The recording has stopped; save it now."));
     });
-    connect(&m_bench.link, &RequestScheduler::cycleEnded, this, [this] { GetDataTimer.kick(); });
+    followLink();
+}
+
+void TrendSession::followLink() {
+    RequestScheduler& link = m_bench.link;
+    connect(&link, &RequestScheduler::cycleEnded, this, [this] { GetDataTimer.kick(); });
+    connect(&link, &RequestScheduler::answered, this, [this](quint8 task) { commandAnswered(task); });
+    connect(&link, &RequestScheduler::timeoutTold, this, &TrendSession::suspend);
+    connect(&link, &RequestScheduler::answeredAgain, this, &TrendSession::resume);
+    // Behind an Abort there is no time-out to answer any more.
+    connect(&link, &RequestScheduler::wentOnLine, this, &TrendSession::resume);
+    connect(&link, &RequestScheduler::statusDecoded, this, [this] { offerKeypad(true); });
+    connect(&link, &RequestScheduler::initialRun, this, [this] {
+        StatusTabSheet = false;
+        offerKeypad(false);
+        Q_EMIT changed();
+    });
+}
+
+void TrendSession::offerKeypad(bool offered) {
+    if (std::exchange(KeypadTransparentButton, offered) != offered) Q_EMIT changed();
 }
 
 TrendSession::~TrendSession() { m_journal.finish(AbTrend1.data.records); }

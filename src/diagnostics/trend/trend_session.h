@@ -46,6 +46,7 @@ class TrendSession : public QObject {
     bool TrendScrollBar = true;   // enabled
     bool StatusTabSheet = false;  // shown
     bool opCursorOnRec = true;    // of AbTrend1
+    bool KeypadTransparentButton = false;  // enabled
     int LeftScaleCh = 1;
     TickTimer GetDataTimer;
     std::array<bool, Channels + 1> ChVrPowerButton{};
@@ -73,10 +74,14 @@ class TrendSession : public QObject {
     // tab.
     void InitialDrive(const QStringList& itemList);
     void takeItemNames(const QStringList& itemList);
+    quint32 stateWord() const { return status().StatusWords[1]; }
     // Replies of the keypad's commands move the command lines.
     void commandAnswered(quint8 task);
     void suspend();
     void resume();
+
+    // The window opens: its keypad button is enabled on line only.
+    void opened() { offerKeypad(m_bench.link.Lamp.onLine()); }
 
     // ---- Hand
     void StartVrPowerButtonClick(bool on);
@@ -120,6 +125,8 @@ class TrendSession : public QObject {
     void loaded();         // a file was loaded: show it whole
 
    private:
+    void followLink();
+    void offerKeypad(bool offered);
     void startRun();
     void stopRun();
     void setCaptions();

@@ -138,6 +138,34 @@ TEST(TrendSession, NoRecordBeforeTheDriveIsReady) {
     EXPECT_EQ(b.total(), 3);
 }
 
+// All data come from the idle poll; the drive sees nothing of the trend.
+TEST(TrendSession, ARunAddsNoFrameOfItsOwn) {
+    const std::map<Family, QStringList> polls{
+        {Family::Rowan, {"FF0321000010", "FF0321190001"}}, {Family::Larch, {"FF0321000010", "FF0321190001"}},
+        {Family::Tilia, {"FF0321000010"}},                 {Family::Yarrow, {"FF0321000010"}},
+        {Family::Sorrel, {"FF0321000010"}},                {Family::Osier, {"FF032100000E"}},
+        {Family::Aspen, {"FF032100000B"}},                 {Family::Hazel, {"FF032100000B"}},
+        {Family::Willow, {"FF032100000B"}}};
+    for (const auto& [family, commands] : polls) {
+        OnLineBench b({.family = family});
+        QTemporaryDir dir;
+        TrendSession session({b.clock, b.wall, b.link, b.person, dir.filePath("journal")});
+        ASSERT_TRUE(b.goOnLine());
+        b.link.ActiveFunction = OwnerTrend;
+        session.ChComboBoxCloseUp(1, family == Family::Yarrow ? 6 : 3);
+        session.StartVrPowerButtonClick(true);
+        b.clock.advance(500);
+        b.station.port.clearTranscript();
+        b.clock.advance(3000);
+        QStringList sent = b.transcript();
+        sent.removeDuplicates();
+        sent.sort();
+        EXPECT_EQ(sent, commands) << familyName(family);
+        EXPECT_NEAR(double(session.AbTrend1.TotalRecords()), 35, 1);
+        EXPECT_GT(session.AbTrend1.data.records.last().Ch[0], 100) << familyName(family);  // the DC bus
+    }
+}
+
 TEST(TrendSession, KeepsTheFormatOfItemCMinusOneAndASelectionBehindAShorterList) {
     TrendSessionBench b(Family::Tilia);
     b.session.ChComboBoxCloseUp(3, 12);
