@@ -1,4 +1,5 @@
-// The trend's part in project files and in identification: what the tool hands to its session and takes from it.
+// The trend's part in project files and in identification: what the tool hands to its session and takes from
+// it.
 #pragma once
 
 #include "catalogue/identification.h"

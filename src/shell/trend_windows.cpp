@@ -8,7 +8,8 @@
 namespace kelvane {
 
 std::unique_ptr<QWidget> makeScope(Windows& w) {
-    return std::make_unique<TScopeForm>(w.tool.trend, ScopeFormBench{w.tool.bench.clock, w.tool.bench.person});
+    return std::make_unique<TScopeForm>(w.tool.trend,
+                                        ScopeFormBench{w.tool.bench.clock, w.tool.bench.person});
 }
 
 std::unique_ptr<QWidget> makeTool(Windows& w) { return std::make_unique<TToolForm>(w.tool.trend); }

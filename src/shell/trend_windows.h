@@ -1,5 +1,5 @@
-// Rows of the window table that belong to the trend: its forms from its engine, what they ask of one another, and
-// what the tool keeps of the window in project files.
+// Rows of the window table that belong to the trend: its forms from its engine, what they ask of one another,
+// and what the tool keeps of the window in project files.
 #pragma once
 
 #include <QWidget>

@@ -43,9 +43,9 @@ class TrendSession : public QObject {
     quint16 DirState = 0;
     bool LogicPrimed = false;
     bool StartVrPowerButton = false;
-    bool TrendScrollBar = true;   // enabled
-    bool StatusTabSheet = false;  // shown
-    bool opCursorOnRec = true;    // of AbTrend1
+    bool TrendScrollBar = true;            // enabled
+    bool StatusTabSheet = false;           // shown
+    bool opCursorOnRec = true;             // of AbTrend1
     bool KeypadTransparentButton = false;  // enabled
     int LeftScaleCh = 1;
     TickTimer GetDataTimer;

@@ -140,12 +140,15 @@ TEST(TrendSession, NoRecordBeforeTheDriveIsReady) {
 
 // All data come from the idle poll; the drive sees nothing of the trend.
 TEST(TrendSession, ARunAddsNoFrameOfItsOwn) {
-    const std::map<Family, QStringList> polls{
-        {Family::Rowan, {"FF0321000010", "FF0321190001"}}, {Family::Larch, {"FF0321000010", "FF0321190001"}},
-        {Family::Tilia, {"FF0321000010"}},                 {Family::Yarrow, {"FF0321000010"}},
-        {Family::Sorrel, {"FF0321000010"}},                {Family::Osier, {"FF032100000E"}},
-        {Family::Aspen, {"FF032100000B"}},                 {Family::Hazel, {"FF032100000B"}},
-        {Family::Willow, {"FF032100000B"}}};
+    const std::map<Family, QStringList> polls{{Family::Rowan, {"FF0321000010", "FF0321190001"}},
+                                              {Family::Larch, {"FF0321000010", "FF0321190001"}},
+                                              {Family::Tilia, {"FF0321000010"}},
+                                              {Family::Yarrow, {"FF0321000010"}},
+                                              {Family::Sorrel, {"FF0321000010"}},
+                                              {Family::Osier, {"FF032100000E"}},
+                                              {Family::Aspen, {"FF032100000B"}},
+                                              {Family::Hazel, {"FF032100000B"}},
+                                              {Family::Willow, {"FF032100000B"}}};
     for (const auto& [family, commands] : polls) {
         OnLineBench b({.family = family});
         QTemporaryDir dir;
