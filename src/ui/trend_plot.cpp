@@ -54,9 +54,14 @@ void TrendPlot::PaintRecords(qint64 from, qint64 to) {
 }
 
 void TrendPlot::setFlow(bool on) {
+    m_follows = false;
+    if (on) showLastScreen();
     m_follows = on;
-    if (!on) return;
-    m_view.PaintRecords(0, m_view.columns());  // one record a pixel again
+}
+
+void TrendPlot::showLastScreen() {
+    m_follows = false;
+    m_view.PaintRecords(0, m_view.columns());
     m_view.showLastScreen(TotalRecords());
     viewMoved();
 }

@@ -41,7 +41,8 @@ class TrendPlot : public QWidget {
     bool follows() const { return m_follows; }
     void showSame(const TrendPlot& leader);
     void fit();  // the whole run
-    void showEnd();
+    void showEnd();         // and follow the newest record
+    void showLastScreen();  // one record a pixel, without following
     void zoomAbout(double x, double factor);
     void pan(qint64 columns);
 

@@ -208,11 +208,11 @@ void TScopeForm::showFault(bool standing, const QString& code, const QString& de
 
 void TScopeForm::setDriveLabel(const QString& text) { DriveVrLabel->setText(text); }
 
-// Everything, or the last screenful where a run is followed.
+// Everything, or the last screenful once a run has set the trend to flow.
 void TScopeForm::showLoaded() {
     const qint64 total = m_session.AbTrend1.TotalRecords();
-    if (m_session.AbTrend1.Flow() && m_session.AbTrend1.recording()) {
-        AbTrend1->showEnd();
+    if (m_session.AbTrend1.Flow()) {
+        AbTrend1->showLastScreen();
     } else {
         AbTrend1->PaintRecords(0, total);
     }
