@@ -106,7 +106,8 @@ class TrendPlot : public QWidget {
     void redrawAll();
     void drawCanvas();
     bool scrollCanvas(qint64 columns);
-    void drawNewColumns();
+    int drawNewColumns();  // the first of them
+    int lastColumn() const;
     void paintOverlay(QPainter& painter) const;
     void paintMeasureLine(QPainter& painter, std::optional<qint64> record, const QString& name) const;
     void moveMeasure(Drag which, qint64 record);

@@ -145,6 +145,8 @@ void TScopeForm::recordTaken() {
 
 void TScopeForm::showTotal() {
     TotalRecordsLabel->setText(QString::number(m_session.AbTrend1.TotalRecords()));
+    // A bar that cannot be moved need not be painted ten times a second.
+    if (m_session.AbTrend1.recording()) return;
     const QSignalBlocker quiet(TrendScrollBar);
     TrendScrollBar->setMaximum(static_cast<int>(m_session.AbTrend1.TotalRecords()) + SpareRecords);
 }
