@@ -101,7 +101,8 @@ void describe(Reader& reader) {
                text("fault:reply"), {});
     reader.add("seed", "Seed of the shares above (1).", text("number"), text("1"));
     reader.add("address", "Address answered beside 255 (1).", text("number"), text("1"));
-    reader.add("load", "Load of the motor: steady, or working as a machine does (working).", text("load"), text("working"));
+    reader.add("load", "Load of the motor: steady, or working as a machine does (working).", text("load"),
+               text("working"));
     reader.add("trip", "Seconds of running behind which the drive trips with an overload; 0: never (0).",
                text("seconds"), text("0"));
     reader.addFlag("keypad", "Play a keypad that holds the family's values instead of a drive.");

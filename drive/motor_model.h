@@ -34,7 +34,8 @@ class MotorModel {
     MotorPlate plate;
     MotorSettings settings;
     double loadPercent = 40;
-    // The load of a working machine instead of a steady one: it swells, takes hold in steps and lets go again.
+    // The load of a working machine instead of a steady one: it swells, takes hold in steps and lets go
+    // again.
     bool workingLoad = false;
 
     void run();

@@ -204,7 +204,7 @@ void TrendPainter::paintLeftScale(QPainter& painter) const {
     painter.restore();
 }
 
-void TrendPainter::paintTimes(QPainter& painter) const {
+void TrendPainter::paintTimes(QPainter& painter, int fromX, int toX) const {
     if (!m_look.opTime) return;
     painter.save();
     const int step = std::max(m_look.GridXPixel, 1);
@@ -212,12 +212,13 @@ void TrendPainter::paintTimes(QPainter& painter) const {
     painter.setPen(m_look.text);
     const qint64 first = (m_view.fromColumn() + step - 1) / step * step;
     for (qint64 column = first; column < m_view.fromColumn() + m_view.columns(); column += step) {
+        const int x = m_view.left() + static_cast<int>(column - m_view.fromColumn());
+        if (x + step < fromX || x - step > toX) continue;
         const qint64 record = m_view.firstOfColumn(column);
         if (record < 0 || record >= m_data.records.size()) continue;
         const qint64 sample = m_data.records.nearestSample(record, 50);
         const auto moment = sample < 0 ? std::nullopt : trendMoment(m_data.records[sample].Time);
         if (!moment) continue;
-        const int x = m_view.left() + static_cast<int>(column - m_view.fromColumn());
         painter.drawText(QRect(x - step, m_view.bottom() + 2, 2 * step, m_view.bottomMargin - 2),
                          Qt::AlignHCenter | Qt::AlignTop, moment->time.toString(QStringLiteral("HH:mm:ss")));
     }
@@ -252,7 +253,7 @@ void TrendPainter::paintSheet(QPainter& painter) const {
     painter.fillRect(QRect(0, 0, m_view.width, m_view.height), m_look.background);
     paintColumns(painter, 0, m_view.columns());
     paintLeftScale(painter);
-    paintTimes(painter);
+    paintTimes(painter, 0, m_view.width);
     paintCaptions(painter);
 }
 

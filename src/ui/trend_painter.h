@@ -43,7 +43,8 @@ class TrendPainter {
     // Ground, grid, separators and curves of some of the view's columns, within the plot.
     void paintColumns(QPainter& painter, int fromColumn, int toColumn) const;
     void paintLeftScale(QPainter& painter) const;
-    void paintTimes(QPainter& painter) const;
+    // Those that reach into some pixels.
+    void paintTimes(QPainter& painter, int fromX, int toX) const;
     void paintCaptions(QPainter& painter) const;
     // All of it on its ground, for pages and pictures.
     void paintSheet(QPainter& painter) const;

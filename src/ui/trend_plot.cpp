@@ -54,9 +54,14 @@ void TrendPlot::PaintRecords(qint64 from, qint64 to) {
 }
 
 void TrendPlot::setFlow(bool on) {
+    m_follows = false;
+    if (on) showLastScreen();
     m_follows = on;
-    if (!on) return;
-    m_view.PaintRecords(0, m_view.columns());  // one record a pixel again
+}
+
+void TrendPlot::showLastScreen() {
+    m_follows = false;
+    m_view.PaintRecords(0, m_view.columns());
     m_view.showLastScreen(TotalRecords());
     viewMoved();
 }
@@ -122,10 +127,19 @@ void TrendPlot::recordsGrew(const TrendPlot* leader) {
     if (leader) m_view.showSame(leader->m_view);
     if (m_follows) m_view.showLastScreen(TotalRecords());
     if (m_dirty || m_canvas.isNull() || !scrollCanvas(m_view.fromColumn() - from)) return redrawAll();
-    drawNewColumns();
-    // Scale and captions stay; the plot and the times under it moved.
-    update(plotRect());
-    update(QRect(0, m_view.bottom(), width(), m_view.bottomMargin));
+    const int newFrom = drawNewColumns();
+    // Scale and captions stay. Where nothing scrolled, only the new columns and their time are others.
+    const bool scrolled = m_view.fromColumn() != from;
+    const int left = scrolled ? m_view.left() : m_view.left() + std::max(newFrom, 0);
+    const int right = scrolled ? m_view.right() : m_view.left() + lastColumn() + 1;
+    const int wider = scrolled ? m_view.left() : look.GridXPixel;
+    update(QRect(left, m_view.top(), right - left, m_view.rows()));
+    update(QRect(left - wider, m_view.bottom(), right - left + 2 * wider, m_view.bottomMargin));
+}
+
+int TrendPlot::lastColumn() const {
+    const auto column = static_cast<qint64>(m_view.columnOf(std::max<qint64>(TotalRecords() - 1, 0)));
+    return static_cast<int>(std::clamp<qint64>(column - m_view.fromColumn(), 0, m_view.columns()));
 }
 
 // False when it has to be painted anew: too far, or by no whole pixels of the screen.
@@ -137,7 +151,7 @@ bool TrendPlot::scrollCanvas(qint64 columns) {
     return true;
 }
 
-void TrendPlot::drawNewColumns() {
+int TrendPlot::drawNewColumns() {
     const auto columnOf = [this](qint64 record) {
         return static_cast<int>(static_cast<qint64>(m_view.columnOf(std::max<qint64>(record, 0))) -
                                 m_view.fromColumn());
@@ -150,6 +164,7 @@ void TrendPlot::drawNewColumns() {
     const int from = columnOf(m_paintedRecords - 1) - widest;
     trendPainter().paintColumns(painter, from, m_view.columns());
     m_paintedRecords = TotalRecords();
+    return from;
 }
 
 void TrendPlot::drawCanvas() {
@@ -174,7 +189,7 @@ void TrendPlot::paintEvent(QPaintEvent* event) {
     for (const QRect& part : event->region().subtracted(plot)) painter.fillRect(part, look.background);
     painter.drawPixmap(plot.topLeft(), m_canvas);
     const QRect& room = event->rect();
-    if (room.bottom() >= m_view.bottom()) trend.paintTimes(painter);
+    if (room.bottom() >= m_view.bottom()) trend.paintTimes(painter, room.left(), room.right());
     if (room.left() < m_view.left()) trend.paintLeftScale(painter);
     if (room.top() < m_view.top()) trend.paintCaptions(painter);
     paintOverlay(painter);

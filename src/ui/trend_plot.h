@@ -41,7 +41,8 @@ class TrendPlot : public QWidget {
     bool follows() const { return m_follows; }
     void showSame(const TrendPlot& leader);
     void fit();  // the whole run
-    void showEnd();
+    void showEnd();         // and follow the newest record
+    void showLastScreen();  // one record a pixel, without following
     void zoomAbout(double x, double factor);
     void pan(qint64 columns);
 
@@ -105,7 +106,8 @@ class TrendPlot : public QWidget {
     void redrawAll();
     void drawCanvas();
     bool scrollCanvas(qint64 columns);
-    void drawNewColumns();
+    int drawNewColumns();  // the first of them
+    int lastColumn() const;
     void paintOverlay(QPainter& painter) const;
     void paintMeasureLine(QPainter& painter, std::optional<qint64> record, const QString& name) const;
     void moveMeasure(Drag which, qint64 record);

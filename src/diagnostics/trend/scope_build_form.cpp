@@ -251,9 +251,12 @@ QWidget* TScopeForm::buildChannelStatus() {
     RecNoLabel = plainLabel("RecNoLabel", NoRecordText, box);
     RecTimeLabel = plainLabel("RecTimeLabel", NoRecordText, box);
     TotalRecordsLabel = plainLabel("TotalRecordsLabel", QStringLiteral("0"), box);
-    // Of a fixed width, so that a number that changes ten times a second moves nothing.
-    for (QLabel* label : {RecNoLabel, RecTimeLabel, TotalRecordsLabel})
-        label->setFixedWidth(fontMetrics().averageCharWidth() * 20);
+    // Of a fixed size and on a ground of their own, so that a number that changes ten times a second moves nothing
+    // and has nothing behind it painted.
+    for (QLabel* label : {RecNoLabel, RecTimeLabel, TotalRecordsLabel}) {
+        label->setFixedSize(fontMetrics().averageCharWidth() * 20, fontMetrics().height() + 2);
+        label->setAutoFillBackground(true);
+    }
     int row = 1;
     for (const auto& [text, label] :
          {std::pair{tr("No."), RecNoLabel}, {tr("Time"), RecTimeLabel}, {tr("Total"), TotalRecordsLabel}}) {

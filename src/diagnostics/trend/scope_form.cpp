@@ -145,6 +145,8 @@ void TScopeForm::recordTaken() {
 
 void TScopeForm::showTotal() {
     TotalRecordsLabel->setText(QString::number(m_session.AbTrend1.TotalRecords()));
+    // A bar that cannot be moved need not be painted ten times a second.
+    if (m_session.AbTrend1.recording()) return;
     const QSignalBlocker quiet(TrendScrollBar);
     TrendScrollBar->setMaximum(static_cast<int>(m_session.AbTrend1.TotalRecords()) + SpareRecords);
 }
@@ -208,11 +210,11 @@ void TScopeForm::showFault(bool standing, const QString& code, const QString& de
 
 void TScopeForm::setDriveLabel(const QString& text) { DriveVrLabel->setText(text); }
 
-// Everything, or the last screenful where a run is followed.
+// Everything, or the last screenful once a run has set the trend to flow.
 void TScopeForm::showLoaded() {
     const qint64 total = m_session.AbTrend1.TotalRecords();
-    if (m_session.AbTrend1.Flow() && m_session.AbTrend1.recording()) {
-        AbTrend1->showEnd();
+    if (m_session.AbTrend1.Flow()) {
+        AbTrend1->showLastScreen();
     } else {
         AbTrend1->PaintRecords(0, total);
     }

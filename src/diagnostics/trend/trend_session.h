@@ -43,9 +43,9 @@ class TrendSession : public QObject {
     quint16 DirState = 0;
     bool LogicPrimed = false;
     bool StartVrPowerButton = false;
-    bool TrendScrollBar = true;   // enabled
-    bool StatusTabSheet = false;  // shown
-    bool opCursorOnRec = true;    // of AbTrend1
+    bool TrendScrollBar = true;            // enabled
+    bool StatusTabSheet = false;           // shown
+    bool opCursorOnRec = true;             // of AbTrend1
     bool KeypadTransparentButton = false;  // enabled
     int LeftScaleCh = 1;
     TickTimer GetDataTimer;
@@ -138,6 +138,14 @@ class TrendSession : public QObject {
     const DriveStatusRecord& status() const { return m_bench.link.DriveStatus; }
     TrendBench m_bench;
     TrendJournal m_journal;
+    struct ShownItem {
+        QString name;
+        quint8 decimals = 0;
+        quint8 scale = 0;
+    };
+    ShownItem shownItem(int channel) const;
+    // Of a recording whose settings were taken over, until another item is chosen or a drive comes.
+    std::array<std::optional<ShownItem>, Channels + 1> m_takenItem;
     bool m_journalFailed = false;
     bool m_unsaved = false;
 };

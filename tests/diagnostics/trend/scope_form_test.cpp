@@ -244,7 +244,8 @@ TEST_F(ScopeForm, PicturesTablesAndPagesAreWritten) {
     }
     for (const char* name : {"p.png", "p.svg", "p.pdf"}) {
         const QString path = b.dir.filePath(name);
-        b.person.expectSave("PNG - picture|*.png|SVG - drawing|*.svg|PDF - document|*.pdf", ".png|.svg|.pdf", path);
+        b.person.expectSave("PNG - picture|*.png|SVG - drawing|*.svg|PDF - document|*.pdf", ".png|.svg|.pdf",
+                            path);
         find<QAction>("SavePlotItem")->trigger();
         EXPECT_GT(QFileInfo(path).size(), 500) << name;
     }
@@ -276,7 +277,8 @@ TEST_F(ScopeForm, PicturesTablesAndPagesAreWritten) {
 TEST(ScopeFormProject, SwitchesAndItemsComeFromTheProjectAndGoBackUnchanged) {
     QByteArray project =
         "[Trend Form]\r\nCh1VrPowerButton=True\r\nCh2VrPowerButton=False\r\nCh3VrPowerButton=True\r\n"
-        "Ch4VrPowerButton=False\r\nCh5VrPowerButton=False\r\nCh6VrPowerButton=False\r\nCh7VrPowerButton=False\r\n"
+        "Ch4VrPowerButton=False\r\nCh5VrPowerButton=False\r\nCh6VrPowerButton=False\r\nCh7VrPowerButton="
+        "False\r\n"
         "Ch8VrPowerButton=True\r\n\r\nCh1ComboBox=2\r\nCh2ComboBox=-1\r\nCh3ComboBox=12\r\nCh4ComboBox=0\r\n"
         "Ch5ComboBox=0\r\nCh6ComboBox=0\r\nCh7ComboBox=0\r\nCh8ComboBox=5\r\n";
     ShellBench b(project);
