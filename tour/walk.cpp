@@ -51,6 +51,8 @@ void Walk::run() {
     print();
     closeTab();
     closeParameters();
+    recordTrend();
+    saveTrend();
     changeLanguage();
     saveProject();
     exit();

@@ -43,6 +43,10 @@ class Walk {
     void closeTab();
     void closeParameters();
 
+    // Trend.
+    void recordTrend();
+    void saveTrend();
+
     void check(bool right, const QString& wrong);
     void edit(int row, const QString& picture = {});
     void chooseTable(const char* button, const QString& picture = {});
