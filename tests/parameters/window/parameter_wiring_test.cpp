@@ -114,7 +114,7 @@ TEST_F(ParameterWiring, AbortInTheReadBackLeavesAListThatCanBeClosed) {
     ASSERT_TRUE(windows->writeCheckForm.isVisible());
     windows->writeCheckForm.close();
     EXPECT_FALSE(windows->writeCheckForm.isVisible());
-    EXPECT_FALSE(session.writer.readBack.ReflahDtataTimer.Enabled() || session.writer.WriteTimer.Enabled());
+    EXPECT_FALSE(session.writer.readBack.running() || session.writer.writing());
     EXPECT_TRUE(session.writer.form.enabled);
 }
 
@@ -135,11 +135,13 @@ TEST_F(ParameterWiring, ComSetupAfterAnAbortedWriteGivesTheLineBackToTheWindow) 
 
     // The read-back runs all the same; nobody is locked in behind it.
     ASSERT_TRUE(session.progress.shown);
-    person.expectLinkFailure("Communication Timeout", true, LinkAnswer::Abort);
+    person.expectLinkFailure("Communication Timeout", false, LinkAnswer::Abort);
+    person.expectBox("On-Line Fail !!", "Error");
     clock.advanceUntil([this] { return person.allAsked(); }, 600000);
-    press(windows->progressForm, "CancelTransparentButton");
-    EXPECT_FALSE(windows->progressForm.isVisible());
+    EXPECT_FALSE(session.progress.shown);
+    EXPECT_EQ(tool->link.ActiveFunction, OwnerParameter);
     windows->writeCheckForm.close();
+    EXPECT_TRUE(tool->link.idle());
 
     port->plugIn();
     person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
