@@ -95,7 +95,7 @@ void RequestScheduler::Initial() {
     clearReception();
     InitFailCount = 0;
     Rx.RxGotCR = Rx.RxFrameDone = 0;
-    m_silentSince = m_restWithList = false;
+    m_silentSince = false;
     Notice.TInitialForm = Notice.TCEmessageForm = false;
     DriveIdentified = 1;
     setLamp(LampState::OffLine);
@@ -106,11 +106,6 @@ void RequestScheduler::Initial() {
 void RequestScheduler::InitialUnder(quint8 owner) {
     Initial();
     ActiveFunction = owner;
-}
-
-void RequestScheduler::writeListClosed() {
-    Notice.LinkAction = 0;
-    if (std::exchange(m_restWithList, false)) InitialUnder(ActiveFunction);
 }
 
 void RequestScheduler::prelude() {

@@ -340,7 +340,7 @@ void RequestScheduler::askAfterFifthTimeout() {
 // ---- End of the cycle ----
 
 void RequestScheduler::finishByLinkAction() {
-    const bool listAlone = Notice.TWriteCheckForm && !Notice.TProgressForm;
+    const bool writesWait = Notice.TWriteCheckForm && !Notice.TProgressForm;  // for the answer, to act on it
     if (Notice.LinkAction == 1) return sendAgain();
     if (Notice.LinkAction == 3) {
         giveUp();
@@ -357,8 +357,7 @@ void RequestScheduler::finishByLinkAction() {
         if (inConsole()) ParamRead.ReadDone = ParamRead.WriteDone = 1;
         decideWhetherToGoOn();
     }
-    // The write list takes Abort at its next tick.
-    if (!(listAlone && Notice.TWriteCheckForm)) Notice.LinkAction = 0;
+    if (!writesWait) Notice.LinkAction = 0;
 }
 
 void RequestScheduler::sendAgain() {
@@ -385,7 +384,7 @@ void RequestScheduler::giveUp() {
     } else if (inConsole()) {
         Q_EMIT Console.stopWanted();
     } else if (Notice.TWriteCheckForm) {
-        m_restWithList = true;  // its read-back still has the line
+        InitialUnder(ActiveFunction);  // the read-back of an aborted run has the line as the run had
     } else {
         Initial();
     }

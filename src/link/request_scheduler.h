@@ -77,8 +77,6 @@ class RequestScheduler : public QObject, public RequestQueues {
     void Initial();
     // The same under an open window, which keeps the link.
     void InitialUnder(quint8 owner);
-    // The write list has closed: behind an Abort in it the link comes to rest now, under the open window.
-    void writeListClosed();
     // Before and after a window that owns the link.
     void prelude();
     void tail();
@@ -189,7 +187,6 @@ class RequestScheduler : public QObject, public RequestQueues {
     bool m_ending = false;        // an exchange is being judged, perhaps behind an open question
     bool m_startWanted = false;   // a window pushed while an exchange was open
     bool m_sendDeferred = false;  // until the line is silent
-    bool m_restWithList = false;  // Abort was pressed under the write list
     bool m_silentSince = false;   // time-outs since the last reply
 };
 
