@@ -1,0 +1,57 @@
+#include "console/console_log.h"
+
+namespace kelvane {
+
+ConsoleLog::ConsoleLog(RequestScheduler& link, const TickClock& clock) : m_link(link), m_clock(clock) {
+    connect(&link, &RequestScheduler::consoleLineStarted, this, &ConsoleLog::onStarted);
+    connect(&link, &RequestScheduler::consoleLineCompleted, this, &ConsoleLog::onCompleted);
+}
+
+QString ConsoleLog::text(bool failuresOnly) const {
+    QString all;
+    for (const ConsoleLine& line : m_lines)
+        if (!failuresOnly || line.failed()) all += line.text % QLatin1Char('\n');
+    return all;
+}
+
+void ConsoleLog::ClearTransparentButtonClick() {
+    m_lines.clear();
+    m_open = false;
+    m_link.ConsoleLog.totalRecords = m_link.ConsoleLog.errorRecords = m_link.ConsoleLog.timeoutRecords = 0;
+    Q_EMIT cleared();
+    Q_EMIT countersChanged();
+}
+
+void ConsoleLog::prepend(const QString& text) {
+    m_lines.push_front({text, m_link.ConsoleLog.topLineColour, -1, m_link.mode() == LinkMode::Rtu});
+    Q_EMIT lineAdded();
+    if (static_cast<int>(m_lines.size()) <= Room) return;
+    m_lines.pop_back();
+    Q_EMIT oldestGone();
+}
+
+void ConsoleLog::onStarted() {
+    m_sentUs = m_clock.nowUs();
+    m_open = true;
+    prepend(m_link.ConsoleLog.topLine);
+    Q_EMIT countersChanged();
+}
+
+void ConsoleLog::onCompleted() {
+    const QString& top = m_link.ConsoleLog.topLine;
+    if (!m_open) {
+        // Nothing was sent, the port refused it, or the log was emptied meanwhile.
+        const bool sentBefore = !m_lastTop.isEmpty() && top.startsWith(m_lastTop);
+        prepend(sentBefore ? top.mid(m_lastTop.size()) : top);
+    }
+    ConsoleLine& front = m_lines.front();
+    if (m_open) front.text = top;
+    front.colour = m_link.ConsoleLog.topLineColour;
+    if (m_open) front.replyUs = m_clock.nowUs() - m_sentUs;
+    m_open = false;
+    m_lastTop = top;
+    Q_EMIT frontChanged();
+    Q_EMIT countersChanged();
+}
+
+}  // namespace kelvane
