@@ -1,4 +1,5 @@
-// Ends the program when the window of a name is painted for the first time, and prints the memory it had then.
+// Ends the program when the window of a name is painted for the first time, and prints the memory it had
+// then.
 #pragma once
 
 #include <sys/resource.h>

@@ -1,5 +1,6 @@
-// kelvane-link-bench: how close the link comes to what the wire allows, and what it costs. Reads parameters one by
-// one over a paced line, polls, rests, and loses the other end; prints tables and ends with 1 when a bound is missed.
+// kelvane-link-bench: how close the link comes to what the wire allows, and what it costs. Reads parameters
+// one by one over a paced line, polls, rests, and loses the other end; prints tables and ends with 1 when a
+// bound is missed.
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFile>
@@ -43,8 +44,8 @@ const char* verdict(double value, double bound) {
 
 void keepBest(SideResult& best, const SideResult& run) {
     const int failures = best.failures + run.failures;
-    const double cpu = best.usPerExchange > 0 ? std::min(best.cpuUsPerExchange, run.cpuUsPerExchange)
-                                              : run.cpuUsPerExchange;
+    const double cpu =
+        best.usPerExchange > 0 ? std::min(best.cpuUsPerExchange, run.cpuUsPerExchange) : run.cpuUsPerExchange;
     if (best.usPerExchange <= 0 || run.usPerExchange < best.usPerExchange) best = run;
     best.cpuUsPerExchange = cpu;
     best.failures = failures;
@@ -61,7 +62,8 @@ void measureReading(const Plan& plan, const LineCase& line, const Bounds& bounds
                            : readByTermios(line, drive.device(), registers));
         keepBest(tool, ToolSide(line, drive.device()).read(registers));
         if (!tool.error.isEmpty() || !peer.error.isEmpty()) {
-            std::printf("%s  %s %s\n", qPrintable(line.name()), qPrintable(tool.error), qPrintable(peer.error));
+            std::printf("%s  %s %s\n", qPrintable(line.name()), qPrintable(tool.error),
+                        qPrintable(peer.error));
             ++missed;
             return;
         }
@@ -69,9 +71,10 @@ void measureReading(const Plan& plan, const LineCase& line, const Bounds& bounds
     const double limit = double(line.limitUs() + line.silenceUs());
     const double ofLimit = tool.usPerExchange / limit;
     const double ofPeer = tool.usPerExchange / peer.usPerExchange;
-    std::printf("%s %9.3f %9.3f %-9s %9.3f %8.4f %8.4f %8.0f %8.0f %6d", qPrintable(line.name()), limit / 1000,
-                tool.usPerExchange / 1000, rtu ? "libmodbus" : "termios", peer.usPerExchange / 1000, ofLimit,
-                ofPeer, tool.cpuUsPerExchange, peer.cpuUsPerExchange, tool.failures + peer.failures);
+    std::printf("%s %9.3f %9.3f %-9s %9.3f %8.4f %8.4f %8.0f %8.0f %6d", qPrintable(line.name()),
+                limit / 1000, tool.usPerExchange / 1000, rtu ? "libmodbus" : "termios",
+                peer.usPerExchange / 1000, ofLimit, ofPeer, tool.cpuUsPerExchange, peer.cpuUsPerExchange,
+                tool.failures + peer.failures);
     const double bound = rtu ? bounds.rtu : bounds.ascii;
     if (bound > 0) std::printf("  %s <= %.2f", rtu ? "of limit" : "of peer", bound);
     std::printf("%s\n", verdict(rtu ? ofLimit : ofPeer, bound));
@@ -80,10 +83,11 @@ void measureReading(const Plan& plan, const LineCase& line, const Bounds& bounds
 }
 
 void measureReading(const Plan& plan) {
-    std::printf("Reading %d parameters one by one; best of %d runs a row, ms an exchange, CPU in us an exchange.\n"
-                "Limit: both frames on the wire and %.0f ms turnaround, in RTU 3.5 characters (1.75 ms above\n"
-                "19200 baud) of silence on top.\n\n",
-                plan.count, plan.runs, double(TurnaroundUs) / 1000);
+    std::printf(
+        "Reading %d parameters one by one; best of %d runs a row, ms an exchange, CPU in us an exchange.\n"
+        "Limit: both frames on the wire and %.0f ms turnaround, in RTU 3.5 characters (1.75 ms above\n"
+        "19200 baud) of silence on top.\n\n",
+        plan.count, plan.runs, double(TurnaroundUs) / 1000);
     std::printf("%-12s %9s %9s %-9s %9s %8s %8s %8s %8s %6s\n", "line", "limit", "tool", "peer", "ms",
                 "of limit", "of peer", "tool CPU", "peer CPU", "failed");
     for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii})
@@ -114,8 +118,8 @@ void measureResting(const LineCase& line, const QString& flow, int runs) {
     runFor(500);
     polls = 0;
     const double on = cpuPercentOver(10000, runs);
-    std::printf("%s  %-6s  polling 10 s: %6.3f %%, %d polls%s\n", qPrintable(line.name()), qPrintable(flow), on,
-                polls / runs, verdict(on, PollingPercent));
+    std::printf("%s  %-6s  polling 10 s: %6.3f %%, %d polls%s\n", qPrintable(line.name()), qPrintable(flow),
+                on, polls / runs, verdict(on, PollingPercent));
     tool.offLine();
     runFor(100);
     const double off = cpuPercentOver(5000, runs);
@@ -162,23 +166,24 @@ void measureLoss(const LineCase& line) {
     const double backAt = nowUs();
     const int polled = polls;
     const bool again = runUntil([&] { return polls > polled; }, 20000, 5);
-    std::printf("\n%s  %d polls, then the other end goes away: closed %s after %.1f ms%s, CPU %.3f %% over 3 s%s,\n"
-                "              history \"%s\",\n"
-                "              back on the same path: %s after %.0f ms\n",
-                qPrintable(line.name()), before, closed ? "" : "NOT", closedMs,
-                verdict(closedMs, ClosedWithinMs), percent, verdict(percent, LossPercent),
-                qPrintable(told.mid(told.indexOf(QLatin1String(" > ")) + 3)), again ? "polls" : "NO POLL",
-                (nowUs() - backAt) / 1000);
+    std::printf(
+        "\n%s  %d polls, then the other end goes away: closed %s after %.1f ms%s, CPU %.3f %% over 3 s%s,\n"
+        "              history \"%s\",\n"
+        "              back on the same path: %s after %.0f ms\n",
+        qPrintable(line.name()), before, closed ? "" : "NOT", closedMs, verdict(closedMs, ClosedWithinMs),
+        percent, verdict(percent, LossPercent), qPrintable(told.mid(told.indexOf(QLatin1String(" > ")) + 3)),
+        again ? "polls" : "NO POLL", (nowUs() - backAt) / 1000);
     if (!again || told.isEmpty()) ++missed;
     tool.offLine();
 }
 
-// Whatever the baud rate, the adapter and the drive's pace, a drive that answers is never declared silent and its
-// replies are never cut, also while the port holds back the rest of a reply.
+// Whatever the baud rate, the adapter and the drive's pace, a drive that answers is never declared silent and
+// its replies are never cut, also while the port holds back the rest of a reply.
 void measureMatrix(int count) {
-    std::printf("\nReading %d parameters on every line: bytes singly, in eights and in packets, answered after 2 and "
-                "20 ms.\n\n",
-                count);
+    std::printf(
+        "\nReading %d parameters on every line: bytes singly, in eights and in packets, answered after 2 and "
+        "20 ms.\n\n",
+        count);
     const std::vector<quint16> registers = parametersToRead(count);
     for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii})
         for (const int Baud : {1200, 9600, 38400, 115200}) {
@@ -204,7 +209,8 @@ Plan readPlan() {
     QCommandLineParser parser;
     parser.addHelpOption();
     const auto option = [&](const char* name, const char* text, const char* value, const char* preset) {
-        parser.addOption({QLatin1String(name), QLatin1String(text), QLatin1String(value), QLatin1String(preset)});
+        parser.addOption(
+            {QLatin1String(name), QLatin1String(text), QLatin1String(value), QLatin1String(preset)});
     };
     option("count", "Parameters a run (200).", "number", "200");
     option("runs", "Runs a row; the best one counts (3).", "number", "3");

@@ -43,7 +43,8 @@ qint64 LineCase::limitUs() const {
 }
 
 QString LineCase::name() const {
-    return QStringLiteral("%1 %2").arg(mode == LinkMode::Rtu ? QStringLiteral("RTU") : QStringLiteral("ASCII"), -5)
+    return QStringLiteral("%1 %2")
+        .arg(mode == LinkMode::Rtu ? QStringLiteral("RTU") : QStringLiteral("ASCII"), -5)
         .arg(Baud, 6);
 }
 
@@ -74,11 +75,13 @@ std::vector<quint16> parametersToRead(int count) {
 DriveProcess::DriveProcess(const LineCase& line, const QString& flow, const QStringList& more) {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QStringLiteral(KELVANE_DRIVE_PROGRAM),
-                    QStringList{QStringLiteral("--mode"), line.mode == LinkMode::Rtu ? QStringLiteral("rtu") : QStringLiteral("ascii"),
-                     QStringLiteral("--baud"), QString::number(line.Baud), QStringLiteral("--turnaround"),
-                     QString::number(double(TurnaroundUs) / 1000), QStringLiteral("--address"),
-                     QString::number(PeerAddress), QStringLiteral("--bytes"), flow,
-                     QStringLiteral("--until-eof")} + more);
+                    QStringList{QStringLiteral("--mode"),
+                                line.mode == LinkMode::Rtu ? QStringLiteral("rtu") : QStringLiteral("ascii"),
+                                QStringLiteral("--baud"), QString::number(line.Baud),
+                                QStringLiteral("--turnaround"), QString::number(double(TurnaroundUs) / 1000),
+                                QStringLiteral("--address"), QString::number(PeerAddress),
+                                QStringLiteral("--bytes"), flow, QStringLiteral("--until-eof")} +
+                        more);
     while (m_process.state() != QProcess::NotRunning && !m_process.canReadLine())
         if (!m_process.waitForReadyRead(StartLimitMs)) break;
     m_device = QString::fromLocal8Bit(m_process.readLine().trimmed());

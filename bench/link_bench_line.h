@@ -1,5 +1,5 @@
-// The line that the link benchmark measures on: kelvane-drive as a child process on a paced pseudo terminal, the
-// parameters that are read from it, and the least time that one exchange can take there.
+// The line that the link benchmark measures on: kelvane-drive as a child process on a paced pseudo terminal,
+// the parameters that are read from it, and the least time that one exchange can take there.
 #pragma once
 
 #include <QProcess>
@@ -45,7 +45,8 @@ std::vector<quint16> parametersToRead(int count);
 
 class DriveProcess {
    public:
-    // flow: how bytes reach the tool, in kelvane-drive's words ("single", "fifo", "usb"). more: its other options.
+    // flow: how bytes reach the tool, in kelvane-drive's words ("single", "fifo", "usb"). more: its other
+    // options.
     explicit DriveProcess(const LineCase& line, const QString& flow = QStringLiteral("single"),
                           const QStringList& more = {});
     ~DriveProcess();

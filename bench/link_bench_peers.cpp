@@ -40,7 +40,8 @@ speed_t speedOf(int Baud) {
 
 class RawDevice {
    public:
-    RawDevice(const QString& path, int Baud) : m_file(::open(path.toLocal8Bit().constData(), O_RDWR | O_NOCTTY)) {
+    RawDevice(const QString& path, int Baud)
+        : m_file(::open(path.toLocal8Bit().constData(), O_RDWR | O_NOCTTY)) {
         termios line{};
         if (::tcgetattr(m_file, &line) != 0) return;
         ::cfmakeraw(&line);
@@ -74,7 +75,8 @@ class RawDevice {
 
 }  // namespace
 
-SideResult readByLibmodbus(const LineCase& line, const QString& device, const std::vector<quint16>& registers) {
+SideResult readByLibmodbus(const LineCase& line, const QString& device,
+                           const std::vector<quint16>& registers) {
     const std::unique_ptr<modbus_t, decltype(&modbus_free)> bus(
         modbus_new_rtu(device.toLocal8Bit().constData(), line.Baud, 'N', 8, 2), modbus_free);
     if (!bus || modbus_set_slave(bus.get(), PeerAddress) != 0 || modbus_connect(bus.get()) != 0)

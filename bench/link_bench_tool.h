@@ -1,4 +1,5 @@
-// The tool's side of the link benchmark: the whole scheduler on the real clock and the real port, without windows.
+// The tool's side of the link benchmark: the whole scheduler on the real clock and the real port, without
+// windows.
 #pragma once
 
 #include <QStringList>

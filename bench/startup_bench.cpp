@@ -1,6 +1,6 @@
-// First paint of the whole program against an empty Widgets program, in one run: each is started many times in
-// turn, and ends when its main window has been painted. Prints the medians of both, of the ratio of each pair, and
-// the memory.
+// First paint of the whole program against an empty Widgets program, in one run: each is started many times
+// in turn, and ends when its main window has been painted. Prints the medians of both, of the ratio of each
+// pair, and the memory.
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QProcess>
@@ -33,7 +33,8 @@ Started startOnce(const QString& program, const QStringList& arguments) {
     clock.start();
     child.start(program, arguments);
     if (!child.waitForFinished(5000)) qFatal("%s does not come to its first paint", qPrintable(program));
-    return {static_cast<double>(clock.nsecsElapsed()) / 1e6, child.readAllStandardOutput().trimmed().toLong()};
+    return {static_cast<double>(clock.nsecsElapsed()) / 1e6,
+            child.readAllStandardOutput().trimmed().toLong()};
 }
 
 double median(std::vector<double> values) {
@@ -58,7 +59,9 @@ int main(int argc, char** argv) {
         ratio.push_back(started.ms / empty.back());
         rss = std::max(rss, started.rssKb);
     }
-    std::printf("first paint, median of %d: empty %.1f ms, tool %.1f ms, ratio %.2f (bound 3); memory %.1f MB (bound 60)\n",
-                Rounds, median(empty), median(tool), median(ratio), static_cast<double>(rss) / 1024);
+    std::printf(
+        "first paint, median of %d: empty %.1f ms, tool %.1f ms, ratio %.2f (bound 3); memory %.1f MB (bound "
+        "60)\n",
+        Rounds, median(empty), median(tool), median(ratio), static_cast<double>(rss) / 1024);
     return 0;
 }

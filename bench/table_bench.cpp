@@ -1,7 +1,8 @@
-// kelvane-table-bench: what the whole program, with its windows, does with a table on a real line. Reads a table by
-// the window's own button over kelvane-drive, against the bare scheduler on the same line in the same run; and reads
-// the table of every family over a line that loses, damages and delays replies, row by row against what the drive
-// holds; and identifies every family with one bad reply at every place. Ends with 1 when a bound is missed.
+// kelvane-table-bench: what the whole program, with its windows, does with a table on a real line. Reads a
+// table by the window's own button over kelvane-drive, against the bare scheduler on the same line in the
+// same run; and reads the table of every family over a line that loses, damages and delays replies, row by
+// row against what the drive holds; and identifies every family with one bad reply at every place. Ends with
+// 1 when a bound is missed.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCommandLineParser>
@@ -38,7 +39,8 @@ class WholeProgram {
         const PortSettings settings = line.settings();
         ComSetup& setup = tool.comSetup;
         setup.ComPortComboBoxChange(QStringLiteral("4"));
-        setup.ModeComboBoxChange(line.mode == LinkMode::Rtu ? QStringLiteral("RTU") : QStringLiteral("ASCII"));
+        setup.ModeComboBoxChange(line.mode == LinkMode::Rtu ? QStringLiteral("RTU")
+                                                            : QStringLiteral("ASCII"));
         setup.BaudComboBoxChange(QString::number(settings.Baud));
         setup.DataBitsComboBoxChange(QString::number(settings.DataBits));
         setup.ParityComboBoxChange(parityLetter(settings.Parity));
@@ -55,8 +57,8 @@ class WholeProgram {
         tool.link.TxTimer.setEnabled(true);
         return runUntil([this] { return tool.link.DriveStatus.DriveReady == 1; }, OnLineLimitMs, LookEveryMs);
     }
-    // A reply that is lost in identification shifts the later ones (the queues are no pairs), and the table is then
-    // not the drive's: here as at the machine, one goes on line again.
+    // A reply that is lost in identification shifts the later ones (the queues are no pairs), and the table
+    // is then not the drive's: here as at the machine, one goes on line again.
     bool goOnLineWithoutFault() {
         for (int attempt = 0; attempt < 20; ++attempt) {
             history.clear();
@@ -73,12 +75,15 @@ class WholeProgram {
         runFor(300);  // shown, and the last poll is over
         exchanges = 0;
         double endedAt = 0;
-        const auto ended = QObject::connect(&tool.parameters, &ParameterSession::screenChanged, &tool.link, [&] {
-            if (tool.parameters.reader.DriveTableComplete == 1) endedAt = nowUs();
-        });
+        const auto ended =
+            QObject::connect(&tool.parameters, &ParameterSession::screenChanged, &tool.link, [&] {
+                if (tool.parameters.reader.DriveTableComplete == 1) endedAt = nowUs();
+            });
         const double before = nowUs();
-        windows.parameterForm.findChild<QAbstractButton*>(QStringLiteral("ReadDriveTransparentButton"))->click();
-        const bool read = runUntil([this] { return tool.parameters.reader.DriveTableComplete == 1; }, ReadLimitMs, 1);
+        windows.parameterForm.findChild<QAbstractButton*>(QStringLiteral("ReadDriveTransparentButton"))
+            ->click();
+        const bool read =
+            runUntil([this] { return tool.parameters.reader.DriveTableComplete == 1; }, ReadLimitMs, 1);
         if (endedAt == 0) endedAt = nowUs();
         QObject::disconnect(ended);
         return read ? endedAt - before : 0;
@@ -112,7 +117,8 @@ void measureReading(const LineCase& line, int runs) {
     for (int run = 0; run < runs; ++run) {
         const DriveProcess drive(line);
         WholeProgram whole(line, drive.device());
-        if (!whole.goOnLine()) return void(missed += std::printf("%s no link\n", qPrintable(line.name())) > 0);
+        if (!whole.goOnLine())
+            return void(missed += std::printf("%s no link\n", qPrintable(line.name())) > 0);
         const double us = whole.readTable();
         parameters = whole.exchanges;
         whole.tool.link.Initial();
@@ -124,12 +130,15 @@ void measureReading(const LineCase& line, int runs) {
     }
     const double ratio = program / scheduler;
     if (ratio > ReadBound) ++missed;
-    std::printf("%s %6d parameters  scheduler %8.3f ms  program %8.3f ms  ratio %.4f  %s\n", qPrintable(line.name()),
-                parameters, scheduler / 1000, program / 1000, ratio, ratio <= ReadBound ? "within" : "MISSED");
+    std::printf("%s %6d parameters  scheduler %8.3f ms  program %8.3f ms  ratio %.4f  %s\n",
+                qPrintable(line.name()), parameters, scheduler / 1000, program / 1000, ratio,
+                ratio <= ReadBound ? "within" : "MISSED");
     std::fflush(stdout);
 }
 
-QString valueOf(const drive::ParamRow& row, int value) { return InsertDecimalPoint(QString::number(value), row.dot); }
+QString valueOf(const drive::ParamRow& row, int value) {
+    return InsertDecimalPoint(QString::number(value), row.dot);
+}
 
 // Rows that are not what the drive holds, missing and double ones included.
 int wrongRows(const StringGrid& grid, Family family) {
@@ -155,11 +164,12 @@ int wrongRows(const StringGrid& grid, Family family) {
 
 void readOverABadLine(Family family, LinkMode mode, int seed) {
     const LineCase line{mode, 38400};
-    const DriveProcess drive(line, QStringLiteral("fifo"),
-                             familyOption(family) +
-                                 QStringList{QStringLiteral("--lose"), QStringLiteral("1"), QStringLiteral("--corrupt"),
-                                             QStringLiteral("1"), QStringLiteral("--late"), QStringLiteral("1"),
-                                             QStringLiteral("--seed"), QString::number(seed)});
+    const DriveProcess drive(
+        line, QStringLiteral("fifo"),
+        familyOption(family) + QStringList{QStringLiteral("--lose"), QStringLiteral("1"),
+                                           QStringLiteral("--corrupt"), QStringLiteral("1"),
+                                           QStringLiteral("--late"), QStringLiteral("1"),
+                                           QStringLiteral("--seed"), QString::number(seed)});
     WholeProgram whole(line, drive.device());
     const bool on = whole.goOnLineWithoutFault();
     const double us = on ? whole.readTable() : 0;
@@ -168,9 +178,9 @@ void readOverABadLine(Family family, LinkMode mode, int seed) {
     if (wrong != 0) ++missed;
     int parameters = 0;
     for (int row = 1; row < grid.RowCount(); ++row) parameters += !isGroupRow(grid, row);
-    std::printf("%-8s %-5s  %4d parameters, %3d exchanges more, %6.1f s, %s%d rows wrong\n", familyName(family),
-                mode == LinkMode::Rtu ? "RTU" : "ASCII", parameters, whole.exchanges - parameters, us / 1e6,
-                on ? "" : "NO LINK, ", wrong);
+    std::printf("%-8s %-5s  %4d parameters, %3d exchanges more, %6.1f s, %s%d rows wrong\n",
+                familyName(family), mode == LinkMode::Rtu ? "RTU" : "ASCII", parameters,
+                whole.exchanges - parameters, us / 1e6, on ? "" : "NO LINK, ", wrong);
     std::fflush(stdout);
 }
 
@@ -192,8 +202,8 @@ void measureResting(LinkMode mode, const QString& flow) {
     runFor(500);
     const double offLine = percentOver(5000);
     if (polling > PollingPercent || offLine > OffLinePercent) ++missed;
-    std::printf("%s %-6s  on line %.3f %% (bound %.0f), off line %.3f %% (bound %.1f)\n", qPrintable(line.name()),
-                qPrintable(flow), polling, PollingPercent, offLine, OffLinePercent);
+    std::printf("%s %-6s  on line %.3f %% (bound %.0f), off line %.3f %% (bound %.1f)\n",
+                qPrintable(line.name()), qPrintable(flow), polling, PollingPercent, offLine, OffLinePercent);
     std::fflush(stdout);
 }
 
@@ -208,7 +218,8 @@ void identifyWithOneFaultEverywhere(Family family, LinkMode mode) {
         const DriveProcess drive(line, QStringLiteral("fifo"), familyOption(family) + fault);
         WholeProgram whole(line, drive.device());
         const double before = nowUs();
-        const bool on = whole.goOnLine() && whole.tool.link.Lamp.onLine() && !whole.tool.link.Notice.TInitialForm;
+        const bool on =
+            whole.goOnLine() && whole.tool.link.Lamp.onLine() && !whole.tool.link.Notice.TInitialForm;
         longest = std::max(longest, nowUs() - before);
         replies = whole.exchanges;
         stuck += !on;
@@ -233,13 +244,15 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOption({QStringLiteral("tables"), QStringLiteral("Which tables (reading,rest,faults,identify)."),
-                      QStringLiteral("names"), QStringLiteral("reading,rest,faults,identify")});
-    parser.addOption({QStringLiteral("family"), QStringLiteral("Only this family."), QStringLiteral("name"), {}});
+    parser.addOption({QStringLiteral("tables"),
+                      QStringLiteral("Which tables (reading,rest,faults,identify)."), QStringLiteral("names"),
+                      QStringLiteral("reading,rest,faults,identify")});
+    parser.addOption(
+        {QStringLiteral("family"), QStringLiteral("Only this family."), QStringLiteral("name"), {}});
     parser.addOption({QStringLiteral("runs"), QStringLiteral("Runs a row of reading; the best counts (1)."),
                       QStringLiteral("number"), QStringLiteral("1")});
-    parser.addOption({QStringLiteral("seed"), QStringLiteral("Seed of the faults (1)."), QStringLiteral("number"),
-                      QStringLiteral("1")});
+    parser.addOption({QStringLiteral("seed"), QStringLiteral("Seed of the faults (1)."),
+                      QStringLiteral("number"), QStringLiteral("1")});
     parser.process(app);
     const QStringList tables = parser.value(QStringLiteral("tables")).split(QLatin1Char(','));
     if (tables.contains(QStringLiteral("reading"))) {
@@ -251,7 +264,8 @@ int main(int argc, char** argv) {
     if (tables.contains(QStringLiteral("rest"))) {
         std::printf("\nProcessor time of the whole program with its main window, share of a core.\n");
         for (const char* flow : {"single", "fifo"})
-            for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii}) measureResting(mode, QLatin1String(flow));
+            for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii})
+                measureResting(mode, QLatin1String(flow));
     }
     const QString only = parser.value(QStringLiteral("family"));
     std::vector<Family> families;
@@ -267,7 +281,8 @@ int main(int argc, char** argv) {
     if (tables.contains(QStringLiteral("identify"))) {
         std::printf("\nIdentification with one bad reply at every place.\n");
         for (const Family family : families)
-            for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii}) identifyWithOneFaultEverywhere(family, mode);
+            for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii})
+                identifyWithOneFaultEverywhere(family, mode);
     }
     if (missed > 0) std::printf("\n%d bounds missed.\n", missed);
     return missed > 0 ? 1 : 0;

@@ -17,7 +17,7 @@ QStringList familyNames() {
 
 // Takes options off a parser one by one and keeps the first complaint.
 class Reader {
-public:
+   public:
     explicit Reader(DriveArguments& target) : m_target(target) {
         m_parser.setApplicationDescription(QStringLiteral(
             "A practice drive on a pseudo-terminal. Prints the path of its device, then answers "
@@ -64,11 +64,12 @@ public:
         const auto fault = words.indexOf(parts.value(0));
         m_target.plannedAt = parts.value(1).toInt();
         if (parts.size() != 2 || fault < 0 || m_target.plannedAt < 1)
-            return complain(wrong(name) + QStringLiteral("lose, corrupt or late, a colon and a number from 1"));
+            return complain(wrong(name) +
+                            QStringLiteral("lose, corrupt or late, a colon and a number from 1"));
         m_target.planned = Faults[size_t(fault)];
     }
 
-private:
+   private:
     static QString wrong(const char* name) {
         return QStringLiteral("--%1 wants ").arg(QString::fromLatin1(name));
     }

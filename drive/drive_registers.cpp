@@ -135,8 +135,7 @@ std::optional<PracticeDrive::Words> PracticeDrive::textBlock(uint16_t reg) const
         case ExceptionTexts:
             if (!m_options.tellsTexts) return {};
             return wordsOf(exceptionBlock(code));
-        default:
-            return {};
+        default: return {};
     }
 }
 
@@ -165,17 +164,13 @@ std::optional<uint16_t> PracticeDrive::identityWord(uint16_t reg) const {
 
 std::optional<uint16_t> PracticeDrive::commandWord(uint16_t reg) const {
     switch (reg) {
-        case CommandRegister:
-            return m_lastOrder;
-        case FrequencyRegister:
-            return itemWord({Quantity::CommandHz, 100});
-        case ResetRegister:
-            return uint16_t(0);
+        case CommandRegister: return m_lastOrder;
+        case FrequencyRegister: return itemWord({Quantity::CommandHz, 100});
+        case ResetRegister: return uint16_t(0);
         case CopyRegister:
             if (!m_traits.hasCopyMode) return {};
             return uint16_t(m_copyMode ? CopyBegin : CopyEnd);
-        default:
-            return {};
+        default: return {};
     }
 }
 
@@ -193,19 +188,16 @@ Refusal PracticeDrive::write(uint16_t reg, uint16_t word) {
 
 std::optional<Refusal> PracticeDrive::writeCommand(uint16_t reg, uint16_t word) {
     switch (reg) {
-        case CommandRegister:
-            return operate(word);
+        case CommandRegister: return operate(word);
         case FrequencyRegister:
             if (word > std::lround(m_motor.settings.maxHz * 100)) return Refusal::OutOfRange;
             m_motor.setCommandHz(word / 100.0);
             return Refusal::None;
-        case ResetRegister:
-            return reset(word);
+        case ResetRegister: return reset(word);
         case CopyRegister:
             if (!m_traits.hasCopyMode) return {};
             return copyOrKey(word);
-        default:
-            return {};
+        default: return {};
     }
 }
 
@@ -215,17 +207,10 @@ Refusal PracticeDrive::operate(uint16_t word) {
     if (word & ~KnownBits) return Refusal::OutOfRange;
     m_lastOrder = word;
     switch (word >> 4 & 3) {
-        case 1:
-            m_motor.setReverse(false);
-            break;
-        case 2:
-            m_motor.setReverse(true);
-            break;
-        case 3:
-            m_motor.toggleDirection();
-            break;
-        default:
-            break;
+        case 1: m_motor.setReverse(false); break;
+        case 2: m_motor.setReverse(true); break;
+        case 3: m_motor.toggleDirection(); break;
+        default: break;
     }
     switch (word & 3) {
         case 1:
@@ -236,43 +221,30 @@ Refusal PracticeDrive::operate(uint16_t word) {
             m_motor.run();
             if (m_tuneMode && !m_motor.fault()) startTuning();
             break;
-        case 3:
-            m_motor.jog();
-            break;
-        default:
-            break;
+        case 3: m_motor.jog(); break;
+        default: break;
     }
     return Refusal::None;
 }
 
 Refusal PracticeDrive::reset(uint16_t word) {
     switch (word) {
-        case 1:
-            m_motor.injectFault(ExternalFault);
-            return Refusal::None;
+        case 1: m_motor.injectFault(ExternalFault); return Refusal::None;
         case 2:
             m_motor.reset();
             m_tuneResult = 0;
             return Refusal::None;
-        default:
-            return Refusal::OutOfRange;
+        default: return Refusal::OutOfRange;
     }
 }
 
 Refusal PracticeDrive::copyOrKey(uint16_t word) {
     switch (word) {
-        case CopyBegin:
-            m_copyMode = true;
-            return Refusal::None;
-        case CopyEnd:
-            m_copyMode = false;
-            return Refusal::None;
+        case CopyBegin: m_copyMode = true; return Refusal::None;
+        case CopyEnd: m_copyMode = false; return Refusal::None;
         case RowanArrowKey:
-        case ArrowKey:
-            ++m_display;
-            return Refusal::None;
-        default:
-            return Refusal::OutOfRange;
+        case ArrowKey: ++m_display; return Refusal::None;
+        default: return Refusal::OutOfRange;
     }
 }
 

@@ -29,7 +29,7 @@ struct DriveOptions {
 };
 
 class PracticeDrive {
-public:
+   public:
     static constexpr uint8_t CommonAddress = 0xFF;
 
     // The rows that data points to must outlive the drive.
@@ -56,7 +56,7 @@ public:
     bool tuning() const { return m_tuneSecondsLeft > 0; }
     bool copyMode() const { return m_copyMode; }
 
-private:
+   private:
     using Words = std::vector<uint16_t>;
     using ReadResult = std::variant<Words, Refusal>;
 

@@ -40,16 +40,11 @@ std::optional<uint16_t> PracticeDrive::stateWord(uint16_t reg) const {
     const size_t item = size_t(reg) - (StatusBlock + 2);
     if (reg > StateInBlock && item < m_traits.items.size()) return itemWord(m_traits.items[item]);
     switch (reg) {
-        case StateRegister:
-            return codedState();
-        case StateRegister + 1:
-            return itemWord({Quantity::CommandHz, 100});
-        case StateRegister + 2:
-            return uint16_t(std::lround(m_motor.settings.maxHz * 100));
-        case SpeedRegister:
-            return itemWord({Quantity::MotorRpm, 1});
-        default:
-            break;
+        case StateRegister: return codedState();
+        case StateRegister + 1: return itemWord({Quantity::CommandHz, 100});
+        case StateRegister + 2: return uint16_t(std::lround(m_motor.settings.maxHz * 100));
+        case SpeedRegister: return itemWord({Quantity::MotorRpm, 1});
+        default: break;
     }
     return {};
 }
@@ -60,12 +55,9 @@ std::optional<uint16_t> PracticeDrive::displayWord(uint16_t reg) const {
     const DisplayItem& item = DisplayItems[m_display % DisplayItems.size()];
     const int decimals = m_traits.family == Family::Hazel ? 0 : item.decimals;
     switch (reg - m_traits.displayRegister) {
-        case 0:
-            return itemWord({item.quantity, int(std::lround(std::pow(10, decimals)))});
-        case 1:
-            return displayFormat();
-        default:
-            return uint16_t(0);
+        case 0: return itemWord({item.quantity, int(std::lround(std::pow(10, decimals)))});
+        case 1: return displayFormat();
+        default: return uint16_t(0);
     }
 }
 
@@ -100,51 +92,31 @@ double PracticeDrive::quantity(Quantity which) const {
     const double pulses = m.rpm() / 60 * EncoderPulsesPerTurn / 100;  // in 10 ms
     const double share = 100 * m.outputHz() / std::max(m.settings.maxHz, 1.0);
     switch (which) {
-        case Quantity::CommandHz:
-            return m.commandHz();
-        case Quantity::OutputHz:
-            return m.outputHz();
-        case Quantity::OutputAmps:
-            return m.amps();
-        case Quantity::BusVolts:
-            return m.busVolts();
-        case Quantity::OutputVolts:
-            return m.volts();
-        case Quantity::PlcSeconds:
-            return std::fmod(m_runSeconds, 65536);
-        case Quantity::PowerFactor:
-            return m.powerFactor();
-        case Quantity::PowerFactorAngle:
-            return m.powerFactorAngle();
-        case Quantity::TorquePercent:
-            return m.torquePercent();
-        case Quantity::MotorRpm:
-            return m.rpm();
-        case Quantity::EncoderLow:
-            return std::fmod(pulses, 65536);
-        case Quantity::EncoderHigh:
-            return std::floor(pulses / 65536);
-        case Quantity::OutputKw:
-            return m.kilowatts();
-        case Quantity::Temperature:
-            return m.celsius();
-        case Quantity::PidFeedback:
-            return share;
-        case Quantity::PidTarget:
-            return 100 * m.commandHz() / std::max(m.settings.maxHz, 1.0);
-        case Quantity::ScaledHzLow:
-            return m.outputHz();
-        case Quantity::AnalogVolts:
-            return share / 10;
-        case Quantity::AnalogMilliamps:
-            return 4 + share * 0.16;
+        case Quantity::CommandHz: return m.commandHz();
+        case Quantity::OutputHz: return m.outputHz();
+        case Quantity::OutputAmps: return m.amps();
+        case Quantity::BusVolts: return m.busVolts();
+        case Quantity::OutputVolts: return m.volts();
+        case Quantity::PlcSeconds: return std::fmod(m_runSeconds, 65536);
+        case Quantity::PowerFactor: return m.powerFactor();
+        case Quantity::PowerFactorAngle: return m.powerFactorAngle();
+        case Quantity::TorquePercent: return m.torquePercent();
+        case Quantity::MotorRpm: return m.rpm();
+        case Quantity::EncoderLow: return std::fmod(pulses, 65536);
+        case Quantity::EncoderHigh: return std::floor(pulses / 65536);
+        case Quantity::OutputKw: return m.kilowatts();
+        case Quantity::Temperature: return m.celsius();
+        case Quantity::PidFeedback: return share;
+        case Quantity::PidTarget: return 100 * m.commandHz() / std::max(m.settings.maxHz, 1.0);
+        case Quantity::ScaledHzLow: return m.outputHz();
+        case Quantity::AnalogVolts: return share / 10;
+        case Quantity::AnalogMilliamps: return 4 + share * 0.16;
         case Quantity::None:
         case Quantity::StepNumber:
         case Quantity::PlcStep:
         case Quantity::Counter:
         case Quantity::InputTerminals:
-        case Quantity::ScaledHzHigh:
-            break;
+        case Quantity::ScaledHzHigh: break;
     }
     return 0;
 }
@@ -152,16 +124,11 @@ double PracticeDrive::quantity(Quantity which) const {
 uint16_t PracticeDrive::displayFormat() const {
     const DisplayItem& item = DisplayItems[m_display % DisplayItems.size()];
     switch (m_traits.family) {
-        case Family::Aspen:
-            return uint16_t(item.decimals << 8 | item.letter);
-        case Family::Hazel:
-            return 0;
-        case Family::Tilia:
-            return uint16_t(SignedFormat | item.decimals << 8 | item.pattern);
-        case Family::Sorrel:
-            return uint16_t(item.decimals << 8 | item.pattern);
-        default:
-            return uint16_t(item.decimals << 8 | item.letter);
+        case Family::Aspen: return uint16_t(item.decimals << 8 | item.letter);
+        case Family::Hazel: return 0;
+        case Family::Tilia: return uint16_t(SignedFormat | item.decimals << 8 | item.pattern);
+        case Family::Sorrel: return uint16_t(item.decimals << 8 | item.pattern);
+        default: return uint16_t(item.decimals << 8 | item.letter);
     }
 }
 

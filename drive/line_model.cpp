@@ -100,7 +100,16 @@ void LineModel::frameComplete(qint64 atUs) {
     const QByteArray frame = replyFrame(*body, request, fault);
     if (m_unplugged || frame.isEmpty()) return;
     const qint64 startUs = std::max(atUs, m_lastByteUs + m_options.turnaroundUs);
-    schedule(frame, fault == LineFault::Late ? startUs + m_options.lateUs : startUs);
+    scheduleFaulty(frame, startUs, fault);
+}
+
+void LineModel::scheduleFaulty(const QByteArray& frame, qint64 startUs, LineFault fault) {
+    const qsizetype pieces = fault == LineFault::InPieces ? std::max(m_options.pieces, 1) : 1;
+    const qsizetype pieceSize = (frame.size() + pieces - 1) / pieces;
+    if (fault == LineFault::Late) startUs += m_options.lateUs;
+    for (qsizetype at = 0; at < frame.size(); at += pieceSize)
+        schedule(frame.mid(at, pieceSize), at == 0 ? startUs : m_replyEndUs + m_options.pieceGapUs);
+    if (fault == LineFault::Doubled) schedule(frame, m_replyEndUs + m_options.secondUs);
 }
 
 QByteArray LineModel::replyFrame(const QByteArray& body, const QByteArray& request, LineFault fault) {
@@ -110,44 +119,35 @@ QByteArray LineModel::replyFrame(const QByteArray& body, const QByteArray& reque
     QByteArray reply = m_drive.answer(body);
     if (reply.isEmpty()) return {};
     switch (fault) {
-        case LineFault::Silent:
-            return {};
-        case LineFault::BadCheck:
-            return withBadCheck(wrap(reply, mode), mode);
+        case LineFault::Silent: return {};
+        case LineFault::BadCheck: return withBadCheck(wrap(reply, mode), mode);
         case LineFault::CutShort: {
             const QByteArray whole = wrap(reply, mode);
             return whole.left(whole.size() / 2);
         }
-        case LineFault::Noise:
-            return wrap(reply, mode).prepend(mode == LineMode::Ascii ? '#' : '\0');
-        case LineFault::WrongFunction:
-            reply[1] = char(reply[1] ^ 0x07);
-            break;
-        case LineFault::Echo:
-            return request;
-        case LineFault::Unplugged:
-            setUnplugged(true);
-            return {};
-        default:
-            break;
+        case LineFault::Noise: return wrap(reply, mode).prepend(mode == LineMode::Ascii ? '#' : '\0');
+        case LineFault::WrongFunction: reply[1] = char(reply[1] ^ 0x07); break;
+        case LineFault::Echo: return request;
+        case LineFault::Unplugged: setUnplugged(true); return {};
+        default: break;
     }
     return wrap(reply, mode);
 }
 
 void LineModel::schedule(const QByteArray& frame, qint64 startUs) {
     const PortSettings& wire = m_options.wire;
+    startUs = std::max(startUs, m_replyEndUs);
+    m_replyEndUs = startUs + wire.wireTimeUs(frame.size());
     const auto arrival = [&](qsizetype count) {
         const qint64 endUs = startUs + wire.wireTimeUs(count);
         switch (m_options.flow) {
-            case ByteFlow::Usb:
-                return (endUs + UsbPacketUs - 1) / UsbPacketUs * UsbPacketUs;
+            case ByteFlow::Usb: return (endUs + UsbPacketUs - 1) / UsbPacketUs * UsbPacketUs;
             case ByteFlow::Fifo: {
                 const qsizetype full = (count + FifoDepth - 1) / FifoDepth * FifoDepth;
                 if (full <= frame.size()) return startUs + wire.wireTimeUs(full);
                 return startUs + wire.wireTimeUs(frame.size() + 4);
             }
-            case ByteFlow::Single:
-                break;
+            case ByteFlow::Single: break;
         }
         return endUs;
     };

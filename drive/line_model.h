@@ -36,8 +36,10 @@ enum class LineFault : uint8_t {
     WrongFunction,  // another function code, with a good check
     Echo,           // the request itself comes back
     Unplugged,      // the adapter goes away in place of a reply
+    Doubled,        // the reply comes once more, secondUs behind its end
+    InPieces,       // the reply comes in pieces with a pause of pieceGapUs before each but the first
 };
-inline constexpr size_t LineFaultCount = 10;
+inline constexpr size_t LineFaultCount = 12;
 
 struct LineOptions {
     LineMode mode = LineMode::Ascii;
@@ -48,12 +50,15 @@ struct LineOptions {
     qint64 turnaroundUs = 5000;
     ByteFlow flow = ByteFlow::Single;
     qint64 lateUs = 400000;
+    qint64 secondUs = 2000;
+    int pieces = 2;
+    qint64 pieceGapUs = 200000;
     uint8_t exceptionCode = 4;
 };
 
 // Which reply fails and how. Planned failures come first, then chance; both are the same on every run.
 class FaultPlan {
-public:
+   public:
     // The k-th reply from now on (1 is the next one) fails.
     void failAt(int k, LineFault fault) { m_planned[m_replies + quint64(k)] = fault; }
     // The next replies that have no plan yet fail.
@@ -66,7 +71,7 @@ public:
     LineFault next();
     quint64 replies() const { return m_replies; }
 
-private:
+   private:
     std::map<quint64, LineFault> m_planned;
     std::array<double, LineFaultCount> m_chance{};
     std::mt19937 m_random{1};
@@ -74,7 +79,7 @@ private:
 };
 
 class LineModel {
-public:
+   public:
     // The drive must outlive the line.
     LineModel(PracticeDrive& drive, const LineOptions& options) : m_drive(drive), m_options(options) {}
 
@@ -95,7 +100,7 @@ public:
     bool unplugged() const { return m_unplugged; }
     void setUnplugged(bool on);
 
-private:
+   private:
     struct Burst {
         qint64 atUs;
         QByteArray bytes;
@@ -110,6 +115,7 @@ private:
     void closeSilentFrame(qint64 untilUs);
     void frameComplete(qint64 atUs);
     QByteArray replyFrame(const QByteArray& body, const QByteArray& request, LineFault fault);
+    void scheduleFaulty(const QByteArray& frame, qint64 startUs, LineFault fault);
     void schedule(const QByteArray& frame, qint64 startUs);
     void passDriveTime(qint64 atUs);
 
@@ -121,6 +127,7 @@ private:
     QByteArray m_frame;       // what the drive has heard of a request
     qint64 m_lastByteUs = 0;  // end of the last character in m_frame
     qint64 m_wireFreeUs = 0;  // end of the last character to the drive
+    qint64 m_replyEndUs = 0;  // end of the last character from the drive, which sends one thing behind the other
     qint64 m_nowUs = 0;
     qint64 m_driveUs = -1;  // time up to which the motor has moved
     bool m_unplugged = false;

@@ -30,7 +30,7 @@ enum class RunState : uint8_t { Stopped = 0, Stopping = 1, Standby = 2, Running 
 enum class TurnState : uint8_t { Forward = 0, ForwardToReverse = 1, ReverseToForward = 2, Reverse = 3 };
 
 class MotorModel {
-public:
+   public:
     MotorPlate plate;
     MotorSettings settings;
     double loadPercent = 40;
@@ -68,7 +68,7 @@ public:
     double powerFactorAngle() const;  // degrees
     double celsius() const { return m_celsius; }
 
-private:
+   private:
     enum class Order : uint8_t { Stop, Run, Jog };
     double targetHz() const;
     bool powered() const;

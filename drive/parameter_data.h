@@ -36,8 +36,8 @@ struct GroupRows {
 
 struct FamilyData {
     Family family;
-    uint8_t modelCode;     // DriveIdCode it answers
-    uint16_t version;      // version word, two decimals (205 is 2.05); Willow three, Hazel one
+    uint8_t modelCode;                  // DriveIdCode it answers
+    uint16_t version;                   // version word, two decimals (205 is 2.05); Willow three, Hazel one
     std::span<const GroupRows> groups;  // ordinary groups 0 to n - 1, then the reserved group n
 };
 

@@ -13,7 +13,7 @@
 namespace kelvane::drive {
 
 class ParameterStore {
-public:
+   public:
     // The rows that data points to must outlive the store.
     ParameterStore(const FamilyData& data, const FamilyTraits& traits);
 
@@ -39,7 +39,7 @@ public:
     void setValue(uint16_t reg, int value);
     void lockReservedGroup(bool locked) { m_reservedLocked = locked; }
 
-private:
+   private:
     struct Place {
         size_t group;
         size_t number;

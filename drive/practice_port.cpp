@@ -19,7 +19,7 @@ bool PracticePort::open() {
     m_line.advanceTo(m_clock.nowUs());
     m_line.takeArrived();
     m_input.clear();
-    m_newInput = false;
+    m_newInput = m_heldBack = false;
     m_open = true;
     schedule();
     return true;
@@ -47,6 +47,13 @@ void PracticePort::dropInput() {
     m_newInput = false;
 }
 
+bool PracticePort::holdBack(bool on) {
+    if (!m_canHoldBack || !m_open) return false;
+    m_heldBack = on;
+    schedule();
+    return true;
+}
+
 std::optional<char> PracticePort::GetChar() {
     if (m_input.isEmpty()) return std::nullopt;
     const char c = m_input[0];
@@ -69,7 +76,8 @@ void PracticePort::unplug() {
 
 void PracticePort::schedule() {
     if (!m_open) return;
-    const qint64 dueUs = m_newInput || m_line.unplugged() ? m_clock.nowUs() : m_line.nextDueUs();
+    const bool announce = m_newInput && !m_heldBack;
+    const qint64 dueUs = announce || m_line.unplugged() ? m_clock.nowUs() : m_line.nextDueUs();
     if (dueUs >= 0) armAt(dueUs);
 }
 
@@ -87,7 +95,7 @@ void PracticePort::due() {
         return;
     }
     if (m_line.unplugged()) return lose();
-    if (!m_newInput) return schedule();
+    if (!m_newInput || m_heldBack) return schedule();
     const std::weak_ptr<bool> alive = m_alive;
     deliver();
     if (!alive.expired()) schedule();

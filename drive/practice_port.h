@@ -15,7 +15,7 @@
 namespace kelvane::drive {
 
 class PracticePort final : public TApdComPort {
-public:
+   public:
     struct Write {
         qint64 atUs;
         QByteArray bytes;
@@ -35,7 +35,10 @@ public:
     bool PutString(const QByteArray& text) override { return put(text, false); }
     std::optional<char> GetChar() override;
     void dropInput() override;
+    bool holdBack(bool on) override;
 
+    // Lets holdBack() work as on a device with a buffer of its own; without it the port announces every byte.
+    void setCanHoldBack(bool on) { m_canHoldBack = on; }
     // Pulls the adapter out: an open port closes itself and tells why, from the event loop. Opening fails
     // until it is plugged in again.
     void unplug();
@@ -49,7 +52,7 @@ public:
     QStringList transcript() const;
     void clearTranscript() { m_writes.clear(); }
 
-private:
+   private:
     bool put(const QByteArray& bytes, bool block);
     void schedule();
     void armAt(qint64 dueUs);
@@ -65,6 +68,8 @@ private:
     int m_openFailures = 0;
     QByteArray m_input;
     bool m_newInput = false;   // bytes have come that were not announced yet
+    bool m_canHoldBack = false;
+    bool m_heldBack = false;
     bool m_inHandler = false;  // the port's user is at work; nothing more is announced meanwhile
     QList<Write> m_writes;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);

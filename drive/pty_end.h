@@ -12,7 +12,7 @@
 namespace kelvane::drive {
 
 class PtyEnd {
-public:
+   public:
     // Clock and line must outlive it.
     PtyEnd(TickClock& clock, LineModel& line);
     ~PtyEnd();
@@ -24,7 +24,7 @@ public:
     QString error() const { return m_error; }
     QString devicePath() const { return m_path; }
 
-private:
+   private:
     bool fail(const char* what);
     bool makeRaw();
     void readHost();

@@ -59,7 +59,7 @@ std::vector<Bytes> allSeeds() {
 }
 
 class Mutator {
-public:
+   public:
     Mutator(const std::vector<Bytes>& seeds, uint64_t round)
         : m_seeds(seeds), m_random(round * 2654435761u + 1) {}
 
@@ -69,38 +69,20 @@ public:
         return bytes;
     }
 
-private:
+   private:
     size_t below(size_t bound) { return bound == 0 ? 0 : m_random() % bound; }
 
     void damage(Bytes& bytes) {
         switch (below(9)) {
-            case 0:
-                flipBit(bytes);
-                break;
-            case 1:
-                overwrite(bytes, 1);
-                break;
-            case 2:
-                overwrite(bytes, 2);
-                break;
-            case 3:
-                overwrite(bytes, 4);
-                break;
-            case 4:
-                bytes.resize(below(bytes.size() + 1));
-                break;
-            case 5:
-                insertNoise(bytes);
-                break;
-            case 6:
-                erasePart(bytes);
-                break;
-            case 7:
-                copyPart(bytes, Bytes(bytes));
-                break;
-            default:
-                copyPart(bytes, m_seeds[below(m_seeds.size())]);
-                break;
+            case 0: flipBit(bytes); break;
+            case 1: overwrite(bytes, 1); break;
+            case 2: overwrite(bytes, 2); break;
+            case 3: overwrite(bytes, 4); break;
+            case 4: bytes.resize(below(bytes.size() + 1)); break;
+            case 5: insertNoise(bytes); break;
+            case 6: erasePart(bytes); break;
+            case 7: copyPart(bytes, Bytes(bytes)); break;
+            default: copyPart(bytes, m_seeds[below(m_seeds.size())]); break;
         }
     }
     void flipBit(Bytes& bytes) {

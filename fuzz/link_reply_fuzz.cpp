@@ -1,5 +1,5 @@
-// Replies of any shape through receive, check and decode. The first bytes of an input choose mode, console rules,
-// family, task and command; the rest arrives as the reply, in bursts of the told sizes.
+// Replies of any shape through receive, check and decode. The first bytes of an input choose mode, console
+// rules, family, task and command; the rest arrives as the reply, in bursts of the told sizes.
 #include <cstdint>
 #include <vector>
 
@@ -54,10 +54,11 @@ struct Choice {
     const char* command;
 };
 constexpr Choice choices[] = {
-    {0, "FF0321100003"},  {1, "FF0300000001"},  {4, "FF0321000010"},  {5, "FF0620000030"},  {7, "FF0321160003"},
-    {9, "FF03211B0001"},  {11, "FF0303000001"}, {12, "FF030100000F"}, {12, "FF0301000004"}, {13, "FF0601001770"},
-    {14, "FF033204000A"}, {15, "FF0333040008"}, {17, "FF0321190001"}, {18, "FF0301000001"}, {19, "FF0401000001"},
-    {20, "FF032100007D"}, {21, "FF0331000008"}, {80, "FF0321110001"}, {81, "FF0303000001"}, {50, "FF03"},
+    {0, "FF0321100003"},  {1, "FF0300000001"},  {4, "FF0321000010"},  {5, "FF0620000030"},
+    {7, "FF0321160003"},  {9, "FF03211B0001"},  {11, "FF0303000001"}, {12, "FF030100000F"},
+    {12, "FF0301000004"}, {13, "FF0601001770"}, {14, "FF033204000A"}, {15, "FF0333040008"},
+    {17, "FF0321190001"}, {18, "FF0301000001"}, {19, "FF0401000001"}, {20, "FF032100007D"},
+    {21, "FF0331000008"}, {80, "FF0321110001"}, {81, "FF0303000001"}, {50, "FF03"},
 };
 
 struct Bench {

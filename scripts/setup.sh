@@ -9,6 +9,7 @@ packages=(
   libfreexl-dev python3-xlrd                            # outside judges of written spreadsheets
   libbenchmark-dev libmodbus-dev                        # benchmarks and their outside peer
   clang                                                 # fuzz targets, second compiler
+  clang-format clang-tidy                               # format and habits of the sources
   xvfb fonts-dejavu-core                                # pictures of windows without a display
 )
 

@@ -1,5 +1,5 @@
-// Looks that a person expects to last beyond a run, such as recent files and the last folder: texts and lists of
-// texts by key. The shell keeps them in the program's ui-state file and hands them to the windows.
+// Looks that a person expects to last beyond a run, such as recent files and the last folder: texts and lists
+// of texts by key. The shell keeps them in the program's ui-state file and hands them to the windows.
 #pragma once
 
 #include <QHash>

@@ -1,6 +1,7 @@
-// The person at the machine, as engines see one: questions with an answer, nothing else. The shell answers with
-// real boxes and dialogs; tests answer from a script. A call may run a nested event loop, so an engine stops
-// its own timer before, holds no iterator or reference over the call, and looks at its state again after it.
+// The person at the machine, as engines see one: questions with an answer, nothing else. The shell answers
+// with real boxes and dialogs; tests answer from a script. A call may run a nested event loop, so an engine
+// stops its own timer before, holds no iterator or reference over the call, and looks at its state again
+// after it.
 #pragma once
 
 #include <QString>
@@ -34,10 +35,11 @@ class Operator {
    public:
     virtual ~Operator() = default;
     virtual BoxAnswer box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) = 0;
-    // Filters are written "Name(*.ext)|*.ext|Name2(*.e2)|*.e2"; the answer is a full path, or nothing on Cancel.
+    // Filters are written "Name(*.ext)|*.ext|Name2(*.e2)|*.e2"; the answer is a full path, or nothing on
+    // Cancel.
     virtual std::optional<QString> openFile(const QString& filter) = 0;
-    // suffix (".txt", ".CSV") is appended to the chosen name whatever it ends in; overwriting is asked for the
-    // name with its suffix. The answer has the suffix.
+    // suffix (".txt", ".CSV") is appended to the chosen name whatever it ends in; overwriting is asked for
+    // the name with its suffix. The answer has the suffix.
     virtual std::optional<QString> saveFile(const QString& filter, const QString& suffix) = 0;
     // TMessageForm: ErrNameVrLabel is its text; Ignore is offered only when ignoreShown.
     virtual LinkAnswer linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) = 0;

@@ -71,8 +71,8 @@ class WakeUp : private QObject {
         m_timer.start(static_cast<int>((std::max<qint64>(0, atUs - steadyUs()) + 999) / 1000));
     }
 
-    // At the next turn of the event loop, before any painting that waits there: a request goes out first, and the
-    // table is drawn while it is on the wire.
+    // At the next turn of the event loop, before any painting that waits there: a request goes out first, and
+    // the table is drawn while it is on the wire.
     void wakeAtOnce() {
         if (std::exchange(m_posted, true)) return;
         QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
@@ -119,8 +119,8 @@ class QtTickClock::Agenda : public std::enable_shared_from_this<Agenda> {
         return *m_wakeUp;
     }
 
-    // What a handler arms without delay is called in the same turn of the event loop, so that reply, table row and
-    // next request follow each other without a window being painted in between; but not without end.
+    // What a handler arms without delay is called in the same turn of the event loop, so that reply, table
+    // row and next request follow each other without a window being painted in between; but not without end.
     void run() {
         const auto self = shared_from_this();
         for (int round = 0; round < RoundsInOneTurn && callDue(); ++round) {

@@ -1,5 +1,5 @@
-// The tool's clock: precise alarms in the thread of the event loop. Built once by the shell and by the programs
-// that work on a real port.
+// The tool's clock: precise alarms in the thread of the event loop. Built once by the shell and by the
+// programs that work on a real port.
 #pragma once
 
 #include "base/tick_clock.h"

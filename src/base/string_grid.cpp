@@ -120,7 +120,8 @@ void StringGrid::showAllRows() {
 }
 
 int StringGrid::visibleRowCount() const {
-    return static_cast<int>(std::count_if(m_rows.begin(), m_rows.end(), [](const Row& r) { return !r.hidden; }));
+    return static_cast<int>(
+        std::count_if(m_rows.begin(), m_rows.end(), [](const Row& r) { return !r.hidden; }));
 }
 
 int StringGrid::realRow(int visibleRow) const {

@@ -1,6 +1,6 @@
-// The grid of the plant without its widget: text cells addressed by column and row, row 0 being the header row,
-// check boxes in column 0, hidden columns and rows, cell colours by a rule. Engines fill it, ui/ shows it. As an
-// item model its row r is grid row r + 1 and its header is grid row 0.
+// The grid of the plant without its widget: text cells addressed by column and row, row 0 being the header
+// row, check boxes in column 0, hidden columns and rows, cell colours by a rule. Engines fill it, ui/ shows
+// it. As an item model its row r is grid row r + 1 and its header is grid row 0.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -22,8 +22,8 @@ class StringGrid : public QAbstractTableModel {
    public:
     explicit StringGrid(int columns, QObject* parent = nullptr);
 
-    // Cells. Reading outside gives empty text; writing past the last row makes the grid grow, writing past the
-    // last column is dropped.
+    // Cells. Reading outside gives empty text; writing past the last row makes the grid grow, writing past
+    // the last column is dropped.
     QString cell(int column, int row) const;
     void setCell(int column, int row, const QString& text);
     int ColCount() const { return m_columns; }

@@ -1,5 +1,5 @@
-// Text of the system's 8-bit kind. Bytes from a drive or a file become characters of the same number and go back
-// as the same bytes, so nothing that came in is changed by going out again.
+// Text of the system's 8-bit kind. Bytes from a drive or a file become characters of the same number and go
+// back as the same bytes, so nothing that came in is changed by going out again.
 #pragma once
 
 #include <QByteArray>

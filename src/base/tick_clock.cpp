@@ -5,7 +5,10 @@
 namespace kelvane {
 
 TickTimer::TickTimer(TickClock& clock, TickKind kind, int Interval, std::function<void()> onTick)
-    : m_kind(kind), m_interval(Interval), m_onTick(std::move(onTick)), m_alarm(clock.makeAlarm([this] { due(); })) {}
+    : m_kind(kind),
+      m_interval(Interval),
+      m_onTick(std::move(onTick)),
+      m_alarm(clock.makeAlarm([this] { due(); })) {}
 
 qint64 TickTimer::periodUs() const {
     switch (m_kind) {

@@ -8,7 +8,7 @@
 namespace kelvane {
 
 class GroupNameTable {
-public:
+   public:
     static constexpr int GroupsPerFamily = 15;
 
     GroupNameTable();  // with the built-in names

@@ -14,7 +14,8 @@ constexpr quint8 HazelGroups = 10;  // an Osier code with this many groups is a 
 
 }  // namespace
 
-DriveIdentification::DriveIdentification(RequestScheduler& link, GroupNameTable& groupNames, const LangTable& lang)
+DriveIdentification::DriveIdentification(RequestScheduler& link, GroupNameTable& groupNames,
+                                         const LangTable& lang)
     : m_link(link), m_groupNames(groupNames), m_lang(lang) {
     using Text = const QString&;
     using Bytes = const QByteArray&;
@@ -44,8 +45,8 @@ void DriveIdentification::refuse(quint8 code) {
     m_link.DriveIdentified = 0;
     m_link.Notice.TInitialForm = false;
     m_link.notifyChanged();
-    m_link.operatorAsked().tell(
-        QStringLiteral("ID code = %1. Can't identify this drive !").arg(code), QStringLiteral("Error"));
+    m_link.operatorAsked().tell(QStringLiteral("ID code = %1. Can't identify this drive !").arg(code),
+                                QStringLiteral("Error"));
 }
 
 void DriveIdentification::enableMenus() {
@@ -79,7 +80,8 @@ void DriveIdentification::InitialDrive() {
 void DriveIdentification::refreshItemNames() {
     const FamilyProfile* profile = familyProfile(m_link.DriveStatus.DriveFamily);
     if (!profile) return;
-    itemList = itemNames(*profile, m_lang.commonItemNames, m_lang.familyItemNames(m_link.DriveStatus.DriveFamily));
+    itemList =
+        itemNames(*profile, m_lang.commonItemNames, m_lang.familyItemNames(m_link.DriveStatus.DriveFamily));
     infoCells = infoGridCells(*profile, itemList);
     Q_EMIT itemNamesChanged();
 }

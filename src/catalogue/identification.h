@@ -1,5 +1,6 @@
 // Finds out what drive is at the other end: the handlers of the tasks that Initial queues, chained by their
-// replies, and InitialDrive, which gives the windows the family's view of the status poll. Owned by the shell.
+// replies, and InitialDrive, which gives the windows the family's view of the status poll. Owned by the
+// shell.
 #pragma once
 
 #include <QObject>

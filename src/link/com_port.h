@@ -31,7 +31,8 @@ struct PortSettings {
     qint64 wireTimeUs(qint64 count) const {
         return Baud <= 0 ? 0 : (count * bitsPerCharacter() * 1000000 + Baud - 1) / Baud;
     }
-    // 3.5 characters: by their silence an RTU drive knows that a request has ended, so it never answers sooner.
+    // 3.5 characters: by their silence an RTU drive knows that a request has ended, so it never answers
+    // sooner.
     qint64 silenceUs() const { return wireTimeUs(7) / 2; }
 };
 
@@ -55,12 +56,12 @@ class TApdComPort {
     virtual bool PutString(const QByteArray& text) = 0;  // an ASCII frame
     virtual std::optional<char> GetChar() = 0;           // one received byte; nothing is a read error
     virtual void dropInput() = 0;                        // throws away what has arrived and was not taken
-    // Lets bytes wait unannounced (true) until the next call with false or the next opening. False from a port
-    // that cannot, which goes on announcing them.
+    // Lets bytes wait unannounced (true) until the next call with false or the next opening. False from a
+    // port that cannot, which goes on announcing them.
     virtual bool holdBack(bool) { return false; }
 
-    // Called in the event loop, never from inside another call of the port, whenever bytes wait; count of them
-    // may be taken with GetChar.
+    // Called in the event loop, never from inside another call of the port, whenever bytes wait; count of
+    // them may be taken with GetChar.
     std::function<void(int count)> OnTriggerAvail;
     // Called when the port closed itself because the device went away, with the reason in plain words.
     std::function<void(const QString& reason)> onLost;

@@ -72,7 +72,9 @@ QStringList ComSetup::baudItems() {
     return items;
 }
 QStringList ComSetup::dataBitsItems() { return {QStringLiteral("7"), QStringLiteral("8")}; }
-QStringList ComSetup::parityItems() { return {QStringLiteral("N"), QStringLiteral("E"), QStringLiteral("O")}; }
+QStringList ComSetup::parityItems() {
+    return {QStringLiteral("N"), QStringLiteral("E"), QStringLiteral("O")};
+}
 QStringList ComSetup::stopBitsItems() { return {QStringLiteral("1"), QStringLiteral("2")}; }
 
 void ComSetup::notify() {
@@ -272,7 +274,8 @@ void ComSetup::closeConnectForm() {
 void ComSetup::OKBitBtnClick() {
     if (shown.SuccessAbLED) {
         m_setupPort.close();
-        if (m_link.ActiveFunction != OwnerAdvance && m_link.operatorAsked().yes(m_link.lang().MsgStr(18), Cofirm)) {
+        if (m_link.ActiveFunction != OwnerAdvance &&
+            m_link.operatorAsked().yes(m_link.lang().MsgStr(18), Cofirm)) {
             m_link.TxTimer.setEnabled(true);
             m_link.Keypad.OnLineTransparentButton = false;
             m_link.Keypad.InitialVrLabel = true;

@@ -1,6 +1,6 @@
-// Communication Setup without its window: finds the line settings by hand or by a walk over all combinations, on
-// a port and a wait of its own, and hands them to the link port. Any answer counts as success; its content is
-// not looked at. TComSetupForm shows it.
+// Communication Setup without its window: finds the line settings by hand or by a walk over all combinations,
+// on a port and a wait of its own, and hands them to the link port. Any answer counts as success; its content
+// is not looked at. TComSetupForm shows it.
 #pragma once
 
 #include <QObject>

@@ -1,5 +1,5 @@
-// Fault names of the two families whose drives do not report one, by fault code. Shown by the keypad, logged by
-// the link.
+// Fault names of the two families whose drives do not report one, by fault code. Shown by the keypad, logged
+// by the link.
 #pragma once
 
 #include <QString>

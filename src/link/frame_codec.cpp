@@ -20,13 +20,14 @@ QString hexDigits(const QByteArray& bytes) { return QString::fromLatin1(bytes.to
 bool asciiCheckIsGood(const RxBuffer& reply) {
     const QByteArray payload = reply.RxData.mid(1, reply.RxData.size() - 5);
     // The place of the check follows the 8-bit byte count, not the length of the text.
-    const QByteArray received = reply.RxByteCount < 5 ? QByteArray() : reply.RxData.mid(reply.RxByteCount - 4, 2);
+    const QByteArray received =
+        reply.RxByteCount < 5 ? QByteArray() : reply.RxData.mid(reply.RxByteCount - 4, 2);
     const QByteArray bytes = StrTo8bitInt(from8Bit(payload));
     return IntToBaseStr(CalcLRC(bytes), 16, 2) == from8Bit(received);
 }
 
-// Binary of an ASCII reply. Kept: the last character, the line feed, stays behind the N bytes, so that one length
-// rule serves both modes.
+// Binary of an ASCII reply. Kept: the last character, the line feed, stays behind the N bytes, so that one
+// length rule serves both modes.
 QByteArray asciiToBinary(const QByteArray& RxData) {
     const QByteArray bytes = StrTo8bitInt(from8Bit(RxData.mid(1, std::max<qsizetype>(RxData.size() - 3, 0))));
     return bytes + RxData.right(1);
@@ -47,7 +48,8 @@ ReplyVerdict judgeContent(const QString& command, const QByteArray& RxData) {
     if (byteAt(RxData, 2) & 0x80) return ReplyVerdict::Exception;
     const QChar function = command.size() > 3 ? command[3] : QChar();
     if (function == QLatin1Char('3'))
-        return RxData.size() == 2 * wantedRegisters(command) + 5 ? ReplyVerdict::Good : ReplyVerdict::LengthError;
+        return RxData.size() == 2 * wantedRegisters(command) + 5 ? ReplyVerdict::Good
+                                                                 : ReplyVerdict::LengthError;
     if (function == QLatin1Char('6'))
         return RxData.size() == command.size() / 2 + 2 ? ReplyVerdict::Good : ReplyVerdict::LengthError;
     return ReplyVerdict::FunctionError;
@@ -65,7 +67,8 @@ quint16 CalcCRC16(const QByteArray& bytes) {
     quint16 crc = 0xFFFF;
     for (const char byte : bytes) {
         crc = static_cast<quint16>(crc ^ static_cast<quint8>(byte));
-        for (int bit = 0; bit < 8; ++bit) crc = static_cast<quint16>((crc & 1) ? (crc >> 1) ^ 0xA001 : crc >> 1);
+        for (int bit = 0; bit < 8; ++bit)
+            crc = static_cast<quint16>((crc & 1) ? (crc >> 1) ^ 0xA001 : crc >> 1);
     }
     return static_cast<quint16>(crc << 8 | crc >> 8);
 }
@@ -91,7 +94,8 @@ TxFrame buildFrame(LinkMode mode, const QString& command, FrameCheck check) {
         return {StrTo8bitInt(text), text};
     }
     QByteArray wire = to8Bit(command);
-    if (check != FrameCheck::None) wire = ":" + wire + IntToBaseStr(CalcLRC(bytes), 16, 2).toLatin1() + "\r\n";
+    if (check != FrameCheck::None)
+        wire = ":" + wire + IntToBaseStr(CalcLRC(bytes), 16, 2).toLatin1() + "\r\n";
     return {wire, withControlsEscaped(wire)};
 }
 
@@ -142,7 +146,8 @@ int replyLength(LinkMode mode, const QString& command, const RxBuffer& reply) {
     const QByteArray sent = StrTo8bitInt(command);
     if (sent.size() < 6 || reply.RxData.size() < (ascii ? 5 : 2)) return 0;
     const quint8 asked = byteAt(sent, 2);
-    const quint8 came = ascii ? byteAt(QByteArray::fromHex(reply.RxData.mid(3, 2)), 1) : byteAt(reply.RxData, 2);
+    const quint8 came =
+        ascii ? byteAt(QByteArray::fromHex(reply.RxData.mid(3, 2)), 1) : byteAt(reply.RxData, 2);
     int length = 0;  // in RTU
     if (came == (asked | 0x80)) length = 5;
     if (came == asked && asked == 3) length = 5 + 2 * wordAt(sent, 5);
@@ -170,6 +175,8 @@ quint16 wordAt(const QByteArray& RxData, int position) {
     return static_cast<quint16>(byteAt(RxData, position) << 8 | byteAt(RxData, position + 1));
 }
 
-QString dataText(const QByteArray& RxData, int first, int count) { return from8Bit(RxData.mid(2 + first, count)); }
+QString dataText(const QByteArray& RxData, int first, int count) {
+    return from8Bit(RxData.mid(2 + first, count));
+}
 
 }  // namespace kelvane

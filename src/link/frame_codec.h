@@ -25,8 +25,9 @@ struct TxFrame {
     QString TxFrameText;  // the form of the logs
 };
 
-// RTU: the bytes and the check. ASCII: colon, command, LRC, CR LF; without check the command alone. Fletcher is
-// an RTU check; ASCII has its LRC either way. A last odd digit of the command is lost in RTU and stands in ASCII.
+// RTU: the bytes and the check. ASCII: colon, command, LRC, CR LF; without check the command alone. Fletcher
+// is an RTU check; ASCII has its LRC either way. A last odd digit of the command is lost in RTU and stands in
+// ASCII.
 TxFrame buildFrame(LinkMode mode, const QString& command, FrameCheck check);
 
 // A reply as it arrives. Counts and room are those of the plant: 200 raw bytes, an 8-bit counter that wraps.
@@ -52,12 +53,12 @@ struct JudgedReply {
     quint8 ExceptionCode = 0;
 };
 
-// Judges a finished reply to command. Without rules every reply is good, as the console may ask. Tests look at
-// the command only: address and echo are never compared.
+// Judges a finished reply to command. Without rules every reply is good, as the console may ask. Tests look
+// at the command only: address and echo are never compared.
 JudgedReply judgeReply(LinkMode mode, const QString& command, const RxBuffer& reply, bool rules = true);
 
-// Length on the wire of the reply to command, told by the function that has come: the asked data, the echo of a
-// write or an exception. 0 while the function has not come, and for a function that is neither.
+// Length on the wire of the reply to command, told by the function that has come: the asked data, the echo of
+// a write or an exception. 0 while the function has not come, and for a function that is neither.
 int replyLength(LinkMode mode, const QString& command, const RxBuffer& reply);
 
 // RTU: the bytes at hand are exactly a reply to command, of the length that its function and count ask for or

@@ -1,5 +1,5 @@
-// Plain records that the link fills and that windows read: the drive's status, the last parameter read, and what
-// the link shows on the main window, the keypad, the trend and the console. Fields are the plant's.
+// Plain records that the link fills and that windows read: the drive's status, the last parameter read, and
+// what the link shows on the main window, the keypad, the trend and the console. Fields are the plant's.
 #pragma once
 
 #include <QByteArray>

@@ -8,8 +8,8 @@
 
 namespace kelvane {
 
-// Decimal separator of the machine, "." or ",". Decided once at start by findDecimalSep(); every decimal text of
-// the program uses it.
+// Decimal separator of the machine, "." or ",". Decided once at start by findDecimalSep(); every decimal text
+// of the program uses it.
 inline QString DecimalSep = QStringLiteral(".");
 
 // "." when "12.34" converts in the system's locale, else ",".

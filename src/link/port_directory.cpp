@@ -91,12 +91,9 @@ PortTarget PortDirectory::target(int ComNumber) const {
 
 bool PortDirectory::isPresent(const PortTarget& target) {
     switch (target.kind) {
-        case PortTarget::Kind::Practice:
-            return true;
-        case PortTarget::Kind::Device:
-            return QFileInfo::exists(target.devicePath);
-        case PortTarget::Kind::Nothing:
-            break;
+        case PortTarget::Kind::Practice: return true;
+        case PortTarget::Kind::Device: return QFileInfo::exists(target.devicePath);
+        case PortTarget::Kind::Nothing: break;
     }
     return false;
 }

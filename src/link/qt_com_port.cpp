@@ -8,12 +8,9 @@ namespace {
 
 QSerialPort::Parity qtParity(ComParity parity) {
     switch (parity) {
-        case ComParity::Odd:
-            return QSerialPort::OddParity;
-        case ComParity::Even:
-            return QSerialPort::EvenParity;
-        case ComParity::None:
-            break;
+        case ComParity::Odd: return QSerialPort::OddParity;
+        case ComParity::Even: return QSerialPort::EvenParity;
+        case ComParity::None: break;
     }
     return QSerialPort::NoParity;
 }

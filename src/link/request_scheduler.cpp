@@ -91,7 +91,8 @@ void RequestScheduler::Initial() {
         push(21);
     }
     Trend.KeypadTransparentButton = false;
-    DriveStatus.GroupIndex = DriveStatus.FaultCode = DriveStatus.ExceptionPending = DriveStatus.DriveReady = 0;
+    DriveStatus.GroupIndex = DriveStatus.FaultCode = DriveStatus.ExceptionPending = DriveStatus.DriveReady =
+        0;
     DriveStatus.FaultTextValid = DriveStatus.ExceptionTextDone = 0;
     ParamRead.ReadDone = ParamRead.WriteDone = 0;
     TxTimer.setEnabled(false);
@@ -225,8 +226,7 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
         readError = !byte;
         if (byte) burst += *byte;
     }
-    if (readError)
-        operatorAsked().tell(QStringLiteral("I got you (com)!!"), Cofirm);
+    if (readError) operatorAsked().tell(QStringLiteral("I got you (com)!!"), Cofirm);
     if (burst.isEmpty()) return;
     if (inConsole() && Console.Monitor) {
         Q_EMIT listenerBurst(burst);
@@ -247,10 +247,10 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
     }
 }
 
-// A wake-up for every byte is the dearest part of an exchange. Those that are sure to come may gather, in ASCII by the
-// shortest reply at first, and by the reply's function as soon as that is known: never beyond the time of the last
-// one, so that the end is noticed at once, and for a few ticks at most, so that a reply that breaks off is noticed
-// hardly later. The rest is no tick.
+// A wake-up for every byte is the dearest part of an exchange. Those that are sure to come may gather, in
+// ASCII by the shortest reply at first, and by the reply's function as soon as that is known: never beyond
+// the time of the last one, so that the end is noticed at once, and for a few ticks at most, so that a reply
+// that breaks off is noticed hardly later. The rest is no tick.
 bool RequestScheduler::restUntilNearlyWhole() {
     if (inConsole() || CommandQueue.empty()) return false;
     const int told = replyLength(mode(), CommandQueue.front(), Rx);

@@ -1,7 +1,7 @@
 // The one road to the drive: two queues, a send step and a wait step, one request outstanding at a time. Owns
-// time-outs, retries and the On Line / Off Line state. Windows push a task and a command, enable TxTimer where no
-// poll runs, and look at ReadDone or WriteDone when cycleEnded() comes. What a task does with a good reply stands
-// in the task table (task_table.h) and, for identification, in the catalogue.
+// time-outs, retries and the On Line / Off Line state. Windows push a task and a command, enable TxTimer
+// where no poll runs, and look at ReadDone or WriteDone when cycleEnded() comes. What a task does with a good
+// reply stands in the task table (task_table.h) and, for identification, in the catalogue.
 #pragma once
 
 #include <QObject>
@@ -16,7 +16,6 @@
 #include "link/frame_codec.h"
 #include "link/link_records.h"
 #include "localisation/lang_table.h"
-
 
 namespace kelvane {
 
@@ -47,21 +46,21 @@ class RequestScheduler : public QObject {
     explicit RequestScheduler(const LinkBench& bench, int BrandVariant = 0);
     ~RequestScheduler() override;
 
-    // Queues. The front task is the one in progress. The two are not pairs: copies of a resent generated command
-    // stay in CommandQueue until TaskQueue runs empty.
+    // Queues. The front task is the one in progress. The two are not pairs: copies of a resent generated
+    // command stay in CommandQueue until TaskQueue runs empty.
     std::deque<quint8> TaskQueue;
     std::deque<QString> CommandQueue;
 
     quint8 ActiveFunction = OwnerMain;
-    quint8 ComMode = 0;                // 0 ASCII, 1 RTU
+    quint8 ComMode = 0;  // 0 ASCII, 1 RTU
     quint32 RxTickCount = 0;
     quint32 ReplyTimeoutTicks = 6;
-    quint32 BaudTimeoutTicks = 7;      // owner: com setup
-    quint8 TimeoutCount = 0;           // in a row
+    quint32 BaudTimeoutTicks = 7;  // owner: com setup
+    quint8 TimeoutCount = 0;       // in a row
     quint8 InitFailCount = 0;
     quint8 DriveIdentified = 0;
     quint8 FirstWaitOver = 0;
-    ClockReading SendTime;             // last send of the console
+    ClockReading SendTime;  // last send of the console
     QString TxFrameText;
     RxBuffer Rx;
     DriveStatusRecord DriveStatus;
@@ -112,14 +111,14 @@ class RequestScheduler : public QObject {
     void completeConsoleLine(const QString& addition, quint32 colour);
 
    Q_SIGNALS:
-    void changed();                  // lamp, labels, keypad, trend, notices or menu items differ from before
+    void changed();  // lamp, labels, keypad, trend, notices or menu items differ from before
     void indicatorStepped(int position);
     void historyLine(const QString& line);
-    void cycleEnded();               // one exchange is over and its flags are set
-    void statusDecoded();            // a status poll was stored
-    void initialRun();               // Initial has run
-    void keypadModeClick();          // identification ended: the keypad shows its first page
-    void keypadTableReady();         // the keypad's counts are read: start the table read
+    void cycleEnded();        // one exchange is over and its flags are set
+    void statusDecoded();     // a status poll was stored
+    void initialRun();        // Initial has run
+    void keypadModeClick();   // identification ended: the keypad shows its first page
+    void keypadTableReady();  // the keypad's counts are read: start the table read
     void focusWanted(int ActiveFunction);
     void listenerBurst(const QByteArray& bytes);
     void consoleLineStarted();
@@ -186,9 +185,9 @@ class RequestScheduler : public QObject {
     };
     LinkBench m_bench;
     ShownRecords m_lastShown;
-    bool m_wholeReply = false;   // RTU: the silence behind a whole reply is being waited for
-    bool m_resting = false;      // the port holds back while the known rest of a reply is on the wire
-    qint64 m_wireTimeUs = 0;     // of the request that was sent
+    bool m_wholeReply = false;  // RTU: the silence behind a whole reply is being waited for
+    bool m_resting = false;     // the port holds back while the known rest of a reply is on the wire
+    qint64 m_wireTimeUs = 0;    // of the request that was sent
 };
 
 }  // namespace kelvane

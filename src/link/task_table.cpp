@@ -50,7 +50,8 @@ QString groupCountCommand(const DriveStatusRecord& status) {
 
 void setAt(auto& array, int index, auto value) {
     if (index >= 0 && static_cast<size_t>(index) < array.size())
-        array[static_cast<size_t>(index)] = static_cast<typename std::decay_t<decltype(array)>::value_type>(value);
+        array[static_cast<size_t>(index)] =
+            static_cast<typename std::decay_t<decltype(array)>::value_type>(value);
 }
 
 // ---- Status poll ----
@@ -133,7 +134,8 @@ void onParameterRead(RequestScheduler& link, const QString& command, const QByte
     read.ReadField[0] = wordAt(RxData, 4);
     const quint8 family = link.DriveStatus.DriveFamily;
     if (family == Keypad) return;
-    for (int field = 1; field <= 3; ++field) read.ReadField[static_cast<size_t>(field)] = wordAt(RxData, 4 + 2 * field);
+    for (int field = 1; field <= 3; ++field)
+        read.ReadField[static_cast<size_t>(field)] = wordAt(RxData, 4 + 2 * field);
     if (family != Hazel) {
         read.ReadField[4] = wordAt(RxData, 12);
         read.ReadName = dataText(RxData, 11, 16);
@@ -152,13 +154,15 @@ void onGeneralRead(RequestScheduler& link, const QByteArray& RxData) {
     link.ReadDataText = RxData.mid(3, bytes);
     for (int i = 0; i < bytes / 2; ++i) setAt(link.ReadWords, i, wordAt(RxData, 4 + 2 * i));
     if (link.ActiveFunction == OwnerAdvance)
-        link.completeConsoleLine(QStringLiteral("Receive > ") % link.Rx.RxLogText, link.ConsoleLog.topLineColour);
+        link.completeConsoleLine(QStringLiteral("Receive > ") % link.Rx.RxLogText,
+                                 link.ConsoleLog.topLineColour);
     link.ParamRead.ReadDone = 1;
 }
 
 void onWritten(RequestScheduler& link) {
     if (link.ActiveFunction == OwnerAdvance)
-        link.completeConsoleLine(QStringLiteral("Receive > ") % link.Rx.RxLogText, link.ConsoleLog.topLineColour);
+        link.completeConsoleLine(QStringLiteral("Receive > ") % link.Rx.RxLogText,
+                                 link.ConsoleLog.topLineColour);
     link.ParamRead.WriteDone = 1;
 }
 
@@ -176,8 +180,8 @@ void onFaultText(RequestScheduler& link, const QByteArray& RxData) {
 void onExceptionText(RequestScheduler& link, const QByteArray& RxData) {
     DriveStatusRecord& status = link.DriveStatus;
     status.ExceptionText = dataText(RxData, 1, 16);
-    link.ShowHistoryMsg(QStringLiteral("CE ") % QString::number(status.ExceptionCode) % QStringLiteral(" : ") %
-                        status.ExceptionText);
+    link.ShowHistoryMsg(QStringLiteral("CE ") % QString::number(status.ExceptionCode) %
+                        QStringLiteral(" : ") % status.ExceptionText);
     status.ExceptionTextDone = 1;
     if (link.ActiveFunction == OwnerQuickSetup) link.ParamRead.WriteDone = 1;
 }

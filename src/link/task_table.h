@@ -1,5 +1,5 @@
-// What a task code means: the command that the send step generates for it, and what a good reply fills. Tasks 0,
-// 1, 21 and 50 to 52 identify the drive and get their handlers from the catalogue.
+// What a task code means: the command that the send step generates for it, and what a good reply fills. Tasks
+// 0, 1, 21 and 50 to 52 identify the drive and get their handlers from the catalogue.
 #pragma once
 
 #include <QString>
@@ -10,8 +10,8 @@ namespace kelvane {
 
 class RequestScheduler;
 
-// Command of tasks 1, 4, 11, 21, 50 to 53, 80 and 81; empty for all others, whose command comes with the push,
-// and for a family without an entry.
+// Command of tasks 1, 4, 11, 21, 50 to 53, 80 and 81; empty for all others, whose command comes with the
+// push, and for a family without an entry.
 QString generatedCommand(quint8 task, const DriveStatusRecord& DriveStatus);
 
 // Commands that are pushed with their task and differ for Hazel.

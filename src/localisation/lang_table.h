@@ -51,7 +51,7 @@ struct FormTexts {
 };
 
 class LangTable {
-public:
+   public:
     static constexpr int MessageCount = 37;
     static constexpr int TypeSetCount = 12;
     static constexpr int TypeSetSize = 9;

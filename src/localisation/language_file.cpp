@@ -41,7 +41,7 @@ QString behindEqualSign(const QString& line) { return line.mid(line.indexOf(u'='
 
 // Puts the lines of a file into the table. Each step returns false when the file ends before it.
 class LanguageReader {
-public:
+   public:
     LanguageReader(const QStringList& lines, Language& language) : m_lines(lines), m_language(language) {}
 
     LanguageStatus read() {
@@ -52,7 +52,7 @@ public:
         return LanguageStatus::Ok;
     }
 
-private:
+   private:
     LanguageStatus takeSection(const QString& header) {
         if (header == QLatin1String(LanguageHeader)) return takeLanguage();
         bool whole = true;
@@ -129,12 +129,9 @@ QByteArray knownPage(const QByteArray& codePage) {
 
 QString inWords(LanguageStatus status) {
     switch (status) {
-        case LanguageStatus::CutShort:
-            return QStringLiteral("the file ends inside a section");
-        case LanguageStatus::WrongNumber:
-            return QStringLiteral("the language number is not a number");
-        default:
-            return {};
+        case LanguageStatus::CutShort: return QStringLiteral("the file ends inside a section");
+        case LanguageStatus::WrongNumber: return QStringLiteral("the language number is not a number");
+        default: return {};
     }
 }
 

@@ -26,7 +26,7 @@ QString labelText(const QString& shown, const KeyTarget& target) {
 
 // Kept: a text with a line end becomes two lines and shifts what follows; the reader knows no escape.
 class LanguageWriter {
-public:
+   public:
     LanguageWriter(const LangTable& table, const LiveTexts& live) : m_table(table), m_live(live) {}
 
     // Kept: there is no [Language] section, so loading a saved file leaves LanguageIndex alone.
@@ -41,7 +41,7 @@ public:
         return text.replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
     }
 
-private:
+   private:
     void addForm(const FormSectionRow& form) {
         m_lines << QString::fromLatin1(form.header) << QStringLiteral("Caption=") % m_live.caption(form)
                 << QString();

@@ -10,7 +10,7 @@ namespace kelvane {
 
 // What the windows show at the moment. The shell answers by object name.
 class LiveTexts {
-public:
+   public:
     virtual ~LiveTexts() = default;
     virtual QString caption(const FormSectionRow& form) const = 0;
     // A memo's lines are told with a line end between them.

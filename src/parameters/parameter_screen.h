@@ -32,18 +32,14 @@ struct ParameterScreen {
     bool ResetParameter = false;          // menu item enabled
     bool ShowReservedParameters = false;  // menu item enabled
     bool ReadfromKeypad = false;          // mark of the menu item
-    bool FileAbLED = false;  // lamp of TSelParaSourceForm that is lit; else DriveAbLED
+    bool FileAbLED = false;               // lamp of TSelParaSourceForm that is lit; else DriveAbLED
 
     bool visible(ParameterTab tab) const {
         switch (tab) {
-            case ParameterTab::Drive:
-                return DriveTabSheet;
-            case ParameterTab::File:
-                return FileTabSheet;
-            case ParameterTab::Compare:
-                return CompareTabSheet;
-            case ParameterTab::None:
-                break;
+            case ParameterTab::Drive: return DriveTabSheet;
+            case ParameterTab::File: return FileTabSheet;
+            case ParameterTab::Compare: return CompareTabSheet;
+            case ParameterTab::None: break;
         }
         return false;
     }

@@ -7,11 +7,11 @@
 #include <QObject>
 #include <functional>
 
-#include "parameters/comparison.h"
-#include "parameters/keypad_source.h"
-#include "parameters/parameter_reader.h"
-#include "parameters/parameter_writer.h"
-#include "parameters/sub_table.h"
+#include "parameters/exchange/keypad_source.h"
+#include "parameters/exchange/parameter_reader.h"
+#include "parameters/exchange/parameter_writer.h"
+#include "parameters/files/comparison.h"
+#include "parameters/table/sub_table.h"
 
 namespace kelvane {
 
@@ -75,8 +75,8 @@ class ParameterSession : public QObject {
     void CloseTab(const std::function<void()>& then = {});
     void closeTableClick(TableSide side, const std::function<void()>& then = {});
 
-    // Saves a table before its tab closes. then goes on closing: it runs once the table is saved or the person
-    // has let it be, and not at all when it could not be written.
+    // Saves a table before its tab closes. then goes on closing: it runs once the table is saved or the
+    // person has let it be, and not at all when it could not be written.
     std::function<void(TableSide side, std::function<void()> then)> saveTable;
 
     // Value text that the drive held when it was last read; nothing for a parameter that was not.

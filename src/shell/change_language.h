@@ -1,5 +1,6 @@
-// ChangeLanguage: copies the language table to the windows by object name, group by group, as the one table of
-// sections tells. Only groups that some file has filled are shown, so the built-in English blanks no caption.
+// ChangeLanguage: copies the language table to the windows by object name, group by group, as the one table
+// of sections tells. Only groups that some file has filled are shown, so the built-in English blanks no
+// caption.
 #pragma once
 
 #include <QList>

@@ -92,7 +92,8 @@ void TMainForm::buildMenus() {
 
 void TMainForm::buildFileMenu() {
     QMenu* files = menu("FilesMenu", tr("&File"));
-    QAction* open = item(files, "FileOpenItem", tr("Open..."), [this] { m_tool.OpenTransparentButtonClick(); });
+    QAction* open =
+        item(files, "FileOpenItem", tr("Open..."), [this] { m_tool.OpenTransparentButtonClick(); });
     open->setShortcut(QKeySequence::Open);
     open->setIcon(icon(Icon::Open));
     QAction* save = item(files, "FileSaveItem", tr("Save"), [this] { m_tool.SaveTransparentButtonClick(); });
@@ -116,10 +117,10 @@ void TMainForm::buildDriveMenu() {
     QAction* setup = item(drive, "ComSetup", tr("Com Setup"), [this] { Q_EMIT comSetupWanted(); });
     setup->setIcon(icon(Icon::ComSetup));
     setup->setShortcut(QKeySequence(Qt::Key_F2));
-    for (const Row& row : {Row{"ParameterManagement", tr("Parameter Management"), Icon::Parameter, OwnerParameter,
-                               Qt::Key_F5},
-                           Row{"QuickSetup", tr("Quick Setup"), Icon::QuickSetup, OwnerQuickSetup, Qt::Key_F6},
-                           Row{"Advance", tr("Advance"), Icon::Advance, OwnerAdvance, Qt::Key_F7}}) {
+    for (const Row& row :
+         {Row{"ParameterManagement", tr("Parameter Management"), Icon::Parameter, OwnerParameter, Qt::Key_F5},
+          Row{"QuickSetup", tr("Quick Setup"), Icon::QuickSetup, OwnerQuickSetup, Qt::Key_F6},
+          Row{"Advance", tr("Advance"), Icon::Advance, OwnerAdvance, Qt::Key_F7}}) {
         QAction* action = item(drive, row.name, row.text, [this, row] { Q_EMIT windowWanted(row.owner); });
         action->setIcon(icon(row.icon));
         action->setShortcut(QKeySequence(row.key));
@@ -139,7 +140,8 @@ void TMainForm::buildDiagnosticMenu() {
                            Row{"Monitor", tr("Monitor"), Icon::Monitor, OwnerMonitor},
                            Row{"PIDControl", tr("PID Control"), Icon::Pid, OwnerPid},
                            Row{"AutoTuning", tr("Auto Tuning"), Icon::AutoTuning, OwnerAutoTuning}}) {
-        QAction* action = item(diagnostic, row.name, row.text, [this, row] { Q_EMIT windowWanted(row.owner); });
+        QAction* action =
+            item(diagnostic, row.name, row.text, [this, row] { Q_EMIT windowWanted(row.owner); });
         action->setIcon(icon(row.icon));
     }
     QAction* multiStep = item(diagnostic, "MultiStep", tr("Multi Step"), {});
@@ -160,10 +162,11 @@ void TMainForm::buildLanguageItems() {
     m_languages = new QActionGroup(this);
     for (size_t i = 0; i < languageItems.size(); ++i) {
         const auto index = static_cast<quint8>(i + 1);
-        QAction* action = item(languages, languageItems[i].name, QString::fromLatin1(languageItems[i].caption),
-                               [this, index] {
+        QAction* action = item(languages, languageItems[i].name,
+                               QString::fromLatin1(languageItems[i].caption), [this, index] {
                                    m_tool.chooseLanguage(index);
-                                   // The mark follows LanguageIndex, which only the file's own section changes.
+                                   // The mark follows LanguageIndex, which only the file's own section
+                                   // changes.
                                    checkLanguageItem(m_tool.bench.language.LanguageIndex);
                                });
         action->setCheckable(true);
@@ -200,8 +203,8 @@ void TMainForm::buildHelpMenu() {
 
 // ---- Centre ----
 
-TransparentButton* TMainForm::button(const char* name, int iconNumber, const QString& text, const QString& hint,
-                                     const std::function<void()>& clicked) {
+TransparentButton* TMainForm::button(const char* name, int iconNumber, const QString& text,
+                                     const QString& hint, const std::function<void()>& clicked) {
     auto* made = new TransparentButton(icon(static_cast<Icon>(iconNumber)), text);
     made->setObjectName(QString::fromLatin1(name));
     made->setToolTip(hint);
@@ -222,17 +225,18 @@ QWidget* TMainForm::buildButtons() {
     };
     const auto opens = [this](quint8 owner) { return [this, owner] { Q_EMIT windowWanted(owner); }; };
     const Row rows[] = {
-        {"ComSetupTransparentButton", Icon::ComSetup, tr("Com Setup"), tr("Set up the COM port and the protocol"),
-         [this] { Q_EMIT comSetupWanted(); }},
+        {"ComSetupTransparentButton", Icon::ComSetup, tr("Com Setup"),
+         tr("Set up the COM port and the protocol"), [this] { Q_EMIT comSetupWanted(); }},
         {"ParameterTransparentButton", Icon::Parameter, tr("Parameter"),
          tr("Read, compare, save and write the parameters"), opens(OwnerParameter)},
         {"QuickSetupTransparentButton", Icon::QuickSetup, tr("Quick Setup"),
          tr("Set the most important parameters in four steps"), opens(OwnerQuickSetup)},
-        {"AdvanceTransparentButton", Icon::Advance, tr("Advance"), tr("Send Modbus commands and watch registers"),
-         opens(OwnerAdvance)},
+        {"AdvanceTransparentButton", Icon::Advance, tr("Advance"),
+         tr("Send Modbus commands and watch registers"), opens(OwnerAdvance)},
         {"KeypadTransparentButton", Icon::Keypad, tr("Keypad"), tr("Operate the drive from the screen"),
          opens(OwnerKeypad)},
-        {"TrendTransparentButton", Icon::Trend, tr("Trend"), tr("Record drive values over time"), opens(OwnerTrend)},
+        {"TrendTransparentButton", Icon::Trend, tr("Trend"), tr("Record drive values over time"),
+         opens(OwnerTrend)},
         {"MonitorTransparentButton", Icon::Monitor, tr("Monitor"), tr("Watch drive values on meters"),
          opens(OwnerMonitor)},
         {"OpenTransparentButton", Icon::Open, tr("Open"), tr("Open a project file"),
@@ -242,7 +246,8 @@ QWidget* TMainForm::buildButtons() {
         {"ExitTransparentButton", Icon::Exit, tr("Exit"), tr("Close the program"), [this] { close(); }},
     };
     for (const Row& entry : rows)
-        row->addWidget(button(entry.name, static_cast<int>(entry.icon), entry.text, entry.hint, entry.clicked));
+        row->addWidget(
+            button(entry.name, static_cast<int>(entry.icon), entry.text, entry.hint, entry.clicked));
     auto* saveLanguage = button("LangTransparentButton", static_cast<int>(Icon::Language), tr("Save Lang"),
                                 tr("Save the captions on the screen to a language file"), [] {});
     saveLanguage->setVisible(false);
@@ -267,13 +272,12 @@ QWidget* TMainForm::buildIdentity() {
         VrLabel** place;
     };
     int line = 0;
-    for (const Row& row : {Row{"DispDriveVrLabel", "DriveVrLabel", tr("Drive:"), &m_identity.drive},
-                           Row{"DispVersionVrLabel", "VersionVrLabel", tr("Version:"), &m_identity.version},
-                           Row{"DispHPVrLabel", "HPVrLabel", tr("kW ( Hp ):"), &m_identity.hp},
-                           Row{"DispRatedVoltageVrLabel", "RatedVoltageVrLabel", tr("Rated Voltage:"),
-                               &m_identity.voltage},
-                           Row{"DispRatedCurrentVrLabel", "RatedCurrentVrLabel", tr("Rated Current:"),
-                               &m_identity.current}}) {
+    for (const Row& row :
+         {Row{"DispDriveVrLabel", "DriveVrLabel", tr("Drive:"), &m_identity.drive},
+          Row{"DispVersionVrLabel", "VersionVrLabel", tr("Version:"), &m_identity.version},
+          Row{"DispHPVrLabel", "HPVrLabel", tr("kW ( Hp ):"), &m_identity.hp},
+          Row{"DispRatedVoltageVrLabel", "RatedVoltageVrLabel", tr("Rated Voltage:"), &m_identity.voltage},
+          Row{"DispRatedCurrentVrLabel", "RatedCurrentVrLabel", tr("Rated Current:"), &m_identity.current}}) {
         auto* caption = new QLabel(row.text);
         caption->setObjectName(QString::fromLatin1(row.caption));
         caption->setTextFormat(Qt::PlainText);
@@ -389,7 +393,8 @@ void TMainForm::showPractice() {
     for (QAction* action : m_practice->actions())
         action->setChecked(practice && action->data().toInt() == static_cast<int>(family));
     m_practicePanel->setVisible(practice);
-    m_practicePanel->setText(practice ? tr("Practice drive: %1").arg(QLatin1String(familyName(family))) : QString());
+    m_practicePanel->setText(practice ? tr("Practice drive: %1").arg(QLatin1String(familyName(family)))
+                                      : QString());
 }
 
 void TMainForm::showPicture(quint8 DriveFamily) {
@@ -426,7 +431,8 @@ void TMainForm::ComStatusAbLEDDblClick() {
         Q_EMIT comSetupWanted();
         return;
     }
-    if (m_tool.bench.person.yes(m_tool.link.lang().MsgStr(5), QStringLiteral("Cofirm"))) m_tool.link.Initial();
+    if (m_tool.bench.person.yes(m_tool.link.lang().MsgStr(5), QStringLiteral("Cofirm")))
+        m_tool.link.Initial();
 }
 
 void TMainForm::closeEvent(QCloseEvent* event) {

@@ -50,13 +50,13 @@ constexpr const char* IdentityKeys[] = {
     "Drive    = ", "Version  = ", "kW(Hp)   = ", "Rated_V  = ", "Rated_A  = "};
 
 class Writer {
-public:
+   public:
     void line(const QString& text = {}) { m_bytes += to8Bit(text) + "\r\n"; }
     void line(const char* key, const QString& value = {}) { line(QLatin1String(key) % value); }
     void line(const char* key, int value) { line(key, QString::number(value)); }
     const QByteArray& bytes() const { return m_bytes; }
 
-private:
+   private:
     QByteArray m_bytes;
 };
 

@@ -1,5 +1,5 @@
-// The person at the machine for real: boxes, file dialogs, the link failure form and the value editor, each run
-// to its answer. The one place of the tool that waits in a loop of its own.
+// The person at the machine for real: boxes, file dialogs, the link failure form and the value editor, each
+// run to its answer. The one place of the tool that waits in a loop of its own.
 #pragma once
 
 #include <QFileDialog>

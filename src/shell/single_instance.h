@@ -1,4 +1,5 @@
-// One instance of the tool a user: the second start tells the first to come forward and ends without a window.
+// One instance of the tool a user: the second start tells the first to come forward and ends without a
+// window.
 #pragma once
 
 #include <QLocalServer>

@@ -74,7 +74,8 @@ int runTool(QApplication& app) {
         looks.keepWindow(mainForm);
         looks.keepWindow(windows.parameterForm);
         looks.setText(QStringLiteral("lastFolder"), person.lastFolder);
-        // Not quit(), which asks every window and takes no for an answer; this also ends a question left open.
+        // Not quit(), which asks every window and takes no for an answer; this also ends a question left
+        // open.
         QCoreApplication::exit();
     });
     QObject::connect(&instance, &SingleInstance::raiseWanted, [&] { comeForward(mainForm); });

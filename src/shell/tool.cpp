@@ -21,12 +21,15 @@ Tool::Tool(const ToolBench& toolBench)
       link({bench.clock, bench.wallClock, bench.person, linkPort, bench.language.table}, BrandVariantOfBuild),
       comSetup(link, setupPort, bench.clock),
       identification(link, groupNames, bench.language.table),
-      presence(linkPort, [this](int number) { return ports.isPresent(number); },
-               [this](const QString& text) { link.ShowHistoryMsg(text); }),
+      presence(
+          linkPort, [this](int number) { return ports.isPresent(number); },
+          [this](const QString& text) { link.ShowHistoryMsg(text); }),
       watcher(presence),
       rules(link),
       parameters(link, bench.clock, groupNames) {
-    parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) { return setComSetupForKeypad(choice); };
+    parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
+        return setComSetupForKeypad(choice);
+    };
     linkPort.onLost = [this](const QString& reason) { watcher.portLost(reason); };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
     loadDefaultProject();
@@ -170,8 +173,8 @@ void Tool::choosePracticeFamily(Family family) {
 // ---- Language ----
 
 bool Tool::chooseLanguage(quint8 index) {
-    const bool loaded = kelvane::chooseLanguage(bench.language, index,
-                                                bench.folder.findData(QStringLiteral("Language file")), bench.person);
+    const bool loaded = kelvane::chooseLanguage(
+        bench.language, index, bench.folder.findData(QStringLiteral("Language file")), bench.person);
     if (!loaded) return false;
     identification.refreshItemNames();
     Q_EMIT languageChanged();

@@ -1,6 +1,6 @@
-// Everything of the tool that runs without a window: ports, link, com setup, identification, presence, language
-// and project. One instance lives for the whole run; windows show its engines. Tests build it on a hand-driven
-// clock with practice ports.
+// Everything of the tool that runs without a window: ports, link, com setup, identification, presence,
+// language and project. One instance lives for the whole run; windows show its engines. Tests build it on a
+// hand-driven clock with practice ports.
 #pragma once
 
 #include <QObject>
@@ -50,8 +50,8 @@ class Tool : public QObject {
     WindowRules rules;
     ParameterSession parameters;
 
-    // Values of default.prj that belong to windows; a window takes its section when it is built and puts it back
-    // before a save.
+    // Values of default.prj that belong to windows; a window takes its section when it is built and puts it
+    // back before a save.
     DefaultProject defaults;
     NamedProject named;
     QString statusPanel0;  // last file action
@@ -74,8 +74,8 @@ class Tool : public QObject {
 
    Q_SIGNALS:
     void panel0Changed();
-    void projectOpened();     // named was read: windows take their sections
-    void projectWanted();     // windows put their values into defaults and named
+    void projectOpened();  // named was read: windows take their sections
+    void projectWanted();  // windows put their values into defaults and named
     void languageChanged();
     void practiceChanged();
 

@@ -23,7 +23,8 @@ void UiState::restoreWindow(QWidget& window) {
 void UiState::keepWindow(const QWidget& window) {
     m_settings.setValue(key(window, "geometry"), window.saveGeometry());
     for (const QSplitter* splitter : window.findChildren<QSplitter*>())
-        if (!splitter->objectName().isEmpty()) m_settings.setValue(key(*splitter, "state"), splitter->saveState());
+        if (!splitter->objectName().isEmpty())
+            m_settings.setValue(key(*splitter, "state"), splitter->saveState());
 }
 
 }  // namespace kelvane

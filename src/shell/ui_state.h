@@ -1,5 +1,5 @@
-// Looks that a person expects to last: window places, splitters, recent files, the last folder. They live in one
-// ui-state.ini in the program's folder; deleting it changes nothing else.
+// Looks that a person expects to last: window places, splitters, recent files, the last folder. They live in
+// one ui-state.ini in the program's folder; deleting it changes nothing else.
 #pragma once
 
 #include <QSettings>

@@ -44,14 +44,16 @@ constexpr std::array<WindowRule, 8> rules{{
 std::span<const WindowRule> windowRules() { return rules; }
 
 const WindowRule* windowRule(quint8 ActiveFunction) {
-    const auto* found = std::find_if(rules.begin(), rules.end(),
-                                     [=](const WindowRule& rule) { return rule.ActiveFunction == ActiveFunction; });
+    const auto* found = std::find_if(rules.begin(), rules.end(), [=](const WindowRule& rule) {
+        return rule.ActiveFunction == ActiveFunction;
+    });
     return found == rules.end() ? nullptr : found;
 }
 
 bool WindowRules::refusedOffLine(const WindowRule& rule) {
     if (!rule.needsOnLine || m_link.Lamp.onLine()) return false;
-    m_link.operatorAsked().tell(m_link.lang().MsgStr(rule.offLineMessage), QString::fromLatin1(rule.offLineTitle));
+    m_link.operatorAsked().tell(m_link.lang().MsgStr(rule.offLineMessage),
+                                QString::fromLatin1(rule.offLineTitle));
     // Kept: Quick Setup has run its prelude by now and ends with its tail; the keypad brings its user back.
     if (rule.prelude) m_link.tail();
     if (rule.ActiveFunction == OwnerKeypad) Q_EMIT focusWanted(m_link.ActiveFunction);

@@ -1,5 +1,5 @@
-// The rules by which windows open and take the link, as one table: what a window needs, what is stopped before
-// it, and what goes on after it. The shell asks before it shows a window and tells when it has closed.
+// The rules by which windows open and take the link, as one table: what a window needs, what is stopped
+// before it, and what goes on after it. The shell asks before it shows a window and tells when it has closed.
 #pragma once
 
 #include <QObject>
@@ -16,12 +16,12 @@ struct WindowRule {
     bool needsOnLine = false;
     int offLineMessage = 0;  // message number of the box when it is not
     const char* offLineTitle = "Cofirm";
-    bool prelude = false;        // stop the link and empty the queues
-    bool stopsKeypad = false;    // the keypad's timer off
+    bool prelude = false;      // stop the link and empty the queues
+    bool stopsKeypad = false;  // the keypad's timer off
     bool closesKeypad = false;
-    bool marksRead = false;      // ReadDone 1
-    bool marksWritten = false;   // WriteDone 1
-    bool tail = false;           // restart the poll afterwards, also when it was refused (with prelude)
+    bool marksRead = false;     // ReadDone 1
+    bool marksWritten = false;  // WriteDone 1
+    bool tail = false;          // restart the poll afterwards, also when it was refused (with prelude)
 };
 
 std::span<const WindowRule> windowRules();

@@ -13,8 +13,8 @@ Windows::Windows(Tool& toolShown, TMainForm& main, ShellOperator* person, KeptLo
     : tool(toolShown),
       mainForm(main),
       comSetupForm(tool.comSetup, tool.ports),
-      parameterForm(tool.parameters,
-                    {tool.bench.person, tool.bench.clock, tool.bench.wallClock, tool.bench.folder.path(), looks}),
+      parameterForm(tool.parameters, {tool.bench.person, tool.bench.clock, tool.bench.wallClock,
+                                      tool.bench.folder.path(), looks}),
       progressForm(tool.parameters.progress),
       writeCheckForm(tool.parameters),
       inputValueForm(tool.bench.person, tool.bench.language.table),
@@ -40,11 +40,13 @@ Windows::Windows(Tool& toolShown, TMainForm& main, ShellOperator* person, KeptLo
 }
 
 QList<QWidget*> Windows::all() {
-    return {&mainForm,         &comSetupForm,      &parameterForm,    &progressForm,     &writeCheckForm,
-            &inputValueForm,   &selParaSourceForm, &selCompKindForm,  &selReadKindForm,  &selFileFormatForm,
-            &messageForm,      &printForm,         &connectForm,      &ceMessageForm,    &initialForm,
-            &aboutForm,        &passwordForm,      &inputForm,        &selParaPrintForm, &selGroupLoadForm,
-            &writeCheckErrRecordForm};
+    return {&mainForm,          &comSetupForm,     &parameterForm,
+            &progressForm,      &writeCheckForm,   &inputValueForm,
+            &selParaSourceForm, &selCompKindForm,  &selReadKindForm,
+            &selFileFormatForm, &messageForm,      &printForm,
+            &connectForm,       &ceMessageForm,    &initialForm,
+            &aboutForm,         &passwordForm,     &inputForm,
+            &selParaPrintForm,  &selGroupLoadForm, &writeCheckErrRecordForm};
 }
 
 void Windows::connectMain() {
@@ -149,8 +151,8 @@ void Windows::afterComSetup() {
     tool.link.notifyChanged();
 }
 
-// At the end of the exchange that closed the wait notice: when identification failed, Initial runs behind its box,
-// and would take the link away from the window that it was given back to.
+// At the end of the exchange that closed the wait notice: when identification failed, Initial runs behind its
+// box, and would take the link away from the window that it was given back to.
 void Windows::watchInitialForm() {
     if (!m_waitingForDrive || tool.link.Notice.TInitialForm) return;
     m_waitingForDrive = false;

@@ -1,5 +1,5 @@
-// All windows of the tool, created in one order at start and living for the whole run, and the openings that need
-// more than one step: each is a named method that goes on when a window has closed.
+// All windows of the tool, created in one order at start and living for the whole run, and the openings that
+// need more than one step: each is a named method that goes on when a window has closed.
 #pragma once
 
 #include <QList>
@@ -7,18 +7,18 @@
 #include <functional>
 
 #include "base/kept_looks.h"
-#include "parameters/input_value_form.h"
-#include "parameters/parameter_form.h"
-#include "parameters/print_form.h"
-#include "parameters/progress_form.h"
-#include "parameters/sel_comp_kind_form.h"
-#include "parameters/sel_file_format_form.h"
-#include "parameters/sel_group_load_form.h"
-#include "parameters/sel_para_print_form.h"
-#include "parameters/sel_para_source_form.h"
-#include "parameters/sel_read_kind_form.h"
-#include "parameters/write_check_err_record_form.h"
-#include "parameters/write_check_form.h"
+#include "parameters/dialogs/input_value_form.h"
+#include "parameters/dialogs/progress_form.h"
+#include "parameters/dialogs/sel_comp_kind_form.h"
+#include "parameters/dialogs/sel_file_format_form.h"
+#include "parameters/dialogs/sel_group_load_form.h"
+#include "parameters/dialogs/sel_para_print_form.h"
+#include "parameters/dialogs/sel_para_source_form.h"
+#include "parameters/dialogs/sel_read_kind_form.h"
+#include "parameters/dialogs/write_check_err_record_form.h"
+#include "parameters/dialogs/write_check_form.h"
+#include "parameters/report/print_form.h"
+#include "parameters/window/parameter_form.h"
 #include "shell/about_form.h"
 #include "shell/ce_message_form.h"
 #include "shell/com_setup_form.h"

@@ -25,20 +25,13 @@ QString tooLarge() { return QStringLiteral("the workbook is too large"); }
 
 QString errorAsShown(quint8 code) {
     switch (code) {
-        case 0x00:
-            return QStringLiteral("#NULL!");
-        case 0x07:
-            return QStringLiteral("#DIV/0!");
-        case 0x0F:
-            return QStringLiteral("#VALUE!");
-        case 0x17:
-            return QStringLiteral("#REF!");
-        case 0x1D:
-            return QStringLiteral("#NAME?");
-        case 0x24:
-            return QStringLiteral("#NUM!");
-        default:
-            return QStringLiteral("#N/A");
+        case 0x00: return QStringLiteral("#NULL!");
+        case 0x07: return QStringLiteral("#DIV/0!");
+        case 0x0F: return QStringLiteral("#VALUE!");
+        case 0x17: return QStringLiteral("#REF!");
+        case 0x1D: return QStringLiteral("#NAME?");
+        case 0x24: return QStringLiteral("#NUM!");
+        default: return QStringLiteral("#N/A");
     }
 }
 
@@ -99,7 +92,7 @@ struct Globals {
 };
 
 class GlobalsReader {
-public:
+   public:
     GlobalsReader(RecordWalker& walker, Globals& globals) : m_walker(walker), m_globals(globals) {}
 
     // Empty or what is wrong.
@@ -112,33 +105,18 @@ public:
         return damagedFile(QStringLiteral("it is cut short"));
     }
 
-private:
+   private:
     void take() {
         const ByteView& head = m_walker.head();
         switch (m_walker.kind()) {
-            case biff::FilePass:
-                m_error = withPassword();
-                break;
-            case biff::Window1:
-                m_globals.front = head.u16(10);
-                break;
-            case biff::Font:
-                takeFont(head);
-                break;
-            case biff::Format:
-                takeFormat();
-                break;
-            case biff::Xf:
-                takeXf(head);
-                break;
-            case biff::BoundSheet:
-                takePlace();
-                break;
-            case biff::SharedStrings:
-                takeStrings();
-                break;
-            default:
-                break;
+            case biff::FilePass: m_error = withPassword(); break;
+            case biff::Window1: m_globals.front = head.u16(10); break;
+            case biff::Font: takeFont(head); break;
+            case biff::Format: takeFormat(); break;
+            case biff::Xf: takeXf(head); break;
+            case biff::BoundSheet: takePlace(); break;
+            case biff::SharedStrings: takeStrings(); break;
+            default: break;
         }
         if (std::max(m_globals.fonts.size(), m_globals.xfs.size()) > MaxLooks) m_error = tooLarge();
     }
@@ -188,7 +166,7 @@ private:
 };
 
 class SheetReader {
-public:
+   public:
     SheetReader(RecordWalker& walker, const Globals& globals, std::size_t& cellsLeft, Sheet& sheet)
         : m_walker(walker), m_globals(globals), m_cellsLeft(cellsLeft), m_sheet(sheet) {}
 
@@ -207,52 +185,25 @@ public:
         return damagedFile(QStringLiteral("it is cut short"));
     }
 
-private:
+   private:
     void take() {
         const ByteView& head = m_walker.head();
         switch (m_walker.kind()) {
-            case biff::ColInfo:
-                takeColumns(head);
-                break;
-            case biff::Row:
-                takeRow(head);
-                break;
-            case biff::MergedCells:
-                takeMerged(head);
-                break;
-            case biff::LabelSst:
-                takeSharedText(head);
-                break;
+            case biff::ColInfo: takeColumns(head); break;
+            case biff::Row: takeRow(head); break;
+            case biff::MergedCells: takeMerged(head); break;
+            case biff::LabelSst: takeSharedText(head); break;
             case biff::Label:
-            case biff::RString:
-                takeText();
-                break;
-            case biff::Number:
-                put(head, numberAsShown(head.f64(6)));
-                break;
-            case biff::Rk:
-                put(head, numberAsShown(rkNumber(head.u32(6))));
-                break;
-            case biff::BoolErr:
-                put(head, boolOrError(head.u8(6), head.u8(7) != 0));
-                break;
-            case biff::Blank:
-                put(head, {});
-                break;
-            case biff::MulRk:
-                takeSeveral(head, 6);
-                break;
-            case biff::MulBlank:
-                takeSeveral(head, 2);
-                break;
-            case biff::Formula:
-                takeFormula(head);
-                break;
-            case biff::FormulaString:
-                takeFormulaText();
-                break;
-            default:
-                break;
+            case biff::RString: takeText(); break;
+            case biff::Number: put(head, numberAsShown(head.f64(6))); break;
+            case biff::Rk: put(head, numberAsShown(rkNumber(head.u32(6)))); break;
+            case biff::BoolErr: put(head, boolOrError(head.u8(6), head.u8(7) != 0)); break;
+            case biff::Blank: put(head, {}); break;
+            case biff::MulRk: takeSeveral(head, 6); break;
+            case biff::MulBlank: takeSeveral(head, 2); break;
+            case biff::Formula: takeFormula(head); break;
+            case biff::FormulaString: takeFormulaText(); break;
+            default: break;
         }
     }
 
@@ -300,18 +251,10 @@ private:
         m_waiting.reset();
         if (head.u16(12) != 0xFFFF) return put(head, numberAsShown(head.f64(6)));
         switch (head.u8(6)) {
-            case 0:
-                m_waiting = head;
-                break;  // its text comes in a record of its own
-            case 1:
-                put(head, boolOrError(head.u8(8), false));
-                break;
-            case 2:
-                put(head, boolOrError(head.u8(8), true));
-                break;
-            default:
-                put(head, {});
-                break;
+            case 0: m_waiting = head; break;  // its text comes in a record of its own
+            case 1: put(head, boolOrError(head.u8(8), false)); break;
+            case 2: put(head, boolOrError(head.u8(8), true)); break;
+            default: put(head, {}); break;
         }
     }
 

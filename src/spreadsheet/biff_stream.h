@@ -12,7 +12,7 @@ namespace kelvane {
 // Reads through the pieces of a record's body. After the first read past the end good() is false and every
 // further read gives 0 or empty.
 class BodyReader {
-public:
+   public:
     explicit BodyReader(std::vector<ByteView> pieces) : m_pieces(std::move(pieces)) {}
 
     bool good() const { return m_good; }
@@ -24,7 +24,7 @@ public:
     QString shortText() { return text(u8()); }  // with a count of one byte
     QString longText() { return text(u16()); }
 
-private:
+   private:
     QString text(int characters);  // form byte, counts of runs and phonetics, characters, runs, phonetics
     bool enterPiece();             // moves over finished pieces; false at the end of the body
     std::vector<ByteView> m_pieces;
@@ -34,7 +34,7 @@ private:
 };
 
 class RecordWalker {
-public:
+   public:
     // Bounds the work over all walks of one stream, so that sheets that overlap cannot multiply it.
     struct Budget {
         std::size_t bytes;
@@ -48,7 +48,7 @@ public:
     const ByteView& head() const { return m_head; }  // the body without continuations
     BodyReader body();                               // with them; the next record is the one behind them
 
-private:
+   private:
     bool recordAt(std::size_t at, quint16& kind, ByteView& body) const;
     ByteView m_stream;
     std::size_t m_next;

@@ -37,7 +37,7 @@ void appendBof(QByteArray& out, quint16 substream) {
 
 // Fonts and cell formats in the order of their numbers in the file.
 class Formats {
-public:
+   public:
     quint16 xfOf(const CellFormat& format) {
         if (format == CellFormat{}) return DefaultCellXf;
         const auto known = std::find(m_formats.begin(), m_formats.end(), format);
@@ -61,7 +61,7 @@ public:
         appendRecord(out, biff::Style, QByteArray::fromHex("008000FF"));  // cell style "Normal"
     }
 
-private:
+   private:
     struct LookOfFont {
         bool bold = false;
         int colour = 0;
@@ -113,7 +113,7 @@ private:
 };
 
 class SheetWriter {
-public:
+   public:
     SheetWriter(const Sheet& sheet, Formats& formats, SharedStrings& strings)
         : m_sheet(sheet), m_formats(formats), m_strings(strings) {}
 
@@ -131,7 +131,7 @@ public:
         return m_out;
     }
 
-private:
+   private:
     void appendColumns() {
         for (const auto& [number, column] : m_sheet.columns) {
             // Without a width of its own a hidden column keeps the standard one for the day it is shown.

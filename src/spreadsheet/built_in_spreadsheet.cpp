@@ -7,7 +7,7 @@ namespace kelvane {
 namespace {
 
 class BuiltInSpreadsheet : public SpreadsheetApplication {
-public:
+   public:
     FileResult addWorkbook(const QString& path) override {
         quit();
         m_path = path;
@@ -112,7 +112,7 @@ public:
 
     QString error() const override { return m_error; }
 
-private:
+   private:
     FileResult saved() const {
         if (!m_error.isEmpty()) return {false, m_error};
         if (!m_mayBeSaved) return {false, QStringLiteral("no workbook was made that could be saved")};

@@ -33,7 +33,7 @@ struct DirectoryEntry {
 };
 
 class CompoundReader {
-public:
+   public:
     explicit CompoundReader(const QByteArray& file) : m_file(file) {}
 
     StreamResult read(const QStringList& wanted) {
@@ -44,7 +44,7 @@ public:
         return {false, QStringLiteral("there is no workbook in the file"), {}, {}};
     }
 
-private:
+   private:
     std::size_t sectorSize() const { return std::size_t(1) << m_sectorShift; }
     // Version 4 keeps its header in a sector of its own, so sector n always begins at (n + 1) sectors.
     std::size_t sectorAt(quint32 sector) const { return (std::size_t(sector) + 1) << m_sectorShift; }

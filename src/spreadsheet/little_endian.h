@@ -22,7 +22,7 @@ inline void overwriteU32(QByteArray& out, qsizetype at, quint32 value) {
 }
 
 class ByteView {
-public:
+   public:
     ByteView() = default;
     ByteView(const QByteArray& bytes)
         : m_data(bytes.constData()), m_size(static_cast<std::size_t>(bytes.size())) {}
@@ -45,7 +45,7 @@ public:
         return QByteArrayView(m_data, static_cast<qsizetype>(m_size)).startsWith(bytes);
     }
 
-private:
+   private:
     ByteView(const char* data, std::size_t size) : m_data(data), m_size(size) {}
     const char* m_data = nullptr;
     std::size_t m_size = 0;

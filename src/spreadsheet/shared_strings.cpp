@@ -14,7 +14,7 @@ constexpr qsizetype TextHeaderBytes = 3;
 // Writes one long record as a record and its continuations; each length is filled in when the next one
 // begins.
 class ContinuedRecord {
-public:
+   public:
     ContinuedRecord(QByteArray& out, quint16 kind) : m_out(out) { begin(kind); }
     ~ContinuedRecord() { end(); }
     ContinuedRecord(const ContinuedRecord&) = delete;
@@ -27,7 +27,7 @@ public:
         begin(biff::Continue);
     }
 
-private:
+   private:
     qsizetype used() const { return m_out.size() - m_begin - 4; }
     void begin(quint16 kind) {
         m_begin = m_out.size();

@@ -14,12 +14,12 @@ bool fitsEightBit(const QString& text);
 void appendCharacters(QByteArray& out, QStringView text, bool eightBit);
 
 class SharedStrings {
-public:
+   public:
     quint32 indexOf(const QString& text);  // counts the use and adds the text if it is new
     // Appends the records; positions are those in `out`, which is the workbook stream from its first byte.
     void append(QByteArray& out) const;
 
-private:
+   private:
     QHash<QString, quint32> m_index;
     std::vector<QString> m_texts;
     quint32 m_uses = 0;

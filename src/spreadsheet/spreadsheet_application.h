@@ -17,7 +17,7 @@ namespace kelvane {
 // that cannot be done (no workbook, place outside the sheet, unknown colour, text too long) changes nothing
 // and is remembered: error() tells the first one and close(true) then writes nothing and tells it too.
 class SpreadsheetApplication {
-public:
+   public:
     virtual ~SpreadsheetApplication() = default;
 
     // A new workbook with one empty sheet, selected, which close(true) saves at this path; the name is taken

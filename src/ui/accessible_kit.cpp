@@ -15,7 +15,7 @@ QString named(const QWidget& widget, const QString& caption) {
 }
 
 class ButtonSpeech : public QAccessibleWidget {
-public:
+   public:
     ButtonSpeech(QAbstractButton* button, QAccessible::Role role) : QAccessibleWidget(button, role) {}
 
     QString text(QAccessible::Text kind) const override {
@@ -39,7 +39,7 @@ public:
         QAccessibleWidget::doAction(action);
     }
 
-private:
+   private:
     QAbstractButton* button() const { return qobject_cast<QAbstractButton*>(object()); }
     QString stateInWords() const {
         const auto* lamp = qobject_cast<const AbLED*>(object());
@@ -49,7 +49,7 @@ private:
 };
 
 class BarSpeech : public QAccessibleWidget {
-public:
+   public:
     explicit BarSpeech(VrIndicator* bar) : QAccessibleWidget(bar, QAccessible::ProgressBar) {}
 
     QString text(QAccessible::Text kind) const override {

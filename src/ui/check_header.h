@@ -10,20 +10,20 @@ class StringGridView;
 
 class CheckHeader : public QHeaderView {
     Q_OBJECT
-public:
+   public:
     explicit CheckHeader(StringGridView* view);
 
-Q_SIGNALS:
+   Q_SIGNALS:
     void boxClicked();
 
-protected:
+   protected:
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;
     void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
-private:
+   private:
     bool onBox(const QPoint& pos) const;
     void askBox(const QMouseEvent& event);
     const StringGridView* m_view;

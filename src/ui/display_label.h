@@ -12,7 +12,7 @@ class VrLabel : public QLabel {
     Q_PROPERTY(QColor color READ color WRITE setColor)
     Q_PROPERTY(QColor backgroundColor READ backgroundColor WRITE setBackgroundColor)
     Q_PROPERTY(bool digital READ digital WRITE setDigital)
-public:
+   public:
     explicit VrLabel(QWidget* parent = nullptr);
     explicit VrLabel(const QString& text, QWidget* parent = nullptr);
 
@@ -31,10 +31,10 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-protected:
+   protected:
     void changeEvent(QEvent* event) override;
 
-private:
+   private:
     void applyColours();
     QColor m_color;
     QColor m_background;

@@ -194,13 +194,10 @@ void FindBar::showState() {
 
 void FindBar::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
-        case Qt::Key_Escape:
-            return closeBar();
+        case Qt::Key_Escape: return closeBar();
         case Qt::Key_Return:
-        case Qt::Key_Enter:
-            return step(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
-        default:
-            QWidget::keyPressEvent(event);
+        case Qt::Key_Enter: return step(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
+        default: QWidget::keyPressEvent(event);
     }
 }
 

@@ -18,7 +18,7 @@ namespace kelvane {
 
 class FindBar : public QWidget {
     Q_OBJECT
-public:
+   public:
     explicit FindBar(QWidget* parent = nullptr);  // starts hidden
 
     // The view to search, its grid already set; nullptr for none. The search follows what changes in the
@@ -39,10 +39,10 @@ public:
     int hitCount() const { return static_cast<int>(m_hits.size()); }
     int currentHit() const { return m_current; }  // from 0; -1 when there is none
 
-protected:
+   protected:
     void keyPressEvent(QKeyEvent* event) override;
 
-private:
+   private:
     void build();
     void nameControls();
     void watch(StringGridView* view);

@@ -14,7 +14,7 @@ void drawGridBox(QPainter* painter, const QRect& room, bool set, const QColor& i
 
 class GridDelegate : public QStyledItemDelegate {
     Q_OBJECT
-public:
+   public:
     explicit GridDelegate(StringGridView* view);
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -24,10 +24,10 @@ public:
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
 
-protected:
+   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
-private:
+   private:
     const StringGridView* m_view;
 };
 

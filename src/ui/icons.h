@@ -39,7 +39,7 @@ QPixmap logoPicture(QSize size = {420, 140}, qreal devicePixelRatio = 1);
 // A picture that keeps its proportions in whatever room it has, sharp at every scale.
 class PictureBox : public QWidget {
     Q_OBJECT
-public:
+   public:
     explicit PictureBox(QWidget* parent = nullptr);
     void showFamily(quint8 DriveFamily);  // nothing for a number that is no family
     void showLogo();
@@ -47,10 +47,10 @@ public:
     bool isEmpty() const { return m_kind == Kind::Nothing; }
     QSize sizeHint() const override;
 
-protected:
+   protected:
     void paintEvent(QPaintEvent* event) override;
 
-private:
+   private:
     enum class Kind { Nothing, Family, Logo };
     Kind m_kind = Kind::Nothing;
     quint8 m_family = 0;

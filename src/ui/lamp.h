@@ -18,7 +18,7 @@ class AbLED : public QAbstractButton {
     Q_PROPERTY(bool flashing READ flashing WRITE setFlashing NOTIFY flashingChanged)
     Q_PROPERTY(QColor color READ color WRITE setColor)
     Q_PROPERTY(bool clickable READ clickable WRITE setClickable)
-public:
+   public:
     explicit AbLED(QWidget* parent = nullptr);
     explicit AbLED(const QString& text, QWidget* parent = nullptr);
 
@@ -39,17 +39,17 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-Q_SIGNALS:
+   Q_SIGNALS:
     void flashingChanged(bool flashing);
     void doubleClicked();
 
-protected:
+   protected:
     void paintEvent(QPaintEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     bool hitButton(const QPoint& pos) const override;
     void nextCheckState() override;
 
-private:
+   private:
     QRectF discRect() const;
     QColor m_color{0, 160, 0};
     bool m_flashing = false;
@@ -61,11 +61,11 @@ private:
 // flashes.
 class LampFlasher : public QObject {
     Q_OBJECT
-public:
+   public:
     explicit LampFlasher(TickClock& clock, QObject* parent = nullptr);
     void watch(AbLED* lamp);
 
-private:
+   private:
     void tick();
     void follow();
     TickTimer m_timer;

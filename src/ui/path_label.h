@@ -13,7 +13,7 @@ QString calLabelString(const QString& path, int width, const std::function<int(c
 class PathLabel : public QLabel {
     Q_OBJECT
     Q_PROPERTY(QString path READ path WRITE setPath)
-public:
+   public:
     explicit PathLabel(QWidget* parent = nullptr);
 
     QString path() const { return m_path; }
@@ -22,11 +22,11 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-protected:
+   protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
-private:
+   private:
     void fit();
     QString m_path;
 };

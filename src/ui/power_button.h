@@ -11,7 +11,7 @@ class VrPowerButton : public QAbstractButton {
     Q_OBJECT
     Q_PROPERTY(QString text READ text WRITE setText)
     Q_PROPERTY(QColor color READ color WRITE setColor)
-public:
+   public:
     explicit VrPowerButton(QWidget* parent = nullptr);
     explicit VrPowerButton(const QString& text, QWidget* parent = nullptr);
 
@@ -22,11 +22,11 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-protected:
+   protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
-private:
+   private:
     QColor m_color{0, 140, 60};
 };
 

@@ -10,7 +10,7 @@ class VrIndicator : public QWidget {
     Q_OBJECT
     Q_PROPERTY(int position READ position WRITE setPosition NOTIFY positionChanged)
     Q_PROPERTY(int maximum READ maximum WRITE setMaximum)
-public:
+   public:
     explicit VrIndicator(QWidget* parent = nullptr);
 
     int position() const { return m_position; }
@@ -21,16 +21,16 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-Q_SIGNALS:
+   Q_SIGNALS:
     void positionChanged(int position);
 
-protected:
+   protected:
     void paintEvent(QPaintEvent* event) override;
     // Strength of cell n of Cells, 0 dark to 1 fully lit; the position is given as a share of the maximum.
     virtual double strength(int cell, double share) const;
     static constexpr int Cells = 10;
 
-private:
+   private:
     double strengthAt(int cell, int position) const;
     QRectF cellRoom(int cell) const;
 
@@ -41,10 +41,10 @@ private:
 // One bright cell with a fading tail; the maximum is 10 and it starts parked.
 class VrScanner : public VrIndicator {
     Q_OBJECT
-public:
+   public:
     explicit VrScanner(QWidget* parent = nullptr);
 
-protected:
+   protected:
     double strength(int cell, double share) const override;
 };
 

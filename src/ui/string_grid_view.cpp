@@ -195,8 +195,7 @@ bool StringGridView::actsOnCurrentCell(const QKeyEvent& event) {
             if (!m_keysAct || event.isAutoRepeat()) return true;
             event.modifiers().testFlag(Qt::ControlModifier) ? askHeaderBox() : askBoxesOfSelection();
             return true;
-        default:
-            return false;
+        default: return false;
     }
 }
 

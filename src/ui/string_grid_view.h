@@ -21,7 +21,7 @@ struct GridCell {
 
 class StringGridView : public QTableView {
     Q_OBJECT
-public:
+   public:
     explicit StringGridView(QWidget* parent = nullptr);
 
     // The grid to show; not owned. Hidden columns and rows follow it from then on.
@@ -61,7 +61,7 @@ public:
     bool isRightAligned(int column) const { return m_rightAligned.contains(column); }
     int editedMarkColumn() const { return m_editedMarkColumn; }
 
-Q_SIGNALS:
+   Q_SIGNALS:
     // Double click, Enter or F2 on a cell; double click on a header section without a check box (row 0).
     void dblClickCell(int column, int row);
     // The person wants a check box set so; row 0 is the header's. Space asks for every selected row.
@@ -70,7 +70,7 @@ Q_SIGNALS:
     // Context menu wanted at a global place; row -1 where there is no cell.
     void cellMenuRequested(int column, int row, const QPoint& globalPos);
 
-protected:
+   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -80,7 +80,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
-private:
+   private:
     bool actsOnCurrentCell(const QKeyEvent& event);
     void askBoxesOfSelection();
     void askHeaderBox();

@@ -5,7 +5,8 @@
 namespace kelvane {
 
 QIcon ToolStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
-    const bool more = which == SP_ToolBarHorizontalExtensionButton || which == SP_ToolBarVerticalExtensionButton;
+    const bool more =
+        which == SP_ToolBarHorizontalExtensionButton || which == SP_ToolBarVerticalExtensionButton;
     return more ? icon(Icon::More) : QProxyStyle::standardIcon(which, option, widget);
 }
 

@@ -1,6 +1,6 @@
 // The style of the platform, with our own drawing for the mark of a bar that is too narrow for its entries.
-// Every menu bar asks for it when it is made, and the style's own is a picture for which all image plugins are
-// loaded.
+// Every menu bar asks for it when it is made, and the style's own is a picture for which all image plugins
+// are loaded.
 #pragma once
 
 #include <QProxyStyle>
@@ -10,7 +10,8 @@ namespace kelvane {
 class ToolStyle final : public QProxyStyle {
     Q_OBJECT
    public:
-    QIcon standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const override;
+    QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
+                       const QWidget* widget) const override;
 };
 
 }  // namespace kelvane

@@ -11,7 +11,7 @@ class TransparentButton : public QToolButton {
     Q_PROPERTY(QString text READ text WRITE setText)
     Q_PROPERTY(QString hint READ toolTip WRITE setToolTip)
     Q_PROPERTY(int tag READ tag WRITE setTag)
-public:
+   public:
     enum class Layout { IconOver, IconLeft };
 
     explicit TransparentButton(QWidget* parent = nullptr);
@@ -26,11 +26,11 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-protected:
+   protected:
     void initStyleOption(QStyleOptionToolButton* option) const override;
     void keyPressEvent(QKeyEvent* event) override;  // Enter presses it, like Space
 
-private:
+   private:
     int m_tag = 0;
 };
 

@@ -22,10 +22,10 @@ struct SchedulerBench {
     QStringList history;
     int cycles = 0;
 
-    explicit SchedulerBench(int BrandVariant = 0)
-        : link({clock, wall, person, port, lang}, BrandVariant) {
-        QObject::connect(&link, &RequestScheduler::historyLine,
-                         [this](const QString& line) { history += line.mid(line.indexOf(QLatin1String(" > ")) + 3); });
+    explicit SchedulerBench(int BrandVariant = 0) : link({clock, wall, person, port, lang}, BrandVariant) {
+        QObject::connect(&link, &RequestScheduler::historyLine, [this](const QString& line) {
+            history += line.mid(line.indexOf(QLatin1String(" > ")) + 3);
+        });
         QObject::connect(&link, &RequestScheduler::cycleEnded, [this] { ++cycles; });
     }
 

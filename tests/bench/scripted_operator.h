@@ -1,5 +1,5 @@
-// An operator who answers from a script: a queue of expected questions with their answers, and something to do
-// while the box is open. A question that is not expected fails the test, and so does one that never came.
+// An operator who answers from a script: a queue of expected questions with their answers, and something to
+// do while the box is open. A question that is not expected fails the test, and so does one that never came.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -15,13 +15,15 @@ class ScriptedOperator final : public Operator {
    public:
     ~ScriptedOperator() override {
         for (const Step& step : m_steps)
-            ADD_FAILURE() << "never asked: " << step.text.toStdString() << " [" << step.title.toStdString() << "]";
+            ADD_FAILURE() << "never asked: " << step.text.toStdString() << " [" << step.title.toStdString()
+                          << "]";
     }
 
     // Expects a box (or, by kind, another question) and gives the answer.
     void expectBox(const QString& text, const QString& title, BoxAnswer answer = BoxAnswer::Ok,
                    std::function<void()> meanwhile = {}) {
-        m_steps.push_back({Kind::Box, text, title, answer, LinkAnswer::Abort, {}, false, std::move(meanwhile), {}});
+        m_steps.push_back(
+            {Kind::Box, text, title, answer, LinkAnswer::Abort, {}, false, std::move(meanwhile), {}});
     }
     void expectLinkFailure(const QString& text, bool ignoreShown, LinkAnswer answer,
                            std::function<void()> meanwhile = {}) {
@@ -29,14 +31,16 @@ class ScriptedOperator final : public Operator {
             {Kind::LinkFailure, text, {}, BoxAnswer::Ok, answer, {}, ignoreShown, std::move(meanwhile), {}});
     }
     void expectOpen(const QString& filter, std::optional<QString> path) {
-        m_steps.push_back({Kind::Open, filter, {}, BoxAnswer::Ok, LinkAnswer::Abort, std::move(path), false, {}, {}});
+        m_steps.push_back(
+            {Kind::Open, filter, {}, BoxAnswer::Ok, LinkAnswer::Abort, std::move(path), false, {}, {}});
     }
     void expectSave(const QString& filter, const QString& suffix, std::optional<QString> path) {
         m_steps.push_back(
             {Kind::Save, filter, suffix, BoxAnswer::Ok, LinkAnswer::Abort, std::move(path), false, {}, {}});
     }
     void expectEdit(std::function<void(ValueEdit&)> edit) {
-        m_steps.push_back({Kind::Edit, {}, {}, BoxAnswer::Ok, LinkAnswer::Abort, {}, false, {}, std::move(edit)});
+        m_steps.push_back(
+            {Kind::Edit, {}, {}, BoxAnswer::Ok, LinkAnswer::Abort, {}, false, {}, std::move(edit)});
     }
     bool allAsked() const { return m_steps.empty(); }
     // Icon and buttons of the last box.

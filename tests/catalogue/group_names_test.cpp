@@ -42,7 +42,8 @@ TEST(GroupName, NeverReachesOutside) {
 
 TEST(FixedParaName, NeverReadsOutside) {
     EXPECT_EQ(fixedParaName(9, 4), QStringLiteral("Comm Protocol"));
-    for (const auto& [G, N] : {std::pair{9, 5}, {12, 0}, {255, 255}, {0, 600}, {-1, 60}, {1, -1}, {1 << 30, 1 << 30}})
+    for (const auto& [G, N] :
+         {std::pair{9, 5}, {12, 0}, {255, 255}, {0, 600}, {-1, 60}, {1, -1}, {1 << 30, 1 << 30}})
         EXPECT_EQ(fixedParaName(G, N), QString()) << G << "," << N;
 }
 

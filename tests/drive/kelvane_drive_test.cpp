@@ -17,9 +17,9 @@ namespace {
 
 TEST(DriveArguments, AreReadOrRefusedInWords) {
     const auto read = [](const QString& line) { return readArguments(line.split(QLatin1Char(' '))); };
-    const auto good =
-        read(QStringLiteral("kelvane-drive --family Tilia --mode rtu --baud 19200 --parity e --stop 1 "
-                            "--bytes usb --turnaround 2.5 --lose 1 --fail late:7 --seed 9 --address 17 --until-eof"));
+    const auto good = read(QStringLiteral(
+        "kelvane-drive --family Tilia --mode rtu --baud 19200 --parity e --stop 1 "
+        "--bytes usb --turnaround 2.5 --lose 1 --fail late:7 --seed 9 --address 17 --until-eof"));
     EXPECT_EQ(good.error, QString());
     EXPECT_EQ(good.family, Family::Tilia);
     EXPECT_EQ(good.line.mode, LineMode::Rtu);

@@ -133,6 +133,8 @@ TEST_P(LineFaults, FailAsPlannedAndOnlyThen) {
         {LineFault::Exception, host.good("FF8604")},
         {LineFault::WrongFunction, host.good("FF8104")},
         {LineFault::Echo, host.good(Command)},
+        {LineFault::Doubled, QByteArray(good).append(good)},
+        {LineFault::InPieces, good},
     };
     for (const auto& [fault, reply] : cases) {
         faults.failAt(2, fault);
@@ -140,9 +142,21 @@ TEST_P(LineFaults, FailAsPlannedAndOnlyThen) {
         EXPECT_EQ(host.ask(Command), reply) << int(fault);
         EXPECT_EQ(host.ask(Command), good);
     }
+    const auto sinceWriteUs = [&](const auto& burst) { return burst.first - host.station.port.writes().back().atUs; };
     faults.failNext(LineFault::Late);
     host.ask(Command);
-    EXPECT_GT(host.bursts.front().first - host.station.port.writes().back().atUs, 400000);
+    EXPECT_GT(sinceWriteUs(host.bursts.front()), 400000);
+    faults.failNext(LineFault::InPieces);
+    host.ask(Command);
+    EXPECT_LT(sinceWriteUs(host.bursts.front()), 50000);
+    EXPECT_GT(sinceWriteUs(host.bursts.back()), 200000);
+    // What a late drive still owes goes out before anything else.
+    QByteArray both = host.ask("FF0321010001");
+    both += good;
+    faults.failNext(LineFault::Late);
+    host.send("FF0321010001");
+    host.clock.advance(100);
+    EXPECT_EQ(host.ask(Command), both);
 }
 
 TEST(Line, FaultsTakeEffectInTheDriveOrNot) {
@@ -194,6 +208,20 @@ TEST(PracticePort, NeverCallsBackFromInsideACallNorIntoItsOwnHandler) {
     host.clock.advance(2000);
     EXPECT_EQ(taken, host.good(Refused));
     EXPECT_EQ(calls, 2);
+}
+
+TEST(PracticePort, HoldsBackWhenItCanUntilItIsToldToGoOn) {
+    for (const LineMode mode : {LineMode::Ascii, LineMode::Rtu}) {
+        Host host(lineOf(mode));
+        EXPECT_FALSE(host.station.port.holdBack(true));
+        host.station.port.setCanHoldBack(true);
+        EXPECT_TRUE(host.station.port.holdBack(true));
+        EXPECT_EQ(host.ask(Command), QByteArray());
+        host.station.port.holdBack(false);
+        host.clock.advance(0);
+        ASSERT_EQ(host.bursts.size(), 1u);
+        EXPECT_EQ(host.bursts.front().second, host.good(Refused));
+    }
 }
 
 TEST(PracticePort, ClosesWithoutLeftovers) {

@@ -1,6 +1,6 @@
-// Every line that a technician may have, on a hand-driven clock: whatever the baud rate, the adapter and the drive's
-// pace, a drive that answers is never declared silent and its replies are never cut. And the sessions of both modes,
-// word for word, as they stand on the wire.
+// Every line that a technician may have, on a hand-driven clock: whatever the baud rate, the adapter and the
+// drive's pace, a drive that answers is never declared silent and its replies are never cut. And the sessions
+// of both modes, word for word, as they stand on the wire.
 #include <gtest/gtest.h>
 
 #include "base/manual_tick_clock.h"
@@ -21,7 +21,8 @@ struct LineSession {
     LineSession(const drive::LineOptions& options, int Baud)
         : station(clock, drive::familyData(Family::Larch), options) {
         station.port.setSettings(options.wire);
-        QObject::connect(&link, &RequestScheduler::historyLine, [this](const QString& line) { history += line; });
+        QObject::connect(&link, &RequestScheduler::historyLine,
+                         [this](const QString& line) { history += line; });
         QObject::connect(&link, &RequestScheduler::cycleEnded, [this] {
             ++cycles;
             wire += "> " % link.TxFrameText;

@@ -1,5 +1,5 @@
-// A few sessions in real time: the scheduler on the real port, kelvane-drive behind a pseudo terminal. Limits are
-// wide, so that a busy machine fails none of them.
+// A few sessions in real time: the scheduler on the real port, kelvane-drive behind a pseudo terminal. Limits
+// are wide, so that a busy machine fails none of them.
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -22,8 +22,8 @@ class DriveProcess {
    public:
     DriveProcess(bool rtu, int Baud) {
         m_process.start(QStringLiteral(KELVANE_DRIVE_PROGRAM),
-                        {"--family", "tilia", "--mode", rtu ? "rtu" : "ascii", "--baud", QString::number(Baud),
-                         "--until-eof"});
+                        {"--family", "tilia", "--mode", rtu ? "rtu" : "ascii", "--baud",
+                         QString::number(Baud), "--until-eof"});
         while (m_process.state() != QProcess::NotRunning && !m_process.canReadLine())
             if (!m_process.waitForReadyRead(WideLimitMs)) break;
         m_device = QString::fromLocal8Bit(m_process.readLine().trimmed());
@@ -43,7 +43,8 @@ class DriveProcess {
 struct PtySession {
     PtySession(bool rtu, int Baud, const QString& device) : port(device) {
         port.setSettings({.ComNumber = 4, .Baud = Baud, .DataBits = rtu ? 8 : 7});
-        QObject::connect(&link, &RequestScheduler::historyLine, [this](const QString& line) { history += line; });
+        QObject::connect(&link, &RequestScheduler::historyLine,
+                         [this](const QString& line) { history += line; });
         QObject::connect(&link, &RequestScheduler::statusDecoded, [this] { ++polls; });
         link.Initial();
         link.ComMode = rtu;
@@ -83,7 +84,8 @@ TEST_P(PtyLine, IdentifiesADriveAndPolls) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Lines, PtyLine,
-                         testing::Values(std::pair(false, 9600), std::pair(true, 38400), std::pair(true, 115200)));
+                         testing::Values(std::pair(false, 9600), std::pair(true, 38400),
+                                         std::pair(true, 115200)));
 
 TEST(PtyLoss, IsToldOnceAndTheLinkComesBackWithTheDevice) {
     const QTemporaryDir folder;

@@ -12,7 +12,7 @@ namespace {
 
 // Windows that show each control's own name.
 class NamedTexts : public LiveTexts {
-public:
+   public:
     QString caption(const FormSectionRow& form) const override {
         return shown(QString::fromLatin1(form.window));
     }
@@ -25,7 +25,7 @@ public:
 
     std::map<QString, QString> edited;
 
-private:
+   private:
     QString shown(const QString& name) const {
         const auto found = edited.find(name);
         return found == edited.end() ? name : found->second;

@@ -19,7 +19,7 @@ const QString ProjectFolder = QStringLiteral(KELVANE_SOURCE_DIR "/");
 const QString LanguageFolder = ProjectFolder + QStringLiteral("Language file/");
 
 class ShippedLanguage : public testing::TestWithParam<quint8> {
-protected:
+   protected:
     void SetUp() override {
         const QString path = LanguageFolder + languageFileName(GetParam());
         m_bytes = readWhole(path).bytes;

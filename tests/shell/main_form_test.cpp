@@ -5,8 +5,8 @@
 #include <QAction>
 #include <QLabel>
 #include <QMenu>
-#include <QPlainTextEdit>
 #include <QPixmap>
+#include <QPlainTextEdit>
 
 #include "localisation/language_sections.h"
 #include "shell/shell_bench.h"
@@ -94,7 +94,8 @@ TEST(MainForm, LeavesNoWindowBehindWhenItCloses) {
     bench.clock.advanceUntil([&] { return bench.windows->ceMessageForm.isVisible(); }, 5000);
     ASSERT_TRUE(bench.windows->ceMessageForm.isVisible());
     bench.mainForm->close();
-    for (QWidget* window : bench.windows->all()) EXPECT_FALSE(window->isVisible()) << window->objectName().toStdString();
+    for (QWidget* window : bench.windows->all())
+        EXPECT_FALSE(window->isVisible()) << window->objectName().toStdString();
     bench.clock.advance(5000);
     EXPECT_FALSE(bench.windows->ceMessageForm.isVisible());
     EXPECT_FALSE(bench.tool->linkPort.Open());
@@ -155,7 +156,8 @@ TEST(MainForm, ShowsALanguageByTheOneTable) {
     EXPECT_EQ(bench.text("HistMsgLabel"), texts.Label.at(6));
     for (const CopiedLabel& label : copiedLabels()) {
         if (label.window != QByteArray("TParameterForm")) continue;
-        EXPECT_EQ(bench.find<QLabel>(label.copy, &bench.windows->parameterForm)->text(), bench.text(label.control));
+        EXPECT_EQ(bench.find<QLabel>(label.copy, &bench.windows->parameterForm)->text(),
+                  bench.text(label.control));
     }
 }
 
@@ -207,16 +209,16 @@ TEST_P(OpeningRules, AreKept) {
 
 INSTANTIATE_TEST_SUITE_P(
     Rows, OpeningRules,
-    testing::Values(RuleRow{OwnerParameter, false, true, "", ""}, RuleRow{OwnerParameter, true, true, "", ""},
-                    RuleRow{OwnerQuickSetup, false, false, "Please On - Line first !!", "Warning Message"},
-                    RuleRow{OwnerQuickSetup, true, true, "", ""}, RuleRow{OwnerAdvance, false, true, "", ""},
-                    RuleRow{OwnerAutoTuning, false, false, "The status is Off-Line now ! Please On-Line first.",
-                            "Cofirm"},
-                    RuleRow{OwnerPid, false, false, "The status is Off-Line now ! Please On-Line first.", "Cofirm"},
-                    RuleRow{OwnerPid, true, true, "", ""}, RuleRow{OwnerTrend, false, true, "", ""},
-                    RuleRow{OwnerMonitor, true, true, "", ""},
-                    RuleRow{OwnerKeypad, false, false, "The status is Off-Line now ! Please On-Line first.",
-                            "Cofirm"}));
+    testing::Values(
+        RuleRow{OwnerParameter, false, true, "", ""}, RuleRow{OwnerParameter, true, true, "", ""},
+        RuleRow{OwnerQuickSetup, false, false, "Please On - Line first !!", "Warning Message"},
+        RuleRow{OwnerQuickSetup, true, true, "", ""}, RuleRow{OwnerAdvance, false, true, "", ""},
+        RuleRow{OwnerAutoTuning, false, false, "The status is Off-Line now ! Please On-Line first.",
+                "Cofirm"},
+        RuleRow{OwnerPid, false, false, "The status is Off-Line now ! Please On-Line first.", "Cofirm"},
+        RuleRow{OwnerPid, true, true, "", ""}, RuleRow{OwnerTrend, false, true, "", ""},
+        RuleRow{OwnerMonitor, true, true, "", ""},
+        RuleRow{OwnerKeypad, false, false, "The status is Off-Line now ! Please On-Line first.", "Cofirm"}));
 
 }  // namespace
 }  // namespace kelvane

@@ -1,4 +1,5 @@
-// The Parameter window inside the whole tool: how it takes the line, gives it back, and gets on line by itself.
+// The Parameter window inside the whole tool: how it takes the line, gives it back, and gets on line by
+// itself.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -77,7 +78,8 @@ TEST(ParameterFlow, TellsThatItCannotReadWhenComSetupIsLeftOffLine) {
     bench.trigger("ParameterManagement");
     bench.person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
     bench.press("ReadDriveTransparentButton");
-    bench.person.expectBox("The serial port is not yet functioning !\nCan not perform this function !", "Cofirm");
+    bench.person.expectBox("The serial port is not yet functioning !\nCan not perform this function !",
+                           "Cofirm");
     bench.windows->comSetupForm.close();
     EXPECT_FALSE(bench.windows->progressForm.isVisible());
     EXPECT_EQ(bench.tool->link.ActiveFunction, OwnerParameter);
@@ -94,7 +96,8 @@ TEST(ParameterFlow, SurvivesAnUnpluggedAdapterInAReadAndGoesOnByRetry) {
     auto* port = dynamic_cast<drive::PracticePort*>(bench.tool->linkPort.behind());
     ASSERT_NE(port, nullptr);
     port->unplug();
-    bench.person.expectLinkFailure("Communication Timeout", false, LinkAnswer::Retry, [&] { port->plugIn(); });
+    bench.person.expectLinkFailure("Communication Timeout", false, LinkAnswer::Retry,
+                                   [&] { port->plugIn(); });
     ASSERT_TRUE(bench.readToTheEnd());
     const StringGrid& grid = bench.session.DriveAdvStringGrid;
     QSet<QString> numbers;

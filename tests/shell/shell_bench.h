@@ -26,16 +26,18 @@ struct ShellBench {
     std::unique_ptr<Windows> windows;
 
     // project is the content of default.prj; without one the practice drive is chosen all the same.
-    explicit ShellBench(const QByteArray& project = {}) : folder(ProgramFolder::decide(dir.path(), dir.path())) {
+    explicit ShellBench(const QByteArray& project = {})
+        : folder(ProgramFolder::decide(dir.path(), dir.path())) {
         if (!project.isEmpty()) writeWhole(folder.file("default.prj"), project);
         language.table = LangTable::builtInEnglish();
         language.LanguageIndex = 4;
-        tool = std::make_unique<Tool>(ToolBench{clock, wall, person, folder, language, [this](const PortTarget& target) {
-                                                    std::unique_ptr<TApdComPort> port;
-                                                    if (target.kind == PortTarget::Kind::Practice)
-                                                        port = practice.makePort(target.family);
-                                                    return port;
-                                                }});
+        tool = std::make_unique<Tool>(
+            ToolBench{clock, wall, person, folder, language, [this](const PortTarget& target) {
+                          std::unique_ptr<TApdComPort> port;
+                          if (target.kind == PortTarget::Kind::Practice)
+                              port = practice.makePort(target.family);
+                          return port;
+                      }});
         mainForm = std::make_unique<TMainForm>(*tool);
         windows = std::make_unique<Windows>(*tool, *mainForm, nullptr, looks);
         mainForm->show();
@@ -47,7 +49,8 @@ struct ShellBench {
 
     template <class T>
     T* find(const char* name, QWidget* in = nullptr) {
-        T* found = (in ? in : static_cast<QWidget*>(mainForm.get()))->findChild<T*>(QString::fromLatin1(name));
+        T* found =
+            (in ? in : static_cast<QWidget*>(mainForm.get()))->findChild<T*>(QString::fromLatin1(name));
         EXPECT_NE(found, nullptr) << name;
         return found;
     }

@@ -69,7 +69,7 @@ struct CompoundBuilder {
         return out;
     }
 
-private:
+   private:
     static QByteArray entry(const QByteArray& name, int type, quint32 left, quint32 right, quint32 child,
                             quint32 first, quint32 size) {
         QByteArray out;
