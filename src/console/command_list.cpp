@@ -54,11 +54,11 @@ bool CommandList::run(quint16 repeat) {
         return false;
     }
     CmdAdvStringGrid.blank(MessageColumn, DataColumn, 1, CmdAdvStringGrid.RowCount() - 1);
-    m_traffic.beginRun();
+    m_traffic.cutOff();
     CurrentRow = 0;
     RepeatLeft = repeat;
     link.Console.ListRunning = 1;
-    link.ConsoleLog.CanSend = 1;
+    link.Console.Log.CanSend = 1;
     SendCmdTimer.setEnabled(true);
     return true;
 }
@@ -68,7 +68,7 @@ void CommandList::stop() { SendCmdTimer.setEnabled(false); }
 void CommandList::SendCmdTimerTimer() {
     // Kept: the wrap sets CurrentRow to 0 at once, so the reply to the last row is found by "0 means the last row".
     // Each turn of the loop is one pass: a pass in which nothing can go leaves it with CanSend still set.
-    for (int pass = 0; pass < 2 && m_traffic.link.ConsoleLog.CanSend && m_traffic.free(); ++pass) {
+    for (int pass = 0; pass < 2 && m_traffic.link.Console.Log.CanSend && m_traffic.free(); ++pass) {
         SendCmdTimer.setEnabled(false);
         sendNextRow();
         SendCmdTimer.setEnabled(true);
@@ -82,7 +82,7 @@ void CommandList::sendNextRow() {
     while (CurrentRow < last) {
         ++CurrentRow;
         if (!goes(CurrentRow)) continue;
-        m_traffic.link.ConsoleLog.CanSend = 0;
+        m_traffic.link.Console.Log.CanSend = 0;
         m_traffic.link.Console.ListRunning = 1;
         m_traffic.send(ConsoleTask, CmdAdvStringGrid.cell(CommandColumn, CurrentRow));
         Q_EMIT rowSent(CurrentRow);
@@ -122,7 +122,7 @@ void CommandList::takeReply(const QString& command, const QByteArray& RxData) {
 }
 
 void CommandList::takeFailure() {
-    const ConsoleRecord& told = m_traffic.link.ConsoleLog;
+    const ConsoleRecord& told = m_traffic.link.Console.Log;
     CmdAdvStringGrid.setCell(MessageColumn, replyRow(), told.RepliedMessage);
     if (!told.RepliedData.isNull()) CmdAdvStringGrid.setCell(DataColumn, replyRow(), told.RepliedData);
 }

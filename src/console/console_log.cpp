@@ -3,8 +3,8 @@
 namespace kelvane {
 
 ConsoleLog::ConsoleLog(RequestScheduler& link, const TickClock& clock) : m_link(link), m_clock(clock) {
-    connect(&link, &RequestScheduler::consoleLineStarted, this, &ConsoleLog::onStarted);
-    connect(&link, &RequestScheduler::consoleLineCompleted, this, &ConsoleLog::onCompleted);
+    connect(&link.Console, &ConsoleExchange::lineStarted, this, &ConsoleLog::onStarted);
+    connect(&link.Console, &ConsoleExchange::lineCompleted, this, &ConsoleLog::onCompleted);
 }
 
 QString ConsoleLog::text(bool failuresOnly) const {
@@ -17,13 +17,13 @@ QString ConsoleLog::text(bool failuresOnly) const {
 void ConsoleLog::ClearTransparentButtonClick() {
     m_lines.clear();
     m_open = false;
-    m_link.ConsoleLog.totalRecords = m_link.ConsoleLog.errorRecords = m_link.ConsoleLog.timeoutRecords = 0;
+    m_link.Console.Log.totalRecords = m_link.Console.Log.errorRecords = m_link.Console.Log.timeoutRecords = 0;
     Q_EMIT cleared();
     Q_EMIT countersChanged();
 }
 
 void ConsoleLog::prepend(const QString& text) {
-    m_lines.push_front({text, m_link.ConsoleLog.topLineColour, -1, m_link.mode() == LinkMode::Rtu});
+    m_lines.push_front({text, m_link.Console.Log.topLineColour, -1, m_link.mode() == LinkMode::Rtu});
     Q_EMIT lineAdded();
     if (static_cast<int>(m_lines.size()) <= Room) return;
     m_lines.pop_back();
@@ -33,12 +33,12 @@ void ConsoleLog::prepend(const QString& text) {
 void ConsoleLog::onStarted() {
     m_sentUs = m_clock.nowUs();
     m_open = true;
-    prepend(m_link.ConsoleLog.topLine);
+    prepend(m_link.Console.Log.topLine);
     Q_EMIT countersChanged();
 }
 
 void ConsoleLog::onCompleted() {
-    const QString& top = m_link.ConsoleLog.topLine;
+    const QString& top = m_link.Console.Log.topLine;
     if (!m_open) {
         // Nothing was sent, the port refused it, or the log was emptied meanwhile.
         const bool sentBefore = !m_lastTop.isEmpty() && top.startsWith(m_lastTop);
@@ -46,7 +46,7 @@ void ConsoleLog::onCompleted() {
     }
     ConsoleLine& front = m_lines.front();
     if (m_open) front.text = top;
-    front.colour = m_link.ConsoleLog.topLineColour;
+    front.colour = m_link.Console.Log.topLineColour;
     if (m_open) front.replyUs = m_clock.nowUs() - m_sentUs;
     m_open = false;
     m_lastTop = top;

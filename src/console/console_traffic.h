@@ -1,6 +1,6 @@
-// The console's road to the link. A command goes out at once when the line is free and behind the exchange in hand
-// when it is not, each exactly as it was given: enabling the send step while a reply is awaited would send the
-// front again, so nobody but this class does it for the console. A motor's STOP goes before everything that waits.
+// The console's road to the link: each command goes out as it was given, behind the exchange in hand; a run begins
+// on a line of its own; and a motor's STOP goes before everything that waits, nothing of which is tried again
+// behind it.
 #pragma once
 
 #include <QObject>
@@ -20,40 +20,25 @@ class ConsoleTraffic : public QObject {
 
     RequestScheduler& link;
 
-    bool exchangeInHand() const { return link.RxTimer.Enabled(); }
     // Nothing queued, nothing awaited.
-    bool free() const;
-    void send(quint8 task, const QString& command);
-    // Right behind the exchange in hand; what waited is dropped, and so are the resends of what failed.
+    bool free() const { return link.TaskQueue.empty() && link.idle(); }
+    // A request is out and is waited for, or is being judged.
+    bool exchangeOpen() const;
+    void send(quint8 task, const QString& command) { link.request(task, command); }
     void sendStop(const QString& command);
-    // True until a STOP that was given has left.
-    bool stopWaits() const { return !m_stop.isEmpty(); }
-    // A run begins: what waits is thrown away, and the exchange in hand answers nobody any more.
-    void beginRun();
-    // A run ends: what has not been sent stays unsent; a reply on its way is still taken.
+    // What has not been sent stays unsent, and a failure is not tried again; a reply on its way is still taken.
     void endRun();
-    // Nothing goes on, not even the exchange in hand. A STOP that waits is sent first.
+    // Nothing goes on, not even the exchange in hand. A STOP that waits still leaves.
     void cutOff();
-    // The exchange in hand was begun before the present run.
-    bool answersNobody() const { return m_stale; }
 
    Q_SIGNALS:
     void becameFree();  // the last exchange is over and nothing waits
-    void stopLeft();
 
    private:
     void onCycleEnded();
-    void keepFrontOnly();
-    void keepBackOnly();
-    void dropAll();
-    void sendNow();
-    void onSent();
-    void leaveStop();
+    void keepStops();
 
-    bool m_stale = false;
     bool m_dropResend = false;
-    QString m_stop;
-    bool m_stopTried = false;
 };
 
 }  // namespace kelvane

@@ -79,7 +79,7 @@ DrivePanel::DrivePanel(ConsoleTraffic& traffic, StringGrid& CmdAdvStringGrid, Ti
 }
 
 bool DrivePanel::othersSelected() const {
-    return seriesItems(m_traffic.link.BrandVariant).value(SelDriveComboBox) == QLatin1String("Others");
+    return seriesItems(m_traffic.link.BrandVariant()).value(SelDriveComboBox) == QLatin1String("Others");
 }
 
 // ---- Table ----
@@ -92,7 +92,7 @@ void DrivePanel::selectSeries(int item) {
 void DrivePanel::SelDriveComboBoxChange() {
     if (SelDriveTag == 1) storeOthers();
     AdvStringGrid1.blank(AddressColumn, DecimalColumn, 1, AdvStringGrid1.RowCount() - 1);
-    const int index = tableIndexOf(SelDriveComboBox, m_traffic.link.BrandVariant);
+    const int index = tableIndexOf(SelDriveComboBox, m_traffic.link.BrandVariant());
     SelDriveTag = index == Others;
     index == Others ? fillOthers() : fillSeries(index);
     rebuildChannels();
@@ -227,7 +227,7 @@ bool DrivePanel::run(quint16 repeat) {
     }
     // Kept: it is the command list's column that is emptied; the page's own data stays on show.
     m_commandList.blank(3, 3, 1, AdvStringGrid1.RowCount() - 1);
-    m_traffic.beginRun();
+    m_traffic.cutOff();
     link.Console.ListRunning = 0;
     link.ReadDataText.clear();  // nothing has been read in this run
     RepeatLeft = repeat;
@@ -325,7 +325,7 @@ void DrivePanel::clearChart() {
 
 void DrivePanel::showStatus() {
     if (wordCount() <= StatusWord) return;
-    const int index = tableIndexOf(SelDriveComboBox, m_traffic.link.BrandVariant);
+    const int index = tableIndexOf(SelDriveComboBox, m_traffic.link.BrandVariant());
     setLamps(panelLamps(m_traffic.link.ReadWords[StatusWord], codedStatus(index)));
 }
 

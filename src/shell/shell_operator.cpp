@@ -85,12 +85,17 @@ std::optional<QString> ShellOperator::openFile(const QString& filter) {
 }
 
 std::optional<QString> ShellOperator::saveFile(const QString& filter, const QString& suffix) {
+    return saveFileTitled(filter, suffix, QStringLiteral("Cofirm"));
+}
+
+std::optional<QString> ShellOperator::saveFileTitled(const QString& filter, const QString& suffix,
+                                                     const QString& overwriteTitle) {
     for (;;) {
         const std::optional<QString> name = askFile(QFileDialog::AcceptSave, filter);
         if (!name) return {};
         const QString path = *name + suffix;
         if (!QFileInfo::exists(path)) return path;
-        if (yes(m_lang.MsgStr(33), QStringLiteral("Cofirm"), BoxIcon::Exclamation)) return path;
+        if (yes(m_lang.MsgStr(33), overwriteTitle, BoxIcon::Exclamation)) return path;
     }
 }
 

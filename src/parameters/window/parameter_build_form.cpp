@@ -36,7 +36,7 @@ TParameterForm::TParameterForm(ParameterSession& session, const ParameterFormBen
       saver(session, choices, m_bench.spreadsheet),
       loader(session, m_bench.spreadsheet),
       backup(bench.programFolder),
-      recent(bench.looks),
+      recent(bench.looks, QStringLiteral("parameters/recentFiles")),
       SystemTimer(bench.clock, TickKind::RealTime, SystemTimerInterval, [this] { SystemTimerTimer(); }),
       m_session(session),
       m_bench(bench) {

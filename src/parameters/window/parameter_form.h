@@ -7,8 +7,8 @@
 #include <QMainWindow>
 
 #include "base/kept_looks.h"
+#include "base/recent_files.h"
 #include "base/wall_clock.h"
-#include "parameters/files/recent_files.h"
 #include "parameters/files/table_backup.h"
 #include "parameters/files/table_loader.h"
 #include "parameters/files/table_saver.h"
