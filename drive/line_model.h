@@ -127,7 +127,8 @@ class LineModel {
     QByteArray m_frame;       // what the drive has heard of a request
     qint64 m_lastByteUs = 0;  // end of the last character in m_frame
     qint64 m_wireFreeUs = 0;  // end of the last character to the drive
-    qint64 m_replyEndUs = 0;  // end of the last character from the drive, which sends one thing behind the other
+    qint64 m_replyEndUs =
+        0;  // end of the last character from the drive, which sends one thing behind the other
     qint64 m_nowUs = 0;
     qint64 m_driveUs = -1;  // time up to which the motor has moved
     bool m_unplugged = false;

@@ -67,7 +67,7 @@ class PracticePort final : public TApdComPort {
     QString m_openError;
     int m_openFailures = 0;
     QByteArray m_input;
-    bool m_newInput = false;   // bytes have come that were not announced yet
+    bool m_newInput = false;  // bytes have come that were not announced yet
     bool m_canHoldBack = false;
     bool m_heldBack = false;
     bool m_inHandler = false;  // the port's user is at work; nothing more is announced meanwhile

@@ -5,7 +5,7 @@
 #include <QTreeWidget>
 
 #include "link/number_text.h"
-#include "parameters/table/value_edit.h"
+#include "parameters/table/table_edit.h"
 #include "tour/walk.h"
 #include "ui/find_bar.h"
 #include "ui/string_grid_view.h"
@@ -277,7 +277,7 @@ void Walk::hideColumn() {
 void Walk::print() {
     m_script.step(QStringLiteral("Print preview and PDF"));
     chooseTable("PrintTransparentButton");
-    TPrintForm& preview = m_windows.printForm;
+    TReportForm& preview = m_windows.reportForm;
     m_hand.waitForWindow(preview, true);
     m_hand.pause(300);
     m_script.keepPicture(preview, QStringLiteral("print-preview"));

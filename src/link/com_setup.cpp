@@ -274,14 +274,12 @@ void ComSetup::closeConnectForm() {
 void ComSetup::OKBitBtnClick() {
     if (shown.SuccessAbLED) {
         m_setupPort.close();
-        if (m_link.ActiveFunction != OwnerAdvance &&
-            m_link.operatorAsked().yes(m_link.lang().MsgStr(18), Cofirm)) {
-            m_link.TxTimer.setEnabled(true);
-            m_link.Keypad.OnLineTransparentButton = false;
-            m_link.Keypad.InitialVrLabel = true;
+        if (!m_link.owner().console && m_link.operatorAsked().yes(m_link.lang().MsgStr(18), Cofirm)) {
+            m_link.start();
+            Q_EMIT goingOnLine();
         }
     } else {
-        m_link.Lamp = {};
+        m_link.setLamp(LampState::OffLine);
     }
     copySettingsToLink();
     m_link.ReplyTimeoutTicks = m_link.BaudTimeoutTicks;
@@ -319,18 +317,6 @@ bool ComSetup::mayOpen() {
     shown.OKBitBtn = false;
     notify();
     return true;
-}
-
-void ComSetup::returnToParameterWindow() {
-    m_link.ActiveFunction = OwnerParameter;
-    m_link.TxTimer.setEnabled(false);
-    m_link.RxTimer.setEnabled(false);
-    m_link.Keypad.GetDataTimer = false;
-    m_link.RxTickCount = 0;
-    m_link.TimeoutCount = 0;
-    m_link.Rx.RxData.clear();
-    m_link.emptyQueues();
-    m_link.notifyChanged();
 }
 
 }  // namespace kelvane

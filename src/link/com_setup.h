@@ -84,13 +84,12 @@ class ComSetup : public QObject {
 
     // Before the dialog: false when the operator wants to stay on line.
     bool mayOpen();
-    // After it, when it was entered from the Parameter window.
-    void returnToParameterWindow();
     void copySettingsToLink();
     TApdComPort& port() { return m_setupPort; }
 
    Q_SIGNALS:
     void changed();
+    void goingOnLine();  // identification is about to begin
     void closeWanted();
 
    private:

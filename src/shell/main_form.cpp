@@ -11,9 +11,11 @@
 #include <QStatusBar>
 #include <array>
 
+#include "shell/window_table.h"
 #include "ui/display_label.h"
 #include "ui/icons.h"
 #include "ui/lamp.h"
+#include "ui/named.h"
 #include "ui/scanner.h"
 #include "ui/transparent_button.h"
 
@@ -55,14 +57,13 @@ const char* brandTitle(int BrandVariant) {
 
 TMainForm::TMainForm(Tool& tool, QWidget* parent) : QMainWindow(parent), m_tool(tool) {
     setObjectName(QStringLiteral("TMainForm"));
-    setWindowTitle(QString::fromLatin1(brandTitle(tool.link.BrandVariant)));
+    setWindowTitle(QString::fromLatin1(brandTitle(tool.link.BrandVariant())));
     setWindowIcon(applicationIcon());
     buildMenus();
     buildCentre();
     buildStatusLine();
     listen();
     checkLanguageItem(tool.bench.language.LanguageIndex);
-    setBuilt({});
     resize(940, 620);
 }
 
@@ -84,8 +85,7 @@ QAction* TMainForm::item(QMenu* menu, const char* name, const QString& text,
 
 void TMainForm::buildMenus() {
     buildFileMenu();
-    buildDriveMenu();
-    buildDiagnosticMenu();
+    buildWindowItems();
     buildOptionsMenu();
     buildHelpMenu();
 }
@@ -105,48 +105,22 @@ void TMainForm::buildFileMenu() {
     exit->setIcon(icon(Icon::Exit));
 }
 
-void TMainForm::buildDriveMenu() {
-    QMenu* drive = menu("DriveMenu", tr("&Drive"));
-    struct Row {
-        const char* name;
-        QString text;
-        Icon icon;
-        quint8 owner;
-        Qt::Key key;
-    };
-    QAction* setup = item(drive, "ComSetup", tr("Com Setup"), [this] { Q_EMIT comSetupWanted(); });
-    setup->setIcon(icon(Icon::ComSetup));
-    setup->setShortcut(QKeySequence(Qt::Key_F2));
-    for (const Row& row :
-         {Row{"ParameterManagement", tr("Parameter Management"), Icon::Parameter, OwnerParameter, Qt::Key_F5},
-          Row{"QuickSetup", tr("Quick Setup"), Icon::QuickSetup, OwnerQuickSetup, Qt::Key_F6},
-          Row{"Advance", tr("Advance"), Icon::Advance, OwnerAdvance, Qt::Key_F7}}) {
-        QAction* action = item(drive, row.name, row.text, [this, row] { Q_EMIT windowWanted(row.owner); });
-        action->setIcon(icon(row.icon));
-        action->setShortcut(QKeySequence(row.key));
+void TMainForm::buildWindowItems() {
+    menu("DriveMenu", tr("&Drive"));
+    menu("DiagnosticMenu", tr("D&iagnostic"));
+    for (const WindowRow* row : windowEntries()) {
+        const WindowEntry& entry = row->entry;
+        QAction* action = item(findChild<QMenu*>(QLatin1String(entry.menu)), entry.menuItem,
+                               tr(entry.menuCaption ? entry.menuCaption : entry.caption), wanted(*row));
+        action->setIcon(icon(entry.icon));
+        if (entry.key != Qt::Key_unknown) action->setShortcut(QKeySequence(entry.key));
+        action->setVisible(entry.visible);
     }
 }
 
-void TMainForm::buildDiagnosticMenu() {
-    QMenu* diagnostic = menu("DiagnosticMenu", tr("D&iagnostic"));
-    struct Row {
-        const char* name;
-        QString text;
-        Icon icon;
-        quint8 owner;
-    };
-    for (const Row& row : {Row{"Keypad", tr("Keypad"), Icon::Keypad, OwnerKeypad},
-                           Row{"Trend", tr("Trend"), Icon::Trend, OwnerTrend},
-                           Row{"Monitor", tr("Monitor"), Icon::Monitor, OwnerMonitor},
-                           Row{"PIDControl", tr("PID Control"), Icon::Pid, OwnerPid},
-                           Row{"AutoTuning", tr("Auto Tuning"), Icon::AutoTuning, OwnerAutoTuning}}) {
-        QAction* action =
-            item(diagnostic, row.name, row.text, [this, row] { Q_EMIT windowWanted(row.owner); });
-        action->setIcon(icon(row.icon));
-    }
-    QAction* multiStep = item(diagnostic, "MultiStep", tr("Multi Step"), {});
-    multiStep->setVisible(false);
-    multiStep->setEnabled(false);
+std::function<void()> TMainForm::wanted(const WindowRow& row) {
+    if (row.form == QLatin1String("TComSetupForm")) return [this] { Q_EMIT comSetupWanted(); };
+    return [this, owner = row.rule.ActiveFunction] { Q_EMIT windowWanted(owner); };
 }
 
 void TMainForm::buildOptionsMenu() {
@@ -203,10 +177,9 @@ void TMainForm::buildHelpMenu() {
 
 // ---- Centre ----
 
-TransparentButton* TMainForm::button(const char* name, int iconNumber, const QString& text,
-                                     const QString& hint, const std::function<void()>& clicked) {
-    auto* made = new TransparentButton(icon(static_cast<Icon>(iconNumber)), text);
-    made->setObjectName(QString::fromLatin1(name));
+TransparentButton* TMainForm::button(const char* name, Icon which, const QString& text, const QString& hint,
+                                     const std::function<void()>& clicked) {
+    auto* made = named<TransparentButton>(name, icon(which), text);
     made->setToolTip(hint);
     connect(made, &QAbstractButton::clicked, this, clicked);
     return made;
@@ -216,39 +189,20 @@ QWidget* TMainForm::buildButtons() {
     auto* bar = new QWidget;
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
-    struct Row {
-        const char* name;
-        Icon icon;
-        QString text;
-        QString hint;
-        std::function<void()> clicked;
-    };
-    const auto opens = [this](quint8 owner) { return [this, owner] { Q_EMIT windowWanted(owner); }; };
-    const Row rows[] = {
-        {"ComSetupTransparentButton", Icon::ComSetup, tr("Com Setup"),
-         tr("Set up the COM port and the protocol"), [this] { Q_EMIT comSetupWanted(); }},
-        {"ParameterTransparentButton", Icon::Parameter, tr("Parameter"),
-         tr("Read, compare, save and write the parameters"), opens(OwnerParameter)},
-        {"QuickSetupTransparentButton", Icon::QuickSetup, tr("Quick Setup"),
-         tr("Set the most important parameters in four steps"), opens(OwnerQuickSetup)},
-        {"AdvanceTransparentButton", Icon::Advance, tr("Advance"),
-         tr("Send Modbus commands and watch registers"), opens(OwnerAdvance)},
-        {"KeypadTransparentButton", Icon::Keypad, tr("Keypad"), tr("Operate the drive from the screen"),
-         opens(OwnerKeypad)},
-        {"TrendTransparentButton", Icon::Trend, tr("Trend"), tr("Record drive values over time"),
-         opens(OwnerTrend)},
-        {"MonitorTransparentButton", Icon::Monitor, tr("Monitor"), tr("Watch drive values on meters"),
-         opens(OwnerMonitor)},
-        {"OpenTransparentButton", Icon::Open, tr("Open"), tr("Open a project file"),
-         [this] { m_tool.OpenTransparentButtonClick(); }},
-        {"SaveTransparentButton", Icon::Save, tr("Save"), tr("Save the settings to a project file"),
-         [this] { m_tool.SaveTransparentButtonClick(); }},
-        {"ExitTransparentButton", Icon::Exit, tr("Exit"), tr("Close the program"), [this] { close(); }},
-    };
-    for (const Row& entry : rows)
-        row->addWidget(
-            button(entry.name, static_cast<int>(entry.icon), entry.text, entry.hint, entry.clicked));
-    auto* saveLanguage = button("LangTransparentButton", static_cast<int>(Icon::Language), tr("Save Lang"),
+    for (const WindowRow* window : windowEntries()) {
+        const WindowEntry& entry = window->entry;
+        if (entry.button)
+            row->addWidget(
+                button(entry.button, entry.icon, tr(entry.caption), tr(entry.hint), wanted(*window)));
+    }
+    row->addWidget(button("OpenTransparentButton", Icon::Open, tr("Open"), tr("Open a project file"),
+                          [this] { m_tool.OpenTransparentButtonClick(); }));
+    row->addWidget(button("SaveTransparentButton", Icon::Save, tr("Save"),
+                          tr("Save the settings to a project file"),
+                          [this] { m_tool.SaveTransparentButtonClick(); }));
+    row->addWidget(button("ExitTransparentButton", Icon::Exit, tr("Exit"), tr("Close the program"),
+                          [this] { close(); }));
+    auto* saveLanguage = button("LangTransparentButton", Icon::Language, tr("Save Lang"),
                                 tr("Save the captions on the screen to a language file"), [] {});
     saveLanguage->setVisible(false);
     row->addWidget(saveLanguage);
@@ -259,8 +213,7 @@ QWidget* TMainForm::buildButtons() {
 QWidget* TMainForm::buildIdentity() {
     auto* box = new QWidget;
     auto* column = new QVBoxLayout(box);
-    m_picture = new PictureBox;
-    m_picture->setObjectName(QStringLiteral("LogoImage"));
+    m_picture = named<PictureBox>("LogoImage");
     m_picture->setMinimumSize(180, 150);
     m_picture->showLogo();
     column->addWidget(m_picture, 1);
@@ -278,26 +231,19 @@ QWidget* TMainForm::buildIdentity() {
           Row{"DispHPVrLabel", "HPVrLabel", tr("kW ( Hp ):"), &m_identity.hp},
           Row{"DispRatedVoltageVrLabel", "RatedVoltageVrLabel", tr("Rated Voltage:"), &m_identity.voltage},
           Row{"DispRatedCurrentVrLabel", "RatedCurrentVrLabel", tr("Rated Current:"), &m_identity.current}}) {
-        auto* caption = new QLabel(row.text);
-        caption->setObjectName(QString::fromLatin1(row.caption));
-        caption->setTextFormat(Qt::PlainText);
-        *row.place = new VrLabel;
-        (*row.place)->setObjectName(QString::fromLatin1(row.value));
+        *row.place = named<VrLabel>(row.value);
         (*row.place)->setCharacters(12);
-        caption->setBuddy(*row.place);
-        grid->addWidget(caption, line, 0);
+        grid->addWidget(captionFor(*row.place, row.caption, row.text), line, 0);
         grid->addWidget(*row.place, line++, 1);
     }
     grid->setColumnStretch(1, 1);
     column->addLayout(grid);
-    m_lamp = new AbLED(tr("Off Line"));
-    m_lamp->setObjectName(QStringLiteral("ComStatusAbLED"));
+    m_lamp = named<AbLED>("ComStatusAbLED", tr("Off Line"));
     m_lamp->setColor(LampRed);
     m_lamp->setChecked(true);
     m_lamp->setToolTip(tr("State of the link. Double click to go on line or off line."));
     connect(m_lamp, &AbLED::doubleClicked, this, &TMainForm::ComStatusAbLEDDblClick);
-    m_indicator = new VrIndicator;
-    m_indicator->setObjectName(QStringLiteral("ComStatusVrIndicator"));
+    m_indicator = named<VrIndicator>("ComStatusVrIndicator");
     m_indicator->setAccessibleName(tr("Traffic on the line"));
     auto* lampRow = new QHBoxLayout;
     lampRow->addWidget(m_lamp);
@@ -309,16 +255,11 @@ QWidget* TMainForm::buildIdentity() {
 QWidget* TMainForm::buildHistory() {
     auto* box = new QWidget;
     auto* column = new QVBoxLayout(box);
-    auto* title = new QLabel(tr("History Message"));
-    title->setObjectName(QStringLiteral("HistMsgLabel"));
-    title->setTextFormat(Qt::PlainText);
-    m_memo = new QPlainTextEdit;
-    m_memo->setObjectName(QStringLiteral("MessageMemo"));
+    m_memo = named<QPlainTextEdit>("MessageMemo");
     m_memo->setReadOnly(true);
     m_memo->setMaximumBlockCount(HistoryLines);
     m_memo->setLineWrapMode(QPlainTextEdit::NoWrap);
-    title->setBuddy(m_memo);
-    column->addWidget(title);
+    column->addWidget(captionFor(m_memo, "HistMsgLabel", tr("History Message")));
     column->addWidget(m_memo, 1);
     return box;
 }
@@ -327,8 +268,7 @@ void TMainForm::buildCentre() {
     auto* centre = new QWidget;
     auto* column = new QVBoxLayout(centre);
     column->addWidget(buildButtons());
-    auto* splitter = new QSplitter(Qt::Horizontal);
-    splitter->setObjectName(QStringLiteral("MainSplitter"));
+    auto* splitter = named<QSplitter>("MainSplitter", Qt::Horizontal);
     splitter->addWidget(buildIdentity());
     splitter->addWidget(buildHistory());
     splitter->setStretchFactor(1, 1);
@@ -338,14 +278,10 @@ void TMainForm::buildCentre() {
 
 void TMainForm::buildStatusLine() {
     statusBar()->setObjectName(QStringLiteral("StatusLine"));
-    m_panel0 = new QLabel;
-    m_panel0->setObjectName(QStringLiteral("StatusLinePanel0"));
-    m_panel1 = new QLabel;
-    m_panel1->setObjectName(QStringLiteral("StatusLinePanel1"));
+    m_panel0 = plainLabel("StatusLinePanel0");
+    m_panel1 = plainLabel("StatusLinePanel1");
     m_panel1->setMinimumWidth(Panel1Width);
-    m_practicePanel = new QLabel;
-    m_practicePanel->setObjectName(QStringLiteral("PracticePanel"));
-    for (QLabel* panel : {m_panel0, m_panel1, m_practicePanel}) panel->setTextFormat(Qt::PlainText);
+    m_practicePanel = plainLabel("PracticePanel");
     statusBar()->addWidget(m_panel0, 1);
     statusBar()->addPermanentWidget(m_practicePanel);
     statusBar()->addPermanentWidget(m_panel1);
@@ -378,11 +314,7 @@ void TMainForm::showLink() {
     m_identity.hp->setText(link.Labels.HPVrLabel);
     m_identity.voltage->setText(link.Labels.RatedVoltageVrLabel);
     m_identity.current->setText(link.Labels.RatedCurrentVrLabel);
-    const auto enable = [this](const char* name, bool on) {
-        findChild<QAction*>(QString::fromLatin1(name))->setEnabled(on);
-    };
-    enable("PIDControl", link.PIDControl && built(OwnerPid));
-    enable("AutoTuning", link.AutoTuning && built(OwnerAutoTuning));
+    enableWindows();
     m_practiceMenu->setEnabled(m_tool.mayChoosePractice());
 }
 
@@ -402,23 +334,14 @@ void TMainForm::showPicture(quint8 DriveFamily) {
     if (m_picture->isEmpty()) m_picture->showLogo();
 }
 
-void TMainForm::setBuilt(const std::set<quint8>& owners) {
-    m_built = owners;
-    struct Row {
-        quint8 owner;
-        const char* button;
-        const char* item;
-    };
-    for (const Row& row : {Row{OwnerParameter, "ParameterTransparentButton", "ParameterManagement"},
-                           Row{OwnerQuickSetup, "QuickSetupTransparentButton", "QuickSetup"},
-                           Row{OwnerAdvance, "AdvanceTransparentButton", "Advance"},
-                           Row{OwnerKeypad, "KeypadTransparentButton", "Keypad"},
-                           Row{OwnerTrend, "TrendTransparentButton", "Trend"},
-                           Row{OwnerMonitor, "MonitorTransparentButton", "Monitor"}}) {
-        findChild<QWidget*>(QString::fromLatin1(row.button))->setEnabled(built(row.owner));
-        findChild<QAction*>(QString::fromLatin1(row.item))->setEnabled(built(row.owner));
+// A window that is not built, or that the drive does not have, cannot be asked for.
+void TMainForm::enableWindows() {
+    for (const WindowRow* row : windowEntries()) {
+        const WindowEntry& entry = row->entry;
+        const bool on = row->built() && (!entry.offered || m_tool.link.Labels.*entry.offered);
+        findChild<QAction*>(QLatin1String(entry.menuItem))->setEnabled(on);
+        if (entry.button) findChild<QWidget*>(QLatin1String(entry.button))->setEnabled(on);
     }
-    showLink();
 }
 
 void TMainForm::checkLanguageItem(quint8 LanguageIndex) {

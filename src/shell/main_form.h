@@ -4,7 +4,6 @@
 
 #include <QMainWindow>
 #include <functional>
-#include <set>
 
 #include "shell/tool.h"
 
@@ -16,18 +15,18 @@ class QPlainTextEdit;
 namespace kelvane {
 
 class AbLED;
+enum class Icon : int;
 class PictureBox;
 class TransparentButton;
 class VrIndicator;
 class VrLabel;
+struct WindowRow;
 
 class TMainForm : public QMainWindow {
     Q_OBJECT
    public:
     explicit TMainForm(Tool& tool, QWidget* parent = nullptr);
 
-    // Windows that exist; the others have their button and menu item disabled.
-    void setBuilt(const std::set<quint8>& owners);
     void checkLanguageItem(quint8 LanguageIndex);
     void showHistory(const QString& line);
 
@@ -42,13 +41,13 @@ class TMainForm : public QMainWindow {
 
    private:
     QAction* item(QMenu* menu, const char* name, const QString& text, const std::function<void()>& triggered);
-    TransparentButton* button(const char* name, int icon, const QString& text, const QString& hint,
+    TransparentButton* button(const char* name, Icon which, const QString& text, const QString& hint,
                               const std::function<void()>& clicked);
     QMenu* menu(const char* name, const QString& title);
     void buildMenus();
     void buildFileMenu();
-    void buildDriveMenu();
-    void buildDiagnosticMenu();
+    void buildWindowItems();
+    std::function<void()> wanted(const WindowRow& row);
     void buildOptionsMenu();
     void buildLanguageItems();
     void buildPracticeItems();
@@ -62,12 +61,11 @@ class TMainForm : public QMainWindow {
 
     void ComStatusAbLEDDblClick();
     void showLink();
+    void enableWindows();
     void showPractice();
     void showPicture(quint8 DriveFamily);
-    bool built(quint8 owner) const { return m_built.count(owner) > 0; }
 
     Tool& m_tool;
-    std::set<quint8> m_built;
     AbLED* m_lamp = nullptr;
     VrIndicator* m_indicator = nullptr;
     PictureBox* m_picture = nullptr;

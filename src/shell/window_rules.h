@@ -1,31 +1,36 @@
-// The rules by which windows open and take the link, as one table: what a window needs, what is stopped
-// before it, and what goes on after it. The shell asks before it shows a window and tells when it has closed.
+// The rules by which windows open and take the link: what a window needs, what is stopped before it, and what
+// goes on after it. Each window's rule stands in its row of the window table; the shell asks before it shows
+// a window and says when it has closed.
 #pragma once
 
 #include <QObject>
-#include <span>
 
 #include "link/request_scheduler.h"
 
 namespace kelvane {
 
 inline constexpr quint8 OwnerKeypad = 0;  // shown beside the others; owns no link
+inline constexpr quint8 OwnerNone = 255;  // a dialog that another window opens
+
+enum class OffLineBox : quint8 {
+    NotNeeded,
+    OnLineFirst,
+    QuickSetup
+};  // the box of a window that needs on line
 
 struct WindowRule {
-    quint8 ActiveFunction;  // while it is open
-    bool needsOnLine = false;
-    int offLineMessage = 0;  // message number of the box when it is not
-    const char* offLineTitle = "Cofirm";
+    quint8 ActiveFunction = OwnerNone;  // while it is open
+    OffLineBox offLine = OffLineBox::NotNeeded;
     bool prelude = false;      // stop the link and empty the queues
     bool stopsKeypad = false;  // the keypad's timer off
     bool closesKeypad = false;
     bool marksRead = false;     // ReadDone 1
     bool marksWritten = false;  // WriteDone 1
     bool tail = false;          // restart the poll afterwards, also when it was refused (with prelude)
-};
 
-std::span<const WindowRule> windowRules();
-const WindowRule* windowRule(quint8 ActiveFunction);
+    // Windows with a tail send for themselves; under the others the poll goes on.
+    bool takesLine() const { return tail; }
+};
 
 class WindowRules : public QObject {
     Q_OBJECT
@@ -33,12 +38,15 @@ class WindowRules : public QObject {
     explicit WindowRules(RequestScheduler& link) : m_link(link) {}
 
     // True when the window may be shown; everything that stands before it has then been done.
-    bool begin(quint8 ActiveFunction);
+    bool begin(const WindowRule& rule);
     // The window has closed.
-    void finished(quint8 ActiveFunction);
+    void finished(const WindowRule& rule);
+    // Com setup took the line to rest under an open window; it has it again.
+    void giveBack(const WindowRule& rule);
 
    Q_SIGNALS:
     void closeKeypad();
+    void stopKeypad();                     // its timer
     void focusWanted(int ActiveFunction);  // ShowFocusForm
 
    private:

@@ -9,44 +9,62 @@
 
 namespace kelvane {
 
-Windows::Windows(Tool& toolShown, TMainForm& main, ShellOperator* person, KeptLooks& looks)
+Windows::Forms::Forms(Windows& windows) {
+    for (const WindowRow& row : windowTable())
+        if (row.built()) made.push_back(row.make(windows));
+}
+
+Windows::Windows(Tool& toolShown, TMainForm& main, ShellOperator* person, KeptLooks& keptLooks)
     : tool(toolShown),
       mainForm(main),
-      comSetupForm(tool.comSetup, tool.ports),
-      parameterForm(tool.parameters, {tool.bench.person, tool.bench.clock, tool.bench.wallClock,
-                                      tool.bench.folder.path(), looks}),
-      progressForm(tool.parameters.progress),
-      writeCheckForm(tool.parameters),
-      inputValueForm(tool.bench.person, tool.bench.language.table),
-      printForm(tool.bench.person),
-      connectForm(tool.comSetup, tool.bench.clock),
-      ceMessageForm(tool.link),
-      initialForm(tool.link),
-      aboutForm(tool.link.BrandVariant),
-      passwordForm(tool.link),
-      inputForm(tool.comSetup),
-      selGroupLoadForm(tool.parameters.reader),
-      writeCheckErrRecordForm(tool.parameters.writer) {
+      looks(keptLooks),
+      m_forms(*this),
+      comSetupForm(form<TComSetupForm>()),
+      parameterForm(form<TParameterForm>()),
+      progressForm(form<TProgressForm>()),
+      writeCheckForm(form<TWriteCheckForm>()),
+      inputValueForm(form<TInputValueForm>()),
+      selParaSourceForm(form<TSelParaSourceForm>()),
+      selCompKindForm(form<TSelCompKindForm>()),
+      selReadKindForm(form<TSelReadKindForm>()),
+      selFileFormatForm(form<TSelFileFormatForm>()),
+      messageForm(form<TMessageForm>()),
+      reportForm(form<TReportForm>()),
+      connectForm(form<TConnectForm>()),
+      ceMessageForm(form<TCEmessageForm>()),
+      initialForm(form<TInitialForm>()),
+      aboutForm(form<TAboutForm>()),
+      passwordForm(form<TPasswordForm>()),
+      inputForm(form<TInputForm>()),
+      selParaPrintForm(form<TSelParaPrintForm>()),
+      selGroupLoadForm(form<TSelGroupLoadForm>()),
+      writeCheckErrRecordForm(form<TWriteCheckErrRecordForm>()) {
     if (person) {
         person->messageForm = &messageForm;
         person->prepareValueEditor = [this](ValueEdit& edit) { return inputValueForm.prepare(edit); };
     }
-    for (QWidget* window : all()) window->installEventFilter(this);
+    m_all = {&mainForm};
+    for (const auto& made : m_forms.made) m_all.append(made.get());
     connectMain();
-    connectParameters();
-    offerChoices();
-    mainForm.setBuilt({OwnerParameter});
+    wireForms();
     showLanguage();
 }
 
-QList<QWidget*> Windows::all() {
-    return {&mainForm,          &comSetupForm,     &parameterForm,
-            &progressForm,      &writeCheckForm,   &inputValueForm,
-            &selParaSourceForm, &selCompKindForm,  &selReadKindForm,
-            &selFileFormatForm, &messageForm,      &printForm,
-            &connectForm,       &ceMessageForm,    &initialForm,
-            &aboutForm,         &passwordForm,     &inputForm,
-            &selParaPrintForm,  &selGroupLoadForm, &writeCheckErrRecordForm};
+// The windows that go hide, and the filter would look at what has gone.
+Windows::~Windows() {
+    for (QWidget* window : m_all) window->removeEventFilter(this);
+}
+
+QWidget* Windows::formOf(const WindowRow& row) const {
+    for (QWidget* window : m_all)
+        if (window->objectName() == QLatin1String(row.form)) return window;
+    return nullptr;
+}
+
+void Windows::wireForms() {
+    for (QWidget* window : m_all) window->installEventFilter(this);
+    for (const WindowRow& row : windowTable())
+        if (row.wire) row.wire(*this, *formOf(row));
 }
 
 void Windows::connectMain() {
@@ -54,69 +72,61 @@ void Windows::connectMain() {
     connect(&mainForm, &TMainForm::comSetupWanted, this, [this] { openComSetup(); });
     connect(&mainForm, &TMainForm::windowWanted, this, &Windows::openWindow);
     connect(&mainForm, &TMainForm::aboutWanted, this, [this] { showModal(aboutForm); });
-    connect(&aboutForm, &TAboutForm::thanksDoubleClicked, this, [this] { showModal(passwordForm); });
-    connect(&comSetupForm, &TComSetupForm::inputFormWanted, this, [this] { showModal(inputForm); });
-    connect(&comSetupForm, &QDialog::finished, this, &Windows::afterComSetup);
     connect(&tool.link, &RequestScheduler::cycleEnded, this, &Windows::watchInitialForm);
     connect(&tool.link, &RequestScheduler::focusWanted, this, &Windows::ShowFocusForm);
     connect(&tool.rules, &WindowRules::focusWanted, this, &Windows::ShowFocusForm);
+    connect(&tool.rules, &WindowRules::closeKeypad, this, &Windows::closeKeypad);
     connect(&tool, &Tool::languageChanged, this, &Windows::showLanguage);
+}
+
+void Windows::wireComSetup(Windows& windows, QWidget&) {
+    connect(&windows.comSetupForm, &TComSetupForm::inputFormWanted, &windows,
+            [&windows] { windows.showModal(windows.inputForm); });
+    connect(&windows.comSetupForm, &QDialog::finished, &windows, &Windows::afterComSetup);
+}
+
+void Windows::wireAbout(Windows& windows, QWidget&) {
+    connect(&windows.aboutForm, &TAboutForm::thanksDoubleClicked, &windows,
+            [&windows] { windows.showModal(windows.passwordForm); });
 }
 
 // The main window has closed. Hidden windows stop the timers that they run while they are seen.
 void Windows::hideOthers() {
-    for (QWidget* window : all())
+    m_open = nullptr;
+    for (QWidget* window : m_all)
         if (window != &mainForm) window->hide();
 }
 
-void Windows::connectParameters() {
-    ParameterSession& session = tool.parameters;
-    session.bench.openComSetup = [this](std::function<void()> then) { openComSetup(std::move(then)); };
-    connect(&session.keypad, &KeypadSource::passwordWanted, this, [this] { showModal(passwordForm); });
-    connect(&passwordForm, &TPasswordForm::keypadReadEnabled, &session.keypad, &KeypadSource::enable);
-    connect(&session, &ParameterSession::sourceLit, &selParaSourceForm, &TSelParaSourceForm::light);
-    connect(&session, &ParameterSession::writeSourceWanted, this, [this](const QString& VrLabel1) {
-        selParaSourceForm.ask(VrLabel1, [this](std::optional<TableSide> side) {
-            if (side) tool.parameters.writeSourceChosen(*side);
-        });
-    });
-    connect(&parameterForm, &TParameterForm::finished, this, [this] { tool.rules.finished(OwnerParameter); });
-    connect(&parameterForm, &TParameterForm::reportWanted, this, [this](const Report& report) {
-        printForm.setReport(report);
-        showModal(printForm);
-    });
+void Windows::closeKeypad() {
+    if (QWidget* keypad = formOf(*windowRow(OwnerKeypad))) keypad->close();
 }
 
-// What saving, comparing and printing ask in windows of their own.
-void Windows::offerChoices() {
-    TableChoices& choices = parameterForm.choices;
-    choices.chooseFrom = [this](const QString& title, const QStringList& items, int selected,
-                                TableChoices::ThenIndex then) {
-        selParaPrintForm.ask(title, items, selected, [items, then](std::optional<QString> chosen) {
-            then(chosen ? std::optional<int>(items.indexOf(*chosen)) : std::nullopt);
-        });
-    };
-    choices.chooseFormat = [this](TableChoices::ThenKind then) { selFileFormatForm.ask(then); };
-    choices.chooseCompareKind = [this](const QStringList& items, TableChoices::ThenIndex then) {
-        selCompKindForm.ask(items, [items, then](std::optional<QString> chosen) {
-            then(chosen ? std::optional<int>(items.indexOf(*chosen)) : std::nullopt);
-        });
-    };
+bool Windows::eventFilter(QObject* watched, QEvent* event) {
+    auto* window = qobject_cast<QWidget*>(watched);
+    if (window && event->type() == QEvent::Show) putOver(*window);
+    if (window && event->type() == QEvent::Hide && !event->spontaneous()) hidden(*window);
+    return false;
 }
 
 // A window belongs over the one that was in front when it opened. They are no children of each other, so that
 // every control is found in its own window.
-bool Windows::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::Show) return false;
-    auto* window = qobject_cast<QWidget*>(watched);
+void Windows::putOver(QWidget& window) {
     QWidget* front = QApplication::activeModalWidget();
     if (!front) front = QApplication::activeWindow();
-    if (window && front && front != window && window->windowHandle() && front->windowHandle())
-        window->windowHandle()->setTransientParent(front->windowHandle());
-    return false;
+    if (front && front != &window && window.windowHandle() && front->windowHandle())
+        window.windowHandle()->setTransientParent(front->windowHandle());
 }
 
-void Windows::showLanguage() { ChangeLanguage(tool.bench.language.table, all()); }
+// By whatever way it went, a window that had the link gives it up.
+void Windows::hidden(QWidget& window) {
+    if (m_open && formOf(*m_open) == &window) openingGivenUp();
+}
+
+void Windows::openingGivenUp() {
+    if (const WindowRow* row = std::exchange(m_open, nullptr)) tool.rules.finished(row->rule);
+}
+
+void Windows::showLanguage() { ChangeLanguage(tool.bench.language.table, m_all); }
 
 void Windows::showModal(QWidget& window) {
     window.setWindowModality(Qt::ApplicationModal);
@@ -125,12 +135,18 @@ void Windows::showModal(QWidget& window) {
     window.activateWindow();
 }
 
+void Windows::openBeside(Windows&, QWidget& form) {
+    form.show();
+    form.raise();
+    form.activateWindow();
+}
+
 // ---- Com setup and what follows it ----
 
 void Windows::openComSetup(std::function<void()> then) {
     m_afterComSetup = std::move(then);
     // Not by ActiveFunction: an aborted write has made it the main window's behind the open window.
-    m_fromParameterWindow = parameterForm.isVisible();
+    m_asked = m_open;
     if (!tool.comSetup.mayOpen()) {
         finishComSetup();
         return;
@@ -160,31 +176,28 @@ void Windows::watchInitialForm() {
 }
 
 void Windows::finishComSetup() {
-    if (m_fromParameterWindow) tool.comSetup.returnToParameterWindow();
-    m_fromParameterWindow = false;
+    const WindowRow* asked = std::exchange(m_asked, nullptr);
+    if (asked && asked == m_open) tool.rules.giveBack(asked->rule);
     const auto then = std::exchange(m_afterComSetup, {});
     if (then) then();
 }
 
 // ---- Windows that own the link ----
 
-QWidget* Windows::windowOf(int ActiveFunction) {
-    switch (ActiveFunction) {
-        case OwnerMain: return &mainForm;
-        case OwnerParameter: return &parameterForm;
-        default: return nullptr;
-    }
-}
-
 void Windows::openWindow(quint8 ActiveFunction) {
-    QWidget* window = windowOf(ActiveFunction);
-    if (!window || !tool.rules.begin(ActiveFunction)) return;
-    if (ActiveFunction == OwnerParameter) tool.parameters.opened();
-    showModal(*window);
+    const WindowRow* row = windowRow(ActiveFunction);
+    QWidget* window = row ? formOf(*row) : nullptr;
+    if (!window || !tool.rules.begin(row->rule)) return;
+    if (row->ownsLink()) m_open = row;
+    if (row->open)
+        row->open(*this, *window);
+    else
+        showModal(*window);
 }
 
 void Windows::ShowFocusForm(int ActiveFunction) {
-    QWidget* window = windowOf(ActiveFunction);
+    const WindowRow* row = windowRow(static_cast<quint8>(ActiveFunction));
+    QWidget* window = row ? formOf(*row) : nullptr;
     if (!window) return;
     window->show();
     window->raise();

@@ -1,10 +1,12 @@
-// All windows of the tool, created in one order at start and living for the whole run, and the openings that
-// need more than one step: each is a named method that goes on when a window has closed.
+// All windows of the tool, made from the window table in its order at start and living for the whole run, and
+// the openings that need more than one step: each is a named method that goes on when a window has closed.
 #pragma once
 
 #include <QList>
 #include <QObject>
 #include <functional>
+#include <memory>
+#include <vector>
 
 #include "base/kept_looks.h"
 #include "parameters/dialogs/input_value_form.h"
@@ -30,6 +32,7 @@
 #include "shell/password_form.h"
 #include "shell/shell_operator.h"
 #include "shell/tool.h"
+#include "shell/window_table.h"
 
 namespace kelvane {
 
@@ -39,57 +42,89 @@ class Windows : public QObject {
     // The main window stands already, so that it can be seen while the others are made. person is null where
     // another operator answers (tests).
     Windows(Tool& tool, TMainForm& mainForm, ShellOperator* person, KeptLooks& looks);
+    ~Windows() override;
 
-    // In the order of creation; windows that are not built yet will take their places.
     Tool& tool;
     TMainForm& mainForm;
-    TComSetupForm comSetupForm;
-    TParameterForm parameterForm;
-    TProgressForm progressForm;
-    TWriteCheckForm writeCheckForm;
-    TInputValueForm inputValueForm;
-    TSelParaSourceForm selParaSourceForm;
-    TSelCompKindForm selCompKindForm;
-    TSelReadKindForm selReadKindForm;
-    TSelFileFormatForm selFileFormatForm;
-    TMessageForm messageForm;
-    TPrintForm printForm;
-    TConnectForm connectForm;
-    TCEmessageForm ceMessageForm;
-    TInitialForm initialForm;
-    TAboutForm aboutForm;
-    TPasswordForm passwordForm;
-    TInputForm inputForm;
-    TSelParaPrintForm selParaPrintForm;
-    TSelGroupLoadForm selGroupLoadForm;
-    TWriteCheckErrRecordForm writeCheckErrRecordForm;
+    KeptLooks& looks;
+
+   private:
+    // Stands before the forms below, which are taken from it.
+    struct Forms {
+        explicit Forms(Windows& windows);
+        std::vector<std::unique_ptr<QWidget>> made;
+    };
+    Forms m_forms;
+
+   public:
+    // Short ways to forms of the table.
+    TComSetupForm& comSetupForm;
+    TParameterForm& parameterForm;
+    TProgressForm& progressForm;
+    TWriteCheckForm& writeCheckForm;
+    TInputValueForm& inputValueForm;
+    TSelParaSourceForm& selParaSourceForm;
+    TSelCompKindForm& selCompKindForm;
+    TSelReadKindForm& selReadKindForm;
+    TSelFileFormatForm& selFileFormatForm;
+    TMessageForm& messageForm;
+    TReportForm& reportForm;
+    TConnectForm& connectForm;
+    TCEmessageForm& ceMessageForm;
+    TInitialForm& initialForm;
+    TAboutForm& aboutForm;
+    TPasswordForm& passwordForm;
+    TInputForm& inputForm;
+    TSelParaPrintForm& selParaPrintForm;
+    TSelGroupLoadForm& selGroupLoadForm;
+    TWriteCheckErrRecordForm& writeCheckErrRecordForm;
 
     // Every window, in the order of creation.
-    QList<QWidget*> all();
-    // Com setup with what follows it; then runs when its last window has closed.
+    const QList<QWidget*>& all() const { return m_all; }
+    // The form of a class; while the forms are made, those of the rows above only.
+    template <class Form>
+    Form& form() const {
+        for (const auto& made : m_forms.made)
+            if (auto* found = qobject_cast<Form*>(made.get())) return *found;
+        Q_UNREACHABLE();
+    }
+    QWidget* formOf(const WindowRow& row) const;  // null while it is not built
+
+    // Com setup with what follows it; then runs when its last window has closed. The window that had the link
+    // has it again.
     void openComSetup(std::function<void()> then = {});
     void openWindow(quint8 ActiveFunction);
     // Brings the window of an ActiveFunction forward.
     void ShowFocusForm(int ActiveFunction);
     void showLanguage();
+    // The steps before a window have ended without it: what stands behind it in its rule follows.
+    void openingGivenUp();
+    void showModal(QWidget& window);
+
+    // Steps of rows.
+    static void openBeside(Windows& windows, QWidget& form);  // not modal
+    static void wireComSetup(Windows& windows, QWidget& form);
+    static void wireAbout(Windows& windows, QWidget& form);
 
    protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
    private:
+    void wireForms();
     void connectMain();
+    void putOver(QWidget& window);
+    void hidden(QWidget& window);
     void hideOthers();
-    void connectParameters();
-    void offerChoices();
+    void closeKeypad();
     void afterComSetup();
     void watchInitialForm();
     void finishComSetup();
-    void showModal(QWidget& window);
-    QWidget* windowOf(int ActiveFunction);
 
+    QList<QWidget*> m_all;
+    const WindowRow* m_open = nullptr;  // that owns the link
     std::function<void()> m_afterComSetup;
-    bool m_comSetupOpened = false;  // by openComSetup: what follows it is ours
-    bool m_fromParameterWindow = false;
+    bool m_comSetupOpened = false;       // by openComSetup: what follows it is ours
+    const WindowRow* m_asked = nullptr;  // whose link com setup took to rest
     bool m_waitingForDrive = false;
 };
 

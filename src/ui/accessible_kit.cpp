@@ -10,7 +10,7 @@
 namespace kelvane {
 namespace {
 
-QString named(const QWidget& widget, const QString& caption) {
+QString nameOr(const QWidget& widget, const QString& caption) {
     return widget.accessibleName().isEmpty() ? caption : widget.accessibleName();
 }
 
@@ -19,7 +19,7 @@ class ButtonSpeech : public QAccessibleWidget {
     ButtonSpeech(QAbstractButton* button, QAccessible::Role role) : QAccessibleWidget(button, role) {}
 
     QString text(QAccessible::Text kind) const override {
-        if (kind == QAccessible::Name) return named(*button(), button()->text());
+        if (kind == QAccessible::Name) return nameOr(*button(), button()->text());
         if (kind == QAccessible::Value) return stateInWords();
         return QAccessibleWidget::text(kind);
     }

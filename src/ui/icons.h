@@ -10,7 +10,7 @@
 namespace kelvane {
 
 // clang-format off
-enum class Icon {
+enum class Icon : int {
     ComSetup, Parameter, QuickSetup, Advance, Keypad, Trend, Monitor,
     Open, Save, Exit, ReadDrive, ReadFile, WriteSelect, WriteAll, Compare, Print,
     Language, Find, Previous, Next, Undo, Redo, Backup, Help, About,

@@ -142,7 +142,9 @@ TEST_P(LineFaults, FailAsPlannedAndOnlyThen) {
         EXPECT_EQ(host.ask(Command), reply) << int(fault);
         EXPECT_EQ(host.ask(Command), good);
     }
-    const auto sinceWriteUs = [&](const auto& burst) { return burst.first - host.station.port.writes().back().atUs; };
+    const auto sinceWriteUs = [&](const auto& burst) {
+        return burst.first - host.station.port.writes().back().atUs;
+    };
     faults.failNext(LineFault::Late);
     host.ask(Command);
     EXPECT_GT(sinceWriteUs(host.bursts.front()), 400000);

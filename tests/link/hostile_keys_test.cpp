@@ -35,26 +35,15 @@ struct Keyboard : OnLineBench {
     QStringList answeredAs;  // "task command" of every answered key
 
     explicit Keyboard(const LineChoice& choice) : OnLineBench(choice) {
-        compareState = false;
-        for (const Key& key : keys) {
-            const auto handler = link.taskHandlers[key.task];
-            link.taskHandlers[key.task] = [this, handler, task = key.task](const QString& command,
-                                                                           const QByteArray& RxData) {
-                answeredAs += QStringLiteral("%1 %2").arg(task).arg(command);
-                if (handler) handler(command, RxData);
-            };
-        }
+        credits.compareState = false;
+        QObject::connect(&link, &RequestScheduler::answered,
+                         [this](quint8 task, const QString& command, const QByteArray&) {
+                             for (const Key& key : keys)
+                                 if (key.task == task)
+                                     answeredAs += QStringLiteral("%1 %2").arg(task).arg(command);
+                         });
     }
-    void press(const Key& key) {
-        const QString command = QString::fromLatin1(key.command);
-        const auto give = [&](auto& to) {
-            if constexpr (requires { to.pushCommand(key.task, command); })
-                to.pushCommand(key.task, command);
-            else
-                to.push(key.task, command);
-        };
-        give(link);
-    }
+    void press(const Key& key) { link.pushCommand(key.task, QString::fromLatin1(key.command)); }
     bool calm() {
         return clock.advanceUntil(
             [this, until = polls + 2] {
@@ -68,7 +57,7 @@ struct Keyboard : OnLineBench {
     QStringList tryOut(const Press& press) {
         if (!calm()) return {"the line never came to rest before"};
         answeredAs.clear();
-        miscredited.clear();
+        credits.miscredited.clear();
         press.harm->setOn(station.line.options());
         for (int i = 0; i < press.harmedInARow; ++i)
             faults().failAt(press.firstHarmed + i, press.harm->fault);
@@ -83,7 +72,7 @@ struct Keyboard : OnLineBench {
     }
 
     QStringList judged(const Press& press, const QStringList& frames, qsizetype pressedAt) const {
-        QStringList wrong = miscredited;
+        QStringList wrong = credits.miscredited;
         const QString command = QString::fromLatin1(press.key->command);
         const qsizetype first = frames.indexOf(command);
         if (first < 0) return wrong + QStringList{"the frame never went out"};

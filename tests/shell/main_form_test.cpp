@@ -178,6 +178,40 @@ TEST(Windows, HaveEveryNameOfTheLanguageTableOnce) {
     }
 }
 
+// Every row that is built is found under its name, in the order of the table; every entry has its item, and
+// what is not built cannot be asked for.
+TEST(Windows, FollowTheirTable) {
+    ShellBench bench;
+    QStringList built;
+    for (const WindowRow& row : windowTable()) {
+        if (row.built() || row.rule.ActiveFunction == OwnerMain) built << row.form;
+        if (!row.entry.menuItem) continue;
+        auto* item = bench.find<QAction>(row.entry.menuItem);
+        EXPECT_EQ(item->isEnabled(), row.built() && !row.entry.offered) << row.form;
+        EXPECT_FALSE(item->icon().isNull()) << row.form;
+        if (row.entry.button) {
+            EXPECT_EQ(bench.text(row.entry.button), row.entry.caption);
+        }
+    }
+    QStringList found;
+    for (const QWidget* window : bench.windows->all()) found << window->objectName();
+    EXPECT_EQ(found, built);
+}
+
+TEST(Windows, GiveTheLinkBackToTheOwnerThatAskedForComSetup) {
+    for (const WindowRow& row : windowTable()) {
+        if (!row.ownsLink()) continue;
+        ShellBench bench;
+        RequestScheduler& link = bench.tool->link;
+        link.TxTimer.setEnabled(true);
+        link.push(8, "FF0620050006");
+        bench.tool->rules.giveBack(row.rule);
+        EXPECT_EQ(link.ActiveFunction, row.rule.ActiveFunction);
+        EXPECT_EQ(link.TxTimer.Enabled(), !row.rule.takesLine()) << row.form;
+        EXPECT_EQ(link.TaskQueue.empty(), row.rule.takesLine()) << row.form;
+    }
+}
+
 // ---- Rules of the openings ----
 
 struct RuleRow {
@@ -196,11 +230,11 @@ TEST_P(OpeningRules, AreKept) {
     if (row.onLine) bench.goOnLine();
     if (*row.message) bench.person.expectBox(row.message, row.title);
     link.push(8, "FF0620050006");
-    EXPECT_EQ(bench.tool->rules.begin(row.owner), row.opens);
-    const WindowRule* rule = windowRule(row.owner);
+    const WindowRule* rule = &windowRow(row.owner)->rule;
+    EXPECT_EQ(bench.tool->rules.begin(*rule), row.opens);
     EXPECT_EQ(link.TaskQueue.empty(), rule->prelude);
     EXPECT_EQ(link.ActiveFunction, row.opens && row.owner != OwnerKeypad ? row.owner : quint8(OwnerMain));
-    if (row.opens) bench.tool->rules.finished(row.owner);
+    if (row.opens) bench.tool->rules.finished(*rule);
     EXPECT_EQ(link.ActiveFunction, OwnerMain);
     if (rule->prelude) {
         EXPECT_EQ(link.TxTimer.Enabled(), row.onLine);

@@ -8,7 +8,7 @@
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
-#include "parameters/table/value_edit.h"
+#include "catalogue/value_edit.h"
 #include "ui/display_label.h"
 #include "ui/icons.h"
 #include "ui/transparent_button.h"

@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "parameters/table/value_edit.h"
+#include "parameters/table/table_edit.h"
 #include "ui/grid_delegate.h"
 #include "ui/icons.h"
 #include "ui/string_grid_view.h"

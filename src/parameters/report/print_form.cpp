@@ -25,15 +25,15 @@ const QMarginsF Margins(MarginMm, MarginMm, MarginMm, MarginMm);
 
 }  // namespace
 
-TPrintForm::TPrintForm(Operator& person, QWidget* parent) : QDialog(parent), m_person(person) {
-    setObjectName(QStringLiteral("TPrintForm"));
+TReportForm::TReportForm(Operator& person, QWidget* parent) : QDialog(parent), m_person(person) {
+    setObjectName(QStringLiteral("TReportForm"));
     setWindowTitle(QStringLiteral("Print Preview"));
     setModal(true);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
 }
 
 // Asking the system for its printers would slow every start, so it waits for a report.
-void TPrintForm::build() {
+void TReportForm::build() {
     m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     m_printer->setPageMargins(Margins, QPageLayout::Millimeter);
     QuickRep1 = new QPrintPreviewWidget(m_printer.get(), this);
@@ -41,7 +41,7 @@ void TPrintForm::build() {
     QuickRep1->setAccessibleName(QStringLiteral("Pages of the report"));
     connect(QuickRep1, &QPrintPreviewWidget::paintRequested, this,
             [this](QPrinter* printer) { paintReport(m_report, *printer); });
-    connect(QuickRep1, &QPrintPreviewWidget::previewChanged, this, &TPrintForm::showPageNumber);
+    connect(QuickRep1, &QPrintPreviewWidget::previewChanged, this, &TReportForm::showPageNumber);
 
     auto* buttons = new QHBoxLayout;
     buildButtons(buttons);
@@ -52,16 +52,16 @@ void TPrintForm::build() {
     resize(fontMetrics().height() * 50, fontMetrics().height() * 42);
 }
 
-TransparentButton* TPrintForm::addButton(QHBoxLayout* row, const char* name, const QIcon& icon,
-                                         const QString& text) {
+TransparentButton* TReportForm::addButton(QHBoxLayout* row, const char* name, const QIcon& icon,
+                                          const QString& text) {
     auto* button = new TransparentButton(icon, text, this, TransparentButton::Layout::IconLeft);
     button->setObjectName(QLatin1String(name));
     row->addWidget(button);
     return button;
 }
 
-QToolButton* TPrintForm::addPageButton(QHBoxLayout* row, const char* name, const QIcon& icon,
-                                       const QString& text, int step) {
+QToolButton* TReportForm::addPageButton(QHBoxLayout* row, const char* name, const QIcon& icon,
+                                        const QString& text, int step) {
     auto* button = new QToolButton(this);
     button->setObjectName(QLatin1String(name));
     button->setIcon(icon);
@@ -74,21 +74,21 @@ QToolButton* TPrintForm::addPageButton(QHBoxLayout* row, const char* name, const
     return button;
 }
 
-void TPrintForm::buildButtons(QHBoxLayout* row) {
+void TReportForm::buildButtons(QHBoxLayout* row) {
     auto* printButton =
         addButton(row, "PrintTransparentButton", icon(Icon::Print), QStringLiteral("Print..."));
     printButton->setShortcut(QKeySequence::Print);
-    connect(printButton, &QToolButton::clicked, this, &TPrintForm::print);
+    connect(printButton, &QToolButton::clicked, this, &TReportForm::print);
     auto* pdf = addButton(row, "PdfTransparentButton", icon(Icon::Save), QStringLiteral("PDF..."));
     pdf->setShortcut(QKeySequence::Save);
-    connect(pdf, &QToolButton::clicked, this, &TPrintForm::savePdf);
+    connect(pdf, &QToolButton::clicked, this, &TReportForm::savePdf);
 
     PageSizeComboBox = new QComboBox(this);
     PageSizeComboBox->setObjectName(QStringLiteral("PageSizeComboBox"));
     PageSizeComboBox->addItem(QStringLiteral("A4"), int(QPageSize::A4));
     PageSizeComboBox->addItem(QStringLiteral("Letter"), int(QPageSize::Letter));
     if (QLocale().measurementSystem() == QLocale::ImperialUSSystem) PageSizeComboBox->setCurrentIndex(1);
-    connect(PageSizeComboBox, &QComboBox::activated, this, &TPrintForm::choosePageSize);
+    connect(PageSizeComboBox, &QComboBox::activated, this, &TReportForm::choosePageSize);
     auto* size = new QLabel(QStringLiteral("&Page size:"), this);
     size->setBuddy(PageSizeComboBox);
     row->addSpacing(fontMetrics().height());
@@ -107,7 +107,7 @@ void TPrintForm::buildButtons(QHBoxLayout* row) {
     connect(exit, &QToolButton::clicked, this, &QDialog::accept);
 }
 
-void TPrintForm::setReport(const Report& report) {
+void TReportForm::setReport(const Report& report) {
     if (!m_printer) build();
     m_report = report;
     QuickRep1->updatePreview();
@@ -116,14 +116,14 @@ void TPrintForm::setReport(const Report& report) {
     showPageNumber();
 }
 
-void TPrintForm::choosePageSize() {
+void TReportForm::choosePageSize() {
     m_printer->setPageSize(
         QPageSize(static_cast<QPageSize::PageSizeId>(PageSizeComboBox->currentData().toInt())));
     m_printer->setPageMargins(Margins, QPageLayout::Millimeter);
     QuickRep1->updatePreview();
 }
 
-void TPrintForm::showPageNumber() {
+void TReportForm::showPageNumber() {
     const int page = QuickRep1->currentPage();
     const int pages = QuickRep1->pageCount();
     PageLabel->setText(QStringLiteral("Page %1 of %2").arg(page).arg(pages));
@@ -131,7 +131,7 @@ void TPrintForm::showPageNumber() {
     NextToolButton->setEnabled(page < pages);
 }
 
-FileResult TPrintForm::writePdf(const QString& path) const {
+FileResult TReportForm::writePdf(const QString& path) const {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
@@ -145,7 +145,7 @@ FileResult TPrintForm::writePdf(const QString& path) const {
     return writeWhole(path, bytes);
 }
 
-void TPrintForm::savePdf() {
+void TReportForm::savePdf() {
     const std::optional<QString> path =
         m_person.saveFile(QStringLiteral("PDF Files(*.pdf)|*.pdf"), QStringLiteral(".pdf"));
     if (!path) return;
@@ -153,7 +153,7 @@ void TPrintForm::savePdf() {
         m_person.tell(written.error, QStringLiteral("Error"), BoxIcon::Stop);
 }
 
-void TPrintForm::print() {
+void TReportForm::print() {
     auto* dialog = new QPrintDialog(m_printer.get(), this);
     dialog->setObjectName(QStringLiteral("PrintDialog"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);

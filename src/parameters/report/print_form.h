@@ -1,4 +1,4 @@
-// TPrintForm: the preview of a report, with printing and PDF, A4 or Letter. The shell shows it when the
+// TReportForm: the preview of a report, with printing and PDF, A4 or Letter. The shell shows it when the
 // Parameter window asks for it; it stays open until the person closes it.
 #pragma once
 
@@ -20,10 +20,10 @@ namespace kelvane {
 
 class TransparentButton;
 
-class TPrintForm : public QDialog {
+class TReportForm : public QDialog {
     Q_OBJECT
    public:
-    explicit TPrintForm(Operator& person, QWidget* parent = nullptr);
+    explicit TReportForm(Operator& person, QWidget* parent = nullptr);
 
     // Takes the report and shows its first page.
     void setReport(const Report& report);

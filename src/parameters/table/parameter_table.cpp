@@ -1,7 +1,5 @@
 #include "parameters/table/parameter_table.h"
 
-#include "link/number_text.h"
-
 namespace kelvane {
 
 namespace {
@@ -37,28 +35,6 @@ void ParameterTable::clear() {
     grid.setCheckBox(0, false);
     grid.setRowCount(1);
     grid.setRowCount(2);
-}
-
-QString addressText(int G, int N) { return IntToBaseStr(G, 16, 2) % IntToBaseStr(N, 16, 2); }
-
-QString parameterNumberText(Family family, int G, int N) {
-    if (family == Family::Rowan) return G == 1 ? IntToBaseStr(N + 256, 10, 4) : QString::number(N);
-    return IntToBaseStr(G, 10, 2) % QLatin1Char('-') % IntToBaseStr(N, 10, N < 100 ? 2 : 3);
-}
-
-bool runSetOf(quint16 ParaAttr) { return (ParaAttr & 2) != 0; }
-
-bool readOnlyOf(quint16 ParaAttr) { return (ParaAttr & 8) != 0; }
-
-int placesOf(Family family, quint16 ParaAttr) {
-    if (family == Family::Aspen) return (ParaAttr & 1) != 0 ? 2 : 0;
-    return (ParaAttr & 768) >> 8;
-}
-
-QString valueText(Family family, quint16 ParaAttr, quint16 word, int places) {
-    const bool isSigned = family == Family::Tilia && (ParaAttr & 128) != 0;
-    // Kept: the sign counts as a digit when the point is placed, so -5 with one place is "-.5".
-    return InsertDecimalPoint(QString::number(isSigned ? static_cast<qint16>(word) : int(word)), places);
 }
 
 QStringList tableHeaders() {
@@ -152,12 +128,6 @@ QStringList groupNamesIn(const StringGrid& grid) {
     for (int row = 1; row < grid.RowCount(); ++row)
         if (isGroupRow(grid, row)) names << grid.cell(column::Description, row);
     return names;
-}
-
-std::optional<QString> registerWordOf(const QString& value) {
-    const std::optional<int> number = withoutSeparatorToInt(value);
-    if (!number) return std::nullopt;
-    return IntToBaseStr(*number, 16, 4);
 }
 
 CellColours ProcessAdvStringGridGetCellColor(const StringGrid& grid, Family family, int column, int row) {

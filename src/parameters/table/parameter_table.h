@@ -11,6 +11,7 @@
 
 #include "base/drive_family.h"
 #include "base/string_grid.h"
+#include "catalogue/parameter_record.h"
 
 namespace kelvane {
 
@@ -35,17 +36,6 @@ inline constexpr int Note = 10;     // of a comparison: "Drive" or "File"
 inline constexpr int TableColumns = 13;
 inline constexpr int ComparisonColumns = 11;
 
-// One reply of the drive. The words are integers without decimal point.
-struct ParameterRecord {
-    quint16 ParaData = 0;
-    quint16 ParaMax = 0;
-    quint16 ParaMin = 0;
-    quint16 ParaAttr = 0;
-    quint16 ParaDefault = 0;
-    QString ParaName;  // spaces kept
-    QString ParaUnit;  // spaces kept
-};
-
 // Whose table it is. groupParamCount[G] is the highest number of group G, so 0 means one parameter; entry
 // groupCount is the reserved group of a drive.
 struct TableIdentity {
@@ -68,17 +58,6 @@ struct ParameterTable {
     QString TableFileName;  // path of a loaded file
 };
 
-// Addresses and numbers. N may be more than two digits in the number text.
-QString addressText(int G, int N);                         // "0269"
-QString parameterNumberText(Family family, int G, int N);  // "02-05", "02-105", Rowan "105" or "0261"
-
-// Attribute bits.
-bool runSetOf(quint16 ParaAttr);
-bool readOnlyOf(quint16 ParaAttr);
-int placesOf(Family family, quint16 ParaAttr);  // 0 to 3
-// A word as text with its places; signed for Tilia when the attribute says so.
-QString valueText(Family family, quint16 ParaAttr, quint16 word, int places);
-
 // Rows. Each writes the whole row in the told order and drops what an earlier table left in it.
 QStringList tableHeaders();
 QStringList writeListHeaders();
@@ -97,10 +76,6 @@ int dotOf(const StringGrid& grid, int row);        // 0 for anything but one dig
 int rowOfNumber(const StringGrid& grid,
                 const QString& PrNo);              // row with this column 1; -1 when there is none
 QStringList groupNamesIn(const StringGrid& grid);  // column 3 of the group rows, from the top
-
-// Register word of a value text as four hexadecimal digits: the text loses its separator and the Dot column
-// plays no part. Nothing when the rest is no integer.
-std::optional<QString> registerWordOf(const QString& value);
 
 // Colours of a cell of the three tables: group rows, and data that differ from their default.
 CellColours ProcessAdvStringGridGetCellColor(const StringGrid& grid, Family family, int column, int row);

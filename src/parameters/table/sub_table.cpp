@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "parameters/table/value_edit.h"
+#include "parameters/table/table_edit.h"
 
 namespace kelvane {
 

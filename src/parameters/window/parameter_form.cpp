@@ -9,7 +9,7 @@
 #include <QMimeData>
 #include <QUrl>
 
-#include "parameters/table/value_edit.h"
+#include "parameters/table/table_edit.h"
 #include "parameters/window/parameter_menus_form.h"
 #include "parameters/window/parameter_pages_form.h"
 #include "ui/find_bar.h"

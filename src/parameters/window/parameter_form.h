@@ -59,7 +59,7 @@ class TParameterForm : public QMainWindow {
 
    Q_SIGNALS:
     void finished(int result);                // closed; its tables are gone
-    void reportWanted(const Report& report);  // TPrintForm
+    void reportWanted(const Report& report);  // TReportForm
 
    protected:
     void showEvent(QShowEvent* event) override;

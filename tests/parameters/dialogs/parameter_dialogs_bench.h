@@ -15,7 +15,7 @@
 #include "parameters/dialogs/write_check_err_record_form.h"
 #include "parameters/dialogs/write_check_form.h"
 #include "parameters/parameter_session.h"
-#include "parameters/table/value_edit.h"
+#include "parameters/table/table_edit.h"
 #include "ui/string_grid_view.h"
 
 namespace kelvane {
@@ -93,7 +93,7 @@ struct DialogBench {
         link.BaudTimeoutTicks = link.ReplyTimeoutTicks = 5;
         link.ActiveFunction = OwnerParameter;
         link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
-        link.fixedParaName = fixedParaName;
+        link.ParamRead.fixedParaName = fixedParaName;
         link.Labels.DriveVrLabel = QString::fromLatin1(familyName(family));
         link.notifyChanged();
         link.DriveStatus.DriveReady = 1;

@@ -17,7 +17,7 @@
 #include "parameters/dialogs/sel_para_print_form.h"
 #include "parameters/dialogs/sel_para_source_form.h"
 #include "parameters/dialogs/sel_read_kind_form.h"
-#include "parameters/table/value_edit.h"
+
 #include "ui/lamp.h"
 
 namespace kelvane {

@@ -91,7 +91,7 @@ TEST(ReportPages, KeepsTheIdentityOfAPlainTableBlankBeforeAnyComparison) {
 TEST(PrintForm, ShowsAllPagesAndWritesThePdfWhole) {
     QTemporaryDir folder;
     ScriptedOperator person;
-    TPrintForm form(person);
+    TReportForm form(person);
     form.setReport(longReport(false, 150));
     form.show();
     const int pages = ReportPages(longReport(false, 150), A4Room).count();

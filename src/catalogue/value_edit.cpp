@@ -1,22 +1,12 @@
-#include "parameters/table/value_edit.h"
+#include "catalogue/value_edit.h"
 
 #include "link/number_text.h"
-#include "parameters/table/parameter_table.h"
 
 namespace kelvane {
 
 namespace {
 
-int limitOf(const StringGrid& grid, int column, int row) {
-    return withoutSeparatorToInt(grid.cell(column, row)).value_or(0);
-}
-
-void toggleHeaderCheckBox(StringGrid& grid) {
-    const bool set = !grid.checkBox(0);
-    grid.setCheckBox(0, set);
-    for (int row = 1; row < grid.RowCount(); ++row)
-        if (isWritable(grid, row)) grid.setCheckBox(row, set);
-}
+int limitOf(const QString& text) { return withoutSeparatorToInt(text).value_or(0); }
 
 InputVerdict refuse(ValueEdit& edit, Operator& person, const QString& text, const char* title,
                     InputVerdict verdict) {
@@ -27,44 +17,25 @@ InputVerdict refuse(ValueEdit& edit, Operator& person, const QString& text, cons
 
 }  // namespace
 
-void ProcessAdvStringGridDblClickCell(StringGrid& grid, int column, int row, Operator& person) {
-    if (column == column::Check && row == 0) toggleHeaderCheckBox(grid);
-    if (column <= column::Check) return;
-    std::optional<ValueEdit> edit = valueEditOf(grid, row);
-    if (!edit) return;
-    const QString PrNo = grid.cell(column::PrNo, row);
-    person.editValue(*edit);
-    if (grid.cell(column::PrNo, row) != PrNo) return;  // the table went while the editor was open
-    if (edit->InputAccepted) grid.setCell(column::Data, row, edit->Text);
-    grid.setCheckBox(row, true);  // Kept: also when the editor was cancelled
-}
-
-bool clickCheckBox(StringGrid& grid, int row) {
-    if (row == 0) {
-        toggleHeaderCheckBox(grid);
-        return true;
-    }
-    if (!isWritable(grid, row)) return false;
-    grid.setCheckBox(row, !grid.checkBox(row));
-    return true;
-}
-
-std::optional<ValueEdit> valueEditOf(const StringGrid& grid, int row) {
-    if (!isWritable(grid, row)) return std::nullopt;
-    const auto cell = [&](int c) { return grid.cell(c, row); };
+ValueEdit valueEditOf(const ValueTexts& texts) {
     ValueEdit edit;
-    edit.PrInforVrLabel = cell(column::PrNo) % QStringLiteral(": ") % cell(column::Description) %
-                          QStringLiteral(" (") % cell(column::Min) % QStringLiteral(" ~ ") %
-                          cell(column::Max) % QStringLiteral(" )");
-    edit.UnitVrLabel = cell(column::Unit);
-    edit.InputOldText = cell(column::Data);
+    edit.PrInforVrLabel = texts.number % QStringLiteral(": ") % texts.name % QStringLiteral(" (") %
+                          texts.min % u' ' % texts.between % u' ' % texts.max % QStringLiteral(" )");
+    edit.UnitVrLabel = texts.unit;
+    edit.InputOldText = texts.value;
     edit.Text = edit.InputOldText;
-    edit.InputDot = dotOf(grid, row);
-    edit.InputDefault = limitOf(grid, column::Default, row);
-    edit.InputMin = limitOf(grid, column::Min, row);
-    edit.InputMax = limitOf(grid, column::Max, row);
+    edit.InputDot = texts.places;
+    edit.InputDefault = limitOf(texts.defaultValue);
+    edit.InputMin = limitOf(texts.min);
+    edit.InputMax = limitOf(texts.max);
     edit.fromList = edit.InputDot == 0 && edit.InputMax < 10 && edit.InputMin >= 0;
     return edit;
+}
+
+std::optional<QString> askValue(const ValueTexts& texts, Operator& person) {
+    ValueEdit edit = valueEditOf(texts);
+    person.editValue(edit);
+    return edit.InputAccepted ? std::optional<QString>(edit.Text) : std::nullopt;
 }
 
 QStringList inputItems(const ValueEdit& edit) {

@@ -1,0 +1,87 @@
+#include "shell/parameter_windows.h"
+
+#include "shell/windows.h"
+
+namespace kelvane {
+
+namespace {
+
+// What saving, comparing and printing ask in windows of their own.
+void offerChoices(Windows& w) {
+    TableChoices& choices = w.parameterForm.choices;
+    choices.chooseFrom = [&w](const QString& title, const QStringList& items, int selected,
+                              TableChoices::ThenIndex then) {
+        w.selParaPrintForm.ask(title, items, selected, [items, then](std::optional<QString> chosen) {
+            then(chosen ? std::optional<int>(items.indexOf(*chosen)) : std::nullopt);
+        });
+    };
+    choices.chooseFormat = [&w](TableChoices::ThenKind then) { w.selFileFormatForm.ask(then); };
+    choices.chooseCompareKind = [&w](const QStringList& items, TableChoices::ThenIndex then) {
+        w.selCompKindForm.ask(items, [items, then](std::optional<QString> chosen) {
+            then(chosen ? std::optional<int>(items.indexOf(*chosen)) : std::nullopt);
+        });
+    };
+}
+
+}  // namespace
+
+std::unique_ptr<QWidget> makeParameterForm(Windows& w) {
+    const ToolBench& bench = w.tool.bench;
+    return std::make_unique<TParameterForm>(
+        w.tool.parameters,
+        ParameterFormBench{bench.person, bench.clock, bench.wallClock, bench.folder.path(), w.looks});
+}
+
+std::unique_ptr<QWidget> makeProgress(Windows& w) {
+    return std::make_unique<TProgressForm>(w.tool.parameters.progress);
+}
+
+std::unique_ptr<QWidget> makeWriteCheck(Windows& w) {
+    return std::make_unique<TWriteCheckForm>(w.tool.parameters);
+}
+
+std::unique_ptr<QWidget> makeInputValue(Windows& w) {
+    return std::make_unique<TInputValueForm>(w.tool.bench.person, w.tool.bench.language.table);
+}
+
+std::unique_ptr<QWidget> makeReport(Windows& w) { return std::make_unique<TReportForm>(w.tool.bench.person); }
+
+std::unique_ptr<QWidget> makeSelGroupLoad(Windows& w) {
+    return std::make_unique<TSelGroupLoadForm>(w.tool.parameters.reader);
+}
+
+std::unique_ptr<QWidget> makeWriteCheckErrRecord(Windows& w) {
+    return std::make_unique<TWriteCheckErrRecordForm>(w.tool.parameters.writer);
+}
+
+void wireParameterForm(Windows& w, QWidget&) {
+    ParameterSession& session = w.tool.parameters;
+    session.bench.openComSetup = [&w](std::function<void()> then) { w.openComSetup(std::move(then)); };
+    QObject::connect(&session.keypad, &KeypadSource::passwordWanted, &w,
+                     [&w] { w.showModal(w.passwordForm); });
+    QObject::connect(&w.passwordForm, &TPasswordForm::keypadReadEnabled, &session.keypad,
+                     &KeypadSource::enable);
+    QObject::connect(&w.parameterForm, &TParameterForm::reportWanted, &w, [&w](const Report& report) {
+        w.reportForm.setReport(report);
+        w.showModal(w.reportForm);
+    });
+    offerChoices(w);
+}
+
+void wireSelParaSource(Windows& w, QWidget&) {
+    ParameterSession& session = w.tool.parameters;
+    QObject::connect(&session, &ParameterSession::sourceLit, &w.selParaSourceForm,
+                     &TSelParaSourceForm::light);
+    QObject::connect(&session, &ParameterSession::writeSourceWanted, &w, [&w](const QString& VrLabel1) {
+        w.selParaSourceForm.ask(VrLabel1, [&w](std::optional<TableSide> side) {
+            if (side) w.tool.parameters.writeSourceChosen(*side);
+        });
+    });
+}
+
+void openParameterForm(Windows& w, QWidget& form) {
+    w.tool.parameters.opened();
+    w.showModal(form);
+}
+
+}  // namespace kelvane
