@@ -89,8 +89,11 @@ void AdvanceConsole::closeNow() {
 }
 
 FileResult AdvanceConsole::FormClose() {
-    stopAll();
-    traffic.cutOff();
+    if (bench.link.owner().console) {
+        stopAll();
+        traffic.cutOff();
+    }
+    panel.storeOthers();
     return saveDefault();
 }
 
@@ -169,6 +172,30 @@ void AdvanceConsole::showWords(const QString& command, const std::vector<quint16
         RxAdvStringGrid.setCell(4, row, RxAsciiText[i]);
     }
     Q_EMIT singleReply();
+}
+
+// ---- Explanation ----
+
+// A parameter of the drive's table, else a register of page "A".
+std::optional<RegisterName> AdvanceConsole::nameOf(quint16 address) const {
+    if (std::optional<RegisterName> known = registerNames ? registerNames(address) : std::nullopt) return known;
+    const StringGrid& grid = panel.AdvStringGrid1;
+    for (int row = 1; row < grid.RowCount(); ++row)
+        if (BaseStrToInt(grid.cell(DrivePanel::AddressColumn, row), 16) == address)
+            return RegisterName{{},
+                                grid.cell(DrivePanel::NameColumn, row),
+                                grid.cell(DrivePanel::UnitColumn, row),
+                                grid.cell(DrivePanel::DecimalColumn, row).toInt()};
+    return std::nullopt;
+}
+
+QString AdvanceConsole::explain(const ConsoleLine& line) const {
+    return explainExchange(line.text, line.rtu, line.replyUs, [this](quint16 address) { return nameOf(address); });
+}
+
+QString AdvanceConsole::explainLine(const QString& heard) const {
+    return explainHeard(heard, bench.link.mode() == LinkMode::Rtu,
+                        [this](quint16 address) { return nameOf(address); });
 }
 
 // ---- Runs ----

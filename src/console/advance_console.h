@@ -66,9 +66,8 @@ class AdvanceConsole : public QObject {
 
     // What is known of registers, for the explanation of a line; set by the shell.
     RegisterNames registerNames;
-    QString explain(const ConsoleLine& line) const {
-        return explainExchange(line.text, line.rtu, line.replyUs, registerNames);
-    }
+    QString explain(const ConsoleLine& line) const;
+    QString explainLine(const QString& heard) const;
 
     ConsoleSettings& settings() { return bench.link.Console; }
     const ConsoleRecord& record() const { return bench.link.Console.Log; }
@@ -113,6 +112,7 @@ class AdvanceConsole : public QObject {
 
    private:
     void connectLink();
+    std::optional<RegisterName> nameOf(quint16 address) const;
     void takeGoodReply(const QString& command, const QByteArray& RxData);
     void showWords(const QString& command, const std::vector<quint16>& words);
     bool fixedCommand(QString& command);

@@ -39,17 +39,13 @@ void ConsoleLog::onStarted() {
 
 void ConsoleLog::onCompleted() {
     const QString& top = m_link.Console.Log.topLine;
-    if (!m_open) {
-        // Nothing was sent, the port refused it, or the log was emptied meanwhile.
-        const bool sentBefore = !m_lastTop.isEmpty() && top.startsWith(m_lastTop);
-        prepend(sentBefore ? top.mid(m_lastTop.size()) : top);
-    }
+    // Nothing was sent, as the port refused it, or the log was emptied meanwhile.
+    if (!m_open) prepend(top);
     ConsoleLine& front = m_lines.front();
     if (m_open) front.text = top;
     front.colour = m_link.Console.Log.topLineColour;
     if (m_open) front.replyUs = m_clock.nowUs() - m_sentUs;
     m_open = false;
-    m_lastTop = top;
     Q_EMIT frontChanged();
     Q_EMIT countersChanged();
 }

@@ -48,7 +48,6 @@ class ConsoleLog : public QObject {
     const TickClock& m_clock;
     std::deque<ConsoleLine> m_lines;
     bool m_open = false;
-    QString m_lastTop;  // the line of the last completed exchange, as the link keeps it
     qint64 m_sentUs = 0;
 };
 

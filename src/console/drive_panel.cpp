@@ -229,7 +229,7 @@ bool DrivePanel::run(quint16 repeat) {
     m_commandList.blank(3, 3, 1, AdvStringGrid1.RowCount() - 1);
     m_traffic.cutOff();
     link.Console.ListRunning = 0;
-    link.ReadDataText.clear();  // nothing has been read in this run
+    link.ParamRead.ReadDataText.clear();  // nothing has been read in this run
     RepeatLeft = repeat;
     PendingDriveCmd = 0;
     m_running = true;
@@ -277,14 +277,15 @@ void DrivePanel::sendPending() {
 }
 
 int DrivePanel::wordCount() const {
-    const RequestScheduler& link = m_traffic.link;
-    return std::min<int>(static_cast<int>(link.ReadDataText.size() / 2), static_cast<int>(link.ReadWords.size()));
+    const ParamReadRecord& read = m_traffic.link.ParamRead;
+    return static_cast<int>(
+        std::min<qsizetype>(read.ReadDataText.size() / 2, static_cast<qsizetype>(read.ReadWords.size())));
 }
 
 void DrivePanel::showWords() {
     const bool hex = AdvStringGrid1.cell(DataColumn, 0) == HexFormat;
     for (int row = 1; row <= std::min(wordCount(), AdvStringGrid1.RowCount() - 1); ++row) {
-        const quint16 word = m_traffic.link.ReadWords[static_cast<size_t>(row - 1)];
+        const quint16 word = m_traffic.link.ParamRead.ReadWords[static_cast<size_t>(row - 1)];
         const int decimals = std::clamp(AdvStringGrid1.cell(DecimalColumn, row).toInt(), 0, MaxDecimals);
         AdvStringGrid1.setCell(DataColumn, row,
                                hex ? hexWord(word) % QLatin1Char('H')
@@ -326,7 +327,7 @@ void DrivePanel::clearChart() {
 void DrivePanel::showStatus() {
     if (wordCount() <= StatusWord) return;
     const int index = tableIndexOf(SelDriveComboBox, m_traffic.link.BrandVariant());
-    setLamps(panelLamps(m_traffic.link.ReadWords[StatusWord], codedStatus(index)));
+    setLamps(panelLamps(m_traffic.link.ParamRead.ReadWords[StatusWord], codedStatus(index)));
 }
 
 void DrivePanel::setLamps(const PanelLamps& lit) {

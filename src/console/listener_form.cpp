@@ -16,7 +16,6 @@
 #include <QVBoxLayout>
 
 #include "console/console_fields_form.h"
-#include "console/frame_explainer.h"
 #include "ui/editable_grid_view.h"
 #include "ui/icons.h"
 #include "ui/named.h"
@@ -200,9 +199,8 @@ void ListenerForm::showLines() {
 }
 
 void ListenerForm::explain() {
-    const bool rtu = m_console.bench.link.mode() == LinkMode::Rtu;
     const QString line = RxMemo->textCursor().block().text();
-    RxExplainMemo->setPlainText(line.isEmpty() ? QString() : explainHeard(line, rtu, m_console.registerNames));
+    RxExplainMemo->setPlainText(line.isEmpty() ? QString() : m_console.explainLine(line));
 }
 
 // ---- Search, save, font ----

@@ -120,7 +120,7 @@ int PortListener::lengthLimit() const {
 }
 
 QString PortListener::added(const QString& item) const {
-    return rtu() ? QStringLiteral("\\x") % item : QLatin1Char(' ') % item;
+    return (rtu() ? QStringLiteral("\\x") : QStringLiteral(" ")) % item;
 }
 
 // Mode and expected cell are taken once a burst.

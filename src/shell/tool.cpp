@@ -26,7 +26,8 @@ Tool::Tool(const ToolBench& toolBench)
           [this](const QString& text) { link.ShowHistoryMsg(text); }),
       watcher(presence),
       rules(link),
-      parameters(link, bench.clock, groupNames) {
+      parameters(link, bench.clock, groupNames),
+      console({link, comSetup, bench.clock, bench.wallClock, bench.folder.path()}) {
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
@@ -144,6 +145,8 @@ void Tool::OpenTransparentButtonClick() {
 
 void Tool::FormClose() {
     SaveProject();
+    const FileResult commandList = console.FormClose();
+    if (!commandList.ok) link.ShowHistoryMsg(commandList.error);
     comSetup.FormClose();
     link.rest();
     linkPort.close();
@@ -174,6 +177,7 @@ bool Tool::chooseLanguage(quint8 index) {
         bench.language, index, bench.folder.findData(QStringLiteral("Language file")), bench.person);
     if (!loaded) return false;
     identification.refreshItemNames();
+    console.languageChanged();
     Q_EMIT languageChanged();
     return true;
 }

@@ -10,6 +10,7 @@
 #include "base/program_folder.h"
 #include "base/whole_file.h"
 #include "catalogue/identification.h"
+#include "console/advance_console.h"
 #include "link/com_setup.h"
 #include "link/port_directory.h"
 #include "link/port_presence.h"
@@ -49,6 +50,7 @@ class Tool : public QObject {
     PortWatcher watcher;
     WindowRules rules;
     ParameterSession parameters;
+    AdvanceConsole console;
 
     // Values of default.prj that belong to windows; a window takes its section when it is built and puts it
     // back before a save.
