@@ -164,9 +164,9 @@ QWidget* ConnectionForm::buildLineBar() {
                                            QStringLiteral("Set the com port settings"),
                                            QStringLiteral("Port, baud rate and protocol"), bar);
     auto* row = barLayout(bar);
-    row->addWidget(captionFor(TimeOutTransparentButton, "TimeOutLabel", QStringLiteral("Time-out &1"), bar));
+    row->addWidget(captionFor(TimeOutTransparentButton, "TimeOutLabel", QStringLiteral("Time-out 1"), bar));
     row->addWidget(TimeOutTransparentButton);
-    row->addWidget(captionFor(TimeOut2TransparentButton, "TimeOut2Label", QStringLiteral("Time-out &2"), bar));
+    row->addWidget(captionFor(TimeOut2TransparentButton, "TimeOut2Label", QStringLiteral("Time-out 2"), bar));
     row->addWidget(TimeOut2TransparentButton);
     row->addWidget(ProtocolTransparentButton);
     row->addStretch();

@@ -63,7 +63,7 @@ ConsoleLogView::ConsoleLogView(AdvanceConsole& console, QWidget* parent) : QWidg
 
 void ConsoleLogView::buildBar(QVBoxLayout* column) {
     auto* row = new QHBoxLayout;
-    ErrorsOnlyCheckBox = named<QCheckBox>("ErrorsOnlyCheckBox", QStringLiteral("&Failures only"), this);
+    ErrorsOnlyCheckBox = named<QCheckBox>("ErrorsOnlyCheckBox", QStringLiteral("Failures o&nly"), this);
     ErrorsOnlyCheckBox->setToolTip(QStringLiteral("Show only exchanges that failed or were not answered"));
     const auto button = [this](const char* name, Icon which, const QString& text, const QString& hint) {
         auto* made = named<TransparentButton>(name, icon(which), text, this, TransparentButton::Layout::IconLeft);

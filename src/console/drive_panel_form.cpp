@@ -93,11 +93,11 @@ QWidget* DrivePanelPage::buildHead() {
 
     auto* row = new QGridLayout(head);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(captionFor(SelDriveComboBox, "SelDriveLabel", QStringLiteral("&Drive series"), head), 0, 0);
+    row->addWidget(captionFor(SelDriveComboBox, "SelDriveLabel", QStringLiteral("Dri&ve series"), head), 0, 0);
     row->addWidget(SelDriveComboBox, 1, 0);
     row->addWidget(captionFor(DefCmdLabeledEdit, "DefCmdLabel", QStringLiteral("Default &command"), head), 0, 1);
     row->addWidget(DefCmdLabeledEdit, 1, 1);
-    row->addWidget(captionFor(monitorIDLabeledEdit, "monitorIDLabel", QStringLiteral("I&D"), head), 0, 2);
+    row->addWidget(captionFor(monitorIDLabeledEdit, "monitorIDLabel", QStringLiteral("ID"), head), 0, 2);
     row->addWidget(monitorIDLabeledEdit, 1, 2);
     row->addWidget(upDown, 1, 3);
     row->setColumnStretch(4, 1);

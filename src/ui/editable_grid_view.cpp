@@ -48,6 +48,8 @@ void EditableGridView::editCell(int column, int row) {
 }
 
 void EditableGridView::keyPressEvent(QKeyEvent* event) {
+    // The Enter that ends an open cell comes here as well.
+    if (state() == EditingState) return event->accept();
     const bool editable = currentIndex().flags().testFlag(Qt::ItemIsEditable);
     if (event->key() == Qt::Key_Delete && editable) {
         grid()->setData(currentIndex(), QString(), Qt::EditRole);
