@@ -1,5 +1,5 @@
-// The files that were loaded last, newest first, for the menu of a window. They live in the program's ui-state
-// file, behind a small interface, under a key of the window.
+// The files that were loaded last, newest first, for the menu of a window. They live in the program's
+// ui-state file, behind a small interface, under a key of the window.
 #pragma once
 
 #include <QStringList>

@@ -184,7 +184,8 @@ QVariant StringGrid::headerData(int section, Qt::Orientation orientation, int ro
 
 Qt::ItemFlags StringGrid::flags(const QModelIndex& index) const {
     if (!index.isValid()) return Qt::NoItemFlags;
-    const Qt::ItemFlags typed = mayType && mayType(index.column(), index.row() + 1) ? Qt::ItemIsEditable : Qt::NoItemFlags;
+    const Qt::ItemFlags typed =
+        mayType && mayType(index.column(), index.row() + 1) ? Qt::ItemIsEditable : Qt::NoItemFlags;
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | typed;
 }
 

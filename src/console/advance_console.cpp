@@ -33,8 +33,8 @@ AdvanceConsole::AdvanceConsole(const ConsoleBench& consoleBench)
           traffic.cutOff();
           closeNow();
       }) {
-    RxAdvStringGrid.setHeaders({QString(), QStringLiteral("Hex"), QStringLiteral("Dec"), QStringLiteral("Bin"),
-                                QStringLiteral("ASCII")});
+    RxAdvStringGrid.setHeaders({QString(), QStringLiteral("Hex"), QStringLiteral("Dec"),
+                                QStringLiteral("Bin"), QStringLiteral("ASCII")});
     connectLink();
     caption = advanceCaption(bench.comSetup.shown);
     loadDefault();
@@ -110,7 +110,8 @@ QString AdvanceConsole::dataField(bool& legal) {
         if (!legal) complainOfNumber(DataLabeledEdit);
         return IntToBaseStr(value, 16, DataDigits);
     }
-    if (DataLabeledEdit.size() <= DataDigits) return DataLabeledEdit.rightJustified(DataDigits, QLatin1Char('0'));
+    if (DataLabeledEdit.size() <= DataDigits)
+        return DataLabeledEdit.rightJustified(DataDigits, QLatin1Char('0'));
     // Kept: the command goes out all the same, without its data.
     bench.link.operatorAsked().tell(bench.link.lang().MsgStr(23), ErrorTitle);
     return {};
@@ -178,7 +179,8 @@ void AdvanceConsole::showWords(const QString& command, const std::vector<quint16
 
 // A parameter of the drive's table, else a register of page "A".
 std::optional<RegisterName> AdvanceConsole::nameOf(quint16 address) const {
-    if (std::optional<RegisterName> known = registerNames ? registerNames(address) : std::nullopt) return known;
+    if (std::optional<RegisterName> known = registerNames ? registerNames(address) : std::nullopt)
+        return known;
     const StringGrid& grid = panel.AdvStringGrid1;
     for (int row = 1; row < grid.RowCount(); ++row)
         if (BaseStrToInt(grid.cell(DrivePanel::AddressColumn, row), 16) == address)
@@ -190,7 +192,8 @@ std::optional<RegisterName> AdvanceConsole::nameOf(quint16 address) const {
 }
 
 QString AdvanceConsole::explain(const ConsoleLine& line) const {
-    return explainExchange(line.text, line.rtu, line.replyUs, [this](quint16 address) { return nameOf(address); });
+    return explainExchange(line.text, line.rtu, line.replyUs,
+                           [this](quint16 address) { return nameOf(address); });
 }
 
 QString AdvanceConsole::explainLine(const QString& heard) const {

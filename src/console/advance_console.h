@@ -1,7 +1,7 @@
-// The Advance console without its window: a raw Modbus console for people who know the drive's registers. Owns its
-// pages as engines of their own (command list, register page, listener, flasher), its log and the road to the link,
-// and holds what they share: the fixed and the free command, the last read, time-outs, title and the .cml file.
-// TAdvanceForm shows it; the shell opens it as a window that owns the link.
+// The Advance console without its window: a raw Modbus console for people who know the drive's registers.
+// Owns its pages as engines of their own (command list, register page, listener, flasher), its log and the
+// road to the link, and holds what they share: the fixed and the free command, the last read, time-outs,
+// title and the .cml file. TAdvanceForm shows it; the shell opens it as a window that owns the link.
 #pragma once
 
 #include <QObject>
@@ -59,7 +59,7 @@ class AdvanceConsole : public QObject {
     QString RepeatLabeledEdit = QStringLiteral("0");
     ConsolePage page = ConsolePage::Connection;
     ConnectionPage connectionPage = ConnectionPage::A;
-    QString caption;               // of the window
+    QString caption;                                  // of the window
     QString projectName = QStringLiteral("default");  // panel 7
     QString TimeOutCaption = QStringLiteral("20 ms");
     QString TimeOut2Caption = QStringLiteral("0 ms");
@@ -73,7 +73,8 @@ class AdvanceConsole : public QObject {
     const ConsoleRecord& record() const { return bench.link.Console.Log; }
     bool running() const { return list.running() || panel.running(); }
 
-    // The window was opened, and may it be closed? When not, everything has been stopped and readyToClose() follows.
+    // The window was opened, and may it be closed? When not, everything has been stopped and readyToClose()
+    // follows.
     void opened();
     bool mayClose();
     FileResult FormClose();
@@ -104,8 +105,8 @@ class AdvanceConsole : public QObject {
     void SaveClick();
 
    Q_SIGNALS:
-    void changed();        // what the window shows beside grids and log
-    void singleReply();    // RxAdvStringGrid was filled
+    void changed();      // what the window shows beside grids and log
+    void singleReply();  // RxAdvStringGrid was filled
     void readyToClose();
     void fileOpened(const QString& path);
     void fileMissing(const QString& path);

@@ -46,7 +46,8 @@ TAdvanceForm::TAdvanceForm(AdvanceConsole& console, KeptLooks& looks, QWidget* p
 void TAdvanceForm::buildMenus() {
     QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
     file->setObjectName(QStringLiteral("FileMenu"));
-    const auto add = [this, file](const char* name, const QString& text, Icon which, const QKeySequence& keys) {
+    const auto add = [this, file](const char* name, const QString& text, Icon which,
+                                  const QKeySequence& keys) {
         auto* action = named<QAction>(name, icon(which), text, this);
         action->setShortcut(keys);
         file->addAction(action);
@@ -66,7 +67,8 @@ void TAdvanceForm::buildMenus() {
     QMenu* select = menuBar()->addMenu(QStringLiteral("&Select"));
     select->setObjectName(QStringLiteral("SelectMenu"));
     auto* group = new QActionGroup(this);
-    Connection = addPageAction(select, group, "Connection", QStringLiteral("Connection"), ConsolePage::Connection);
+    Connection =
+        addPageAction(select, group, "Connection", QStringLiteral("Connection"), ConsolePage::Connection);
     Monitor = addPageAction(select, group, "Monitor", QStringLiteral("Monitor"), ConsolePage::Monitor);
     FlasherItem = addPageAction(select, group, "Flasher", QStringLiteral("Flasher"), ConsolePage::Flasher);
     FlasherItem->setVisible(false);
@@ -120,7 +122,8 @@ void TAdvanceForm::connectConsole() {
     connect(&m_console.listener, &PortListener::stateChanged, this, &TAdvanceForm::showState);
     connect(&m_console.panel, &DrivePanel::tableChanged, this, &TAdvanceForm::showState);
     connect(&m_console.log, &ConsoleLog::countersChanged, this, &TAdvanceForm::showCounters);
-    connect(&m_console, &AdvanceConsole::fileOpened, this, [this](const QString& path) { m_recent.add(path); });
+    connect(&m_console, &AdvanceConsole::fileOpened, this,
+            [this](const QString& path) { m_recent.add(path); });
     connect(&m_console, &AdvanceConsole::fileMissing, this, [this](const QString& path) {
         if (!QFileInfo::exists(path)) m_recent.remove(path);
     });

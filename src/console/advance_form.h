@@ -1,5 +1,5 @@
-// TAdvanceForm, the Advance console: its pages, its log and its menus over an AdvanceConsole. The shell shows it
-// application-modal and opens com setup and the time-out dialog for it.
+// TAdvanceForm, the Advance console: its pages, its log and its menus over an AdvanceConsole. The shell shows
+// it application-modal and opens com setup and the time-out dialog for it.
 #pragma once
 
 #include <QMainWindow>

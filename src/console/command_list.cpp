@@ -27,8 +27,8 @@ CommandList::CommandList(ConsoleTraffic& traffic, TickClock& clock)
     : CmdAdvStringGrid(5),
       SendCmdTimer(clock, TickKind::RealTime, SendCmdInterval, [this] { SendCmdTimerTimer(); }),
       m_traffic(traffic) {
-    CmdAdvStringGrid.setHeaders({QString(), QStringLiteral("Command to Send"), QStringLiteral("Replied Message"),
-                                 HexFormat, QStringLiteral("Note")});
+    CmdAdvStringGrid.setHeaders({QString(), QStringLiteral("Command to Send"),
+                                 QStringLiteral("Replied Message"), HexFormat, QStringLiteral("Note")});
     CmdAdvStringGrid.addCheckBox(0, true);
     CmdAdvStringGrid.addCheckBox(1, true);
     CmdAdvStringGrid.mayType = [this](int column, int) { return column > 0 && !running(); };
@@ -66,8 +66,9 @@ bool CommandList::run(quint16 repeat) {
 void CommandList::stop() { SendCmdTimer.setEnabled(false); }
 
 void CommandList::SendCmdTimerTimer() {
-    // Kept: the wrap sets CurrentRow to 0 at once, so the reply to the last row is found by "0 means the last row".
-    // Each turn of the loop is one pass: a pass in which nothing can go leaves it with CanSend still set.
+    // Kept: the wrap sets CurrentRow to 0 at once, so the reply to the last row is found by "0 means the last
+    // row". Each turn of the loop is one pass: a pass in which nothing can go leaves it with CanSend still
+    // set.
     for (int pass = 0; pass < 2 && m_traffic.link.Console.Log.CanSend && m_traffic.free(); ++pass) {
         SendCmdTimer.setEnabled(false);
         sendNextRow();

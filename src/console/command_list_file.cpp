@@ -37,8 +37,8 @@ QString checkList(const std::vector<CommandListRow>& rows) {
     return items.join(QLatin1Char(','));
 }
 
-// Kept: as many items as page "A" has rows, with the cells of page "B". Nobody reads these lines; they keep the
-// layout.
+// Kept: as many items as page "A" has rows, with the cells of page "B". Nobody reads these lines; they keep
+// the layout.
 QString mixedList(const CommandListFile& file, QString CommandListRow::*cell) {
     QStringList items;
     for (int row = 1; row < file.AdvStringGrid1Rows; ++row) {
@@ -130,7 +130,8 @@ void takeRowColumn(const QString& list, std::vector<CommandListRow>& rows, QStri
 void takeChecks(const QString& list, std::vector<CommandListRow>& rows) {
     const QStringList items = list.split(QLatin1Char(','));
     for (size_t row = 0; row < rows.size(); ++row)
-        rows[row].checked = items.value(static_cast<qsizetype>(row), QStringLiteral("0")) != QLatin1String("0");
+        rows[row].checked =
+            items.value(static_cast<qsizetype>(row), QStringLiteral("0")) != QLatin1String("0");
 }
 
 bool readPageB(const QStringList& lines, CommandListFile& file) {

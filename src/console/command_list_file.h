@@ -1,6 +1,6 @@
 // The command list file (.cml), which keeps the state of the console: com settings for the reader's eye, the
-// "Others" table of page "A" and the command list of page "B". A positional text: a page is found by its exact
-// header line, and its values by their distance from it. Pure functions over a plain record.
+// "Others" table of page "A" and the command list of page "B". A positional text: a page is found by its
+// exact header line, and its values by their distance from it. Pure functions over a plain record.
 #pragma once
 
 #include <QByteArray>

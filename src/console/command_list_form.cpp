@@ -8,7 +8,8 @@
 
 namespace kelvane {
 
-CommandListPage::CommandListPage(AdvanceConsole& console, QWidget* parent) : QWidget(parent), m_console(console) {
+CommandListPage::CommandListPage(AdvanceConsole& console, QWidget* parent)
+    : QWidget(parent), m_console(console) {
     CmdAdvStringGrid = named<EditableGridView>("CmdAdvStringGrid", this);
     CmdAdvStringGrid->setAccessibleName(QStringLiteral("Command list"));
     CmdAdvStringGrid->setGrid(&m_console.list.CmdAdvStringGrid);

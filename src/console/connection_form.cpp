@@ -24,7 +24,8 @@ namespace kelvane {
 
 namespace {
 
-TransparentButton* toolButton(const char* name, Icon which, const QString& text, const QString& hint, QWidget* parent) {
+TransparentButton* toolButton(const char* name, Icon which, const QString& text, const QString& hint,
+                              QWidget* parent) {
     auto* button =
         named<TransparentButton>(name, icon(which), text, parent, TransparentButton::Layout::IconLeft);
     button->setToolTip(hint);
@@ -39,7 +40,8 @@ QHBoxLayout* barLayout(QWidget* bar) {
 
 }  // namespace
 
-ConnectionForm::ConnectionForm(AdvanceConsole& console, QWidget* parent) : QWidget(parent), m_console(console) {
+ConnectionForm::ConnectionForm(AdvanceConsole& console, QWidget* parent)
+    : QWidget(parent), m_console(console) {
     auto* splitter = named<QSplitter>("ConnectionSplitter", this);
     splitter->addWidget(buildLeft());
     splitter->addWidget(buildRight());
@@ -95,14 +97,18 @@ QWidget* ConnectionForm::buildRunBar() {
     RepeatLabeledEdit = keyedEdit("RepeatLabeledEdit", QStringLiteral("[0-9]*"), bar);
     RepeatLabeledEdit->setMaximumWidth(fontMetrics().averageCharWidth() * 9);
     TerCondLabel = plainLabel("TerCondLabel", QStringLiteral("Stop when"), bar);
-    ErrorCheckBox = addCheck("ErrorCheckBox", QStringLiteral("Error Occur"), &ConsoleSettings::ErrorCheckBox, bar);
-    TimeOutCheckBox = addCheck("TimeOutCheckBox", QStringLiteral("Time Out"), &ConsoleSettings::TimeOutCheckBox, bar);
-    FigButton = toolButton("FigButton", Icon::Trend, {}, QStringLiteral("Change between command page and chart"), bar);
+    ErrorCheckBox =
+        addCheck("ErrorCheckBox", QStringLiteral("Error Occur"), &ConsoleSettings::ErrorCheckBox, bar);
+    TimeOutCheckBox =
+        addCheck("TimeOutCheckBox", QStringLiteral("Time Out"), &ConsoleSettings::TimeOutCheckBox, bar);
+    FigButton = toolButton("FigButton", Icon::Trend, {},
+                           QStringLiteral("Change between command page and chart"), bar);
     auto* row = barLayout(bar);
     row->addWidget(RUNTransparentButton);
     row->addWidget(STOPTransparentButton);
     row->addSpacing(fontMetrics().height());
-    row->addWidget(captionFor(RepeatLabeledEdit, "RepeatLabel", QStringLiteral("Repeat &times ( 0: always do )"), bar));
+    row->addWidget(
+        captionFor(RepeatLabeledEdit, "RepeatLabel", QStringLiteral("Repeat &times ( 0: always do )"), bar));
     row->addWidget(RepeatLabeledEdit);
     row->addSpacing(fontMetrics().height());
     row->addWidget(TerCondLabel);
@@ -110,12 +116,17 @@ QWidget* ConnectionForm::buildRunBar() {
     row->addWidget(TimeOutCheckBox);
     row->addStretch();
     row->addWidget(FigButton);
-    connect(RUNTransparentButton, &QToolButton::clicked, &m_console, &AdvanceConsole::RUNTransparentButtonClick);
-    connect(STOPTransparentButton, &QToolButton::clicked, &m_console, &AdvanceConsole::STOPTransparentButtonClick);
-    connect(RepeatLabeledEdit, &QLineEdit::textEdited, this, [this](const QString& text) { m_console.RepeatLabeledEdit = text; });
+    connect(RUNTransparentButton, &QToolButton::clicked, &m_console,
+            &AdvanceConsole::RUNTransparentButtonClick);
+    connect(STOPTransparentButton, &QToolButton::clicked, &m_console,
+            &AdvanceConsole::STOPTransparentButtonClick);
+    connect(RepeatLabeledEdit, &QLineEdit::textEdited, this,
+            [this](const QString& text) { m_console.RepeatLabeledEdit = text; });
     connect(FigButton, &QToolButton::clicked, this, &ConnectionForm::toggleChart);
-    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, RUNTransparentButton, &QToolButton::click);
-    connect(new QShortcut(Qt::SHIFT | Qt::Key_F5, this), &QShortcut::activated, STOPTransparentButton, &QToolButton::click);
+    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, RUNTransparentButton,
+            &QToolButton::click);
+    connect(new QShortcut(Qt::SHIFT | Qt::Key_F5, this), &QShortcut::activated, STOPTransparentButton,
+            &QToolButton::click);
     connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, this,
             [this] { m_console.panel.press(DriveButton::Stop); });
     return bar;
@@ -138,12 +149,13 @@ QWidget* ConnectionForm::buildRowBar() {
                                  &ConsoleSettings::CheckRuleCheckBox, bar);
     addChecksumMenu();
     auto* row = barLayout(bar);
-    for (QWidget* widget : std::initializer_list<QWidget*>{NewTransparentButton, InsertTransparentButton,
-                                                           DelTransparentButton, Bevel7, AddChksumCheckBox,
-                                                           CheckRuleCheckBox})
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{NewTransparentButton, InsertTransparentButton, DelTransparentButton,
+                                         Bevel7, AddChksumCheckBox, CheckRuleCheckBox})
         row->addWidget(widget);
     row->addStretch();
-    connect(NewTransparentButton, &QToolButton::clicked, &m_console, &AdvanceConsole::NewTransparentButtonClick);
+    connect(NewTransparentButton, &QToolButton::clicked, &m_console,
+            &AdvanceConsole::NewTransparentButtonClick);
     connect(InsertTransparentButton, &QToolButton::clicked, this,
             [this] { m_console.InsertTransparentButtonClick(currentRow()); });
     connect(DelTransparentButton, &QToolButton::clicked, this,
@@ -158,11 +170,12 @@ QWidget* ConnectionForm::buildLineBar() {
     auto* bar = new QWidget(this);
     TimeOutTransparentButton = toolButton("TimeOutTransparentButton", Icon::Option, {},
                                           QStringLiteral("First wait for a reply, in ms"), bar);
-    TimeOut2TransparentButton = toolButton("TimeOut2TransparentButton", Icon::Option, {},
-                                           QStringLiteral("Second wait, when nothing came in the first, in ms"), bar);
-    ProtocolTransparentButton = toolButton("ProtocolTransparentButton", Icon::ComSetup,
-                                           QStringLiteral("Set the com port settings"),
-                                           QStringLiteral("Port, baud rate and protocol"), bar);
+    TimeOut2TransparentButton =
+        toolButton("TimeOut2TransparentButton", Icon::Option, {},
+                   QStringLiteral("Second wait, when nothing came in the first, in ms"), bar);
+    ProtocolTransparentButton =
+        toolButton("ProtocolTransparentButton", Icon::ComSetup, QStringLiteral("Set the com port settings"),
+                   QStringLiteral("Port, baud rate and protocol"), bar);
     auto* row = barLayout(bar);
     row->addWidget(captionFor(TimeOutTransparentButton, "TimeOutLabel", QStringLiteral("Time-out 1"), bar));
     row->addWidget(TimeOutTransparentButton);
@@ -170,8 +183,10 @@ QWidget* ConnectionForm::buildLineBar() {
     row->addWidget(TimeOut2TransparentButton);
     row->addWidget(ProtocolTransparentButton);
     row->addStretch();
-    connect(TimeOutTransparentButton, &QToolButton::clicked, this, [this] { Q_EMIT timeOutWanted(TimeOutTag::First); });
-    connect(TimeOut2TransparentButton, &QToolButton::clicked, this, [this] { Q_EMIT timeOutWanted(TimeOutTag::Second); });
+    connect(TimeOutTransparentButton, &QToolButton::clicked, this,
+            [this] { Q_EMIT timeOutWanted(TimeOutTag::First); });
+    connect(TimeOut2TransparentButton, &QToolButton::clicked, this,
+            [this] { Q_EMIT timeOutWanted(TimeOutTag::Second); });
     connect(ProtocolTransparentButton, &QToolButton::clicked, this, &ConnectionForm::comSetupWanted);
     return bar;
 }
@@ -208,7 +223,8 @@ void ConnectionForm::toggleChart() {
 }
 
 int ConnectionForm::currentRow() const {
-    return m_console.connectionPage == ConnectionPage::A ? m_drivePage->currentRow() : m_listPage->currentRow();
+    return m_console.connectionPage == ConnectionPage::A ? m_drivePage->currentRow()
+                                                         : m_listPage->currentRow();
 }
 
 void ConnectionForm::showState() {
@@ -216,15 +232,17 @@ void ConnectionForm::showState() {
     const bool listPage = m_console.connectionPage == ConnectionPage::B;
     RUNTransparentButton->setEnabled(free);
     STOPTransparentButton->setEnabled(!free);
-    for (QWidget* widget : std::initializer_list<QWidget*>{TimeOutTransparentButton, ProtocolTransparentButton,
-                                                           RepeatLabeledEdit, AddChksumCheckBox, CheckRuleCheckBox})
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{TimeOutTransparentButton, ProtocolTransparentButton,
+                                         RepeatLabeledEdit, AddChksumCheckBox, CheckRuleCheckBox})
         widget->setEnabled(free);
-    for (QWidget* widget : std::initializer_list<QWidget*>{NewTransparentButton, InsertTransparentButton,
-                                                           DelTransparentButton})
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{NewTransparentButton, InsertTransparentButton, DelTransparentButton})
         widget->setEnabled(free && (listPage || m_console.panel.othersSelected()));
     for (QWidget* widget : std::initializer_list<QWidget*>{TerCondLabel, ErrorCheckBox, TimeOutCheckBox})
         widget->setEnabled(free && listPage);
-    if (RepeatLabeledEdit->text() != m_console.RepeatLabeledEdit) RepeatLabeledEdit->setText(m_console.RepeatLabeledEdit);
+    if (RepeatLabeledEdit->text() != m_console.RepeatLabeledEdit)
+        RepeatLabeledEdit->setText(m_console.RepeatLabeledEdit);
     TimeOutTransparentButton->setText(m_console.TimeOutCaption);
     TimeOut2TransparentButton->setText(m_console.TimeOut2Caption);
     FigButton->setText(m_console.panel.chartShown ? QStringLiteral("<<") : QStringLiteral(">>"));

@@ -35,7 +35,8 @@ class ConnectionForm : public QWidget {
     QWidget* buildRunBar();
     QWidget* buildRowBar();
     QWidget* buildLineBar();
-    QCheckBox* addCheck(const char* name, const QString& text, bool ConsoleSettings::*setting, QWidget* parent);
+    QCheckBox* addCheck(const char* name, const QString& text, bool ConsoleSettings::*setting,
+                        QWidget* parent);
     void addChecksumMenu();
     void toggleChart();
     int currentRow() const;

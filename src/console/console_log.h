@@ -1,5 +1,5 @@
-// The console's log: one line an exchange, newest first. The link starts a line with each send and completes it
-// with what came back. Bounded: the oldest lines go, the counters stay.
+// The console's log: one line an exchange, newest first. The link starts a line with each send and completes
+// it with what came back. Bounded: the oldest lines go, the counters stay.
 #pragma once
 
 #include <QObject>

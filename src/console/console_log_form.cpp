@@ -33,7 +33,8 @@ QTextCharFormat formatOf(const ConsoleLine& line, const QPalette& palette) {
 
 }  // namespace
 
-ConsoleLogView::ConsoleLogView(AdvanceConsole& console, QWidget* parent) : QWidget(parent), m_console(console) {
+ConsoleLogView::ConsoleLogView(AdvanceConsole& console, QWidget* parent)
+    : QWidget(parent), m_console(console) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     buildBar(column);
@@ -66,7 +67,8 @@ void ConsoleLogView::buildBar(QVBoxLayout* column) {
     ErrorsOnlyCheckBox = named<QCheckBox>("ErrorsOnlyCheckBox", QStringLiteral("Failures o&nly"), this);
     ErrorsOnlyCheckBox->setToolTip(QStringLiteral("Show only exchanges that failed or were not answered"));
     const auto button = [this](const char* name, Icon which, const QString& text, const QString& hint) {
-        auto* made = named<TransparentButton>(name, icon(which), text, this, TransparentButton::Layout::IconLeft);
+        auto* made =
+            named<TransparentButton>(name, icon(which), text, this, TransparentButton::Layout::IconLeft);
         made->setToolTip(hint);
         return made;
     };
@@ -79,10 +81,12 @@ void ConsoleLogView::buildBar(QVBoxLayout* column) {
     row->addWidget(plainLabel("HistoryLabel", QStringLiteral("History"), this));
     row->addWidget(ErrorsOnlyCheckBox);
     row->addStretch();
-    for (QWidget* widget : std::initializer_list<QWidget*>{copy, keep, ClearTransparentButton}) row->addWidget(widget);
+    for (QWidget* widget : std::initializer_list<QWidget*>{copy, keep, ClearTransparentButton})
+        row->addWidget(widget);
     column->addLayout(row);
     connect(ErrorsOnlyCheckBox, &QCheckBox::toggled, this, &ConsoleLogView::rebuild);
-    connect(ClearTransparentButton, &QToolButton::clicked, &m_console.log, &ConsoleLog::ClearTransparentButtonClick);
+    connect(ClearTransparentButton, &QToolButton::clicked, &m_console.log,
+            &ConsoleLog::ClearTransparentButtonClick);
     connect(keep, &QToolButton::clicked, this, &ConsoleLogView::save);
     connect(copy, &QToolButton::clicked, this, [this] {
         if (MsgRichEdit->textCursor().hasSelection()) return MsgRichEdit->copy();
@@ -166,7 +170,8 @@ void ConsoleLogView::save() {
     Operator& person = m_console.bench.link.operatorAsked();
     const std::optional<QString> path = person.saveFileTitled(TextFilter, {}, QStringLiteral("MessageBox"));
     if (!path) return;
-    const FileResult written = writeWhole(*path, m_console.log.text(ErrorsOnlyCheckBox->isChecked()).toUtf8());
+    const FileResult written =
+        writeWhole(*path, m_console.log.text(ErrorsOnlyCheckBox->isChecked()).toUtf8());
     if (!written.ok) person.tell(written.error, QStringLiteral("Error"), BoxIcon::Stop);
 }
 

@@ -31,9 +31,9 @@ QString timeOutCaption(const QString& text) {
 
 QString advanceCaption(const ComSetup::Shown& boxes) {
     return QStringLiteral("Advance - Com ") % boxes.ComPortComboBox % QStringLiteral(" , BaudRate ") %
-           boxes.BaudComboBox % QStringLiteral(" , Protocol < ") % boxes.ModeComboBox % QStringLiteral(" , ") %
-           boxes.DataBitsComboBox % QStringLiteral(" , ") % boxes.ParityComboBox % QStringLiteral(" , ") %
-           boxes.StopBitsComboBox % QStringLiteral(" >");
+           boxes.BaudComboBox % QStringLiteral(" , Protocol < ") % boxes.ModeComboBox %
+           QStringLiteral(" , ") % boxes.DataBitsComboBox % QStringLiteral(" , ") % boxes.ParityComboBox %
+           QStringLiteral(" , ") % boxes.StopBitsComboBox % QStringLiteral(" >");
 }
 
 QString advanceCaption(const ComSetup::Shown& boxes, const PortSettings& port) {

@@ -1,5 +1,5 @@
-// Texts of the console that several of its pages make: numbers as hexadecimal digits, the four renderings of a
-// word, the caption of a time-out, and the window's title.
+// Texts of the console that several of its pages make: numbers as hexadecimal digits, the four renderings of
+// a word, the caption of a time-out, and the window's title.
 #pragma once
 
 #include <QString>
@@ -8,7 +8,7 @@
 
 namespace kelvane {
 
-QString hexWord(quint16 word);    // "1234"
+QString hexWord(quint16 word);  // "1234"
 // "0001.0010-0011.0100": high byte first.
 QString binaryWord(quint16 word);
 // The word's two bytes as characters, high byte first.

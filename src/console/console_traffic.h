@@ -1,6 +1,6 @@
-// The console's road to the link: each command goes out as it was given, behind the exchange in hand; a run begins
-// on a line of its own; and a motor's STOP goes before everything that waits, nothing of which is tried again
-// behind it.
+// The console's road to the link: each command goes out as it was given, behind the exchange in hand; a run
+// begins on a line of its own; and a motor's STOP goes before everything that waits, nothing of which is
+// tried again behind it.
 #pragma once
 
 #include <QObject>
@@ -26,7 +26,8 @@ class ConsoleTraffic : public QObject {
     bool exchangeOpen() const;
     void send(quint8 task, const QString& command) { link.request(task, command); }
     void sendStop(const QString& command);
-    // What has not been sent stays unsent, and a failure is not tried again; a reply on its way is still taken.
+    // What has not been sent stays unsent, and a failure is not tried again; a reply on its way is still
+    // taken.
     void endRun();
     // Nothing goes on, not even the exchange in hand. A STOP that waits still leaves.
     void cutOff();

@@ -35,28 +35,11 @@ std::optional<double> toNumber(QString text) {
     return ok ? std::optional(number) : std::nullopt;
 }
 
-// Two bits: 0 off, 1 about to stop, 2 about to run, 3 on. The other lamp shows the reverse.
-void pairOfLamps(int bits, PanelLamp& lamp, PanelLamp& other) {
-    lamp = {bits != 0, bits == 1};
-    other = {bits != 3, bits == 2};
-}
-
 }  // namespace
 
-PanelLamps panelLamps(quint16 word, bool coded) {
-    const auto bit = [word](int number) { return ((word >> number) & 1) != 0; };
-    PanelLamps lit;
-    lit.PUAbLED.on = bit(10);
-    lit.JOGAbLED.on = bit(2);
-    if (coded) {
-        pairOfLamps(word & 3, lit.RUNAbLED, lit.STOPAbLED);
-        pairOfLamps((word >> 3) & 3, lit.REVAbLED, lit.FWDAbLED);
-        return lit;
-    }
-    lit.RUNAbLED.on = bit(0);
-    lit.STOPAbLED.on = bit(1);
-    lit.FWDAbLED.on = bit(3);
-    lit.REVAbLED.on = bit(4);
+StateLeds panelLeds(quint16 word, bool coded) {
+    StateLeds lit = coded ? codedStateLeds(word) : plainStateLeds(word);
+    lit.EXT = {};
     return lit;
 }
 
@@ -155,7 +138,8 @@ void DrivePanel::rebuildOthers() {
 
 void DrivePanel::rebuildChannels() {
     channelItems = {PleaseSelect};
-    for (int row = 1; row < AdvStringGrid1.RowCount() && !AdvStringGrid1.cell(NameColumn, row).isEmpty(); ++row)
+    for (int row = 1; row < AdvStringGrid1.RowCount() && !AdvStringGrid1.cell(NameColumn, row).isEmpty();
+         ++row)
         channelItems += AdvStringGrid1.cell(NameColumn, row);
     ChComboBox.fill(0);
     Q_EMIT channelsChanged();
@@ -244,7 +228,7 @@ void DrivePanel::stop() {
     SendDefCmdTimer.setEnabled(false);
     m_running = false;
     PendingDriveCmd = 0;
-    setLamps({});
+    setLeds({});
     Q_EMIT tableChanged();
 }
 
@@ -264,7 +248,8 @@ void DrivePanel::SendDefCmdTimerTimer() {
     }
     showWords();
     // Kept: with a cell that is no number the polling stays off until STOP and RUN.
-    if (!addToChart()) return m_traffic.link.operatorAsked().tell(QStringLiteral("I got you !!"), QStringLiteral("Cofirm"));
+    if (!addToChart())
+        return m_traffic.link.operatorAsked().tell(QStringLiteral("I got you !!"), QStringLiteral("Cofirm"));
     showStatus();
     countRepeat();
 }
@@ -287,9 +272,9 @@ void DrivePanel::showWords() {
     for (int row = 1; row <= std::min(wordCount(), AdvStringGrid1.RowCount() - 1); ++row) {
         const quint16 word = m_traffic.link.ParamRead.ReadWords[static_cast<size_t>(row - 1)];
         const int decimals = std::clamp(AdvStringGrid1.cell(DecimalColumn, row).toInt(), 0, MaxDecimals);
-        AdvStringGrid1.setCell(DataColumn, row,
-                               hex ? hexWord(word) % QLatin1Char('H')
-                                   : InsertDecimalPoint(QString::number(word), decimals));
+        AdvStringGrid1.setCell(
+            DataColumn, row,
+            hex ? hexWord(word) % QLatin1Char('H') : InsertDecimalPoint(QString::number(word), decimals));
     }
 }
 
@@ -327,13 +312,13 @@ void DrivePanel::clearChart() {
 void DrivePanel::showStatus() {
     if (wordCount() <= StatusWord) return;
     const int index = tableIndexOf(SelDriveComboBox, m_traffic.link.BrandVariant());
-    setLamps(panelLamps(m_traffic.link.ParamRead.ReadWords[StatusWord], codedStatus(index)));
+    setLeds(panelLeds(m_traffic.link.ParamRead.ReadWords[StatusWord], codedStatus(index)));
 }
 
-void DrivePanel::setLamps(const PanelLamps& lit) {
-    if (lamps == lit) return;
-    lamps = lit;
-    Q_EMIT lampsChanged();
+void DrivePanel::setLeds(const StateLeds& lit) {
+    if (leds == lit) return;
+    leds = lit;
+    Q_EMIT ledsChanged();
 }
 
 void DrivePanel::countRepeat() {

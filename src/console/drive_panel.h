@@ -1,6 +1,6 @@
-// Page "A": one register block is polled with one command and shown row by row; the drive's status as lamps, six
-// buttons that command the drive, and up to four rows as a strip chart. The table is a series' own or, with
-// "Others", the person's.
+// Page "A": one register block is polled with one command and shown row by row; the drive's status as lamps,
+// six buttons that command the drive, and up to four rows as a strip chart. The table is a series' own or,
+// with "Others", the person's.
 #pragma once
 
 #include <QObject>
@@ -9,22 +9,14 @@
 #include <deque>
 
 #include "base/string_grid.h"
+#include "catalogue/state_leds.h"
 #include "console/command_list_file.h"
 #include "console/console_traffic.h"
 
 namespace kelvane {
 
-struct PanelLamp {
-    bool on = false;
-    bool flashing = false;
-    bool operator==(const PanelLamp&) const = default;
-};
-struct PanelLamps {
-    PanelLamp RUNAbLED, STOPAbLED, JOGAbLED, FWDAbLED, REVAbLED, EXTAbLED, PUAbLED;
-    bool operator==(const PanelLamps&) const = default;
-};
-// Lamps of a second status word (2101h); coded: run and direction have two bits each.
-PanelLamps panelLamps(quint16 word, bool coded);
+// Lamps of a second status word (2101h); coded: run and direction have two bits each. Kept: EXT is never lit.
+StateLeds panelLeds(quint16 word, bool coded);
 
 // One channel of the chart: values by number, oldest first. The oldest go when there are too many.
 struct ChartSeries {
@@ -60,7 +52,7 @@ class DrivePanel : public QObject {
     quint8 PendingDriveCmd = 0;
     quint16 RepeatLeft = 0;  // 0 for ever
     TickTimer SendDefCmdTimer;
-    PanelLamps lamps;
+    StateLeds leds;
 
     QStringList channelItems;
     std::array<int, Channels> ChComboBox{};  // items; 0 for none
@@ -98,9 +90,9 @@ class DrivePanel : public QObject {
    Q_SIGNALS:
     void tableChanged();  // command, series, edit state or ID
     void channelsChanged();
-    void lampsChanged();
+    void ledsChanged();
     void chartChanged();
-    void ended();         // by itself: the repeats are used up
+    void ended();  // by itself: the repeats are used up
     void motorStopGiven();
 
    private:
@@ -117,7 +109,7 @@ class DrivePanel : public QObject {
     void fillOthers();
     void fillAddresses();
     void takeId(int id);
-    void setLamps(const PanelLamps& lit);
+    void setLeds(const StateLeds& lit);
 
     ConsoleTraffic& m_traffic;
     StringGrid& m_commandList;

@@ -42,16 +42,16 @@ constexpr std::array<ButtonRow, 6> Buttons{{
 struct LampRow {
     const char* name;
     const char* text;
-    PanelLamp PanelLamps::*lamp;
+    StateLed StateLeds::*led;
 };
 constexpr std::array<LampRow, 7> Lamps{{
-    {"RUNAbLED", "RUN", &PanelLamps::RUNAbLED},
-    {"STOPAbLED", "STOP", &PanelLamps::STOPAbLED},
-    {"JOGAbLED", "JOG", &PanelLamps::JOGAbLED},
-    {"FWDAbLED", "FWD", &PanelLamps::FWDAbLED},
-    {"REVAbLED", "REV", &PanelLamps::REVAbLED},
-    {"EXTAbLED", "EXT", &PanelLamps::EXTAbLED},
-    {"PUAbLED", "PU", &PanelLamps::PUAbLED},
+    {"RUNAbLED", "RUN", &StateLeds::RUN},
+    {"STOPAbLED", "STOP", &StateLeds::STOP},
+    {"JOGAbLED", "JOG", &StateLeds::JOG},
+    {"FWDAbLED", "FWD", &StateLeds::FWD},
+    {"REVAbLED", "REV", &StateLeds::REV},
+    {"EXTAbLED", "EXT", &StateLeds::EXT},
+    {"PUAbLED", "PU", &StateLeds::PU},
 }};
 
 void showText(QLineEdit* edit, const QString& text) {
@@ -75,7 +75,7 @@ DrivePanelPage::DrivePanelPage(AdvanceConsole& console, QWidget* parent)
     column->addWidget(buildButtons());
     connectGrid();
     connect(&m_panel, &DrivePanel::tableChanged, this, &DrivePanelPage::showState);
-    connect(&m_panel, &DrivePanel::lampsChanged, this, &DrivePanelPage::showLamps);
+    connect(&m_panel, &DrivePanel::ledsChanged, this, &DrivePanelPage::showLamps);
     showState();
     showLamps();
 }
@@ -93,9 +93,11 @@ QWidget* DrivePanelPage::buildHead() {
 
     auto* row = new QGridLayout(head);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(captionFor(SelDriveComboBox, "SelDriveLabel", QStringLiteral("Dri&ve series"), head), 0, 0);
+    row->addWidget(captionFor(SelDriveComboBox, "SelDriveLabel", QStringLiteral("Dri&ve series"), head), 0,
+                   0);
     row->addWidget(SelDriveComboBox, 1, 0);
-    row->addWidget(captionFor(DefCmdLabeledEdit, "DefCmdLabel", QStringLiteral("Default &command"), head), 0, 1);
+    row->addWidget(captionFor(DefCmdLabeledEdit, "DefCmdLabel", QStringLiteral("Default &command"), head), 0,
+                   1);
     row->addWidget(DefCmdLabeledEdit, 1, 1);
     row->addWidget(captionFor(monitorIDLabeledEdit, "monitorIDLabel", QStringLiteral("ID"), head), 0, 2);
     row->addWidget(monitorIDLabeledEdit, 1, 2);
@@ -103,9 +105,11 @@ QWidget* DrivePanelPage::buildHead() {
     row->setColumnStretch(4, 1);
 
     connect(SelDriveComboBox, &QComboBox::activated, this, [this](int item) { m_panel.selectSeries(item); });
-    connect(DefCmdLabeledEdit, &QLineEdit::textEdited, this, [this](const QString& text) { m_panel.typeCommand(text); });
+    connect(DefCmdLabeledEdit, &QLineEdit::textEdited, this,
+            [this](const QString& text) { m_panel.typeCommand(text); });
     connect(monitorIDLabeledEdit, &QLineEdit::editingFinished, this, [this] {
-        if (monitorIDLabeledEdit->text() != m_panel.monitorIDLabeledEdit) m_panel.typeId(monitorIDLabeledEdit->text());
+        if (monitorIDLabeledEdit->text() != m_panel.monitorIDLabeledEdit)
+            m_panel.typeId(monitorIDLabeledEdit->text());
     });
     connect(upDown, &UpDown::stepped, this, [this](int position) { m_panel.stepId(position); });
     return head;
@@ -125,7 +129,8 @@ QWidget* DrivePanelPage::buildLamps() {
 }
 
 QWidget* DrivePanelPage::buildButtons() {
-    auto* group = named<QGroupBox>("ControlGroupBox", QStringLiteral("Control: each button acts at once"), this);
+    auto* group =
+        named<QGroupBox>("ControlGroupBox", QStringLiteral("Control: each button acts at once"), this);
     auto* row = new QHBoxLayout(group);
     for (const ButtonRow& at : Buttons) {
         auto* button = named<QPushButton>(at.name, QString::fromLatin1(at.text), group);
@@ -178,9 +183,9 @@ void DrivePanelPage::showState() {
 
 void DrivePanelPage::showLamps() {
     for (size_t i = 0; i < Lamps.size(); ++i) {
-        const PanelLamp& lamp = m_panel.lamps.*Lamps[i].lamp;
-        m_lamps[i]->setChecked(lamp.on);
-        m_lamps[i]->setFlashing(lamp.flashing);
+        const StateLed& led = m_panel.leds.*Lamps[i].led;
+        m_lamps[i]->setChecked(led.on);
+        m_lamps[i]->setFlashing(led.flashing);
     }
 }
 
@@ -234,7 +239,8 @@ void ChartPage::buildChannel(int channel, QGridLayout* grid) {
     grid->setColumnStretch(column + 2, 1);
     showColour(channel);
     connect(m_panels[at], &QToolButton::clicked, this, [this, channel] { chooseColour(channel); });
-    connect(m_boxes[at], &QComboBox::activated, this, [this, at](int item) { m_panel.ChComboBox[at] = item; });
+    connect(m_boxes[at], &QComboBox::activated, this,
+            [this, at](int item) { m_panel.ChComboBox[at] = item; });
 }
 
 void ChartPage::showColour(int channel) {
@@ -268,8 +274,8 @@ void ChartPage::showChart() {
         const ChartSeries& series = m_panel.Series[static_cast<size_t>(channel)];
         // One value more than the frame, so that a line comes in from its edge.
         const qint64 first = std::max(series.firstX, m_panel.axisMinimum - 1);
-        const auto skipped = static_cast<std::ptrdiff_t>(std::min<qint64>(
-            first - series.firstX, static_cast<qint64>(series.values.size())));
+        const auto skipped = static_cast<std::ptrdiff_t>(
+            std::min<qint64>(first - series.firstX, static_cast<qint64>(series.values.size())));
         const QList<double> seen(series.values.begin() + skipped, series.values.end());
         Chart1->setLine(channel, series.shown, static_cast<int>(series.values.size()), first, seen);
     }

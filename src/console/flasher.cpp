@@ -17,7 +17,8 @@ const QString MotFilter = QStringLiteral("(*.mot)|*.mot");
 }  // namespace
 
 Flasher::Flasher(ConsoleTraffic& traffic, TickClock& clock)
-    : MotTimer(clock, TickKind::RealTime, IntervalAtCreation, [this] { MotTimerTimer(); }), m_traffic(traffic) {}
+    : MotTimer(clock, TickKind::RealTime, IntervalAtCreation, [this] { MotTimerTimer(); }),
+      m_traffic(traffic) {}
 
 void Flasher::LoadClick() {
     Operator& person = m_traffic.link.operatorAsked();

@@ -1,4 +1,5 @@
-// The hidden "Flasher" page: an S-record file goes out line by line, paced by a timer alone; no reply is awaited.
+// The hidden "Flasher" page: an S-record file goes out line by line, paced by a timer alone; no reply is
+// awaited.
 #pragma once
 
 #include <QObject>

@@ -21,9 +21,9 @@ FlasherForm::FlasherForm(AdvanceConsole& console, QWidget* parent) : QWidget(par
     FprotocolTransparentButton =
         button("FprotocolTransparentButton", Icon::ComSetup, QStringLiteral("Set the com port settings"));
     auto* row = new QHBoxLayout;
-    for (QWidget* widget :
-         std::initializer_list<QWidget*>{LoadFileTransparentButton, SendFileTransparentButton, STOPflashTransparentButton,
-                                         FtimeoutTransparentButton, FprotocolTransparentButton})
+    for (QWidget* widget : std::initializer_list<QWidget*>{
+             LoadFileTransparentButton, SendFileTransparentButton, STOPflashTransparentButton,
+             FtimeoutTransparentButton, FprotocolTransparentButton})
         row->addWidget(widget);
     row->addStretch();
     const auto memo = [this](const char* name, const QString& what) {
@@ -41,10 +41,12 @@ FlasherForm::FlasherForm(AdvanceConsole& console, QWidget* parent) : QWidget(par
     column->addWidget(Gauge1);
     column->addWidget(FmonitorMemo, 1);
     connect(LoadFileTransparentButton, &QToolButton::clicked, &m_console.flasher, &Flasher::LoadClick);
-    connect(SendFileTransparentButton, &QToolButton::clicked, &m_console.flasher, &Flasher::SendFileTransparentButtonClick);
+    connect(SendFileTransparentButton, &QToolButton::clicked, &m_console.flasher,
+            &Flasher::SendFileTransparentButtonClick);
     connect(STOPflashTransparentButton, &QToolButton::clicked, &m_console.flasher, &Flasher::stop);
     connect(FprotocolTransparentButton, &QToolButton::clicked, this, &FlasherForm::comSetupWanted);
-    connect(FtimeoutTransparentButton, &QToolButton::clicked, this, [this] { Q_EMIT timeOutWanted(TimeOutTag::First); });
+    connect(FtimeoutTransparentButton, &QToolButton::clicked, this,
+            [this] { Q_EMIT timeOutWanted(TimeOutTag::First); });
     connect(&m_console.flasher, &Flasher::changed, this, &FlasherForm::showState);
     connect(&m_console, &AdvanceConsole::changed, this, &FlasherForm::showState);
     showState();
@@ -52,8 +54,9 @@ FlasherForm::FlasherForm(AdvanceConsole& console, QWidget* parent) : QWidget(par
 
 void FlasherForm::showState() {
     const bool free = !m_console.flasher.running();
-    for (QWidget* widget : std::initializer_list<QWidget*>{LoadFileTransparentButton, SendFileTransparentButton,
-                                                           FprotocolTransparentButton, FtimeoutTransparentButton})
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{LoadFileTransparentButton, SendFileTransparentButton,
+                                         FprotocolTransparentButton, FtimeoutTransparentButton})
         widget->setEnabled(free);
     STOPflashTransparentButton->setEnabled(!free);
     FtimeoutTransparentButton->setText(m_console.TimeOutCaption);

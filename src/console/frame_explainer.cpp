@@ -72,7 +72,8 @@ QByteArray fromPairs(const QString& text) {
 QByteArray unescaped(const QString& text) {
     QByteArray bytes;
     for (qsizetype at = 0; at < text.size(); ++at) {
-        const int value = text.mid(at, 2) == QLatin1String("\\x") ? BaseStrToInt(text.mid(at + 2, 2), 16) : -1;
+        const int value =
+            text.mid(at, 2) == QLatin1String("\\x") ? BaseStrToInt(text.mid(at + 2, 2), 16) : -1;
         if (value >= 0 && at + 3 < text.size()) {
             bytes += static_cast<char>(value);
             at += 3;
@@ -133,9 +134,12 @@ QString valueText(quint16 address, quint16 value, const RegisterNames& names) {
 
 QStringList headLines(const QByteArray& body) {
     const quint8 address = byteAt(body, 1);
-    const QString all = address == 255 ? QStringLiteral(" (any drive)") : address == 0 ? QStringLiteral(" (all)") : QString();
-    return {QStringLiteral("Address: ") % QString::number(address) % all,
-            QStringLiteral("Function: %1, %2").arg(byteAt(body, 2) & 0x7F).arg(functionText(byteAt(body, 2)))};
+    const QString all = address == 255 ? QStringLiteral(" (any drive)")
+                        : address == 0 ? QStringLiteral(" (all)")
+                                       : QString();
+    return {
+        QStringLiteral("Address: ") % QString::number(address) % all,
+        QStringLiteral("Function: %1, %2").arg(byteAt(body, 2) & 0x7F).arg(functionText(byteAt(body, 2)))};
 }
 
 QStringList requestLines(const QByteArray& body, const RegisterNames& names) {
@@ -147,8 +151,9 @@ QStringList requestLines(const QByteArray& body, const RegisterNames& names) {
     }
     const quint16 address = wordAt(body, 3);
     lines += QStringLiteral("Register: ") % registerText(address, names);
-    lines += function == ReadRegisters ? QStringLiteral("Registers asked for: %1").arg(wordAt(body, 5))
-                                       : QStringLiteral("Value: ") % valueText(address, wordAt(body, 5), names);
+    lines += function == ReadRegisters
+                 ? QStringLiteral("Registers asked for: %1").arg(wordAt(body, 5))
+                 : QStringLiteral("Value: ") % valueText(address, wordAt(body, 5), names);
     return lines;
 }
 
@@ -184,7 +189,8 @@ QStringList replyLines(const QByteArray& body, const QByteArray& request, const 
         const bool known = request.size() == RequestBody && byteAt(request, 2) == ReadRegisters;
         return lines + readLines(body, known ? std::optional(wordAt(request, 3)) : std::nullopt, names);
     }
-    if (function == WriteRegister && body == request) return lines + QStringList{QStringLiteral("Carried out")};
+    if (function == WriteRegister && body == request)
+        return lines + QStringList{QStringLiteral("Carried out")};
     return requestLines(body, names);
 }
 
@@ -213,7 +219,8 @@ QString explainExchange(const QString& logLine, bool rtu, qint64 replyUs, const 
     if (received < 0) return lines.join(QLatin1Char('\n'));
     const QString reply = logLine.mid(received + ReceiveMark.size());
     lines += QStringLiteral("-- Received --");
-    if (replyUs >= 0) lines += QStringLiteral("%1 ms after the send").arg(static_cast<double>(replyUs) / 1000, 0, 'f', 1);
+    if (replyUs >= 0)
+        lines += QStringLiteral("%1 ms after the send").arg(static_cast<double>(replyUs) / 1000, 0, 'f', 1);
     if (reply == QLatin1String("No response")) {
         lines += QStringLiteral("No byte came");
         return lines.join(QLatin1Char('\n'));
@@ -230,7 +237,8 @@ QString explainHeard(const QString& line, bool rtu, const RegisterNames& names) 
     const Frame frame = rtu ? rtuFrame(fromPairs(logged.remove(QLatin1String("\\x"))))
                             : asciiFrame(unescaped(logged.remove(QLatin1Char(' '))));
     if (frame.body.isEmpty()) return frame.check;
-    QStringList lines = looksLikeReply(frame.body) ? replyLines(frame.body, {}, names) : requestLines(frame.body, names);
+    QStringList lines =
+        looksLikeReply(frame.body) ? replyLines(frame.body, {}, names) : requestLines(frame.body, names);
     lines += frame.check;
     return lines.join(QLatin1Char('\n'));
 }

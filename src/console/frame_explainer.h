@@ -17,8 +17,8 @@ struct RegisterName {
 // What is known of a register; nothing for one that no table has.
 using RegisterNames = std::function<std::optional<RegisterName>(quint16 address)>;
 
-// A line of the console's log: the request, and the reply in its light. replyUs is the time from the send to the
-// end of the wait, -1 when it is not known.
+// A line of the console's log: the request, and the reply in its light. replyUs is the time from the send to
+// the end of the wait, -1 when it is not known.
 QString explainExchange(const QString& logLine, bool rtu, qint64 replyUs, const RegisterNames& names);
 // A line of the listener, which may begin and end anywhere.
 QString explainHeard(const QString& line, bool rtu, const RegisterNames& names);

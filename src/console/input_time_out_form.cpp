@@ -8,7 +8,8 @@
 
 namespace kelvane {
 
-TInputTimeOutForm::TInputTimeOutForm(AdvanceConsole& console, QWidget* parent) : QDialog(parent), m_console(console) {
+TInputTimeOutForm::TInputTimeOutForm(AdvanceConsole& console, QWidget* parent)
+    : QDialog(parent), m_console(console) {
     setObjectName(QStringLiteral("TInputTimeOutForm"));
     setWindowTitle(QStringLiteral("Time-out"));
     setModal(true);

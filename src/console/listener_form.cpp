@@ -29,8 +29,10 @@ namespace {
 constexpr int RefreshInterval = 50;  // ms: lines come faster than anybody reads
 const QString TextFilter = QStringLiteral("TXT File(*.txt)|*.txt");
 
-TransparentButton* toolButton(const char* name, Icon which, const QString& text, const QString& hint, QWidget* parent) {
-    auto* button = named<TransparentButton>(name, icon(which), text, parent, TransparentButton::Layout::IconLeft);
+TransparentButton* toolButton(const char* name, Icon which, const QString& text, const QString& hint,
+                              QWidget* parent) {
+    auto* button =
+        named<TransparentButton>(name, icon(which), text, parent, TransparentButton::Layout::IconLeft);
     button->setToolTip(hint);
     return button;
 }
@@ -79,11 +81,12 @@ QWidget* ListenerForm::buildTools() {
     auto* bar = new QWidget(this);
     RUNmonitorTransparentButton = toolButton("RUNmonitorTransparentButton", Icon::Run, QStringLiteral("RUN"),
                                              QStringLiteral("Listen to the port"), bar);
-    STOPmonitorTransparentButton = toolButton("STOPmonitorTransparentButton", Icon::Stop, QStringLiteral("STOP"),
-                                              QStringLiteral("Stop listening and close the port"), bar);
-    MprotocolTransparentButton = toolButton("MprotocolTransparentButton", Icon::ComSetup,
-                                            QStringLiteral("Set the com port settings"),
-                                            QStringLiteral("Port, baud rate and protocol"), bar);
+    STOPmonitorTransparentButton =
+        toolButton("STOPmonitorTransparentButton", Icon::Stop, QStringLiteral("STOP"),
+                   QStringLiteral("Stop listening and close the port"), bar);
+    MprotocolTransparentButton =
+        toolButton("MprotocolTransparentButton", Icon::ComSetup, QStringLiteral("Set the com port settings"),
+                   QStringLiteral("Port, baud rate and protocol"), bar);
     SearchTransparentButton = toolButton("SearchTransparentButton", Icon::Find, QStringLiteral("Search"),
                                          QStringLiteral("Find a text from the start"), bar);
     auto* font = toolButton("FontTransparentButton", Icon::Edit, QStringLiteral("Font"),
@@ -97,13 +100,15 @@ QWidget* ListenerForm::buildTools() {
     Button1->hide();
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
-    for (QWidget* widget :
-         std::initializer_list<QWidget*>{RUNmonitorTransparentButton, STOPmonitorTransparentButton,
-                                         MprotocolTransparentButton, SearchTransparentButton, font, keep, clear})
+    for (QWidget* widget : std::initializer_list<QWidget*>{
+             RUNmonitorTransparentButton, STOPmonitorTransparentButton, MprotocolTransparentButton,
+             SearchTransparentButton, font, keep, clear})
         row->addWidget(widget);
     row->addStretch();
-    connect(RUNmonitorTransparentButton, &QToolButton::clicked, &m_listener, &PortListener::RUNmonitorTransparentButtonClick);
-    connect(STOPmonitorTransparentButton, &QToolButton::clicked, &m_listener, &PortListener::STOPmonitorTransparentButtonClick);
+    connect(RUNmonitorTransparentButton, &QToolButton::clicked, &m_listener,
+            &PortListener::RUNmonitorTransparentButtonClick);
+    connect(STOPmonitorTransparentButton, &QToolButton::clicked, &m_listener,
+            &PortListener::STOPmonitorTransparentButtonClick);
     connect(MprotocolTransparentButton, &QToolButton::clicked, this, &ListenerForm::comSetupWanted);
     connect(SearchTransparentButton, &QToolButton::clicked, this, &ListenerForm::search);
     connect(font, &QToolButton::clicked, this, &ListenerForm::chooseFont);
@@ -115,20 +120,23 @@ QWidget* ListenerForm::buildTools() {
 
 QWidget* ListenerForm::buildCutting() {
     auto* group = named<QGroupBox>("CuttingGroupBox", QStringLiteral("A line ends"), this);
-    AutoBreakChRadioButton = named<QRadioButton>("AutoBreakChRadioButton", QStringLiteral("&before the bytes"), group);
+    AutoBreakChRadioButton =
+        named<QRadioButton>("AutoBreakChRadioButton", QStringLiteral("&before the bytes"), group);
     BreakAdvStringGrid = named<EditableGridView>("BreakAdvStringGrid", group);
     BreakAdvStringGrid->setAccessibleName(QStringLiteral("Break bytes"));
     BreakAdvStringGrid->setGrid(&m_listener.BreakAdvStringGrid);
     BreakAdvStringGrid->horizontalHeader()->hide();
     BreakAdvStringGrid->setColumnCharacters({5, 5, 5, 5});
-    BreakAdvStringGrid->setToolTip(QStringLiteral("Two hexadecimal characters each; how many by a right click"));
+    BreakAdvStringGrid->setToolTip(
+        QStringLiteral("Two hexadecimal characters each; how many by a right click"));
     BreakAdvStringGrid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     BreakAdvStringGrid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // A third key takes the place of the two before it.
     BreakAdvStringGrid->tidy = [](int, const QString& text) {
         return (text.size() > 2 ? text.mid(2) : text).toUpper();
     };
-    LengthLimitRadioButton = named<QRadioButton>("LengthLimitRadioButton", QStringLiteral("&after so many bytes"), group);
+    LengthLimitRadioButton =
+        named<QRadioButton>("LengthLimitRadioButton", QStringLiteral("&after so many bytes"), group);
     WordCntLabeledEdit = keyedEdit("WordCntLabeledEdit", QStringLiteral("[0-9]*"), group);
     WordCntLabeledEdit->setMaximumWidth(fontMetrics().averageCharWidth() * 9);
     WordCntLabeledEdit->setText(m_listener.WordCntLabeledEdit);
@@ -140,8 +148,10 @@ QWidget* ListenerForm::buildCutting() {
     row->addWidget(WordCntLabeledEdit);
     row->addStretch();
     addLengthMenu();
-    connect(AutoBreakChRadioButton, &QRadioButton::clicked, this, [this] { m_listener.AutoBreakChRadioButton = true; });
-    connect(LengthLimitRadioButton, &QRadioButton::clicked, this, [this] { m_listener.AutoBreakChRadioButton = false; });
+    connect(AutoBreakChRadioButton, &QRadioButton::clicked, this,
+            [this] { m_listener.AutoBreakChRadioButton = true; });
+    connect(LengthLimitRadioButton, &QRadioButton::clicked, this,
+            [this] { m_listener.AutoBreakChRadioButton = false; });
     connect(WordCntLabeledEdit, &QLineEdit::textEdited, this, [this](const QString& text) {
         m_listener.WordCntLabeledEdit = text;
         m_listener.AutoBreakChRadioButton = false;
@@ -154,7 +164,8 @@ void ListenerForm::addLengthMenu() {
     auto* menu = named<QMenu>("BreakPopupMenu", BreakAdvStringGrid);
     m_lengths = new QActionGroup(this);
     for (int count = 1; count <= PortListener::MaxBreakLength; ++count) {
-        QAction* action = menu->addAction(QStringLiteral("%1 byte%2").arg(count).arg(count > 1 ? QStringLiteral("s") : QString()));
+        QAction* action = menu->addAction(
+            QStringLiteral("%1 byte%2").arg(count).arg(count > 1 ? QStringLiteral("s") : QString()));
         action->setObjectName(QStringLiteral("BreakLength%1").arg(count));
         action->setCheckable(true);
         action->setActionGroup(m_lengths);
@@ -168,9 +179,9 @@ void ListenerForm::showState() {
     const bool free = !m_listener.running();
     RUNmonitorTransparentButton->setEnabled(free);
     STOPmonitorTransparentButton->setEnabled(!free);
-    for (QWidget* widget : std::initializer_list<QWidget*>{AutoBreakChRadioButton, LengthLimitRadioButton,
-                                                           BreakAdvStringGrid, WordCntLabeledEdit,
-                                                           SearchTransparentButton, MprotocolTransparentButton})
+    for (QWidget* widget : std::initializer_list<QWidget*>{
+             AutoBreakChRadioButton, LengthLimitRadioButton, BreakAdvStringGrid, WordCntLabeledEdit,
+             SearchTransparentButton, MprotocolTransparentButton})
         widget->setEnabled(free);
     (m_listener.AutoBreakChRadioButton ? AutoBreakChRadioButton : LengthLimitRadioButton)->setChecked(true);
     m_lengths->actions().at(m_listener.breakLength() - 1)->setChecked(true);
@@ -195,7 +206,8 @@ void ListenerForm::showLines() {
     m_shownLines = m_listener.addedLines();
     RxMemo->appendLines(added);
     const qint64 gone = m_listener.goneLines();
-    RxNoticeLabel->setText(gone > 0 ? QStringLiteral("The oldest %1 lines were removed.").arg(gone) : QString());
+    RxNoticeLabel->setText(gone > 0 ? QStringLiteral("The oldest %1 lines were removed.").arg(gone)
+                                    : QString());
 }
 
 void ListenerForm::explain() {
@@ -209,7 +221,8 @@ void ListenerForm::buildFindDialog() {
     FindDialog1 = named<QDialog>("FindDialog1", this);
     FindDialog1->setWindowTitle(QStringLiteral("Find"));
     FindEdit = named<QLineEdit>("FindEdit", FindDialog1);
-    auto* next = named<QPushButton>("FindNextButton", icon(Icon::Find), QStringLiteral("Find &next"), FindDialog1);
+    auto* next =
+        named<QPushButton>("FindNextButton", icon(Icon::Find), QStringLiteral("Find &next"), FindDialog1);
     next->setDefault(true);
     auto* row = new QHBoxLayout(FindDialog1);
     row->addWidget(captionFor(FindEdit, "FindLabel", QStringLiteral("&Text"), FindDialog1));
@@ -228,7 +241,8 @@ void ListenerForm::search() {
 }
 
 void ListenerForm::findNext() {
-    if (FindEdit->text().isEmpty() || RxMemo->find(FindEdit->text(), QTextDocument::FindCaseSensitively)) return;
+    if (FindEdit->text().isEmpty() || RxMemo->find(FindEdit->text(), QTextDocument::FindCaseSensitively))
+        return;
     const RequestScheduler& link = m_console.bench.link;
     m_console.bench.link.operatorAsked().tell(link.lang().MsgStr(34), QStringLiteral("Cofirm"));
     RxMemo->moveCursor(QTextCursor::Start);

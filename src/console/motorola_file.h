@@ -8,13 +8,13 @@ namespace kelvane {
 
 inline constexpr int FlashLinesRoom = 9000;
 
-// "S1..." becomes "5331...": the hexadecimal text of the record's two first characters and the rest as it stands.
-// Empty for a line that does not begin with "S" and a digit.
+// "S1..." becomes "5331...": the hexadecimal text of the record's two first characters and the rest as it
+// stands. Empty for a line that does not begin with "S" and a digit.
 QString flashLine(const QString& record);
 
 struct MotorolaFile {
-    QStringList lines;      // converted
-    bool tooLong = false;   // more records than there is room for; lines is empty then
+    QStringList lines;     // converted
+    bool tooLong = false;  // more records than there is room for; lines is empty then
 };
 MotorolaFile readMotorolaFile(const QByteArray& bytes);
 

@@ -7,9 +7,9 @@ namespace kelvane {
 namespace {
 
 constexpr int DefaultLimit = 20;
-constexpr int LongestBreakLine = 400;   // characters
-constexpr int LongestLine = 8000;       // of one that never ends
-constexpr int RtuItem = 4;              // characters of "\x0A"
+constexpr int LongestBreakLine = 400;  // characters
+constexpr int LongestLine = 8000;      // of one that never ends
+constexpr int RtuItem = 4;             // characters of "\x0A"
 constexpr int AsciiItem = 2;
 constexpr quint8 LineFeed = 10;
 
@@ -133,7 +133,10 @@ void PortListener::takeBurst(const QByteArray& bytes) {
         const auto byte = static_cast<quint8>(c);
         const QString digits = IntToBaseStr(byte, 16, 2);
         const bool shown = byte >= 33 && byte < 127;
-        takeItem(rtu() ? digits : shown ? QString(QLatin1Char(c)) : QString(QLatin1String("\\x") + digits), byte);
+        takeItem(rtu()   ? digits
+                 : shown ? QString(QLatin1Char(c))
+                         : QString(QLatin1String("\\x") + digits),
+                 byte);
     }
     MonitorFirstChar = 1;
     if (m_added != before) Q_EMIT linesAdded();

@@ -1,5 +1,5 @@
-// The "Monitor" page: the port is only listened to, outside the request cycle, and what comes is cut into lines by
-// break bytes or by length. Lines carry their time of day; the oldest go when there are too many.
+// The "Monitor" page: the port is only listened to, outside the request cycle, and what comes is cut into
+// lines by break bytes or by length. Lines carry their time of day; the oldest go when there are too many.
 #pragma once
 
 #include <QObject>
@@ -77,7 +77,7 @@ class PortListener : public QObject {
     qint64 m_added = 0;
     bool m_running = false;
     int m_breakLength = MaxBreakLength;
-    int m_step = 0;       // of Button1
+    int m_step = 0;          // of Button1
     bool m_byBreak = false;  // of the present burst
     QString m_expected;
 };

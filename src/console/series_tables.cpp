@@ -73,8 +73,9 @@ constexpr std::array<SeriesTable, SeriesCount> tables{{
 
 constexpr int Willow = 6;
 constexpr int WillowFirstRow = 6;
-constexpr std::array<const char*, 6> WillowNames{"Reserved",         "Reserved",         "Reserved",
-                                                 "DC-BUS Voltage U", "Output Voltage E", "Display temperature of IGBT"};
+constexpr std::array<const char*, 6> WillowNames{"Reserved",         "Reserved",
+                                                 "Reserved",         "DC-BUS Voltage U",
+                                                 "Output Voltage E", "Display temperature of IGBT"};
 
 // Keys of the trend window's texts that name the registers 2100h to 2106h.
 constexpr std::array<int, 7> TrendLabels{7, 8, 14, 15, 16, 17, 18};
@@ -100,7 +101,8 @@ std::array<QString, SeriesRows> seriesNames(int index, const LangTable& lang) {
     std::array<QString, SeriesRows> names;
     const TextGroup& labels = lang.form(FormSection::Trend).Label;
     for (size_t i = 0; i < TrendLabels.size(); ++i) names[i] = labels.at(TrendLabels[i]);
-    // Kept: the sets of names have a gap where the box has none, so Yarrow has none and Sorrel those of another.
+    // Kept: the sets of names have a gap where the box has none, so Yarrow has none and Sorrel those of
+    // another.
     const LangTable::TypeNames typeNames = lang.typeSet(index);
     std::copy(typeNames.begin(), typeNames.end(), names.begin() + TrendLabels.size());
     if (index == Willow)

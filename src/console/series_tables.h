@@ -1,5 +1,5 @@
-// The register tables of page "A" by drive series: how many registers are read with which command, and each one's
-// name, unit and decimals. The series is what a person picked, whatever drive is connected.
+// The register tables of page "A" by drive series: how many registers are read with which command, and each
+// one's name, unit and decimals. The series is what a person picked, whatever drive is connected.
 #pragma once
 
 #include <QString>

@@ -22,7 +22,8 @@ const QString HexKeys = QStringLiteral("[0-9A-Fa-f.]*");
 
 }  // namespace
 
-SingleCommandPage::SingleCommandPage(AdvanceConsole& console, QWidget* parent) : QWidget(parent), m_console(console) {
+SingleCommandPage::SingleCommandPage(AdvanceConsole& console, QWidget* parent)
+    : QWidget(parent), m_console(console) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(buildFixed());
@@ -45,9 +46,9 @@ QWidget* SingleCommandPage::buildFixed() {
     DataLabeledEdit = keyedEdit("DataLabeledEdit", HexKeys, group);
     ChangeHDButton = named<QToolButton>("ChangeHDButton", group);
     ChangeHDButton->setToolTip(QStringLiteral("D: the field is decimal, H: it is hexadecimal"));
-    SendFixTransparentButton = named<TransparentButton>("SendFixTransparentButton", icon(Icon::Start),
-                                                        QStringLiteral("Send"), group,
-                                                        TransparentButton::Layout::IconLeft);
+    SendFixTransparentButton =
+        named<TransparentButton>("SendFixTransparentButton", icon(Icon::Start), QStringLiteral("Send"), group,
+                                 TransparentButton::Layout::IconLeft);
     SendFixTransparentButton->setToolTip(QStringLiteral("Send the command that the fields make"));
 
     auto* grid = new QGridLayout(group);
@@ -60,7 +61,8 @@ QWidget* SingleCommandPage::buildFixed() {
                                          DataLabeledEdit, ChangeHDButton, SendFixTransparentButton};
     for (size_t i = 0; i < fields.size(); ++i) grid->addWidget(fields[i], 1, static_cast<int>(i));
 
-    connect(IDLabeledEdit, &QLineEdit::textChanged, this, [this](const QString& text) { m_console.IDLabeledEdit = text; });
+    connect(IDLabeledEdit, &QLineEdit::textChanged, this,
+            [this](const QString& text) { m_console.IDLabeledEdit = text; });
     connect(AddressLabeledEdit, &QLineEdit::textChanged, this,
             [this](const QString& text) { m_console.AddressLabeledEdit = text; });
     connect(DataLabeledEdit, &QLineEdit::textChanged, this,
@@ -73,7 +75,8 @@ QWidget* SingleCommandPage::buildFixed() {
         m_console.hexData = !m_console.hexData;
         showState();
     });
-    connect(SendFixTransparentButton, &QToolButton::clicked, &m_console, &AdvanceConsole::SendFixTransparentButtonClick);
+    connect(SendFixTransparentButton, &QToolButton::clicked, &m_console,
+            &AdvanceConsole::SendFixTransparentButtonClick);
     for (QLineEdit* edit : {IDLabeledEdit, AddressLabeledEdit, DataLabeledEdit})
         connect(edit, &QLineEdit::returnPressed, SendFixTransparentButton, &QToolButton::click);
     IDLabeledEdit->setText(m_console.IDLabeledEdit);
@@ -87,13 +90,14 @@ QWidget* SingleCommandPage::buildAny() {
     InputDataEdit = named<QLineEdit>("InputDataEdit", group);
     InputDataEdit->setAccessibleName(QStringLiteral("Text to send"));
     upperAsTyped(InputDataEdit);
-    SendAnyTransparentButton = named<TransparentButton>("SendAnyTransparentButton", icon(Icon::Start),
-                                                        QStringLiteral("Send"), group,
-                                                        TransparentButton::Layout::IconLeft);
+    SendAnyTransparentButton =
+        named<TransparentButton>("SendAnyTransparentButton", icon(Icon::Start), QStringLiteral("Send"), group,
+                                 TransparentButton::Layout::IconLeft);
     SendAnyTransparentButton->setToolTip(QStringLiteral("Send the text as it stands"));
     InputDataComboBox = named<QComboBox>("InputDataComboBox", group);
     InputDataComboBox->setAccessibleName(QStringLiteral("Texts that were sent"));
-    InputDataComboBox->setToolTip(QStringLiteral("Texts that were sent; one that is chosen comes back into the field"));
+    InputDataComboBox->setToolTip(
+        QStringLiteral("Texts that were sent; one that is chosen comes back into the field"));
     InputDataComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     auto* grid = new QGridLayout(group);
     grid->addWidget(InputDataEdit, 0, 0);

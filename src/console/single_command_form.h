@@ -1,4 +1,5 @@
-// The command page of the console: one command from fields, any text as it stands, and the words of the last read.
+// The command page of the console: one command from fields, any text as it stands, and the words of the last
+// read.
 #pragma once
 
 #include <QWidget>

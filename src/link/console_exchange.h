@@ -31,7 +31,8 @@ class ConsoleExchange : public QObject, public ConsoleSettings {
     // Waits, in true milliseconds.
     qint64 firstTickUs(qint64 wireTimeUs) const;
     qint64 tickUs() const;
-    bool waitIsOver(quint32& RxTickCount, quint32 ReplyTimeoutTicks, const RxBuffer& Rx, const PortSettings& line);
+    bool waitIsOver(quint32& RxTickCount, quint32 ReplyTimeoutTicks, const RxBuffer& Rx,
+                    const PortSettings& line);
 
     // True when the common count of time-outs goes on.
     bool timedOut();

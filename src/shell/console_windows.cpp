@@ -20,9 +20,13 @@ std::optional<RegisterName> parameterOf(const StringGrid& table, quint16 address
 
 }  // namespace
 
-std::unique_ptr<QWidget> makeAdvanceForm(Windows& w) { return std::make_unique<TAdvanceForm>(w.tool.console, w.looks); }
+std::unique_ptr<QWidget> makeAdvanceForm(Windows& w) {
+    return std::make_unique<TAdvanceForm>(w.tool.console, w.looks);
+}
 
-std::unique_ptr<QWidget> makeInputTimeOut(Windows& w) { return std::make_unique<TInputTimeOutForm>(w.tool.console); }
+std::unique_ptr<QWidget> makeInputTimeOut(Windows& w) {
+    return std::make_unique<TInputTimeOutForm>(w.tool.console);
+}
 
 void wireAdvanceForm(Windows& w, QWidget& form) {
     auto& advance = static_cast<TAdvanceForm&>(form);

@@ -11,25 +11,27 @@ namespace kelvane {
 namespace {
 
 class EditDelegate final : public GridDelegate {
-public:
+   public:
     explicit EditDelegate(EditableGridView* view) : GridDelegate(view), m_view(view) {}
 
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const override {
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                          const QModelIndex& index) const override {
         auto* edit = new QLineEdit(parent);
         edit->setFrame(false);
         edit->setAccessibleName(m_view->grid()->cell(index.column(), 0));
-        connect(edit, &QLineEdit::textEdited, this, [this, edit, column = index.column()](const QString& text) {
-            if (!m_view->tidy) return;
-            const QString tidied = m_view->tidy(column, text);
-            if (tidied == text) return;
-            const int cursor = edit->cursorPosition() - static_cast<int>(text.size() - tidied.size());
-            edit->setText(tidied);
-            edit->setCursorPosition(std::clamp(cursor, 0, static_cast<int>(tidied.size())));
-        });
+        connect(edit, &QLineEdit::textEdited, this,
+                [this, edit, column = index.column()](const QString& text) {
+                    if (!m_view->tidy) return;
+                    const QString tidied = m_view->tidy(column, text);
+                    if (tidied == text) return;
+                    const int cursor = edit->cursorPosition() - static_cast<int>(text.size() - tidied.size());
+                    edit->setText(tidied);
+                    edit->setCursorPosition(std::clamp(cursor, 0, static_cast<int>(tidied.size())));
+                });
         return edit;
     }
 
-private:
+   private:
     EditableGridView* m_view;
 };
 

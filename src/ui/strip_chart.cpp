@@ -52,7 +52,9 @@ void StripChart::setLineColor(int index, const QColor& color) {
     update();
 }
 
-QSize StripChart::sizeHint() const { return {fontMetrics().averageCharWidth() * 60, fontMetrics().height() * 14}; }
+QSize StripChart::sizeHint() const {
+    return {fontMetrics().averageCharWidth() * 60, fontMetrics().height() * 14};
+}
 
 StripChart::Scale StripChart::valueScale() const {
     double low = std::numeric_limits<double>::max();
@@ -97,13 +99,15 @@ void StripChart::paintAxes(QPainter& painter, const QRectF& plot, const Scale& s
     painter.drawText(below, Qt::AlignRight | Qt::AlignTop, QString::number(m_maximum));
 }
 
-void StripChart::paintLine(QPainter& painter, const QRectF& plot, const Scale& scale, const StripLine& line) const {
+void StripChart::paintLine(QPainter& painter, const QRectF& plot, const Scale& scale,
+                           const StripLine& line) const {
     const double range = std::max<double>(1, static_cast<double>(m_maximum - m_minimum));
     QPolygonF points;
     for (qsizetype i = 0; i < line.m_values.size(); ++i) {
         const auto x = static_cast<double>(line.m_firstX + i - m_minimum);
-        points << QPointF(plot.left() + x / range * plot.width(),
-                          plot.bottom() - (line.m_values[i] - scale.low) / (scale.high - scale.low) * plot.height());
+        points << QPointF(
+            plot.left() + x / range * plot.width(),
+            plot.bottom() - (line.m_values[i] - scale.low) / (scale.high - scale.low) * plot.height());
     }
     painter.setPen(QPen(line.color(), 2));
     painter.setBrush(line.color());

@@ -1,5 +1,5 @@
-// A strip chart: up to four lines over a running number, the newest at the right. The window hands it what lies in
-// the frame; it finds the scale of the values by itself.
+// A strip chart: up to four lines over a running number, the newest at the right. The window hands it what
+// lies in the frame; it finds the scale of the values by itself.
 #pragma once
 
 #include <QColor>
@@ -15,14 +15,14 @@ class StripLine : public QObject {
     Q_PROPERTY(bool visible READ visible)
     Q_PROPERTY(QColor color READ color WRITE setColor)
     Q_PROPERTY(int count READ count)  // values in all, not only in the frame
-public:
+   public:
     using QObject::QObject;
     bool visible() const { return m_visible; }
     QColor color() const { return m_color; }
     void setColor(const QColor& color) { m_color = color; }
     int count() const { return m_count; }
 
-private:
+   private:
     friend class StripChart;
     bool m_visible = false;
     QColor m_color;
@@ -35,7 +35,7 @@ class StripChart : public QWidget {
     Q_OBJECT
     Q_PROPERTY(qint64 bottomMinimum READ bottomMinimum)
     Q_PROPERTY(qint64 bottomMaximum READ bottomMaximum)
-public:
+   public:
     static constexpr int Lines = 4;
 
     explicit StripChart(QWidget* parent = nullptr);
@@ -50,10 +50,10 @@ public:
 
     QSize sizeHint() const override;
 
-protected:
+   protected:
     void paintEvent(QPaintEvent* event) override;
 
-private:
+   private:
     struct Scale {
         double low = 0;
         double high = 1;

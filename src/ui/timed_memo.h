@@ -9,7 +9,7 @@ namespace kelvane {
 
 class TimedMemo : public QPlainTextEdit {
     Q_OBJECT
-public:
+   public:
     explicit TimedMemo(int room, QWidget* parent = nullptr);
 
     struct Line {
@@ -19,12 +19,12 @@ public:
     void appendLines(const QList<Line>& lines);
     void clearLines();
 
-protected:
+   protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-private:
+   private:
     void paintTimes();
     void fitMargin();
     QWidget* m_margin;

@@ -2,7 +2,8 @@
 
 namespace kelvane {
 
-UpDown::UpDown(int minimum, int maximum, QWidget* parent) : QWidget(parent), m_minimum(minimum), m_maximum(maximum) {
+UpDown::UpDown(int minimum, int maximum, QWidget* parent)
+    : QWidget(parent), m_minimum(minimum), m_maximum(maximum) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);

@@ -1,5 +1,5 @@
-// UpDown: two small arrow buttons that step a number which is shown in a field beside them. The window decides
-// what becomes of a step.
+// UpDown: two small arrow buttons that step a number which is shown in a field beside them. The window
+// decides what becomes of a step.
 #pragma once
 
 #include <QToolButton>
@@ -11,16 +11,16 @@ namespace kelvane {
 class UpDown : public QWidget {
     Q_OBJECT
     Q_PROPERTY(int position READ position WRITE setPosition)
-public:
+   public:
     UpDown(int minimum, int maximum, QWidget* parent = nullptr);
 
     int position() const { return m_position; }
     void setPosition(int position) { m_position = std::clamp(position, m_minimum, m_maximum); }
 
-Q_SIGNALS:
+   Q_SIGNALS:
     void stepped(int position);  // by the person, and within the limits
 
-private:
+   private:
     QToolButton* arrow(Qt::ArrowType type, const QString& name, int by);
     int m_minimum;
     int m_maximum;

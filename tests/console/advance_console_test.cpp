@@ -105,16 +105,19 @@ TEST_F(Console, SendsByEnterOnlyWhenTheLastOneIsDealtWith) {
 
 // Rows by what came back: replied message, replied data.
 TEST_F(Console, FillsTheListByOutcome) {
-    typeCommands({"010321000002", "010321000001", "010321000001", "010321000002", "011021000001", "0106210000FF"});
+    typeCommands(
+        {"010321000002", "010321000001", "010321000001", "010321000002", "011021000001", "0106210000FF"});
     console->RepeatLabeledEdit = "1";
     console->showConnectionPage(ConnectionPage::B);
     console->RUNTransparentButtonClick();
-    const QList<QByteArray> replies{"010304123400FF", "", "018302C0F1", "0103021234B533", "011021000001", "0106210000FF"};
+    const QList<QByteArray> replies{"010304123400FF", "", "018302C0F1", "0103021234B533", "011021000001",
+                                    "0106210000FF"};
     for (int row = 1; row <= 6; ++row) {
         EXPECT_TRUE(clock.advanceUntil([&] { return port.written.size() == row; }, 1000)) << row;
         if (row == 3 || row == 4) port.arrive(QByteArray::fromHex(replies[row - 1]));
         if (row == 1 || row > 4)
-            port.arrive(buildFrame(LinkMode::Rtu, QString::fromLatin1(replies[row - 1]), FrameCheck::Standard).wire);
+            port.arrive(
+                buildFrame(LinkMode::Rtu, QString::fromLatin1(replies[row - 1]), FrameCheck::Standard).wire);
     }
     run(160);
     EXPECT_EQ(sent().size(), 6);
@@ -168,8 +171,8 @@ TEST_F(Console, RunsTheCheckedRowsAsOftenAsAsked) {
     };
     console->RepeatLabeledEdit = "3";
     console->RUNTransparentButtonClick();
-    EXPECT_EQ(answerAll(8), QStringList({"010321000001", "010321000003", "010321000001", "010321000003", "010321000001",
-                                         "010321000003"}));
+    EXPECT_EQ(answerAll(8), QStringList({"010321000001", "010321000003", "010321000001", "010321000003",
+                                         "010321000001", "010321000003"}));
     EXPECT_FALSE(console->running());
 
     // For ever, until STOP; what is on its way is still shown.
@@ -216,7 +219,8 @@ TEST_F(Console, EndsARunByItsStopConditions) {
     console->settings() = {};
     console->RUNTransparentButtonClick();
     run(400);
-    EXPECT_EQ(sent().join(' ').left(38), "010321000001 010321000002 010321000001") << "the next row, not the same again";
+    EXPECT_EQ(sent().join(' ').left(38), "010321000001 010321000002 010321000001")
+        << "the next row, not the same again";
 }
 
 TEST_F(Console, EditsTheListAsTheButtonsSay) {

@@ -51,11 +51,14 @@ TEST_F(AdvanceForm, OpensOffLineAndStaysSilent) {
     EXPECT_EQ(form.windowModality(), Qt::ApplicationModal);
     QStringList panels;
     for (int i = 0; i < 8; ++i) panels += panel(i);
-    EXPECT_EQ(panels, QStringList({"Total  Records", "0", "Error  Records", "0", "Timeout", "0", "Project Name", "default"}));
-    for (const char* off : {"NewTransparentButton", "DelTransparentButton", "InsertTransparentButton", "TerCondLabel",
-                            "ErrorCheckBox", "TimeOutCheckBox", "STOPTransparentButton", "DefCmdLabeledEdit"})
+    EXPECT_EQ(panels, QStringList({"Total  Records", "0", "Error  Records", "0", "Timeout", "0",
+                                   "Project Name", "default"}));
+    for (const char* off :
+         {"NewTransparentButton", "DelTransparentButton", "InsertTransparentButton", "TerCondLabel",
+          "ErrorCheckBox", "TimeOutCheckBox", "STOPTransparentButton", "DefCmdLabeledEdit"})
         EXPECT_FALSE(on(off)) << off;
-    EXPECT_TRUE(in<QCheckBox>("AddChksumCheckBox")->isChecked() && in<QCheckBox>("CheckRuleCheckBox")->isChecked());
+    EXPECT_TRUE(in<QCheckBox>("AddChksumCheckBox")->isChecked() &&
+                in<QCheckBox>("CheckRuleCheckBox")->isChecked());
     EXPECT_FALSE(in<QAction>("Flasher")->isVisible());
     EXPECT_EQ(in<QComboBox>("SelDriveComboBox")->count(), 10);
     clock.advance(20000);
@@ -121,11 +124,11 @@ TEST_F(AdvanceForm, RunsAListThatWasTyped) {
     in<QLineEdit>("RepeatLabeledEdit")->clear();
     QTest::keyClicks(in<QLineEdit>("RepeatLabeledEdit"), "2");
     click("RUNTransparentButton");
-    for (const char* off : {"RUNTransparentButton", "TimeOutTransparentButton", "ProtocolTransparentButton",
-                            "NewTransparentButton", "DelTransparentButton", "InsertTransparentButton", "TerCondLabel",
-                            "ErrorCheckBox", "TimeOutCheckBox", "RepeatLabeledEdit", "AddChksumCheckBox",
-                            "CheckRuleCheckBox", "SendFixTransparentButton", "SendAnyTransparentButton",
-                            "InputDataEdit", "CmdAdvStringGrid"})
+    for (const char* off :
+         {"RUNTransparentButton", "TimeOutTransparentButton", "ProtocolTransparentButton",
+          "NewTransparentButton", "DelTransparentButton", "InsertTransparentButton", "TerCondLabel",
+          "ErrorCheckBox", "TimeOutCheckBox", "RepeatLabeledEdit", "AddChksumCheckBox", "CheckRuleCheckBox",
+          "SendFixTransparentButton", "SendAnyTransparentButton", "InputDataEdit", "CmdAdvStringGrid"})
         EXPECT_FALSE(on(off)) << off;
     EXPECT_FALSE(in<QAction>("Monitor")->isEnabled());
     EXPECT_TRUE(on("STOPTransparentButton"));
@@ -177,9 +180,9 @@ TEST_F(AdvanceForm, ListensAndAsksForTimeOutAndComSetup) {
     in<QAction>("Monitor")->trigger();
     EXPECT_EQ(in<QTabWidget>("PageControl1")->currentIndex(), 1);
     click("RUNmonitorTransparentButton");
-    for (const char* off : {"AutoBreakChRadioButton", "LengthLimitRadioButton", "BreakAdvStringGrid",
-                            "WordCntLabeledEdit", "SearchTransparentButton", "MprotocolTransparentButton",
-                            "RUNmonitorTransparentButton"})
+    for (const char* off :
+         {"AutoBreakChRadioButton", "LengthLimitRadioButton", "BreakAdvStringGrid", "WordCntLabeledEdit",
+          "SearchTransparentButton", "MprotocolTransparentButton", "RUNmonitorTransparentButton"})
         EXPECT_FALSE(on(off)) << off;
     EXPECT_FALSE(in<QAction>("Connection")->isEnabled());
     click("STOPmonitorTransparentButton");

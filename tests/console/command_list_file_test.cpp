@@ -13,9 +13,12 @@ const QByteArray GoodFile =
     "[Com Setup]\r\nCom port     = 3\r\nModbus Mode  = RTU\r\nBaud Rate    = 9600\r\nDtatabits    = 8\r\n"
     "Parity Check = N\r\nStopbits     = 2\r\n\r\n"
     "[Page A]\r\nDefault Command    =\r\nAdvStringGrid1 Row =12\r\n"
-    "AdvStringGrid1 Name=,,,,,,,,,,,\r\nAdvStringGrid1 Unit=,,,,,,,,,,,\r\nAdvStringGrid1 Deci=,,,,,,,,,,,\r\n\r\n"
-    "[Page B]\r\nCmdStringGrid Row = 3\r\nCheckBox State    = 1,0\r\nCommand List      = 010321000001,null\r\n"
-    "Replied Message   = 0103021234B533,null\r\nReplied Data      = 1234H,null\r\nNote List         = speed,null\r\n"
+    "AdvStringGrid1 Name=,,,,,,,,,,,\r\nAdvStringGrid1 Unit=,,,,,,,,,,,\r\nAdvStringGrid1 "
+    "Deci=,,,,,,,,,,,\r\n\r\n"
+    "[Page B]\r\nCmdStringGrid Row = 3\r\nCheckBox State    = 1,0\r\nCommand List      = "
+    "010321000001,null\r\n"
+    "Replied Message   = 0103021234B533,null\r\nReplied Data      = 1234H,null\r\nNote List         = "
+    "speed,null\r\n"
     "Replied Format    = Replied Data (Hex)\r\nTimeout Interval  = 500\r\nTimeout Display   = 500 ms\r\n"
     "Auto break char   = 0D0A0000\r\nStringGrid1 Row   = 3\r\nStringGrid1 Addr  = 010321000001,,,,,,,,,,\r\n"
     "StringGrid1 Name  = 0103021234B533,,,,,,,,,,\r\nStringGrid1 Unit  = speed,,,,,,,,,,\r\n"
@@ -38,7 +41,9 @@ CommandListFile goodState() {
     return file;
 }
 
-QByteArray changed(QByteArray before, const QByteArray& after) { return QByteArray(GoodFile).replace(before, after); }
+QByteArray changed(QByteArray before, const QByteArray& after) {
+    return QByteArray(GoodFile).replace(before, after);
+}
 
 TEST(CommandListFile, IsWrittenByteForByteAndReadBack) {
     EXPECT_EQ(commandListBytes(goodState()).toStdString(), GoodFile.toStdString());
@@ -63,8 +68,9 @@ TEST(CommandListFile, IsWrittenByteForByteAndReadBack) {
     others.others = {3, "0A0321000002", {"", "a", "b"}, {"", "x", ""}, {"", "1", "0"}};
     others.rows.resize(1);
     const QByteArray bytes = commandListBytes(others);
-    EXPECT_TRUE(bytes.contains("Default Command    =0A0321000002\r\nAdvStringGrid1 Row =3\r\nAdvStringGrid1 Name=a,b,\r\n"
-                               "AdvStringGrid1 Unit=x,,\r\nAdvStringGrid1 Deci=1,0,\r\n"));
+    EXPECT_TRUE(bytes.contains(
+        "Default Command    =0A0321000002\r\nAdvStringGrid1 Row =3\r\nAdvStringGrid1 Name=a,b,\r\n"
+        "AdvStringGrid1 Unit=x,,\r\nAdvStringGrid1 Deci=1,0,\r\n"));
     EXPECT_TRUE(bytes.contains("CheckBox State    = 1\r\n")) << "one row has no comma";
     CommandListFile again;
     readCommandList(bytes, again);
@@ -84,7 +90,9 @@ TEST(CommandListFile, KeepsPlaceForKeyAndLetsACommaMoveTheList) {
 }
 
 TEST(CommandListFile, TakesWhatStandsBeforeADamage) {
-    const auto readFrom = [](const QByteArray& bytes, CommandListFile& file) { return readCommandList(bytes, file); };
+    const auto readFrom = [](const QByteArray& bytes, CommandListFile& file) {
+        return readCommandList(bytes, file);
+    };
     CommandListFile file = goodState();
     CommandListRead read = readFrom(changed("[Page B]", "[Page B] "), file);
     EXPECT_TRUE(read.pageA && !read.pageB && read.ok);
@@ -117,20 +125,24 @@ TEST(CommandListFile, TakesWhatStandsBeforeADamage) {
 
 TEST(MotorolaFile, TurnsRecordsIntoCommandsAndRefusesTooMany) {
     EXPECT_EQ(flashLine("S00600004844521B"), "53300600004844521B");
-    EXPECT_EQ(readMotorolaFile("S1130000285F245F2212226A000424290008237C2A\r\n\r\njunk\nSX1\nS9030000FC").lines,
-              QStringList({"5331130000285F245F2212226A000424290008237C2A", "5339030000FC"}));
+    EXPECT_EQ(
+        readMotorolaFile("S1130000285F245F2212226A000424290008237C2A\r\n\r\njunk\nSX1\nS9030000FC").lines,
+        QStringList({"5331130000285F245F2212226A000424290008237C2A", "5339030000FC"}));
     EXPECT_TRUE(readMotorolaFile(QByteArray("S1\n").repeated(FlashLinesRoom + 1)).tooLong);
     EXPECT_EQ(readMotorolaFile(QByteArray("S1\n").repeated(FlashLinesRoom)).lines.size(), FlashLinesRoom);
 }
 
 // The whole of each row in one line, as a technician would check it.
 TEST(SeriesTables, HoldCommandUnitsAndDecimals) {
-    const QStringList wanted{
-        "FF0321000010 3Hz 4Hz 5A 6V 7V 15Hz 16Hz 0022111000120122", "FF032100000B 3Hz 4Hz 5A 6V 7V 00222020002",
-        "FF0321000010 3Hz 4Hz 5A 6V 7V 16KW 0022111000110002",      "FF032100000B 3Hz 4Hz 5A 6V 7V 00221000000",
-        "FF0321000010 3Hz 4Hz 5A 6V 7V 16KW 0022211000110002",      "FF032100000E 3Hz 4Hz 5A 6V 7V 00221112212200",
-        "FF032100000B 3Hz 4Hz 5A 9V 10V 00221000111",               "FF032100000E 3Hz 4Hz 5A 9V 10V 13V 14mA 16kW 0022102011101102",
-        "FF0321000010 3Hz 4Hz 5A 6V 7V 16KW 0022211000110002"};
+    const QStringList wanted{"FF0321000010 3Hz 4Hz 5A 6V 7V 15Hz 16Hz 0022111000120122",
+                             "FF032100000B 3Hz 4Hz 5A 6V 7V 00222020002",
+                             "FF0321000010 3Hz 4Hz 5A 6V 7V 16KW 0022111000110002",
+                             "FF032100000B 3Hz 4Hz 5A 6V 7V 00221000000",
+                             "FF0321000010 3Hz 4Hz 5A 6V 7V 16KW 0022211000110002",
+                             "FF032100000E 3Hz 4Hz 5A 6V 7V 00221112212200",
+                             "FF032100000B 3Hz 4Hz 5A 9V 10V 00221000111",
+                             "FF032100000E 3Hz 4Hz 5A 9V 10V 13V 14mA 16kW 0022102011101102",
+                             "FF0321000010 3Hz 4Hz 5A 6V 7V 16KW 0022211000110002"};
     for (int index = 0; index < SeriesCount; ++index) {
         const SeriesTable& table = seriesTable(index);
         QString line = table.command;

@@ -1,4 +1,5 @@
-// The console on the bench: a scheduler whose other end is the test, com setup, and a program folder of its own.
+// The console on the bench: a scheduler whose other end is the test, com setup, and a program folder of its
+// own.
 #pragma once
 
 #include <QTemporaryDir>
@@ -29,7 +30,8 @@ struct ConsoleBenchWithoutDrive : SchedulerBench {
     // What went out since the last call, as the bytes on the wire.
     QStringList sentFrames() {
         QStringList frames;
-        for (; m_taken < port.written.size(); ++m_taken) frames += from8Bit(port.written[m_taken].toHex().toUpper());
+        for (; m_taken < port.written.size(); ++m_taken)
+            frames += from8Bit(port.written[m_taken].toHex().toUpper());
         return frames;
     }
     // The same without their checks.

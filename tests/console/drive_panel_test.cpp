@@ -36,7 +36,8 @@ TEST_F(Panel, FillsItsTableBySeriesAndKeepsThePersonsOwn) {
     TextGroup& labels = lang.form(FormSection::Trend).Label;
     for (int i = 6; i < 18; ++i) labels.Text[size_t(i)] = QString::number(i + 1);
     panel.selectSeries(7);
-    EXPECT_EQ(panel.channelItems, QStringList({"-- Please Select --", "7", "8", "14", "15", "16", "17", "18"}));
+    EXPECT_EQ(panel.channelItems,
+              QStringList({"-- Please Select --", "7", "8", "14", "15", "16", "17", "18"}));
     panel.selectSeries(8);
     EXPECT_EQ(table().cell(DrivePanel::NameColumn, 8), "Counter");
 
@@ -73,7 +74,8 @@ TEST_F(Panel, PollsAsOftenAsAsked) {
     table().setCell(DrivePanel::DecimalColumn, 2, "2");
     for (int i = 0; i < 3; ++i) answerWords({0x1234, 0x04D2, 1, 2});
     run(3000);
-    EXPECT_EQ(sent(), QStringList({"FF0321000002", "FF0321000002", "FF0321000002"})) << "each length error counts too";
+    EXPECT_EQ(sent(), QStringList({"FF0321000002", "FF0321000002", "FF0321000002"}))
+        << "each length error counts too";
     EXPECT_FALSE(console->running());
     EXPECT_EQ(shown(1), "") << "a reply of another length is no reading";
 
@@ -83,7 +85,7 @@ TEST_F(Panel, PollsAsOftenAsAsked) {
     answerWords({0x1234, 0x04D2});
     EXPECT_EQ(shown(1) + " " + shown(2), "4660 12.34");
     EXPECT_TRUE(topLine().contains("Receive > FF0304"));
-    EXPECT_TRUE(panel.lamps.RUNAbLED.on) << "the lamps stay lit behind a run that ended by itself";
+    EXPECT_TRUE(panel.leds.RUN.on) << "the lamps stay lit behind a run that ended by itself";
     EXPECT_EQ(table().RowCount(), 3);
     panel.toggleFormat();
     console->RUNTransparentButtonClick();
@@ -91,15 +93,14 @@ TEST_F(Panel, PollsAsOftenAsAsked) {
     answerWords({0x1234, 0x04D2});
     EXPECT_EQ(shown(2), "04D2H");
     console->STOPTransparentButtonClick();
-    EXPECT_EQ(panel.lamps, PanelLamps{});
+    EXPECT_EQ(panel.leds, StateLeds{});
 }
 
 TEST_F(Panel, DecodesTheStateWord) {
     const auto text = [](quint16 word, bool coded) {
-        const PanelLamps lit = panelLamps(word, coded);
+        const StateLeds lit = panelLeds(word, coded);
         QString all;
-        for (const PanelLamp& lamp : {lit.RUNAbLED, lit.STOPAbLED, lit.JOGAbLED, lit.FWDAbLED, lit.REVAbLED,
-                                      lit.EXTAbLED, lit.PUAbLED})
+        for (const StateLed& lamp : {lit.RUN, lit.STOP, lit.JOG, lit.FWD, lit.REV, lit.EXT, lit.PU})
             all += QLatin1Char(lamp.flashing ? 'f' : lamp.on ? '1' : '0');
         return all.toStdString();
     };
@@ -158,8 +159,9 @@ TEST_F(Panel, WithdrawsARunThatWasNotAnswered) {
 TEST_F(Panel, SendsEachButtonWithItsAddress) {
     panel.typeId("5");
     const QList<std::pair<DriveButton, QString>> buttons{
-        {DriveButton::Run, "0620000002"}, {DriveButton::Stop, "0620000001"}, {DriveButton::Dir, "0620000030"},
-        {DriveButton::Jog, "0620000003"}, {DriveButton::Reset, "0620020002"}, {DriveButton::Ef, "0620020001"}};
+        {DriveButton::Run, "0620000002"},   {DriveButton::Stop, "0620000001"},
+        {DriveButton::Dir, "0620000030"},   {DriveButton::Jog, "0620000003"},
+        {DriveButton::Reset, "0620020002"}, {DriveButton::Ef, "0620020001"}};
     for (const auto& [button, tail] : buttons) {
         panel.press(button);
         run(2);

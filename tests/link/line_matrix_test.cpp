@@ -105,8 +105,8 @@ TEST_P(LineMatrix, HasNoFalseTimeOutAndNoBrokenReply) {
     EXPECT_EQ(session.station.line.faults().replies(), rows.size() + 20);  // nothing was asked twice
 }
 
-// The console waits in milliseconds that a person sets; 20 of them are less than the gap between two bursts of
-// eight at a low baud rate.
+// The console waits in milliseconds that a person sets; 20 of them are less than the gap between two bursts
+// of eight at a low baud rate.
 TEST_P(LineMatrix, BreaksNoReplyInTheConsole) {
     const auto& [mode, Baud, flow, turnaroundMs] = GetParam();
     LineSession session(lineOf(mode, Baud, flow, turnaroundMs), Baud);
