@@ -41,6 +41,22 @@ void StringGrid::setRowCount(int count) {
     endInsertRows();
 }
 
+void StringGrid::insertBlankRow(int row) {
+    row = std::clamp(row, 1, RowCount());
+    beginInsertRows({}, row - 1, row - 1);
+    Row blankRow;
+    blankRow.cells.resize(static_cast<size_t>(m_columns));
+    m_rows.insert(m_rows.begin() + row, std::move(blankRow));
+    endInsertRows();
+}
+
+void StringGrid::deleteRow(int row) {
+    if (row < 1 || !hasRow(row)) return;
+    beginRemoveRows({}, row - 1, row - 1);
+    m_rows.erase(m_rows.begin() + row);
+    endRemoveRows();
+}
+
 void StringGrid::blank(int fromColumn, int toColumn, int fromRow, int toRow) {
     for (int row = std::max(fromRow, 0); row <= std::min(toRow, RowCount() - 1); ++row)
         for (int column = fromColumn; column <= std::min(toColumn, m_columns - 1); ++column)
@@ -146,7 +162,8 @@ QVariant StringGrid::data(const QModelIndex& index, int role) const {
     const int column = index.column();
     const int row = index.row() + 1;
     switch (role) {
-        case Qt::DisplayRole: return cell(column, row);
+        case Qt::DisplayRole:
+        case Qt::EditRole: return cell(column, row);
         case Qt::CheckStateRole:
             if (column != 0 || !hasCheckBox(row)) return {};
             return checkBox(row) ? Qt::Checked : Qt::Unchecked;
@@ -167,7 +184,18 @@ QVariant StringGrid::headerData(int section, Qt::Orientation orientation, int ro
 }
 
 Qt::ItemFlags StringGrid::flags(const QModelIndex& index) const {
-    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
+    if (!index.isValid()) return Qt::NoItemFlags;
+    const Qt::ItemFlags typed =
+        mayType && mayType(index.column(), index.row() + 1) ? Qt::ItemIsEditable : Qt::NoItemFlags;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | typed;
+}
+
+bool StringGrid::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable)) return false;
+    const int row = index.row() + 1;
+    setCell(index.column(), row, value.toString());
+    Q_EMIT cellTyped(index.column(), row);
+    return true;
 }
 
 }  // namespace kelvane

@@ -30,6 +30,8 @@ class StringGrid : public QAbstractTableModel {
     int RowCount() const { return static_cast<int>(m_rows.size()); }  // header row included
     // Rows that are cut lose their cells, check boxes and edit marks; new rows are blank.
     void setRowCount(int count);
+    void insertBlankRow(int row);  // a data row before row, or behind the last one
+    void deleteRow(int row);       // nothing on the header or on a row that is not there
     void blank(int fromColumn, int toColumn, int fromRow, int toRow);  // clipped to what exists
     void setHeaders(const QStringList& headers);
 
@@ -75,12 +77,15 @@ class StringGrid : public QAbstractTableModel {
     std::function<bool(int row)> boxRests;
     // Colours of a cell, asked when it is drawn.
     std::function<CellColours(int column, int row)> cellColours;
+    // Whether a person may type into a cell, asked when one wants to. Without a rule nobody may.
+    std::function<bool(int column, int row)> mayType;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;  // what a person typed
 
     // Roles beside the standard ones; colours are Rgb numbers, absent when the rule gives none.
     static constexpr int EditedRole = Qt::UserRole + 1;
@@ -89,6 +94,7 @@ class StringGrid : public QAbstractTableModel {
     static constexpr int BoxRestsRole = Qt::UserRole + 4;
 
    Q_SIGNALS:
+    void cellTyped(int column, int row);
     void hiddenColumnsChanged();
     void hiddenRowsChanged();
 

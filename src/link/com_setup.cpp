@@ -283,8 +283,11 @@ void ComSetup::OKBitBtnClick() {
     }
     copySettingsToLink();
     m_link.ReplyTimeoutTicks = m_link.BaudTimeoutTicks;
-    if (m_link.Console.TimeOut1 < m_link.BaudTimeoutTicks) m_link.Console.TimeOut1 = m_link.BaudTimeoutTicks;
-    shown.consoleTimeOutCaption = QString::number(m_link.Console.TimeOut1) % QStringLiteral(" ms");
+    shown.consoleTimeOutCaption.clear();
+    if (m_link.Console.TimeOut1 < m_link.BaudTimeoutTicks) {
+        m_link.Console.TimeOut1 = m_link.BaudTimeoutTicks;
+        shown.consoleTimeOutCaption = QString::number(m_link.Console.TimeOut1) % QStringLiteral(" ms");
+    }
     shown.advanceCaption = QStringLiteral("Advance - Com %1 , BaudRate %2 , Protocol < %3 , %4 , %5 , %6 >")
                                .arg(shown.ComPortComboBox, shown.BaudComboBox, shown.ModeComboBox,
                                     shown.DataBitsComboBox, shown.ParityComboBox, shown.StopBitsComboBox);
@@ -293,9 +296,10 @@ void ComSetup::OKBitBtnClick() {
     Q_EMIT closeWanted();
 }
 
-// The console leaves the link port open; on another number the next send opens it afresh.
+// The console leaves the link port open; the next send opens it afresh.
 void ComSetup::copySettingsToLink() {
-    if (m_link.port().settings().ComNumber != m_setupPort.settings().ComNumber) m_link.port().close();
+    if (m_link.owner().console || m_link.port().settings().ComNumber != m_setupPort.settings().ComNumber)
+        m_link.port().close();
     m_link.port().setSettings(m_setupPort.settings());
 }
 

@@ -2,6 +2,8 @@
 
 #include <QDateTime>
 #include <QLocale>
+#include <algorithm>
+#include <utility>
 
 namespace kelvane {
 
@@ -9,6 +11,7 @@ namespace {
 
 constexpr qint64 LeadUs = 100000;  // the line's and the drive's share of a wait
 constexpr qint64 TickUs = 1000;
+constexpr int EndingSilence = 12;  // characters: an adapter hands on eight at a time
 
 QString failureText(const JudgedReply& reply) {
     switch (reply.verdict) {
@@ -34,34 +37,39 @@ void ConsoleExchange::sent(const QString& TxFrameText) {
                                     SendTime.hundredth) %
                   QStringLiteral("Send > ") % TxFrameText % QStringLiteral(" .......  ");
     Log.topLineColour = ConsoleBlack;
+    m_lineOpen = true;
     ++Log.totalRecords;
     if (Flasher) Log.FmonitorMemo += TxFrameText;
     Q_EMIT lineStarted();
 }
 
 bool ConsoleExchange::takeBurst(const QByteArray& burst) {
-    if (!Monitor) return false;
-    Q_EMIT listenerBurst(burst);
-    return true;
+    if (Monitor) Q_EMIT listenerBurst(burst);
+    return listens();
 }
 
 qint64 ConsoleExchange::firstTickUs(qint64 wireTimeUs) const { return wireTimeUs + LeadUs + TickUs; }
 
 qint64 ConsoleExchange::tickUs() const { return TickUs; }
 
-bool ConsoleExchange::waitIsOver(quint32& RxTickCount, quint32 ReplyTimeoutTicks, const RxBuffer& Rx) {
+bool ConsoleExchange::waitIsOver(quint32& RxTickCount, quint32 ReplyTimeoutTicks, const RxBuffer& Rx,
+                                 const PortSettings& line) {
     const bool longWait = TimeOut1 > ReplyTimeoutTicks;
+    const bool heard = !Rx.RxData.isEmpty();
+    const auto silence = static_cast<quint32>((line.wireTimeUs(EndingSilence) + TickUs - 1) / TickUs);
     if (!FirstWaitOver) {
         const quint32 limit = longWait ? TimeOut1 : ReplyTimeoutTicks;
-        if (RxTickCount < limit) return Rx.RxFrameDone && !longWait;
-        if (Rx.RxByteCount != 0) return true;
+        if (RxTickCount < (heard ? std::max(limit, silence) : limit)) return Rx.RxFrameDone && !longWait;
+        if (heard) return true;
         RxTickCount = 0;
         FirstWaitOver = 1;
     }
-    return RxTickCount >= TimeOut2;
+    return RxTickCount >= (heard ? std::max(TimeOut2, silence) : TimeOut2);
 }
 
 void ConsoleExchange::completeLine(const QString& addition, quint32 colour) {
+    // Kept: what was not sent has no line that it could complete.
+    if (!std::exchange(m_lineOpen, false)) Log.topLine.clear();
     Log.topLine += addition;
     Log.topLineColour = colour;
     Q_EMIT lineCompleted();

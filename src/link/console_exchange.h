@@ -25,13 +25,14 @@ class ConsoleExchange : public QObject, public ConsoleSettings {
     bool rules() const { return CheckRuleCheckBox; }
     bool listens() const { return Monitor || Flasher; }  // without waiting for replies
     void sent(const QString& TxFrameText);
-    // A burst for the listener; false when it belongs to the exchange.
+    // A burst for the listener, or for nobody; false when it belongs to the exchange.
     bool takeBurst(const QByteArray& burst);
 
     // Waits, in true milliseconds.
     qint64 firstTickUs(qint64 wireTimeUs) const;
     qint64 tickUs() const;
-    bool waitIsOver(quint32& RxTickCount, quint32 ReplyTimeoutTicks, const RxBuffer& Rx);
+    bool waitIsOver(quint32& RxTickCount, quint32 ReplyTimeoutTicks, const RxBuffer& Rx,
+                    const PortSettings& line);
 
     // True when the common count of time-outs goes on.
     bool timedOut();
@@ -49,6 +50,7 @@ class ConsoleExchange : public QObject, public ConsoleSettings {
 
    private:
     void completeLine(const QString& addition, quint32 colour);
+    bool m_lineOpen = false;  // it has no reply yet
     const WallClock& m_wallClock;
 };
 

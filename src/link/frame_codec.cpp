@@ -33,10 +33,11 @@ QByteArray asciiToBinary(const QByteArray& RxData) {
     return bytes + RxData.right(1);
 }
 
+// Over all bytes: a console's reply may be longer than the room for raw ones, and than their counter.
 bool rtuCheckIsGood(const RxBuffer& reply) {
-    const int count = reply.RxByteCount;
-    if (count < 2 || count > RxBuffer::RawRoom) return false;
-    const QByteArray raw(reinterpret_cast<const char*>(reply.RxRawBytes.data()), count);
+    const QByteArray& raw = reply.RxData;
+    const auto count = static_cast<int>(raw.size());
+    if (count < 2) return false;
     const quint16 check = CalcCRC16(raw.left(count - 2));
     return byteAt(raw, count - 1) == (check >> 8) && byteAt(raw, count) == (check & 0xFF);
 }

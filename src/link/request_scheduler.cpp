@@ -231,7 +231,7 @@ void RequestScheduler::RxTimerTimer() {
 }
 
 bool RequestScheduler::waitIsOver() {
-    if (inConsole()) return Console.waitIsOver(RxTickCount, ReplyTimeoutTicks, Rx);
+    if (inConsole()) return Console.waitIsOver(RxTickCount, ReplyTimeoutTicks, Rx, port().settings());
     // One tick of silence behind a whole reply stands for all that remain.
     if (m_wholeReply) return true;
     const bool doubt = m_trust.inDoubt();
@@ -261,7 +261,7 @@ void RequestScheduler::judgeCycle() {
         return;
     }
     m_unclear = 0;
-    if (Rx.RxByteCount != 0) {
+    if (!Rx.RxData.isEmpty()) {
         handleReply();
     } else if (stopWaits() || stopIsNext()) {
         yieldToStop();

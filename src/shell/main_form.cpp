@@ -2,8 +2,10 @@
 
 #include <QActionGroup>
 #include <QBoxLayout>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPlainTextEdit>
@@ -259,7 +261,22 @@ QWidget* TMainForm::buildHistory() {
     m_memo->setReadOnly(true);
     m_memo->setMaximumBlockCount(HistoryLines);
     m_memo->setLineWrapMode(QPlainTextEdit::NoWrap);
-    column->addWidget(captionFor(m_memo, "HistMsgLabel", tr("History Message")));
+    auto* head = new QHBoxLayout;
+    head->addWidget(captionFor(m_memo, "HistMsgLabel", tr("History Message")), 1);
+    const auto button = [head](const char* name, Icon which, const QString& hint) {
+        auto* made = named<TransparentButton>(name, icon(which), QString(), nullptr,
+                                              TransparentButton::Layout::IconLeft);
+        made->setAutoRaise(true);
+        made->setToolTip(hint);
+        made->setAccessibleName(hint);
+        head->addWidget(made);
+        return made;
+    };
+    connect(button("HistCopyTransparentButton", Icon::Copy, tr("Copy the history")), &QToolButton::clicked,
+            this, [this] { QGuiApplication::clipboard()->setText(m_memo->toPlainText()); });
+    connect(button("HistSaveTransparentButton", Icon::Save, tr("Save the history to a text file")),
+            &QToolButton::clicked, this, &TMainForm::saveHistory);
+    column->addLayout(head);
     column->addWidget(m_memo, 1);
     return box;
 }
@@ -303,6 +320,15 @@ void TMainForm::listen() {
 }
 
 void TMainForm::showHistory(const QString& line) { m_memo->appendPlainText(line); }
+
+void TMainForm::saveHistory() {
+    Operator& person = m_tool.bench.person;
+    const auto path =
+        person.saveFileTitled(QStringLiteral("TXT File(*.txt)|*.txt"), {}, QStringLiteral("MessageBox"));
+    if (!path) return;
+    const FileResult written = writeWhole(*path, m_memo->toPlainText().toUtf8());
+    if (!written.ok) person.tell(written.error, QStringLiteral("Error"), BoxIcon::Stop);
+}
 
 void TMainForm::showLink() {
     const RequestScheduler& link = m_tool.link;

@@ -29,6 +29,7 @@ class TMainForm : public QMainWindow {
 
     void checkLanguageItem(quint8 LanguageIndex);
     void showHistory(const QString& line);
+    void saveHistory();
 
    Q_SIGNALS:
     void windowWanted(quint8 ActiveFunction);

@@ -39,6 +39,7 @@ Tool::Tool(const ToolBench& toolBench)
     followIdentification(trend, identification);
     followIdentification(monitor, identification);
     trend.showFault = [this](const DriveStatusRecord& status) { faults.showFault(status); };
+      console({link, comSetup, bench.clock, bench.wallClock, bench.folder.path()}) {
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
@@ -166,6 +167,8 @@ void Tool::OpenTransparentButtonClick() {
 
 void Tool::FormClose() {
     SaveProject();
+    const FileResult commandList = console.FormClose();
+    if (!commandList.ok) link.ShowHistoryMsg(commandList.error);
     comSetup.FormClose();
     link.rest();
     linkPort.close();
@@ -196,6 +199,7 @@ bool Tool::chooseLanguage(quint8 index) {
         bench.language, index, bench.folder.findData(QStringLiteral("Language file")), bench.person);
     if (!loaded) return false;
     identification.refreshItemNames();
+    console.languageChanged();
     Q_EMIT languageChanged();
     return true;
 }

@@ -15,6 +15,7 @@
 #include "diagnostics/faults/fault_history.h"
 #include "diagnostics/monitor/monitor_session.h"
 #include "diagnostics/trend/trend_session.h"
+#include "console/advance_console.h"
 #include "link/com_setup.h"
 #include "link/port_directory.h"
 #include "link/port_presence.h"
@@ -59,6 +60,7 @@ class Tool : public QObject {
     TrendSession trend;
     MonitorSession monitor;
     FaultHistory faults;
+    AdvanceConsole console;
 
     // Values of default.prj that belong to windows; a window takes its section when it is built and puts it
     // back before a save.

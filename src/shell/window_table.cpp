@@ -6,6 +6,7 @@
 
 #include "shell/commissioning_windows.h"
 #include "shell/monitor_windows.h"
+#include "shell/console_windows.h"
 #include "shell/parameter_windows.h"
 #include "shell/trend_windows.h"
 #include "shell/windows.h"
@@ -88,13 +89,14 @@ const WindowRow Rows[] = {
                .hint = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Set the most important parameters in four steps"),
                .menu = "DriveMenu", .menuItem = "QuickSetup", .icon = Icon::QuickSetup, .key = Qt::Key_F6}},
     {.form = "TQSsourceForm"},
-    {.form = "TAdvanceForm",
+    {.form = "TAdvanceForm", .make = makeAdvanceForm, .wire = wireAdvanceForm,
      .rule = {.ActiveFunction = OwnerAdvance, .prelude = true, .closesKeypad = true, .tail = true},
      .entry = {.place = 4, .button = "AdvanceTransparentButton",
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Advance"),
                .hint = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Send Modbus commands and watch registers"),
-               .menu = "DriveMenu", .menuItem = "Advance", .icon = Icon::Advance, .key = Qt::Key_F7}},
-    {.form = "TInputTimeOutForm"},
+               .menu = "DriveMenu", .menuItem = "Advance", .icon = Icon::Advance, .key = Qt::Key_F7},
+     .open = openAdvanceForm},
+    {.form = "TInputTimeOutForm", .make = makeInputTimeOut},
     {.form = "TMultiStepForm",
      .entry = {.place = 10, .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Multi Step"),
                .menu = "DiagnosticMenu", .menuItem = "MultiStep", .icon = Icon::MultiStep, .visible = false}},

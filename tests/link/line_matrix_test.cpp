@@ -80,6 +80,24 @@ TEST_P(LineMatrix, HasNoFalseTimeOutAndNoBrokenReply) {
               rows.size() + 20);  // nothing was asked twice
 }
 
+// The console waits in milliseconds that a person sets; 20 of them are less than the gap between two bursts
+// of eight at a low baud rate.
+TEST_P(LineMatrix, BreaksNoReplyInTheConsole) {
+    const auto& [mode, Baud, flow, turnaroundMs] = GetParam();
+    LineSession session(lineOf(mode, Baud, flow, turnaroundMs), Baud);
+    session.link.ActiveFunction = OwnerAdvance;
+    for (const char* command : {"FF0321000010", "FF0621010001", "FF032100007D"}) {
+        session.link.request(19, QString::fromLatin1(command));
+        session.goOn(1);
+    }
+    const ConsoleRecord& log = session.link.Console.Log;
+    EXPECT_EQ(log.totalRecords, 3);
+    EXPECT_EQ(log.timeoutRecords, 0);
+    // The drive refuses both last ones in whole frames.
+    EXPECT_EQ(log.errorRecords, 2) << session.wire.join(QLatin1Char('\n')).toStdString();
+    EXPECT_EQ(session.link.DriveStatus.ExceptionPending, 1);
+}
+
 INSTANTIATE_TEST_SUITE_P(Lines, LineMatrix,
                          testing::Combine(testing::Values(LineMode::Ascii, LineMode::Rtu),
                                           testing::Values(1200, 9600, 38400, 115200),

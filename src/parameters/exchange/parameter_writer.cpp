@@ -260,7 +260,6 @@ void ParameterWriter::FormClose() {
     setShown(false);
     copyBack();
     AdvStringGrid1.setRowCount(2);
-    m_bench.link.writeListClosed();
     Q_EMIT closed();
 }
 

@@ -33,7 +33,7 @@ const std::vector<int> FindColumns{column::PrNo, column::MODBUS, column::Descrip
 
 TParameterForm::TParameterForm(ParameterSession& session, KeptLooks& looks, QWidget* parent)
     : QMainWindow(parent),
-      recent(looks),
+      recent(looks, QStringLiteral("parameters/recentFiles")),
       SystemTimer(session.bench.clock, TickKind::RealTime, SystemTimerInterval,
                   [this] { SystemTimerTimer(); }),
       m_session(session),

@@ -6,7 +6,7 @@
 #include <QMainWindow>
 
 #include "base/kept_looks.h"
-#include "parameters/files/recent_files.h"
+#include "base/recent_files.h"
 #include "parameters/parameter_session.h"
 #include "parameters/report/print_records.h"
 

@@ -1,5 +1,5 @@
-// The files that were loaded last, newest first, for the menu of the Parameter window. They live in the
-// program's ui-state file, behind a small interface.
+// The files that were loaded last, newest first, for the menu of a window. They live in the program's
+// ui-state file, behind a small interface, under a key of the window.
 #pragma once
 
 #include <QStringList>
@@ -12,7 +12,7 @@ class RecentFiles {
    public:
     static constexpr int Kept = 8;
 
-    explicit RecentFiles(KeptLooks& looks) : m_looks(looks) {}
+    RecentFiles(KeptLooks& looks, QString key) : m_looks(looks), m_key(std::move(key)) {}
     QStringList list() const;
     void add(const QString& path);  // to the top, once
     void remove(const QString& path);
@@ -20,6 +20,7 @@ class RecentFiles {
 
    private:
     KeptLooks& m_looks;
+    QString m_key;
 };
 
 }  // namespace kelvane

@@ -1,0 +1,36 @@
+// The console's log on the screen, newest line on top, with the explanation of the line under the caret.
+#pragma once
+
+#include <QWidget>
+
+#include "console/advance_console.h"
+
+class QCheckBox;
+class QPlainTextEdit;
+
+namespace kelvane {
+
+class ConsoleLogView : public QWidget {
+    Q_OBJECT
+   public:
+    explicit ConsoleLogView(AdvanceConsole& console, QWidget* parent = nullptr);
+
+   private:
+    void buildBar(class QVBoxLayout* column);
+    void onLineAdded();
+    void onFrontChanged();
+    void onOldestGone();
+    void putOnTop(const ConsoleLine& line);
+    void rewriteTop(const ConsoleLine& line);
+    void rebuild();
+    void explain();
+    void save();
+    const ConsoleLine* lineAtCaret() const;
+
+    AdvanceConsole& m_console;
+    QCheckBox* ErrorsOnlyCheckBox;
+    QPlainTextEdit* MsgRichEdit;
+    QPlainTextEdit* ExplainMemo;
+};
+
+}  // namespace kelvane

@@ -1,0 +1,91 @@
+#include "ui/timed_memo.h"
+
+#include <QPainter>
+#include <QScrollBar>
+#include <QTextBlock>
+
+namespace kelvane {
+
+namespace {
+
+struct LineTime final : QTextBlockUserData {
+    explicit LineTime(QTime time) : at(time) {}
+    QTime at;
+};
+
+const QString TimeFormat = QStringLiteral("hh:mm:ss.zzz");
+
+}  // namespace
+
+TimedMemo::TimedMemo(int room, QWidget* parent) : QPlainTextEdit(parent), m_margin(new QWidget(this)) {
+    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setLineWrapMode(NoWrap);
+    setUndoRedoEnabled(false);
+    setMaximumBlockCount(room);
+    m_margin->installEventFilter(this);
+    connect(this, &QPlainTextEdit::updateRequest, m_margin, qOverload<>(&QWidget::update));
+    fitMargin();
+}
+
+void TimedMemo::appendLines(const QList<Line>& lines) {
+    QScrollBar* bar = verticalScrollBar();
+    const bool atEnd = bar->value() >= bar->maximum();
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.beginEditBlock();
+    for (const Line& line : lines) {
+        if (m_any) cursor.insertBlock();
+        m_any = true;
+        cursor.insertText(line.text);
+        cursor.block().setUserData(new LineTime(line.at));
+    }
+    cursor.endEditBlock();
+    if (atEnd) bar->setValue(bar->maximum());
+}
+
+void TimedMemo::clearLines() {
+    clear();
+    m_any = false;
+}
+
+void TimedMemo::fitMargin() {
+    const int width = fontMetrics().horizontalAdvance(QStringLiteral("00:00:00.000")) + 10;
+    setViewportMargins(width, 0, 0, 0);
+    m_margin->setGeometry(contentsRect().left(), contentsRect().top(), width, contentsRect().height());
+}
+
+void TimedMemo::resizeEvent(QResizeEvent* event) {
+    QPlainTextEdit::resizeEvent(event);
+    fitMargin();
+}
+
+void TimedMemo::changeEvent(QEvent* event) {
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange) fitMargin();
+}
+
+bool TimedMemo::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_margin && event->type() == QEvent::Paint) paintTimes();
+    return QPlainTextEdit::eventFilter(watched, event);
+}
+
+void TimedMemo::paintTimes() {
+    QPainter painter(m_margin);
+    painter.fillRect(m_margin->rect(), palette().color(QPalette::AlternateBase));
+    QColor ink = palette().color(QPalette::Text);
+    ink.setAlphaF(0.7F);
+    painter.setPen(ink);
+    painter.setFont(font());
+    const double bottom = viewport()->height();
+    double top = 0;
+    for (QTextBlock block = firstVisibleBlock(); block.isValid() && top < bottom; block = block.next()) {
+        const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
+        top = place.bottom();
+        if (const auto* time = static_cast<LineTime*>(block.userData()))
+            painter.drawText(QRectF(4, place.top(), m_margin->width() - 8, place.height()), Qt::AlignLeft,
+                             time->at.toString(TimeFormat));
+    }
+}
+
+}  // namespace kelvane

@@ -1,0 +1,34 @@
+// A read-only memo that grows at its end, with a time of day beside each line. The times stand in a margin of
+// their own and are no part of the text. Bounded: the oldest lines go.
+#pragma once
+
+#include <QPlainTextEdit>
+#include <QTime>
+
+namespace kelvane {
+
+class TimedMemo : public QPlainTextEdit {
+    Q_OBJECT
+   public:
+    explicit TimedMemo(int room, QWidget* parent = nullptr);
+
+    struct Line {
+        QString text;
+        QTime at;
+    };
+    void appendLines(const QList<Line>& lines);
+    void clearLines();
+
+   protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+   private:
+    void paintTimes();
+    void fitMargin();
+    QWidget* m_margin;
+    bool m_any = false;
+};
+
+}  // namespace kelvane
