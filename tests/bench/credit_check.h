@@ -14,16 +14,11 @@ struct CreditCheck {
     QStringList miscredited;    // replies that were taken for the answer of another request
     bool compareState = false;  // status registers too; not while the motor moves
 
-    // Handlers that are registered later are not watched.
     CreditCheck(RequestScheduler& link, std::function<drive::PracticeDrive*()> drive) {
-        for (size_t task = 0; task < link.taskHandlers.size(); ++task) {
-            auto& handler = link.taskHandlers[task];
-            if (!handler) continue;
-            handler = [this, task, handler, drive](const QString& command, const QByteArray& RxData) {
-                compare(int(task), command, RxData, *drive());
-                handler(command, RxData);
-            };
-        }
+        QObject::connect(&link, &RequestScheduler::answered, &link,
+                         [this, drive](quint8 task, const QString& command, const QByteArray& RxData) {
+                             compare(task, command, RxData, *drive());
+                         });
     }
     CreditCheck(const CreditCheck&) = delete;
     CreditCheck& operator=(const CreditCheck&) = delete;
