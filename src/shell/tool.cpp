@@ -26,10 +26,13 @@ Tool::Tool(const ToolBench& toolBench)
           [this](const QString& text) { link.ShowHistoryMsg(text); }),
       watcher(presence),
       rules(link),
-      parameters(link, bench.clock, groupNames) {
+      parameters(link, bench.clock, groupNames),
+      keypad(link, bench.clock, bench.person, bench.language.table) {
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
+    connect(&comSetup, &ComSetup::goingOnLine, &keypad, &Keypad::showIdentification);
+    connect(&rules, &WindowRules::stopKeypad, &keypad, &Keypad::rest);
     linkPort.onLost = [this](const QString& reason) { watcher.portLost(reason); };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
     loadDefaultProject();
@@ -144,6 +147,7 @@ void Tool::OpenTransparentButtonClick() {
 
 void Tool::FormClose() {
     SaveProject();
+    keypad.rest();
     comSetup.FormClose();
     link.rest();
     linkPort.close();
@@ -165,6 +169,10 @@ void Tool::choosePracticeFamily(Family family) {
     setupPort.close();
     ports.choosePractice(linkPort.settings().ComNumber, family);
     Q_EMIT practiceChanged();
+}
+
+void Tool::raiseFault() {
+    if (mayRaiseFault()) tripPracticeDrive(practiceFamily());
 }
 
 // ---- Language ----

@@ -22,14 +22,13 @@ constexpr qint8 UserPage = 2;
 constexpr qint8 SummaryPage = 4;
 
 const QString StopCommand = QStringLiteral("FF0620000001");
+const QString JogCommand = QStringLiteral("FF0620000003");
 const QString ResetCommand = QStringLiteral("FF0620020002");
 
 bool isHandOfPerson(quint8 task) {
     return task == RunTask || task == StopTask || task == DirectionTask || task == JogTask ||
            task == LeftArrowTask || task == FrequencyTask || task == ParamWriteTask;
 }
-
-bool bit(quint32 word, int number) { return word >> number & 1; }
 
 }  // namespace
 
@@ -85,7 +84,7 @@ void Keypad::storeFaultText(const QByteArray& RxData) {
     status.FaultTextValid = 1;
     status.ExceptionText = dataText(RxData, 1, 16);
     status.FaultName = dataText(RxData, 17, 4);
-    const auto* nameOf = keypadFamily(status.DriveFamily).otherFaultName;
+    QString (*const nameOf)(int) = keypadFamily(status.DriveFamily).otherFaultName;
     const QString name = nameOf ? nameOf(status.FaultCode) : status.FaultName;
     m_link.ShowHistoryMsg(name % QStringLiteral(" : ") % status.ExceptionText);
     m_link.dropWaiting(FaultTextTask, m_faultTextCommand);
@@ -316,13 +315,16 @@ void Keypad::JOGTransparentButtonMouseDown() {
     if (JogHeld || !mayCommand()) return;
     JogHeld = true;
     m_jogSeen = false;
-    m_link.pushCommand(JogTask, QStringLiteral("FF0620000003"));
+    m_link.pushCommand(JogTask, JogCommand);
 }
 
-// Kept: released before the drive was seen to jog, no stop is sent.
+// Kept: released before the drive was seen to jog, no stop is sent. On a line that is silent nothing can be seen, and
+// a jog that left after its key was let go would have nobody to end it: there it is taken back, or stopped.
 void Keypad::JOGTransparentButtonMouseUp() {
     if (!std::exchange(JogHeld, false)) return;
-    if (m_jogSeen || m_link.DriveStatus.JogActive) m_link.pushCommand(StopTask, StopCommand);
+    const bool silent = m_link.TimeoutCount > 0;
+    if (silent) m_link.dropWaiting(JogTask, JogCommand);
+    if (silent || m_jogSeen || m_link.DriveStatus.JogActive) m_link.pushCommand(StopTask, StopCommand);
 }
 
 // ---- Reads of its own ----
