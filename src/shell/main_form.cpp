@@ -57,7 +57,7 @@ const char* brandTitle(int BrandVariant) {
 
 TMainForm::TMainForm(Tool& tool, QWidget* parent) : QMainWindow(parent), m_tool(tool) {
     setObjectName(QStringLiteral("TMainForm"));
-    setWindowTitle(QString::fromLatin1(brandTitle(tool.link.BrandVariant)));
+    setWindowTitle(QString::fromLatin1(brandTitle(tool.link.BrandVariant())));
     setWindowIcon(applicationIcon());
     buildMenus();
     buildCentre();
@@ -116,6 +116,13 @@ void TMainForm::buildWindowItems() {
         if (entry.key != Qt::Key_unknown) action->setShortcut(QKeySequence(entry.key));
         action->setVisible(entry.visible);
     }
+    auto* diagnostic = findChild<QMenu*>(QStringLiteral("DiagnosticMenu"));
+    diagnostic->addSeparator();
+    m_stop = item(diagnostic, "StopItem", tr("&Stop the Drive"), [this] { Q_EMIT stopWanted(); });
+    m_stop->setIcon(icon(Icon::Stop));
+    m_stop->setShortcut(QKeySequence(Qt::Key_F12));
+    m_stop->setEnabled(false);
+    connect(diagnostic, &QMenu::aboutToShow, this, [this] { m_stop->setEnabled(stopReady && stopReady()); });
 }
 
 std::function<void()> TMainForm::wanted(const WindowRow& row) {
@@ -163,6 +170,9 @@ void TMainForm::buildPracticeItems() {
         m_practice->addAction(action);
         connect(action, &QAction::triggered, this, [this, family] { m_tool.choosePracticeFamily(family); });
     }
+    m_practiceMenu->addSeparator();
+    m_fault = item(m_practiceMenu, "RaiseFaultItem", tr("Raise a &Fault"), [this] { m_tool.raiseFault(); });
+    m_fault->setIcon(icon(Icon::Fault));
 }
 
 void TMainForm::buildHelpMenu() {
@@ -315,12 +325,18 @@ void TMainForm::showLink() {
     m_identity.voltage->setText(link.Labels.RatedVoltageVrLabel);
     m_identity.current->setText(link.Labels.RatedCurrentVrLabel);
     enableWindows();
-    m_practiceMenu->setEnabled(m_tool.mayChoosePractice());
+    enablePractice();
+}
+
+void TMainForm::enablePractice() {
+    m_practiceMenu->setEnabled(m_tool.practiceChosen());
+    m_practice->setEnabled(m_tool.mayChoosePractice());
+    m_fault->setEnabled(m_tool.mayRaiseFault());
 }
 
 void TMainForm::showPractice() {
     const bool practice = m_tool.practiceChosen();
-    m_practiceMenu->setEnabled(m_tool.mayChoosePractice());
+    enablePractice();
     const Family family = m_tool.practiceFamily();
     for (QAction* action : m_practice->actions())
         action->setChecked(practice && action->data().toInt() == static_cast<int>(family));
@@ -338,7 +354,7 @@ void TMainForm::showPicture(quint8 DriveFamily) {
 void TMainForm::enableWindows() {
     for (const WindowRow* row : windowEntries()) {
         const WindowEntry& entry = row->entry;
-        const bool on = row->built() && (!entry.offered || m_tool.link.*entry.offered);
+        const bool on = row->built() && (!entry.offered || m_tool.link.Labels.*entry.offered);
         findChild<QAction*>(QLatin1String(entry.menuItem))->setEnabled(on);
         if (entry.button) findChild<QWidget*>(QLatin1String(entry.button))->setEnabled(on);
     }

@@ -27,10 +27,13 @@ Tool::Tool(const ToolBench& toolBench)
       watcher(presence),
       rules(link),
       parameters(link, bench.clock, groupNames,
-                 {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}) {
+                 {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
+      keypad(link, bench.clock, bench.person, bench.language.table) {
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
+    connect(&comSetup, &ComSetup::goingOnLine, &keypad, &Keypad::showIdentification);
+    connect(&rules, &WindowRules::stopKeypad, &keypad, &Keypad::rest);
     linkPort.onLost = [this](const QString& reason) { watcher.portLost(reason); };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
     loadDefaultProject();
@@ -144,14 +147,12 @@ void Tool::OpenTransparentButtonClick() {
 }
 
 void Tool::FormClose() {
-    link.Keypad.GetDataTimer = false;
     SaveProject();
+    keypad.rest();
     comSetup.FormClose();
-    link.TxTimer.setEnabled(false);
-    link.RxTimer.setEnabled(false);
+    link.rest();
     linkPort.close();
-    link.Lamp = {};
-    link.ComStatusVrIndicator = 0;
+    link.setLamp(LampState::OffLine);
     // With the timers off nobody else would close these, and the program would stay for them.
     link.Notice.TCEmessageForm = link.Notice.TInitialForm = false;
     link.notifyChanged();
@@ -169,6 +170,10 @@ void Tool::choosePracticeFamily(Family family) {
     setupPort.close();
     ports.choosePractice(linkPort.settings().ComNumber, family);
     Q_EMIT practiceChanged();
+}
+
+void Tool::raiseFault() {
+    if (mayRaiseFault()) tripPracticeDrive(practiceFamily());
 }
 
 // ---- Language ----

@@ -10,6 +10,7 @@
 #include "base/program_folder.h"
 #include "base/whole_file.h"
 #include "catalogue/identification.h"
+#include "diagnostics/keypad/keypad.h"
 #include "link/com_setup.h"
 #include "link/port_directory.h"
 #include "link/port_presence.h"
@@ -49,6 +50,7 @@ class Tool : public QObject {
     PortWatcher watcher;
     WindowRules rules;
     ParameterSession parameters;
+    Keypad keypad;
 
     // Values of default.prj that belong to windows; a window takes its section when it is built and puts it
     // back before a save.
@@ -62,6 +64,10 @@ class Tool : public QObject {
     bool mayChoosePractice() const { return practiceChosen() && !link.Lamp.onLine(); }
     Family practiceFamily() const;
     void choosePracticeFamily(Family family);
+    // Makes the practice drive of a family trip; set by whoever owns the practice drives.
+    std::function<void(Family)> tripPracticeDrive;
+    bool mayRaiseFault() const { return practiceChosen() && link.Lamp.onLine() && tripPracticeDrive; }
+    void raiseFault();
 
     // File > Open and File > Save.
     void OpenTransparentButtonClick();

@@ -27,7 +27,7 @@ constexpr double LargestZoom = 2;
 constexpr double ZoomStep = 0.25;
 
 const QColor Glass(0x0D, 0x16, 0x13);
-const QColor GlassLight(0x1A, 0x2A, 0x24);
+const QColor GlassLight(0x2C, 0x46, 0x3C);
 const QColor Ink(0xD9, 0xF2, 0xE6);
 const QColor FaintInk(0x9D, 0xB8, 0xAC);
 const QColor RunGreen(0x1E, 0x85, 0x3D);
@@ -39,7 +39,7 @@ QPalette glassPalette() {
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
             colours.setColor(group, role, group == QPalette::Disabled ? FaintInk : Ink);
-        colours.setColor(group, QPalette::Base, QColor(0x14, 0x21, 0x1C));
+        colours.setColor(group, QPalette::Base, QColor(0x20, 0x33, 0x2C));
         colours.setColor(group, QPalette::AlternateBase, GlassLight);
         colours.setColor(group, QPalette::Highlight, QColor(0x2E, 0x8B, 0x66));
         colours.setColor(group, QPalette::HighlightedText, Qt::white);
