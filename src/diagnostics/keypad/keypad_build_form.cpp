@@ -112,6 +112,7 @@ void TKeypadForm::buildMainPage(QWidget* page) {
     FreqScrollBar->setFocusPolicy(Qt::StrongFocus);
     FreqScrollBar->setRange(0, 0);
     FreqScrollBar->setPageStep(100);
+    FreqScrollBar->setInvertedControls(false);  // up is more
     FreqScrollBar->setAccessibleName(QStringLiteral("Frequency"));
     FreqScrollBar->setToolTip(QStringLiteral("Frequency of the drive; it is sent when the slider rests"));
     InputEdit = put(named<QLineEdit>("InputEdit", page), {0, 116, 104, 28}, 13);
