@@ -34,6 +34,7 @@ class TableLoader : public QObject {
     bool show(const QString& path);
     LoadedFile read(const QString& path, TableFileKind kind);
     LoadedFile readSheets(const QString& path);
+    void tellRemarks(const LoadedFile& file);
     bool apply(const LoadedFile& file, const QString& path);
 
     const FileWork& m_work;

@@ -19,7 +19,7 @@ class TableSaver : public QObject {
     QByteArray SaveMemo;  // text of the last file, also when its dialog was cancelled
 
     void SaveTransparentButtonClick() { save(ParameterTab::None, {}); }
-    // The same with a table selected at first. then runs at the end, but not when writing failed.
+    // The same with a table selected at first. then runs once a file is written.
     void save(ParameterTab preselected, const std::function<void()>& then);
 
    Q_SIGNALS:

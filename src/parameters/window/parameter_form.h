@@ -78,10 +78,10 @@ class TParameterForm : public QMainWindow {
     TableSide sideOf(const QTreeWidgetItem* item) const;
     void rowMenu(StringGridView* view, int row, const QPoint& globalPos);
     void undoOrRedo(bool redo);
-    void reselectGroup(TableSide side);
     void rowBack(bool toDefault);
     void editCell(TableSide side, int column, int row);
     void clickBox(TableSide side, int row, bool set);
+    void clickBoxes(TableSide side, const std::vector<int>& rows, bool set);
     void fillRecentMenu();
     void print(ParameterTab tab);
     std::optional<TableSide> frontSide() const;

@@ -48,7 +48,7 @@ TEST(ParameterReader, ProgressStepsWithinGroupsAndTellsNameAndTimeLeft) {
     EXPECT_EQ(b.progress.position, 1);
     EXPECT_EQ(b.progress.count, 2);
     EXPECT_EQ(b.progress.total, 5);
-    EXPECT_EQ(b.progress.msLeft(), 4);  // three more at 1.5 ms each
+    EXPECT_EQ(b.progress.msLeft(), 57);  // three more at 19 ms each
     b.answerRecord();
     b.send();
     EXPECT_EQ(b.progress.position, 2);
@@ -82,9 +82,11 @@ TEST(ParameterReader, OffLineAsksForComSetupAndStopsWhenThatDidNotHelp) {
     };
     b.person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
     b.person.expectBox("The serial port is not yet functioning !\nCan not perform this function !", "Cofirm");
-    b.reader.ReadDriveTransparentButtonClick();
+    b.screen.ShowReservedParameters = true;
+    b.reader.ShowReservedParametersClick();
     EXPECT_EQ(b.send(), "");
     EXPECT_FALSE(b.screen.DriveTabSheet);
+    EXPECT_FALSE(b.screen.RparaAbLED || b.reader.ReadReservedWanted) << "no lamp and no wish stays behind";
 
     onLineNow = true;
     b.person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
