@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProxyStyle>
 #include <QRegularExpressionValidator>
 #include <QScrollBar>
 #include <QStackedWidget>
@@ -32,6 +33,15 @@ const QColor Ink(0xD9, 0xF2, 0xE6);
 const QColor FaintInk(0x9D, 0xB8, 0xAC);
 const QColor RunGreen(0x1E, 0x85, 0x3D);
 const QColor StopRed(0xC4, 0x28, 0x28);
+
+// A list that scrolls: one as long as all parameters would lie over the keys.
+class ScrollingListStyle final : public QProxyStyle {
+   public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
 
 // The display's own colours, whatever the palette of the desktop.
 QPalette glassPalette() {
@@ -141,7 +151,10 @@ void TKeypadForm::buildMainPage(QWidget* page) {
 
 void TKeypadForm::buildParaPage(QWidget* page) {
     SelPrComboBox = put(named<QComboBox>("SelPrComboBox", page), {0, 0, 92, 24}, 11.5);
-    SelPrComboBox->setMaxVisibleItems(16);
+    SelPrComboBox->setMaxVisibleItems(7);
+    auto* style = new ScrollingListStyle;
+    style->setParent(SelPrComboBox);
+    SelPrComboBox->setStyle(style);
     SelPrComboBox->setAccessibleName(QStringLiteral("Parameter"));
     SelPrComboBox->setToolTip(QStringLiteral("Parameter on show"));
     PrNumVrLabel = display("PrNumVrLabel", page, {94, 0, 68, 24}, 5, QStringLiteral("Parameter number"));

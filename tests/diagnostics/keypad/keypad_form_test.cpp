@@ -58,8 +58,9 @@ struct KeypadWindow : ShellBench {
     QStringList* practiceFrames() {
         if (!m_listening) {
             m_listening = true;
-            QObject::connect(&tool->link, &RequestScheduler::answered,
-                             [this](quint8, const QString& command, const QByteArray&) { m_frames += command; });
+            QObject::connect(
+                &tool->link, &RequestScheduler::answered,
+                [this](quint8, const QString& command, const QByteArray&) { m_frames += command; });
         }
         return &m_frames;
     }
@@ -83,12 +84,37 @@ TEST(KeypadForm, HasItsShapeAndEveryControl) {
     EXPECT_FALSE(w.form.isModal());
     EXPECT_EQ(w.at<QWidget>("BackgroundImage").size(), QSize(244, 389));
     EXPECT_EQ(w.form.tag(), 1);
-    for (const char* name :
-         {"MainTabSheet", "ParaInfoTabSheet", "ErrInfoTabSheet", "StartUpTabSheet", "displayVrLabel", "LeadChVrLabel",
-          "HeadInfoLabel", "underLineVrLabel", "FreqScrollBar", "InputEdit", "FVrLabel", "HVrLabel", "AVrLabel",
-          "VrLabel5", "VrLabel6", "VrLabel7", "PrNumVrLabel", "PrNameLabel", "DataVrLabel", "DefLabel", "MinLabel",
-          "MaxLabel", "UnitVrLabel", "SelPrComboBox", "LockImage", "EditTransparentButton", "ErrNameVrLabel",
-          "ErrDescriptLabel", "InitialVrLabel", "InitialVrIndicator", "OnLineTransparentButton"})
+    for (const char* name : {"MainTabSheet",
+                             "ParaInfoTabSheet",
+                             "ErrInfoTabSheet",
+                             "StartUpTabSheet",
+                             "displayVrLabel",
+                             "LeadChVrLabel",
+                             "HeadInfoLabel",
+                             "underLineVrLabel",
+                             "FreqScrollBar",
+                             "InputEdit",
+                             "FVrLabel",
+                             "HVrLabel",
+                             "AVrLabel",
+                             "VrLabel5",
+                             "VrLabel6",
+                             "VrLabel7",
+                             "PrNumVrLabel",
+                             "PrNameLabel",
+                             "DataVrLabel",
+                             "DefLabel",
+                             "MinLabel",
+                             "MaxLabel",
+                             "UnitVrLabel",
+                             "SelPrComboBox",
+                             "LockImage",
+                             "EditTransparentButton",
+                             "ErrNameVrLabel",
+                             "ErrDescriptLabel",
+                             "InitialVrLabel",
+                             "InitialVrIndicator",
+                             "OnLineTransparentButton"})
         w.find<QWidget>(name, &w.form);
     // Every key is reached by Tab, speaks, and tells its name.
     for (const char* name : {"JOGTransparentButton", "ModeTransparentButton", "PUTransparentButton",
@@ -134,8 +160,9 @@ TEST(KeypadForm, ShowsThePagesOfTheEngine) {
     const int entry = box.findText("01-00");
     box.setFocus();
     EXPECT_EQ(w.frames([&] {
-        for (int i = box.currentIndex(); i < entry; ++i) QTest::keyClick(&box, Qt::Key_Down);
-    }).size(), 0);
+                   for (int i = box.currentIndex(); i < entry; ++i) QTest::keyClick(&box, Qt::Key_Down);
+               }).size(),
+              0);
     EXPECT_EQ(w.shown("PrNumVrLabel"), "01-00");
     EXPECT_FALSE(w.shown("PrNameLabel").trimmed().isEmpty());
     w.trigger("RaiseFaultItem");
@@ -156,58 +183,70 @@ TEST(KeypadForm, TakesAFrequencyFromEditAndSliderAndFromNobodyElse) {
     auto& edit = w.at<QLineEdit>("InputEdit");
     edit.setFocus();
     EXPECT_EQ(w.frames([&] {
-        QTest::keyClicks(&edit, "1x5 .e0k");
-        EXPECT_EQ(edit.text(), "15.0");
-        QTest::keyClick(&edit, Qt::Key_Return);
-    }).join(' '), "FF06200105DC");
+                   QTest::keyClicks(&edit, "1x5 .e0k");
+                   EXPECT_EQ(edit.text(), "15.0");
+                   QTest::keyClick(&edit, Qt::Key_Return);
+               }).join(' '),
+              "FF06200105DC");
     EXPECT_EQ(edit.selectedText(), "15.0");
     w.person.expectBox("Value is not Legal !! Please check it ...", "Error Message");
     EXPECT_EQ(w.frames([&] {
-        QTest::keyClicks(&edit, "5-5");
-        QTest::keyClick(&edit, Qt::Key_Enter);
-    }).join(' '), "");
+                   QTest::keyClicks(&edit, "5-5");
+                   QTest::keyClick(&edit, Qt::Key_Enter);
+               }).join(' '),
+              "");
     EXPECT_EQ(edit.text(), "15.00");
 
     auto& slider = w.at<QScrollBar>("FreqScrollBar");
     slider.setFocus();
     EXPECT_EQ(w.frames([&] {
-        for (int i = 0; i < 5; ++i) QTest::keyClick(&slider, Qt::Key_PageUp);
-        EXPECT_EQ(w.shown("displayVrLabel"), "20.00");
-    }).join(' '), "FF06200107D0");
+                   for (int i = 0; i < 5; ++i) QTest::keyClick(&slider, Qt::Key_PageUp);
+                   EXPECT_EQ(w.shown("displayVrLabel"), "20.00");
+               }).join(' '),
+              "FF06200107D0");
     EXPECT_EQ(w.frames([&] {
-        w.drive().motor().setCommandHz(33);
-        w.clock.advance(2000);
-        EXPECT_EQ(slider.value(), 3300);
-    }).join(' '), "") << "the drive moved it";
+                   w.drive().motor().setCommandHz(33);
+                   w.clock.advance(2000);
+                   EXPECT_EQ(slider.value(), 3300);
+               }).join(' '),
+              "")
+        << "the drive moved it";
     EXPECT_EQ(w.frames([&] {
-        edit.setFocus();
-        QWheelEvent wheel(QPointF(5, 5), slider.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {}, {}, false);
-        QApplication::sendEvent(&slider, &wheel);
-    }).join(' '), "") << "a wheel that passes by";
+                   edit.setFocus();
+                   QWheelEvent wheel(QPointF(5, 5), slider.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {},
+                                     {}, false);
+                   QApplication::sendEvent(&slider, &wheel);
+               }).join(' '),
+              "")
+        << "a wheel that passes by";
 }
 
 TEST(KeypadForm, JogsAsLongAsTheKeyIsHeldAndTheWindowIsThere) {
     KeypadWindow w;
     auto& jog = w.at<PanelKey>("JOGTransparentButton");
     EXPECT_EQ(w.frames([&] {
-        QTest::mousePress(&jog, Qt::LeftButton);
-        w.clock.advance(1500);
-        w.form.close();
-    }).join(' '), "FF0620000003 FF0620000001");
+                   QTest::mousePress(&jog, Qt::LeftButton);
+                   w.clock.advance(1500);
+                   w.form.close();
+               }).join(' '),
+              "FF0620000003 FF0620000001");
     EXPECT_EQ(w.form.tag(), 0);
     w.windows->openWindow(OwnerKeypad);
     w.form.activateWindow();
     jog.setFocus();
     EXPECT_EQ(w.frames([&] {
-        QTest::keyPress(&jog, Qt::Key_Space);
-        w.clock.advance(1500);
-        QTest::keyRelease(&jog, Qt::Key_Space);
-    }).join(' '), "FF0620000003 FF0620000001");
+                   QTest::keyPress(&jog, Qt::Key_Space);
+                   w.clock.advance(1500);
+                   QTest::keyRelease(&jog, Qt::Key_Space);
+               }).join(' '),
+              "FF0620000003 FF0620000001");
 }
 
 TEST(KeypadForm, IsStoppedByF12FromEveryWindow) {
     KeypadWindow w;
-    const auto f12 = [&](QWidget& in) { return w.frames([&] { QTest::keyClick(in.windowHandle(), Qt::Key_F12); }); };
+    const auto f12 = [&](QWidget& in) {
+        return w.frames([&] { QTest::keyClick(in.windowHandle(), Qt::Key_F12); });
+    };
     EXPECT_EQ(f12(w.form).join(' '), "FF0620000001");
     EXPECT_EQ(f12(*w.mainForm).join(' '), "FF0620000001");
     w.windows->showModal(w.windows->aboutForm);

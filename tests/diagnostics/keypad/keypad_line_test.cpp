@@ -1,5 +1,5 @@
-// The keypad on a polling line with a practice drive: what leaves it when nobody acts, STOP in a line that fails,
-// and that it holds nothing back however long it runs.
+// The keypad on a polling line with a practice drive: what leaves it when nobody acts, STOP in a line that
+// fails, and that it holds nothing back however long it runs.
 #include <gtest/gtest.h>
 #include <malloc.h>
 
@@ -45,9 +45,9 @@ struct KeypadLine : OnLineBench {
             case 4: station.drive.options().externalFrequency = chance(2); break;
             case 5: station.drive.options().tellsTexts = chance(4) > 0; break;
             default: {
-                constexpr LineFault kinds[] = {LineFault::Silent,   LineFault::BadCheck, LineFault::CutShort,
-                                               LineFault::Late,     LineFault::Noise,    LineFault::Exception,
-                                               LineFault::Doubled,  LineFault::WrongFunction};
+                constexpr LineFault kinds[] = {
+                    LineFault::Silent, LineFault::BadCheck,  LineFault::CutShort, LineFault::Late,
+                    LineFault::Noise,  LineFault::Exception, LineFault::Doubled,  LineFault::WrongFunction};
                 faults().failNext(kinds[chance(8)], 1 + chance(2));
                 break;
             }
@@ -59,7 +59,6 @@ struct KeypadLine : OnLineBench {
         if (chance(9) == 0) keypad.PROGTransparentButtonClick();
     }
 };
-
 
 constexpr int Sequences = 10000;  // over nine families and two modes
 
@@ -115,7 +114,8 @@ TEST(KeypadStop, IsAmongTheNextTwoFramesAndLeavesOnce) {
             line.motor().reset();
             line.keypad.JOGTransparentButtonMouseUp();
             ASSERT_TRUE(line.clock.advanceUntil(
-                [&, until = line.polls + 2] { return line.polls >= until && line.keypad.mayCommand(); }, 120000));
+                [&, until = line.polls + 2] { return line.polls >= until && line.keypad.mayCommand(); },
+                120000));
             constexpr LineFault kinds[] = {LineFault::Silent, LineFault::BadCheck, LineFault::CutShort,
                                            LineFault::Late, LineFault::Doubled};
             line.station.line.options().lateUs = (100 + line.chance(2000)) * 1000;
@@ -181,7 +181,8 @@ TEST(KeypadFaultText, IsReadOnceAndLogged) {
         const QString name = line.keypad.screen.ErrNameVrLabel;
         EXPECT_EQ(line.keypad.screen.sheet, KeypadSheet::ErrInfo);
         EXPECT_EQ(asked, family == Family::Hazel ? 0 : 1) << familyName(family);
-        EXPECT_EQ(name, family == Family::Aspen || family == Family::Hazel ? "oL1" : "oL1 ") << familyName(family);
+        EXPECT_EQ(name, family == Family::Aspen || family == Family::Hazel ? "oL1" : "oL1 ")
+            << familyName(family);
         EXPECT_EQ(line.history.filter(" : ").join('|'),
                   family == Family::Hazel ? QString() : QString(name + " : Motor overload  "));
         line.keypad.STOPTransparentButtonClick();
