@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include "shell/message_form.h"
+#include "ui/file_kinds.h"
 
 namespace kelvane {
 
@@ -79,6 +80,7 @@ std::optional<QString> ShellOperator::askFile(QFileDialog::AcceptMode mode, cons
     dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setNameFilters(nameFilters(filter));
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setIconProvider(&fileKinds());
     if (!lastFolder.isEmpty()) dialog.setDirectory(lastFolder);
     dialog.exec();
     if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
