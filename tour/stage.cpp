@@ -23,6 +23,7 @@ Stage::Stage(const QString& programFolder)
                       if (target.kind == PortTarget::Kind::Practice) port = practice.makePort(target.family);
                       return port;
                   }});
+    tool->tripPracticeDrive = [this](Family family) { practice.raiseFault(family); };
     mainForm = std::make_unique<TMainForm>(*tool);
     windows = std::make_unique<Windows>(*tool, *mainForm, &person, looks);
 }

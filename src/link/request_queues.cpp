@@ -80,6 +80,16 @@ void RequestQueues::withdraw(size_t position) {
         CommandQueue.erase(CommandQueue.begin() + string);
 }
 
+void RequestQueues::dropWaiting(quint8 task, const QString& command) {
+    for (size_t i = TaskQueue.size(); i-- > (m_inHand ? 1u : 0u);) {
+        if (TaskQueue[i] != task) continue;
+        const qsizetype string = stringsBefore(i);
+        if (string < static_cast<qsizetype>(CommandQueue.size()) &&
+            CommandQueue[static_cast<size_t>(string)] == command)
+            withdraw(i);
+    }
+}
+
 // RUN and JOG that have not left when STOP is pressed would start the motor after it.
 void RequestQueues::withdrawMotion() {
     for (size_t i = TaskQueue.size(); i-- > (m_inHand ? 1u : 0u);)

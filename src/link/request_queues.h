@@ -27,6 +27,8 @@ class RequestQueues {
     void push(quint8 task);  // a generated one
     // Empties both, but for a STOP that has not left yet: a person's STOP always leaves.
     void emptyQueues();
+    // Takes back a request that has not left yet, all of its copies; one that is in hand goes on.
+    void dropWaiting(quint8 task, const QString& command);
     // The front string of the front task, which gets one more string if it is a generated one. Empty when it
     // has none.
     QString takeUp(const QString& generated);

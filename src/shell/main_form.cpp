@@ -118,6 +118,13 @@ void TMainForm::buildWindowItems() {
         if (entry.key != Qt::Key_unknown) action->setShortcut(QKeySequence(entry.key));
         action->setVisible(entry.visible);
     }
+    auto* diagnostic = findChild<QMenu*>(QStringLiteral("DiagnosticMenu"));
+    diagnostic->addSeparator();
+    m_stop = item(diagnostic, "StopItem", tr("&Stop the Drive"), [this] { Q_EMIT stopWanted(); });
+    m_stop->setIcon(icon(Icon::Stop));
+    m_stop->setShortcut(QKeySequence(Qt::Key_F12));
+    m_stop->setEnabled(false);
+    connect(diagnostic, &QMenu::aboutToShow, this, [this] { m_stop->setEnabled(stopReady && stopReady()); });
 }
 
 std::function<void()> TMainForm::wanted(const WindowRow& row) {
@@ -165,6 +172,9 @@ void TMainForm::buildPracticeItems() {
         m_practice->addAction(action);
         connect(action, &QAction::triggered, this, [this, family] { m_tool.choosePracticeFamily(family); });
     }
+    m_practiceMenu->addSeparator();
+    m_fault = item(m_practiceMenu, "RaiseFaultItem", tr("Raise a &Fault"), [this] { m_tool.raiseFault(); });
+    m_fault->setIcon(icon(Icon::Fault));
 }
 
 void TMainForm::buildHelpMenu() {
@@ -341,12 +351,18 @@ void TMainForm::showLink() {
     m_identity.voltage->setText(link.Labels.RatedVoltageVrLabel);
     m_identity.current->setText(link.Labels.RatedCurrentVrLabel);
     enableWindows();
-    m_practiceMenu->setEnabled(m_tool.mayChoosePractice());
+    enablePractice();
+}
+
+void TMainForm::enablePractice() {
+    m_practiceMenu->setEnabled(m_tool.practiceChosen());
+    m_practice->setEnabled(m_tool.mayChoosePractice());
+    m_fault->setEnabled(m_tool.mayRaiseFault());
 }
 
 void TMainForm::showPractice() {
     const bool practice = m_tool.practiceChosen();
-    m_practiceMenu->setEnabled(m_tool.mayChoosePractice());
+    enablePractice();
     const Family family = m_tool.practiceFamily();
     for (QAction* action : m_practice->actions())
         action->setChecked(practice && action->data().toInt() == static_cast<int>(family));

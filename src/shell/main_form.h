@@ -30,11 +30,15 @@ class TMainForm : public QMainWindow {
     void checkLanguageItem(quint8 LanguageIndex);
     void showHistory(const QString& line);
     void saveHistory();
+    void ComStatusAbLEDDblClick();
+    // Whether a window with a STOP is open, for the menu.
+    std::function<bool()> stopReady;
 
    Q_SIGNALS:
     void windowWanted(quint8 ActiveFunction);
     void comSetupWanted();
     void aboutWanted();
+    void stopWanted();
     void closed();
 
    protected:
@@ -60,8 +64,8 @@ class TMainForm : public QMainWindow {
     void buildStatusLine();
     void listen();
 
-    void ComStatusAbLEDDblClick();
     void showLink();
+    void enablePractice();
     void enableWindows();
     void showPractice();
     void showPicture(quint8 DriveFamily);
@@ -75,6 +79,8 @@ class TMainForm : public QMainWindow {
     QLabel* m_panel1 = nullptr;
     QLabel* m_practicePanel = nullptr;
     QMenu* m_practiceMenu = nullptr;
+    QAction* m_fault = nullptr;
+    QAction* m_stop = nullptr;
     QActionGroup* m_languages = nullptr;
     QActionGroup* m_practice = nullptr;
     struct IdentityLabels {

@@ -20,6 +20,8 @@ class PracticeDrives {
 
     std::unique_ptr<TApdComPort> makePort(Family family);
     drive::PracticeDrive& driveOf(Family family) { return station(family).drive; }
+    // The drive trips as by itself: with another fault each time, and stays so until it is reset.
+    void raiseFault(Family family);
     drive::LineModel& lineOf(Family family) { return station(family).line; }
 
    private:
@@ -33,6 +35,7 @@ class PracticeDrives {
     TickClock& m_clock;
     drive::LineOptions m_line;
     std::map<Family, std::unique_ptr<Station>> m_stations;
+    size_t m_raised = 0;  // faults so far
 };
 
 }  // namespace kelvane

@@ -63,6 +63,7 @@ int runTool(QApplication& app) {
     SystemWallClock wallClock;
     PracticeDrives practice(clock);
     Tool tool({clock, wallClock, person, folder, language, portFactory(practice)});
+    tool.tripPracticeDrive = [&practice](Family family) { practice.raiseFault(family); };
     UiState looks(folder.file(QStringLiteral("ui-state.ini")));
     person.lastFolder = looks.text(QStringLiteral("lastFolder"));
     TMainForm mainForm(tool);

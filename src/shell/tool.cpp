@@ -40,9 +40,12 @@ Tool::Tool(const ToolBench& toolBench)
     followIdentification(monitor, identification);
     trend.showFault = [this](const DriveStatusRecord& status) { faults.showFault(status); };
       console({link, comSetup, bench.clock, bench.wallClock, bench.folder.path()}) {
+      keypad(link, bench.clock, bench.person, bench.language.table) {
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
+    connect(&comSetup, &ComSetup::goingOnLine, &keypad, &Keypad::showIdentification);
+    connect(&rules, &WindowRules::stopKeypad, &keypad, &Keypad::rest);
     linkPort.onLost = [this](const QString& reason) { watcher.portLost(reason); };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
     loadDefaultProject();
@@ -169,6 +172,7 @@ void Tool::FormClose() {
     SaveProject();
     const FileResult commandList = console.FormClose();
     if (!commandList.ok) link.ShowHistoryMsg(commandList.error);
+    keypad.rest();
     comSetup.FormClose();
     link.rest();
     linkPort.close();
@@ -190,6 +194,10 @@ void Tool::choosePracticeFamily(Family family) {
     setupPort.close();
     ports.choosePractice(linkPort.settings().ComNumber, family);
     Q_EMIT practiceChanged();
+}
+
+void Tool::raiseFault() {
+    if (mayRaiseFault()) tripPracticeDrive(practiceFamily());
 }
 
 // ---- Language ----

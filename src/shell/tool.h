@@ -16,6 +16,7 @@
 #include "diagnostics/monitor/monitor_session.h"
 #include "diagnostics/trend/trend_session.h"
 #include "console/advance_console.h"
+#include "diagnostics/keypad/keypad.h"
 #include "link/com_setup.h"
 #include "link/port_directory.h"
 #include "link/port_presence.h"
@@ -61,6 +62,7 @@ class Tool : public QObject {
     MonitorSession monitor;
     FaultHistory faults;
     AdvanceConsole console;
+    Keypad keypad;
 
     // Values of default.prj that belong to windows; a window takes its section when it is built and puts it
     // back before a save.
@@ -74,6 +76,10 @@ class Tool : public QObject {
     bool mayChoosePractice() const { return practiceChosen() && !link.Lamp.onLine(); }
     Family practiceFamily() const;
     void choosePracticeFamily(Family family);
+    // Makes the practice drive of a family trip; set by whoever owns the practice drives.
+    std::function<void(Family)> tripPracticeDrive;
+    bool mayRaiseFault() const { return practiceChosen() && link.Lamp.onLine() && tripPracticeDrive; }
+    void raiseFault();
 
     // File > Open and File > Save.
     void OpenTransparentButtonClick();

@@ -24,6 +24,7 @@ Made makeInitial(Windows& w) { return std::make_unique<TInitialForm>(w.tool.link
 Made makeAbout(Windows& w) { return std::make_unique<TAboutForm>(w.tool.link.BrandVariant()); }
 Made makePassword(Windows& w) { return std::make_unique<TPasswordForm>(w.tool.link); }
 Made makeInput(Windows& w) { return std::make_unique<TInputForm>(w.tool.comSetup); }
+Made makeKeypad(Windows& w) { return std::make_unique<TKeypadForm>(w.tool.keypad, w.looks); }
 template <class Form>
 Made makeForm(Windows&) {
     return std::make_unique<Form>();
@@ -67,7 +68,7 @@ const WindowRow Rows[] = {
     {.form = "TSelCompKindForm", .make = makeForm<TSelCompKindForm>},
     {.form = "TSelReadKindForm", .make = makeForm<TSelReadKindForm>},
     {.form = "TSelFileFormatForm", .make = makeForm<TSelFileFormatForm>},
-    {.form = "TKeypadForm",
+    {.form = "TKeypadForm", .make = makeKeypad, .wire = Windows::wireKeypad,
      .rule = {.ActiveFunction = OwnerKeypad, .offLine = OffLineBox::OnLineFirst},
      .entry = {.place = 5, .button = "KeypadTransparentButton",
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Keypad"),

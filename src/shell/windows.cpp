@@ -84,6 +84,8 @@ void Windows::connectMain() {
     connect(&mainForm, &TMainForm::comSetupWanted, this, [this] { openComSetup(); });
     connect(&mainForm, &TMainForm::windowWanted, this, &Windows::openWindow);
     connect(&mainForm, &TMainForm::aboutWanted, this, [this] { showModal(aboutForm); });
+    connect(&mainForm, &TMainForm::stopWanted, &stopKey, &StopKey::press);
+    mainForm.stopReady = [this] { return stopKey.ready(); };
     connect(&tool.link, &RequestScheduler::cycleEnded, this, &Windows::watchInitialForm);
     connect(&tool.link, &RequestScheduler::focusWanted, this, &Windows::ShowFocusForm);
     connect(&tool.rules, &WindowRules::focusWanted, this, &Windows::ShowFocusForm);
@@ -95,6 +97,14 @@ void Windows::wireComSetup(Windows& windows, QWidget&) {
     connect(&windows.comSetupForm, &TComSetupForm::inputFormWanted, &windows,
             [&windows] { windows.showModal(windows.inputForm); });
     connect(&windows.comSetupForm, &QDialog::finished, &windows, &Windows::afterComSetup);
+}
+
+void Windows::wireKeypad(Windows& windows, QWidget& form) {
+    auto& keypad = static_cast<TKeypadForm&>(form);
+    connect(&keypad, &TKeypadForm::onLineClicked, &windows.mainForm, &TMainForm::ComStatusAbLEDDblClick);
+    Keypad& engine = windows.tool.keypad;
+    windows.stopKey.add(
+        form, [&engine] { return engine.mayCommand(); }, [&engine] { engine.STOPTransparentButtonClick(); });
 }
 
 void Windows::wireAbout(Windows& windows, QWidget&) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/kept_looks.h"
+#include "diagnostics/keypad/keypad_form.h"
 #include "parameters/dialogs/input_value_form.h"
 #include "parameters/dialogs/progress_form.h"
 #include "parameters/dialogs/sel_comp_kind_form.h"
@@ -31,6 +32,7 @@
 #include "shell/message_form.h"
 #include "shell/password_form.h"
 #include "shell/shell_operator.h"
+#include "shell/stop_key.h"
 #include "shell/tool.h"
 #include "shell/window_table.h"
 
@@ -47,6 +49,7 @@ class Windows : public QObject {
     Tool& tool;
     TMainForm& mainForm;
     KeptLooks& looks;
+    StopKey stopKey;  // windows with a STOP of their own add it when they are wired
 
    private:
     // Stands before the forms below, which are taken from it.
@@ -104,6 +107,7 @@ class Windows : public QObject {
     // Steps of rows.
     static void openBeside(Windows& windows, QWidget& form);  // not modal
     static void wireComSetup(Windows& windows, QWidget& form);
+    static void wireKeypad(Windows& windows, QWidget& form);
     static void wireAbout(Windows& windows, QWidget& form);
 
    protected:

@@ -8,7 +8,8 @@ namespace {
 std::string word(const StateLed& led) { return !led.on ? "off" : led.flashing ? "flashing" : "on"; }
 
 std::string shown(const StateLeds& leds) {
-    return word(leds.RUN) + " " + word(leds.STOP) + " " + word(leds.JOG) + " " + word(leds.FWD) + " " + word(leds.REV);
+    return word(leds.RUN) + " " + word(leds.STOP) + " " + word(leds.JOG) + " " + word(leds.FWD) + " " +
+           word(leds.REV);
 }
 
 TEST(StateLeds, TellRunAndDirectionWithTheirChanges) {

@@ -39,7 +39,7 @@ TEST_P(MainFormOfFamily, GoesOnLineAndShowsWhoTheDriveIs) {
     EXPECT_FALSE(bench.text("VersionVrLabel").isEmpty());
     EXPECT_TRUE(bench.text("RatedVoltageVrLabel").endsWith('V'));
     EXPECT_FALSE(bench.windows->initialForm.isVisible());
-    EXPECT_FALSE(bench.find<QMenu>("PracticeDriveMenu")->isEnabled());
+    EXPECT_FALSE(bench.find<QAction>("PracticeLarch")->isEnabled());
     EXPECT_TRUE(bench.text("PracticePanel").contains(familyName(GetParam())));
     const QString history = bench.find<QPlainTextEdit>("MessageMemo")->toPlainText();
     EXPECT_TRUE(history.contains(" > Setup the Com port and protocol"));

@@ -38,6 +38,7 @@ struct ShellBench {
                               port = practice.makePort(target.family);
                           return port;
                       }});
+        tool->tripPracticeDrive = [this](Family family) { practice.raiseFault(family); };
         mainForm = std::make_unique<TMainForm>(*tool);
         windows = std::make_unique<Windows>(*tool, *mainForm, nullptr, looks);
         mainForm->show();

@@ -22,14 +22,13 @@ constexpr qint8 UserPage = 2;
 constexpr qint8 SummaryPage = 4;
 
 const QString StopCommand = QStringLiteral("FF0620000001");
+const QString JogCommand = QStringLiteral("FF0620000003");
 const QString ResetCommand = QStringLiteral("FF0620020002");
 
 bool isHandOfPerson(quint8 task) {
     return task == RunTask || task == StopTask || task == DirectionTask || task == JogTask ||
            task == LeftArrowTask || task == FrequencyTask || task == ParamWriteTask;
 }
-
-bool bit(quint32 word, int number) { return word >> number & 1; }
 
 }  // namespace
 
@@ -85,7 +84,7 @@ void Keypad::storeFaultText(const QByteArray& RxData) {
     status.FaultTextValid = 1;
     status.ExceptionText = dataText(RxData, 1, 16);
     status.FaultName = dataText(RxData, 17, 4);
-    const auto* nameOf = keypadFamily(status.DriveFamily).otherFaultName;
+    QString (*const nameOf)(int) = keypadFamily(status.DriveFamily).otherFaultName;
     const QString name = nameOf ? nameOf(status.FaultCode) : status.FaultName;
     m_link.ShowHistoryMsg(name % QStringLiteral(" : ") % status.ExceptionText);
     m_link.dropWaiting(FaultTextTask, m_faultTextCommand);
@@ -103,22 +102,22 @@ void Keypad::refused(quint8 task, quint8 code) {
     if (task == FrequencyTask) m_link.DriveStatus.KeypadDataDue = 1;
     if (task == FaultTextTask) m_faultReadInHand = true;
     if (task == ExceptionTextTask && m_refusal.awaitsText) showRefusal(QStringLiteral("CE %1").arg(code));
-    const bool ownRead = task == ParamReadTask && isReading();
+    const QString inHand = m_link.CommandQueue.empty() ? QString() : m_link.CommandQueue.front();
+    const bool ownRead = task == ParamReadTask && isReading(inHand);
     if (ownRead) forgetRecord();
     if (mayCommand() && (ownRead || isHandOfPerson(task))) m_refusal.awaitsText = true;
 }
 
-void Keypad::answered(quint8 task) {
+void Keypad::answered(quint8 task, const QString& command) {
     if (task == ExceptionTextTask && m_refusal.awaitsText) showRefusal(m_link.DriveStatus.ExceptionText);
     // ReadDone is shared: while the poll runs, the answer to the keypad's own command is the keypad's.
-    if (task != ParamReadTask || !isReading()) return;
+    if (task != ParamReadTask || !isReading(command)) return;
     m_read = m_link.ParamRead;
     m_link.ParamRead.ReadDone = 0;
 }
 
-bool Keypad::isReading() const {
-    return m_link.owner().polls && !ParamInfoShown && !m_link.CommandQueue.empty() &&
-           m_link.CommandQueue.front() == m_recordCommand;
+bool Keypad::isReading(const QString& command) const {
+    return m_link.owner().polls && !ParamInfoShown && command == m_recordCommand;
 }
 
 // The link forgets a refusal with the next good reply, sooner than anybody can read its text.
@@ -316,27 +315,32 @@ void Keypad::JOGTransparentButtonMouseDown() {
     if (JogHeld || !mayCommand()) return;
     JogHeld = true;
     m_jogSeen = false;
-    m_link.pushCommand(JogTask, QStringLiteral("FF0620000003"));
+    m_link.pushCommand(JogTask, JogCommand);
 }
 
-// Kept: released before the drive was seen to jog, no stop is sent.
+// Kept: released before the drive was seen to jog, no stop is sent. On a line that is silent nothing can be
+// seen, and a jog that left after its key was let go would have nobody to end it: there it is taken back, or
+// stopped.
 void Keypad::JOGTransparentButtonMouseUp() {
     if (!std::exchange(JogHeld, false)) return;
-    if (m_jogSeen || m_link.DriveStatus.JogActive) m_link.pushCommand(StopTask, StopCommand);
+    const bool silent = m_link.TimeoutCount > 0;
+    if (silent) m_link.dropWaiting(JogTask, JogCommand);
+    if (silent || m_jogSeen || m_link.DriveStatus.JogActive) m_link.pushCommand(StopTask, StopCommand);
 }
 
 // ---- Reads of its own ----
 
-void Keypad::readUserDisplay() {
-    const char* command = keypadFamily(m_link.DriveStatus.DriveFamily).userDisplayRead;
-    m_link.push(UserDisplayTask, QString::fromLatin1(command));
+// One that still waits, as while the line is silent, is enough.
+void Keypad::ask(quint8 task, const char* command) {
+    const QString read = QString::fromLatin1(command);
+    m_link.dropWaiting(task, read);
+    m_link.push(task, read);
 }
 
-// One that still waits, as while the line is silent, is enough.
-void Keypad::readMaxFreq() {
-    const QString command = QString::fromLatin1(keypadFamily(m_link.DriveStatus.DriveFamily).maxFreqRead);
-    m_link.dropWaiting(MaxFreqTask, command);
-    m_link.push(MaxFreqTask, command);
+void Keypad::readUserDisplay() {
+    ask(UserDisplayTask, keypadFamily(m_link.DriveStatus.DriveFamily).userDisplayRead);
 }
+
+void Keypad::readMaxFreq() { ask(MaxFreqTask, keypadFamily(m_link.DriveStatus.DriveFamily).maxFreqRead); }
 
 }  // namespace kelvane

@@ -80,7 +80,7 @@ class Keypad : public QObject {
     void listen();
     void timedOut();
     void refused(quint8 task, quint8 code);
-    void answered(quint8 task);
+    void answered(quint8 task, const QString& command);
     void statusDecoded();
     void cycleEnded();
     void initialRun();
@@ -107,6 +107,7 @@ class Keypad : public QObject {
     void showEditing(bool visible);
     void setPageLeds(bool F, bool H, bool U);
 
+    void ask(quint8 task, const char* command);
     void readUserDisplay();
     void readMaxFreq();
     void sendFrequency(int value);
@@ -115,7 +116,7 @@ class Keypad : public QObject {
     void writeValue(const QString& word);
     void readAgain();
     void forgetRecord();
-    bool isReading() const;
+    bool isReading(const QString& command) const;
     void endRefusal() { m_refusal = {}; }
     void tell();
 

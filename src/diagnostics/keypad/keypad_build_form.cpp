@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProxyStyle>
 #include <QRegularExpressionValidator>
 #include <QScrollBar>
 #include <QStackedWidget>
@@ -27,11 +28,20 @@ constexpr double LargestZoom = 2;
 constexpr double ZoomStep = 0.25;
 
 const QColor Glass(0x0D, 0x16, 0x13);
-const QColor GlassLight(0x1A, 0x2A, 0x24);
+const QColor GlassLight(0x2C, 0x46, 0x3C);
 const QColor Ink(0xD9, 0xF2, 0xE6);
 const QColor FaintInk(0x9D, 0xB8, 0xAC);
 const QColor RunGreen(0x1E, 0x85, 0x3D);
 const QColor StopRed(0xC4, 0x28, 0x28);
+
+// A list that scrolls: one as long as all parameters would lie over the keys.
+class ScrollingListStyle final : public QProxyStyle {
+   public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
 
 // The display's own colours, whatever the palette of the desktop.
 QPalette glassPalette() {
@@ -39,7 +49,7 @@ QPalette glassPalette() {
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
             colours.setColor(group, role, group == QPalette::Disabled ? FaintInk : Ink);
-        colours.setColor(group, QPalette::Base, QColor(0x14, 0x21, 0x1C));
+        colours.setColor(group, QPalette::Base, QColor(0x20, 0x33, 0x2C));
         colours.setColor(group, QPalette::AlternateBase, GlassLight);
         colours.setColor(group, QPalette::Highlight, QColor(0x2E, 0x8B, 0x66));
         colours.setColor(group, QPalette::HighlightedText, Qt::white);
@@ -112,6 +122,7 @@ void TKeypadForm::buildMainPage(QWidget* page) {
     FreqScrollBar->setFocusPolicy(Qt::StrongFocus);
     FreqScrollBar->setRange(0, 0);
     FreqScrollBar->setPageStep(100);
+    FreqScrollBar->setInvertedControls(false);  // up is more
     FreqScrollBar->setAccessibleName(QStringLiteral("Frequency"));
     FreqScrollBar->setToolTip(QStringLiteral("Frequency of the drive; it is sent when the slider rests"));
     InputEdit = put(named<QLineEdit>("InputEdit", page), {0, 116, 104, 28}, 13);
@@ -140,7 +151,10 @@ void TKeypadForm::buildMainPage(QWidget* page) {
 
 void TKeypadForm::buildParaPage(QWidget* page) {
     SelPrComboBox = put(named<QComboBox>("SelPrComboBox", page), {0, 0, 92, 24}, 11.5);
-    SelPrComboBox->setMaxVisibleItems(16);
+    SelPrComboBox->setMaxVisibleItems(7);
+    auto* style = new ScrollingListStyle;
+    style->setParent(SelPrComboBox);
+    SelPrComboBox->setStyle(style);
     SelPrComboBox->setAccessibleName(QStringLiteral("Parameter"));
     SelPrComboBox->setToolTip(QStringLiteral("Parameter on show"));
     PrNumVrLabel = display("PrNumVrLabel", page, {94, 0, 68, 24}, 5, QStringLiteral("Parameter number"));
