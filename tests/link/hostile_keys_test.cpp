@@ -36,14 +36,10 @@ struct Keyboard : OnLineBench {
 
     explicit Keyboard(const LineChoice& choice) : OnLineBench(choice) {
         credits.compareState = false;
-        for (const Key& key : keys) {
-            const auto handler = link.taskHandlers[key.task];
-            link.taskHandlers[key.task] = [this, handler, task = key.task](const QString& command,
-                                                                           const QByteArray& RxData) {
-                answeredAs += QStringLiteral("%1 %2").arg(task).arg(command);
-                if (handler) handler(command, RxData);
-            };
-        }
+        onAnswers(link, [this](quint8 task, const QString& command, const QByteArray&) {
+            for (const Key& key : keys)
+                if (key.task == task) answeredAs += QStringLiteral("%1 %2").arg(task).arg(command);
+        });
     }
     void press(const Key& key) {
         const QString command = QString::fromLatin1(key.command);
