@@ -4,7 +4,7 @@
 // after it.
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <optional>
 
 namespace kelvane {
@@ -35,6 +35,12 @@ class Operator {
    public:
     virtual ~Operator() = default;
     virtual BoxAnswer box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) = 0;
+    // The same question with a table of information under it; the first row is its header.
+    virtual BoxAnswer boxOverPanel(const QString& text, const QString& title, BoxIcon icon,
+                                   BoxButtons buttons, const QList<QStringList>& rows) {
+        Q_UNUSED(rows);
+        return box(text, title, icon, buttons);
+    }
     // Filters are written "Name(*.ext)|*.ext|Name2(*.e2)|*.e2"; the answer is a full path, or nothing on
     // Cancel.
     virtual std::optional<QString> openFile(const QString& filter) = 0;

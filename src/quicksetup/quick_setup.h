@@ -90,6 +90,9 @@ class QuickSetup : public QObject {
     // ---- What a person should know
     bool changed(int slot) const;  // differs from what the drive is known to hold
     bool outsideLimits(int slot) const;
+    // Why a person should look twice before the slot's value is written; empty when nothing speaks against
+    // it.
+    QString doubtOf(int slot) const;
     QString shownValue(int slot, int value) const;  // with decimals and unit, or the item's text
     QString limitsText(int slot) const;             // empty where none are known
 

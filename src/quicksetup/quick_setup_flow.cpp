@@ -8,8 +8,6 @@ constexpr quint8 ReadTask = 20;
 constexpr quint8 WriteTask = 13;
 constexpr int OnLineFirst = 6;  // message numbers
 constexpr int MayWrite = 30;
-constexpr int HighestWord = 0xFFFF;
-constexpr int LowestWord = -0x8000;
 
 QString numberOf(const QString& label) { return label.section(QLatin1Char(' '), 0, 0); }
 
@@ -22,7 +20,8 @@ QuickSetupFlow::QuickSetupFlow(QuickSetup& quick, RequestScheduler& link, TickCl
     RDTimer.ended = [this] { endReading(); };
     WRTimer.next = [this] { return nextWrite(); };
     WRTimer.answered = [this](const LinkRequest&) {
-        if (m_outcome[static_cast<size_t>(m_askedSlot)] == Outcome::Sent) setOutcome(m_askedSlot, Outcome::Unanswered);
+        if (m_outcome[static_cast<size_t>(m_askedSlot)] == Outcome::Sent)
+            setOutcome(m_askedSlot, Outcome::Unanswered);
         Q_EMIT progressed();
     };
     WRTimer.ended = [this] { endWriting(); };
@@ -88,13 +87,14 @@ void QuickSetupFlow::endWizard() {
 void QuickSetupFlow::startReading() {
     SlotIndex = 1;
     m_goodReply = false;
+    m_quick.Slot[SlotCount].origin = ValueOrigin::Unknown;
     goTo(WizardState::Reading);
     RDTimer.start();
 }
 
-// The words of the last read belong to the slot before. A slot that the family has not passes without a request and
-// leaves the words to the next one, harmlessly, for it is never shown. A slot whose read was not answered gets the
-// words of the slot before it, and is marked.
+// The words of the last read belong to the slot before. A slot that the family has not passes without a
+// request and leaves the words to the next one, harmlessly, for it is never shown. A slot whose read was not
+// answered gets the words of the slot before it, and is marked.
 std::optional<LinkRequest> QuickSetupFlow::nextRead() {
     for (;;) {
         if (SlotIndex > 1) m_quick.takeWords(SlotIndex - 1, m_link.ReadWords, m_goodReply);
@@ -102,12 +102,13 @@ std::optional<LinkRequest> QuickSetupFlow::nextRead() {
         const int slot = SlotIndex++;
         if (!m_quick.used(slot)) continue;
         m_goodReply = false;
-        return LinkRequest{ReadTask, m_quick.Slot[static_cast<size_t>(slot)].SlotReadCommand, Awaits::ReadDone};
+        return LinkRequest{ReadTask, m_quick.Slot[static_cast<size_t>(slot)].SlotReadCommand,
+                           Awaits::ReadDone};
     }
 }
 
-// Kept: the last slot is asked for, but nobody waits for its answer, so it shows and writes the value left from
-// earlier.
+// Kept: the last slot is asked for, but nobody waits for its answer, so it shows and writes the value left
+// from earlier.
 void QuickSetupFlow::endReading() {
     if (m_quick.used(SlotCount)) m_link.request(ReadTask, m_quick.Slot[SlotCount].SlotReadCommand);
     m_quick.fillControls();
@@ -148,7 +149,8 @@ std::optional<LinkRequest> QuickSetupFlow::nextWrite() {
         if (!m_quick.used(slot)) continue;
         m_askedSlot = slot;
         setOutcome(slot, Outcome::Sent);
-        return LinkRequest{WriteTask, m_quick.Slot[static_cast<size_t>(slot)].SlotWriteCommand, Awaits::WriteDone};
+        return LinkRequest{WriteTask, m_quick.Slot[static_cast<size_t>(slot)].SlotWriteCommand,
+                           Awaits::WriteDone};
     }
     return {};
 }
@@ -184,7 +186,8 @@ QString QuickSetupFlow::writeReport() const {
         const QString why = outcome == Outcome::Refused   ? QStringLiteral("refused")
                             : outcome == Outcome::NotSent ? QStringLiteral("not sent")
                                                           : QStringLiteral("no answer");
-        missing += numberOf(slotLabel(*m_quick.family(), slot)) % QStringLiteral(" (") % why % QLatin1Char(')');
+        missing +=
+            numberOf(slotLabel(*m_quick.family(), slot)) % QStringLiteral(" (") % why % QLatin1Char(')');
     }
     if (missing.isEmpty()) return {};
     return QStringLiteral("Quick Setup: %1 of %2 settings were not written: %3")
@@ -240,24 +243,11 @@ void QuickSetupFlow::leaveWait() {
 
 // ---- What OK would change ----
 
-QString QuickSetupFlow::remarkOf(int slot) const {
-    const QSlot& q = m_quick.Slot[static_cast<size_t>(slot)];
-    if (slot == SlotCount && q.origin == ValueOrigin::Unknown)
-        return tr("Its present value is never taken over from the drive; this one is written");
-    if (q.origin == ValueOrigin::Unknown) return tr("No value is known; this one is written");
-    if (q.origin == ValueOrigin::Neighbour) return tr("Not answered by the drive; this is the value of the one before");
-    if (q.origin == ValueOrigin::EmptyProject) return tr("Empty in the project file");
-    if (q.SlotValue > HighestWord || q.SlotValue < LowestWord)
-        return tr("Too long for the drive: %1 is written").arg(m_quick.shownValue(slot, q.SlotValue & HighestWord));
-    if (m_quick.outsideLimits(slot)) return tr("Outside its limits, %1").arg(m_quick.limitsText(slot));
-    return {};
-}
-
 std::vector<SettingChange> QuickSetupFlow::changes() const {
     std::vector<SettingChange> list;
     for (int slot = 1; slot <= SlotCount; ++slot) {
         const QSlot& q = m_quick.Slot[static_cast<size_t>(slot)];
-        const QString remark = m_quick.used(slot) ? remarkOf(slot) : QString();
+        const QString remark = m_quick.doubtOf(slot);
         if (!m_quick.used(slot) || (q.held == q.SlotValue && remark.isEmpty())) continue;
         list.push_back({.label = slotLabel(*m_quick.family(), slot),
                         .before = q.held ? m_quick.shownValue(slot, *q.held) : QString(),
@@ -270,7 +260,8 @@ std::vector<SettingChange> QuickSetupFlow::changes() const {
 QList<QStringList> QuickSetupFlow::panelRows() const {
     QList<QStringList> rows{{tr("Setting"), tr("In the drive"), tr("To be written"), tr("Remark")}};
     for (const SettingChange& change : changes())
-        rows += {change.label, change.before.isEmpty() ? tr("not read") : change.before, change.after, change.remark};
+        rows += {change.label, change.before.isEmpty() ? tr("not read") : change.before, change.after,
+                 change.remark};
     return rows;
 }
 

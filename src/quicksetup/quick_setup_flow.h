@@ -1,5 +1,6 @@
-// The life of the wizard over the line: where its values come from, reading them slot by slot, and writing them
-// back in one sweep. Two chains of requests; the windows show its state and go on at its signals. Owned by the tool.
+// The life of the wizard over the line: where its values come from, reading them slot by slot, and writing
+// them back in one sweep. Two chains of requests; the windows show its state and go on at its signals. Owned
+// by the tool.
 #pragma once
 
 #include <QStringList>
@@ -49,10 +50,10 @@ class QuickSetupFlow : public QObject {
     std::vector<SettingChange> changes() const;
 
    Q_SIGNALS:
-    void wizardWanted();      // values are in its controls
-    void openingGivenUp();    // the read was left or the link went to rest: no wizard
-    void wizardDone();        // close it
-    void progressed();        // slotsDone() or state() changed
+    void wizardWanted();    // values are in its controls
+    void openingGivenUp();  // the read was left or the link went to rest: no wizard
+    void wizardDone();      // close it
+    void progressed();      // slotsDone() or state() changed
 
    private:
     enum class Outcome : quint8 { NotSent, Sent, Written, Refused, Unanswered };
@@ -76,7 +77,6 @@ class QuickSetupFlow : public QObject {
     void goTo(WizardState state);
     void giveUpOpening();
     void endWizard();
-    QString remarkOf(int slot) const;
     QList<QStringList> panelRows() const;
 
     QuickSetup& m_quick;

@@ -3,12 +3,22 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QFileInfo>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTableWidget>
+#include <algorithm>
 
 #include "shell/message_form.h"
+#include "ui/named.h"
 
 namespace kelvane {
 
 namespace {
+
+constexpr int WidestPanel = 900;
+constexpr int WidestPanelColumn = 300;
+constexpr int MostPanelLines = 12;  // before it scrolls
 
 QWidget* windowInFront() {
     if (QWidget* modal = QApplication::activeModalWidget()) return modal;
@@ -48,6 +58,32 @@ BoxAnswer answerOf(int pressed, BoxButtons buttons) {
     return buttons == BoxButtons::YesNo ? BoxAnswer::No : BoxAnswer::Cancel;
 }
 
+QWidget* makePanel(const QList<QStringList>& rows) {
+    const auto lines = static_cast<int>(rows.size()) - 1;
+    if (lines < 1)
+        return new QLabel(QCoreApplication::translate("kelvane::ShellOperator", "Nothing differs."));
+    const auto columns = static_cast<int>(rows.front().size());
+    auto* panel = named<QTableWidget>("PanelTableWidget", lines, columns);
+    panel->setHorizontalHeaderLabels(rows.front());
+    panel->verticalHeader()->hide();
+    panel->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    panel->setSelectionBehavior(QAbstractItemView::SelectRows);
+    panel->setTabKeyNavigation(false);
+    for (int line = 0; line < lines; ++line)
+        for (int c = 0; c < columns; ++c) {
+            auto* item = new QTableWidgetItem(rows[line + 1].value(c));
+            item->setToolTip(item->text());
+            panel->setItem(line, c, item);
+        }
+    panel->resizeColumnsToContents();
+    for (int c = 0; c < columns; ++c)
+        panel->setColumnWidth(c, std::min(panel->columnWidth(c), WidestPanelColumn));
+    panel->horizontalHeader()->setStretchLastSection(true);
+    const int height = panel->rowHeight(0) * (std::min(lines, MostPanelLines) + 2);
+    panel->setMinimumSize(std::min(panel->horizontalHeader()->length() + 40, WidestPanel), height);
+    return panel;
+}
+
 }  // namespace
 
 QStringList nameFilters(const QString& filter) {
@@ -59,6 +95,24 @@ QStringList nameFilters(const QString& filter) {
 
 BoxAnswer ShellOperator::box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) {
     QMessageBox message(iconOf(icon), title, text, buttonsOf(buttons), windowInFront());
+    return ask(message, buttons);
+}
+
+BoxAnswer ShellOperator::boxOverPanel(const QString& text, const QString& title, BoxIcon icon,
+                                      BoxButtons buttons, const QList<QStringList>& rows) {
+    QMessageBox message(iconOf(icon), title, text, buttonsOf(buttons), windowInFront());
+    auto* grid = qobject_cast<QGridLayout*>(message.layout());
+    // Above the buttons, which stand in the last row.
+    const int last = grid->rowCount() - 1;
+    QLayoutItem* foot = grid->itemAtPosition(last, 0);
+    QWidget* buttonBox = foot ? foot->widget() : nullptr;
+    if (buttonBox) grid->removeWidget(buttonBox);
+    grid->addWidget(makePanel(rows), last, 0, 1, grid->columnCount());
+    if (buttonBox) grid->addWidget(buttonBox, last + 1, 0, 1, grid->columnCount());
+    return ask(message, buttons);
+}
+
+BoxAnswer ShellOperator::ask(QMessageBox& message, BoxButtons buttons) {
     message.setTextFormat(Qt::PlainText);
     message.setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (buttons == BoxButtons::YesNo) message.setEscapeButton(QMessageBox::No);

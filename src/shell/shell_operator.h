@@ -18,6 +18,8 @@ class ShellOperator final : public Operator {
     explicit ShellOperator(const LangTable& lang) : m_lang(lang) {}
 
     BoxAnswer box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) override;
+    BoxAnswer boxOverPanel(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons,
+                           const QList<QStringList>& rows) override;
     std::optional<QString> openFile(const QString& filter) override;
     std::optional<QString> saveFile(const QString& filter, const QString& suffix) override;
     LinkAnswer linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) override;
@@ -29,6 +31,7 @@ class ShellOperator final : public Operator {
     QString lastFolder;  // of the file dialogs
 
    private:
+    static BoxAnswer ask(QMessageBox& message, BoxButtons buttons);
     std::optional<QString> askFile(QFileDialog::AcceptMode mode, const QString& filter);
     const LangTable& m_lang;
 };

@@ -26,7 +26,10 @@ Tool::Tool(const ToolBench& toolBench)
           [this](const QString& text) { link.ShowHistoryMsg(text); }),
       watcher(presence),
       rules(link),
-      parameters(link, bench.clock, groupNames) {
+      parameters(link, bench.clock, groupNames),
+      quickSetup(link),
+      quickSetupFlow(quickSetup, link, bench.clock) {
+    connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
@@ -90,7 +93,7 @@ FileResult Tool::SaveProject() {
     return writeWhole(bench.folder.file(QStringLiteral("default.prj")), defaultProjectBytes(defaults));
 }
 
-// A copy: named keeps whose values the last file held, which Quick Setup compares with the drive.
+// A copy: named keeps whose values the last file held, which Quick Setup tells beside them.
 NamedProject Tool::projectToSave() const {
     NamedProject project = named;
     project.LanguageIndex = bench.language.LanguageIndex;
@@ -102,6 +105,8 @@ NamedProject Tool::projectToSave() const {
     project.QuickSetup.HPVrLabel = link.Labels.HPVrLabel;
     project.QuickSetup.RatedVoltageVrLabel = link.Labels.RatedVoltageVrLabel;
     project.QuickSetup.RatedCurrentVrLabel = link.Labels.RatedCurrentVrLabel;
+    for (int slot = 1; slot <= SlotCount; ++slot)
+        project.QuickSetup.SlotFileValue[static_cast<size_t>(slot)] = quickSetup.controlText(slot);
     return project;
 }
 
@@ -132,6 +137,7 @@ void Tool::OpenTransparentButtonClick() {
     takeComSetup(named.ComSetup, read.ComSetup.taken);
     if (read.Monitor.taken > 0) defaults.Monitor = named.Monitor;
     if (read.Trend.taken > 0) defaults.Trend.ChComboBox = named.ChComboBox;
+    if (read.QuickSetup.taken > 0) quickSetup.takeProject(named.QuickSetup.SlotFileValue);
     Q_EMIT projectOpened();
     if (!read.ok()) {
         bench.person.tell(read.error, ErrorTitle, BoxIcon::Stop);

@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <vector>
 
+#include "quicksetup/qs_source_form.h"
 #include "shell/parameter_windows.h"
+#include "shell/quick_setup_windows.h"
 #include "shell/windows.h"
 
 namespace kelvane {
@@ -77,14 +79,15 @@ const WindowRow Rows[] = {
     {.form = "TCEmessageForm", .make = makeCEmessage},
     {.form = "TInitialForm", .make = makeInitial},
     {.form = "TAboutForm", .make = makeAbout, .wire = Windows::wireAbout},
-    {.form = "TQuickSetupForm",
+    {.form = "TQuickSetupForm", .make = makeQuickSetup, .wire = wireQuickSetup,
      .rule = {.ActiveFunction = OwnerQuickSetup, .offLine = OffLineBox::QuickSetup, .prelude = true,
               .closesKeypad = true, .marksRead = true, .tail = true},
      .entry = {.place = 3, .button = "QuickSetupTransparentButton",
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Quick Setup"),
                .hint = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Set the most important parameters in four steps"),
-               .menu = "DriveMenu", .menuItem = "QuickSetup", .icon = Icon::QuickSetup, .key = Qt::Key_F6}},
-    {.form = "TQSsourceForm"},
+               .menu = "DriveMenu", .menuItem = "QuickSetup", .icon = Icon::QuickSetup, .key = Qt::Key_F6},
+     .open = openQuickSetup},
+    {.form = "TQSsourceForm", .make = makeForm<TQSsourceForm>, .wire = wireQSsource},
     {.form = "TAdvanceForm",
      .rule = {.ActiveFunction = OwnerAdvance, .prelude = true, .closesKeypad = true, .tail = true},
      .entry = {.place = 4, .button = "AdvanceTransparentButton",
