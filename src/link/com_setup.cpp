@@ -274,14 +274,12 @@ void ComSetup::closeConnectForm() {
 void ComSetup::OKBitBtnClick() {
     if (shown.SuccessAbLED) {
         m_setupPort.close();
-        if (m_link.ActiveFunction != OwnerAdvance &&
-            m_link.operatorAsked().yes(m_link.lang().MsgStr(18), Cofirm)) {
-            m_link.TxTimer.setEnabled(true);
-            m_link.Keypad.OnLineTransparentButton = false;
-            m_link.Keypad.InitialVrLabel = true;
+        if (!m_link.owner().console && m_link.operatorAsked().yes(m_link.lang().MsgStr(18), Cofirm)) {
+            m_link.start();
+            Q_EMIT goingOnLine();
         }
     } else {
-        m_link.Lamp = {};
+        m_link.setLamp(LampState::OffLine);
     }
     copySettingsToLink();
     m_link.ReplyTimeoutTicks = m_link.BaudTimeoutTicks;

@@ -89,6 +89,7 @@ class ComSetup : public QObject {
 
    Q_SIGNALS:
     void changed();
+    void goingOnLine();  // identification is about to begin
     void closeWanted();
 
    private:

@@ -19,7 +19,7 @@ Made makeComSetup(Windows& w) { return std::make_unique<TComSetupForm>(w.tool.co
 Made makeConnect(Windows& w) { return std::make_unique<TConnectForm>(w.tool.comSetup, w.tool.bench.clock); }
 Made makeCEmessage(Windows& w) { return std::make_unique<TCEmessageForm>(w.tool.link); }
 Made makeInitial(Windows& w) { return std::make_unique<TInitialForm>(w.tool.link); }
-Made makeAbout(Windows& w) { return std::make_unique<TAboutForm>(w.tool.link.BrandVariant); }
+Made makeAbout(Windows& w) { return std::make_unique<TAboutForm>(w.tool.link.BrandVariant()); }
 Made makePassword(Windows& w) { return std::make_unique<TPasswordForm>(w.tool.link); }
 Made makeInput(Windows& w) { return std::make_unique<TInputForm>(w.tool.comSetup); }
 template <class Form>
@@ -103,13 +103,13 @@ const WindowRow Rows[] = {
               .closesKeypad = true, .marksRead = true, .marksWritten = true, .tail = true},
      .entry = {.place = 9, .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Auto Tuning"),
                .menu = "DiagnosticMenu", .menuItem = "AutoTuning", .icon = Icon::AutoTuning,
-               .offered = &RequestScheduler::AutoTuning}},
+               .offered = &DriveLabelsRecord::AutoTuning}},
     {.form = "TPIDForm",
      .rule = {.ActiveFunction = OwnerPid, .offLine = OffLineBox::OnLineFirst, .stopsKeypad = true,
               .closesKeypad = true, .marksRead = true, .marksWritten = true, .tail = true},
      .entry = {.place = 8, .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "PID Control"),
                .menu = "DiagnosticMenu", .menuItem = "PIDControl", .icon = Icon::Pid,
-               .offered = &RequestScheduler::PIDControl}},
+               .offered = &DriveLabelsRecord::PIDControl}},
     {.form = "TEditForm"},
     {.form = "TPasswordForm", .make = makePassword},
     {.form = "TErrHistoryForm"},

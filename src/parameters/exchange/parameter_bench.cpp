@@ -21,13 +21,10 @@ void ParameterBench::whenOnLine(const std::function<void()>& go) const {
     });
 }
 
-void ParameterBench::request(quint8 task, const QString& command) const {
-    link.push(task, command);
-    link.TxTimer.setEnabled(true);
-}
+void ParameterBench::request(quint8 task, const QString& command) const { link.request(task, command); }
 
 bool ParameterBench::requestThrownAway() const {
-    return link.ActiveFunction == OwnerParameter && link.TaskQueue.empty() && link.TxTimer.Enabled() &&
+    return link.owner().reads && link.TaskQueue.empty() && link.TxTimer.Enabled() &&
            (!link.port().Open() || !link.DriveStatus.ExceptionPending);
 }
 

@@ -43,10 +43,8 @@ ParameterReader::ParameterReader(ParameterBench& bench, ParameterTable& table, P
     connect(&bench.link, &RequestScheduler::initialRun, this, [this] {
         if (RxTimer.Enabled()) stop();
     });
-    bench.link.stopParameterRead = [this] { stop(); };
+    connect(&bench.link, &RequestScheduler::parameterReadStopped, this, &ParameterReader::stop);
 }
-
-ParameterReader::~ParameterReader() { m_bench.link.stopParameterRead = nullptr; }
 
 int ParameterReader::highestNumber(int G) const {
     const auto& counts = m_bench.link.DriveStatus.GroupParamCount;

@@ -26,7 +26,6 @@ class ParameterReader : public QObject {
     // All of them outlive the reader.
     ParameterReader(ParameterBench& bench, ParameterTable& table, ParameterScreen& screen,
                     ProgressDialog& progress);
-    ~ParameterReader() override;
 
     quint8 ReadGroup = 0;
     quint16 ReadNumber = 0;

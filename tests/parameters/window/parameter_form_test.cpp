@@ -44,7 +44,7 @@ class ParameterWindow : public testing::Test {
         link.ComMode = 1;
         station.port.setSettings(line().wire);
         link.ActiveFunction = OwnerParameter;
-        link.fixedParaName = fixedParaName;
+        link.ParamRead.fixedParaName = fixedParaName;
         beOnLine(Family::Larch);
         form.choices.chooseFrom = [this](const QString& title, const QStringList& items, int selected,
                                          const TableChoices::ThenIndex& then) {
