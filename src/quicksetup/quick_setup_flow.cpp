@@ -97,7 +97,7 @@ void QuickSetupFlow::startReading() {
 // answered gets the words of the slot before it, and is marked.
 std::optional<LinkRequest> QuickSetupFlow::nextRead() {
     for (;;) {
-        if (SlotIndex > 1) m_quick.takeWords(SlotIndex - 1, m_link.ReadWords, m_goodReply);
+        if (SlotIndex > 1) m_quick.takeWords(SlotIndex - 1, m_link.ParamRead.ReadWords, m_goodReply);
         if (SlotIndex == SlotCount) return {};
         const int slot = SlotIndex++;
         if (!m_quick.used(slot)) continue;

@@ -358,8 +358,8 @@ bool TQuickSetupForm::leaveFocused() {
 void TQuickSetupForm::walk(int slot, int by) {
     for (int next = slot + by; next >= 1 && next <= SlotCount; next += by)
         if (m_quick.used(next)) return focusSlot(next);
-    QWidget* behind =
-        by > 0 ? (NextStepBitBtn->isEnabled() ? NextStepBitBtn : OKBitBtn) : PageControl1->tabBar();
+    QWidget* behind = PageControl1->tabBar();
+    if (by > 0) behind = NextStepBitBtn->isEnabled() ? NextStepBitBtn : OKBitBtn;
     behind->setFocus(by > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
 
