@@ -209,8 +209,9 @@ QWidget* TQuickSetupForm::makeFoot() {
     line->setContentsMargins(0, 0, 0, 0);
     m_source = plainLabel("SourceLabel");
     m_changed = plainLabel("ChangedLabel");
-    BackStepBitBtn = makeButton("BackStepBitBtn", Icon::Previous, tr("Back Step"), tr("Go back one step"));
-    NextStepBitBtn = makeButton("NextStepBitBtn", Icon::Next, tr("Next Step"), tr("Go on to the next step"));
+    BackStepBitBtn = makeButton("BackStepBitBtn", Icon::StepBack, tr("Back Step"), tr("Go back one step"));
+    NextStepBitBtn =
+        makeButton("NextStepBitBtn", Icon::StepNext, tr("Next Step"), tr("Go on to the next step"));
     OKBitBtn = makeButton("OKBitBtn", Icon::Accept, tr("OK"), tr("Write the settings to the drive"));
     line->addWidget(m_source);
     line->addSpacing(fontMetrics().height());

@@ -49,6 +49,7 @@ void SlotRowForm::makeBox(QWidget* page) {
     m_box->setObjectName(slotControlName(m_slot));
     m_box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_box->setMinimumContentsLength(BoxCharacters);
+    m_box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_box->setMaxVisibleItems(20);
     connect(m_box, &QComboBox::activated, this, [this](int index) { m_quick.chooseItem(m_slot, index); });
 }
@@ -113,9 +114,6 @@ void SlotRowForm::showMarks() {
     m_mark->setToolTip(doubt     ? m_quick.doubtOf(m_slot)
                        : changed ? tr("Changed, not written yet")
                                  : QString());
-    QFont font = control()->font();
-    font.setBold(changed);
-    if (m_label->font().bold() != changed) m_label->setFont(font), control()->setFont(font);
     control()->setToolTip(hint());
     control()->setAccessibleDescription(m_mark->toolTip());
 }

@@ -16,7 +16,7 @@ enum class Icon : int {
     Language, Find, Previous, Next, Undo, Redo, Backup, Help, About,
     Pid, AutoTuning, MultiStep, Copy, Close, Folder, FolderUp, File,
     Accept, Cancel, Test, Connect, Disconnect, Start, Stop, Clear, Option, Cursor, Picture, Zoom,
-    Add, Remove, Edit, Run, Fault, Lock, Motor, More,
+    Add, Remove, Edit, Run, Fault, Lock, Motor, More, StepBack, StepNext,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
     Count_,
 };
