@@ -51,6 +51,9 @@ void Walk::run() {
     print();
     closeTab();
     closeParameters();
+    openQuickSetup();
+    lookAtSteps();
+    changeRampTime();
     changeLanguage();
     saveProject();
     exit();

@@ -43,6 +43,11 @@ class Walk {
     void closeTab();
     void closeParameters();
 
+    // Quick Setup.
+    void openQuickSetup();
+    void lookAtSteps();
+    void changeRampTime();
+
     void check(bool right, const QString& wrong);
     void edit(int row, const QString& picture = {});
     void chooseTable(const char* button, const QString& picture = {});
