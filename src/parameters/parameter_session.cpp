@@ -1,5 +1,7 @@
 #include "parameters/parameter_session.h"
 
+#include <QDir>
+
 namespace kelvane {
 
 namespace {
@@ -10,7 +12,8 @@ const QString Cofirm = QStringLiteral("Cofirm");
 
 }  // namespace
 
-ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, const GroupNameTable& names)
+ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, const GroupNameTable& names,
+                                   const ParameterFiles& files)
     : columns({&DriveAdvStringGrid, &SubDriveAdvStringGrid, &FileAdvStringGrid, &SubFileAdvStringGrid,
                &CompareAdvStringGrid}),
       bench{link, clock, names, {}},
@@ -18,7 +21,19 @@ ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, con
       reader(bench, driveTable, screen, progress),
       keypad(bench, screen),
       writer(bench, screen, progress),
-      comparisonEngine(driveTable, fileTable, comparison, link.operatorAsked(), link.lang()) {
+      comparisonEngine(driveTable, fileTable, comparison, link.operatorAsked(), link.lang()),
+      fileWork{driveTable, fileTable, comparison,           screen,      reader.DriveTableComplete,
+               progress,   clock,     link.operatorAsked(), link.lang(), files.spreadsheet},
+      saver(fileWork, choices),
+      loader(fileWork),
+      backup(files.programFolder),
+      m_files(files) {
+    connectGrids();
+    connectEngines();
+    mirrorModel();
+}
+
+void ParameterSession::connectGrids() {
     DriveAdvStringGrid.cellColours = [this](int column, int row) {
         return ProcessAdvStringGridGetCellColor(DriveAdvStringGrid, driveTable.identity.family, column, row);
     };
@@ -36,26 +51,34 @@ ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, con
         const ParameterTable& table = screen.DriveTabSheet ? driveTable : fileTable;
         return ProcessAdvStringGridGetCellColor(CompareAdvStringGrid, table.identity.family, column, row);
     };
+}
+
+void ParameterSession::connectEngines() {
     reader.hideColumnsFor = [this](Family family) { columns.setForFamily(family); };
     keypad.closeTable = [this](const std::function<void()>& then) {
         if (!screen.DriveTabSheet) return then();
         closeTableClick(TableSide::Drive, then);
     };
-    connect(&link, &RequestScheduler::changed, this, &ParameterSession::mirrorModel);
+    connect(&bench.link, &RequestScheduler::changed, this, &ParameterSession::mirrorModel);
+    connect(&bench.link, &RequestScheduler::initialRun, this,
+            [this] { m_tableOfDriveOnLine = m_backedUp = false; });
     connect(&reader, &ParameterReader::screenChanged, this, &ParameterSession::screenChanged);
     connect(&keypad, &KeypadSource::screenChanged, this, &ParameterSession::screenChanged);
     connect(&reader, &ParameterReader::started, this, [this] {
         driveHistory.closed();
-        m_driveNode = -1;
-        m_held.clear();
+        driveSub.leave();
+        m_tableOfDriveOnLine = true;
     });
-    connect(&reader, &ParameterReader::rowFilled, this,
-            [this](int row) { rememberHeld(DriveAdvStringGrid, row); });
     connect(&reader, &ParameterReader::ended, this, [this] { driveHistory.tableRead(); });
-    connect(&writer, &ParameterWriter::rowReadBack, this,
-            [this](int row) { rememberHeld(writer.AdvStringGrid1, row); });
+    connect(&writer, &ParameterWriter::writesBegin, this, &ParameterSession::backUp);
+    connect(&writer, &ParameterWriter::rowReadBack, this, [this](int row) {
+        if (m_driveRows && m_tableOfDriveOnLine)
+            driveHistory.holds(m_driveRows->rowOf(writer.AdvStringGrid1, row),
+                               writer.AdvStringGrid1.cell(column::Data, row));
+    });
     connect(&writer, &ParameterWriter::closed, this, &ParameterSession::refreshSubTables);
-    mirrorModel();
+    connect(&loader, &TableLoader::tableLoaded, this, &ParameterSession::fileLoaded);
+    connect(&loader, &TableLoader::comparisonLoaded, this, [this] { show(ParameterTab::Compare); });
 }
 
 // The label follows the link's until "Keypad" is written over it.
@@ -67,13 +90,27 @@ void ParameterSession::mirrorModel() {
     Q_EMIT screenChanged();
 }
 
-std::optional<QString> ParameterSession::heldByDrive(const QString& PrNo) const {
-    const auto found = m_held.constFind(PrNo);
-    return found == m_held.constEnd() ? std::nullopt : std::optional<QString>(*found);
+std::optional<QString> ParameterSession::heldByDrive(int listRow) const {
+    if (!m_driveRows || !m_tableOfDriveOnLine) return std::nullopt;
+    return driveHistory.readValue(m_driveRows->rowOf(writer.AdvStringGrid1, listRow));
 }
 
-void ParameterSession::rememberHeld(const StringGrid& grid, int row) {
-    m_held.insert(grid.cell(column::PrNo, row), grid.cell(column::Data, row));
+// One backup of each drive that is written to, as it was read. A failure is told and never stops the writes.
+void ParameterSession::backUp() {
+    if (m_files.programFolder.isEmpty() || m_backedUp) return;
+    if (!screen.DriveTabSheet || !reader.DriveTableComplete || !m_tableOfDriveOnLine) {
+        bench.link.ShowHistoryMsg(QStringLiteral("No backup: the table of this drive has not been read."));
+        return;
+    }
+    const FileResult written = backup.write(driveTable, screen.RparaAbLED, now(),
+                                            [this](int row) { return driveHistory.readValue(row); });
+    m_backedUp = written.ok;
+    const QString told =
+        written.ok
+            ? QStringLiteral("Backup of the drive's table: %1").arg(QDir::toNativeSeparators(backup.path()))
+            : QStringLiteral("The drive's table could not be backed up: %1").arg(written.error);
+    bench.link.ShowHistoryMsg(told);
+    if (!written.ok) bench.link.operatorAsked().tell(told, QStringLiteral("Error"), BoxIcon::Stop);
 }
 
 // ---- Life of the window ----
@@ -118,7 +155,7 @@ void ParameterSession::show(ParameterTab tab) {
 void ParameterSession::fileLoaded() {
     const TableIdentity& identity = fileTable.identity;
     fileHistory.tableRead();
-    m_fileNode = -1;
+    fileSub.leave();
     screen.fileSubShown = false;
     screen.fileRoot = {treeRootText(TableSide::File, true, identity.model),
                        treeChildren(identity.family, groupNamesIn(FileAdvStringGrid)), true};
@@ -136,7 +173,6 @@ void ParameterSession::ParaTreeViewChange(TableSide side, int index) {
     const bool drive = side == TableSide::Drive;
     const QStringList& children = drive ? screen.driveRoot.children : screen.fileRoot.children;
     if (index < 0 || index >= children.size()) return;
-    (drive ? m_driveNode : m_fileNode) = index;
     (drive ? screen.driveSubShown : screen.fileSubShown) = index > 0;
     const ParameterTable& table = drive ? driveTable : fileTable;
     if (table.identity.family == Family::Hazel) columns.setForFamily(Family::Hazel);
@@ -145,8 +181,8 @@ void ParameterSession::ParaTreeViewChange(TableSide side, int index) {
 }
 
 void ParameterSession::refreshSubTables() {
-    if (m_driveNode > 0) driveSub.select(screen.driveRoot.children.value(m_driveNode), m_driveNode);
-    if (m_fileNode > 0) fileSub.select(screen.fileRoot.children.value(m_fileNode), m_fileNode);
+    driveSub.refresh();
+    fileSub.refresh();
     Q_EMIT screenChanged();
 }
 
@@ -162,13 +198,15 @@ void ParameterSession::CloseTab(const std::function<void()>& then) {
         closeTab(tab);
         if (then) then();
     };
-    const bool mayBeSaved = tab != ParameterTab::Compare;
-    if (!mayBeSaved || !bench.link.operatorAsked().yes(bench.link.lang().MsgStr(17), Cofirm)) return goOn();
+    if (tab == ParameterTab::Compare) return goOn();
+    const BoxAnswer answer = bench.link.operatorAsked().box(bench.link.lang().MsgStr(17), Cofirm,
+                                                            BoxIcon::Question, BoxButtons::YesNoOrLeave);
+    if (answer == BoxAnswer::No) return goOn();
+    if (answer != BoxAnswer::Yes) return;
     screen.FileAbLED = tab == ParameterTab::File;
     const TableSide side = screen.FileAbLED ? TableSide::File : TableSide::Drive;
     Q_EMIT sourceLit(side);
-    if (!saveTable) return goOn();
-    saveTable(side, goOn);
+    saver.save(tab, goOn);
 }
 
 void ParameterSession::closeTab(ParameterTab tab) {
@@ -191,11 +229,11 @@ void ParameterSession::closeSide(TableSide side) {
     const bool drive = side == TableSide::Drive;
     TreeRoot& root = drive ? screen.driveRoot : screen.fileRoot;
     root = TreeRoot{treeRootText(side, false, {}), {}, false};
-    (drive ? m_driveNode : m_fileNode) = -1;
+    (drive ? driveSub : fileSub).leave();
     (drive ? driveHistory : fileHistory).closed();
     if (!drive) return;
     reader.DriveTableComplete = 0;
-    m_held.clear();
+    m_tableOfDriveOnLine = false;
 }
 
 // ---- Writing ----
@@ -211,6 +249,8 @@ void ParameterSession::chooseWriteSource(WriteMode mode) {
         return;
     }
     m_wantedMode = mode;
+    screen.FileAbLED = screen.active == ParameterTab::File;
+    Q_EMIT sourceLit(screen.FileAbLED ? TableSide::File : TableSide::Drive);
     Q_EMIT writeSourceWanted(QStringLiteral("Select Parameter Source to Write"));
 }
 
@@ -226,11 +266,12 @@ void ParameterSession::write(TableSide side, WriteMode mode, bool useDefaults) {
     const bool drive = side == TableSide::Drive;
     ParameterTable& table = drive ? driveTable : fileTable;
     m_writeFamily = table.identity.family;
+    m_driveRows.emplace(DriveAdvStringGrid);
     writer.SelectWriteSource({&table, drive ? &driveHistory : &fileHistory}, mode, useDefaults);
 }
 
 QString ParameterSession::writeSummaryLine() const {
-    const auto held = [this](const QString& PrNo) { return heldByDrive(PrNo); };
+    const auto held = [this](int row) { return heldByDrive(row); };
     return writeSummaryText(writeSummaryOf(writer.AdvStringGrid1, m_writeFamily, driveFamily(), held));
 }
 

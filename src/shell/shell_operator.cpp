@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "shell/message_form.h"
+#include "ui/file_kinds.h"
 #include "ui/named.h"
 
 namespace kelvane {
@@ -41,6 +42,7 @@ QMessageBox::StandardButtons buttonsOf(BoxButtons buttons) {
         case BoxButtons::Ok: return QMessageBox::Ok;
         case BoxButtons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
         case BoxButtons::YesNo: return QMessageBox::Yes | QMessageBox::No;
+        case BoxButtons::YesNoOrLeave: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
         case BoxButtons::RetryCancel: return QMessageBox::Retry | QMessageBox::Cancel;
     }
     return QMessageBox::Ok;
@@ -51,6 +53,7 @@ BoxAnswer answerOf(int pressed, BoxButtons buttons) {
     switch (pressed) {
         case QMessageBox::Ok: return BoxAnswer::Ok;
         case QMessageBox::Yes: return BoxAnswer::Yes;
+        case QMessageBox::No: return BoxAnswer::No;
         case QMessageBox::Retry: return BoxAnswer::Retry;
         default: break;
     }
@@ -116,6 +119,10 @@ BoxAnswer ShellOperator::ask(QMessageBox& message, BoxButtons buttons) {
     message.setTextFormat(Qt::PlainText);
     message.setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (buttons == BoxButtons::YesNo) message.setEscapeButton(QMessageBox::No);
+    if (buttons == BoxButtons::YesNoOrLeave) {
+        message.setEscapeButton(QMessageBox::Cancel);
+        message.button(QMessageBox::Cancel)->hide();
+    }
     message.exec();
     const QMessageBox::StandardButton pressed = message.standardButton(message.clickedButton());
     return answerOf(pressed, buttons);
@@ -127,6 +134,7 @@ std::optional<QString> ShellOperator::askFile(QFileDialog::AcceptMode mode, cons
     dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setNameFilters(nameFilters(filter));
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setIconProvider(&fileKinds());
     if (!lastFolder.isEmpty()) dialog.setDirectory(lastFolder);
     dialog.exec();
     if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};

@@ -83,7 +83,9 @@ struct Keyboard : OnLineBench {
         // Frame and reply bear the same number: the drive hears and answers all of them.
         const qsizetype harmedFrom = press.firstHarmed - 1;
         const bool ownHarmed = last >= harmedFrom && first < harmedFrom + press.harmedInARow;
-        if (last > first && !ownHarmed)
+        // STOP waits for nothing, so its own answer may queue behind one that is late.
+        const bool ownLate = press.key->task == 3 && press.harm->ms > 0;
+        if (last > first && !ownHarmed && !ownLate)
             wrong += QStringLiteral("the frame went out %1 times").arg(last - first + 1);
         if (press.key->task == 3 && first > pressedAt + 1)
             wrong += QStringLiteral("STOP was frame %1 after the press").arg(first - pressedAt + 1);

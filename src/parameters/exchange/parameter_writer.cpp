@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "link/number_text.h"
+
 namespace kelvane {
 
 namespace {
@@ -22,7 +24,9 @@ ParameterWriter::ParameterWriter(ParameterBench& bench, const ParameterScreen& s
       m_bench(bench) {
     setWriteListHeaders(AdvStringGrid1);
     clearErrorRecord(ErrorAdvStringGrid);
-    AdvStringGrid1.cellColours = [this](int, int row) { return writeListColours(AdvStringGrid1, row); };
+    AdvStringGrid1.cellColours = [this](int column, int row) {
+        return writeListColours(AdvStringGrid1, column, row);
+    };
     connect(&bench.link, &RequestScheduler::cycleEnded, this, [this] { WriteTimer.kick(); });
     connect(&readBack, &WriteReadBack::rowReadBack, this, [this](int row) {
         m_rowsReadBack += row;
@@ -88,7 +92,8 @@ void ParameterWriter::startWrites(int checked) {
     form.barMaximum = WriteCount;
     form.barPosition = 0;
     setEnabled(false);
-    if (!m_firstWritePrepared && beforeFirstWrite) m_firstWritePrepared = beforeFirstWrite();
+    Q_EMIT writesBegin();
+    if (!form.shown) return;  // closed behind a box
     WriteTimer.setEnabled(true);
 }
 
@@ -193,12 +198,14 @@ bool ParameterWriter::takeAnswer() {
     return finished;
 }
 
-// A row that cannot be sent: its value is no integer, which only a file can hold.
+// A row that cannot be sent, which only a file can hold: its value is no integer or none of a register.
 bool ParameterWriter::skipRow() {
-    addErrorLine(
-        ErrorAdvStringGrid,
-        {AdvStringGrid1.cell(column::PrNo, WriteRow), AdvStringGrid1.cell(column::Description, WriteRow),
-         AdvStringGrid1.cell(column::Data, WriteRow), QString(), m_bench.link.lang().MsgStr(23)});
+    const bool number = withoutSeparatorToInt(AdvStringGrid1.cell(column::Data, WriteRow)).has_value();
+    const auto doubt = doubtOf(AdvStringGrid1, WriteRow);
+    const QString why = number && doubt && !doubt->sent ? doubt->text : m_bench.link.lang().MsgStr(23);
+    addErrorLine(ErrorAdvStringGrid, {AdvStringGrid1.cell(column::PrNo, WriteRow),
+                                      AdvStringGrid1.cell(column::Description, WriteRow),
+                                      AdvStringGrid1.cell(column::Data, WriteRow), QString(), why});
     stepBar();
     WriteTimer.kick();
     return stepRow();
@@ -263,19 +270,17 @@ void ParameterWriter::FormClose() {
 // Kept: in whatever way the list closed, also after Cancel, and so after a cancelled reset to the defaults.
 void ParameterWriter::copyBack() {
     StringGrid& table = m_source.table->grid;
-    const auto target = [&](int row) { return rowOfNumber(table, AdvStringGrid1.cell(column::PrNo, row)); };
+    const RowIndex rows(table);
+    const auto target = [&](int row) { return rows.rowOf(AdvStringGrid1, row); };
     const auto copy = [&] {
         for (int row = 1; row < rowCount(); ++row) {
             const int to = AdvStringGrid1.checkBox(row) ? target(row) : -1;
             if (to > 0) table.setCell(column::Data, to, AdvStringGrid1.cell(column::Data, row));
         }
     };
-    if (!m_source.history) {
-        copy();
-        return;
-    }
     m_source.history->edit(copy);
-    for (const int row : m_rowsReadBack) m_source.history->written(target(row));
+    for (const int row : m_rowsReadBack)
+        m_source.history->holds(target(row), AdvStringGrid1.cell(column::Data, row));
 }
 
 }  // namespace kelvane

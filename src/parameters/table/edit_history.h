@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "base/string_grid.h"
@@ -17,6 +18,8 @@ class EditHistory {
 
     // Runs a change of the grid and keeps as one step what it did to values and check boxes.
     void edit(const std::function<void()>& change);
+    // The same, where the change touches these rows at most.
+    void edit(const std::vector<int>& rows, const std::function<void()>& change);
 
     bool canUndo() const { return m_done > 0; }
     bool canRedo() const { return m_done < m_steps.size(); }
@@ -27,12 +30,17 @@ class EditHistory {
     // The table was read anew: its values are the read values, every step and mark goes.
     void tableRead();
     void closed();
-    // The drive holds what the row shows: the mark goes, undo stays.
-    void written(int row);
+    // What the drive or the file gave for a row; nothing before the table was read.
+    std::optional<QString> readValue(int row) const;
+    // The drive was asked once more and holds this: the mark follows, undo stays.
+    void holds(int row, const QString& Data);
 
     // One row of the context menu, as an edit that can be undone. False when there is nothing to do.
     bool backToReadValue(int row);
     bool toDefault(int row);  // writable rows only
+
+    // canUndo() or canRedo() may differ from before.
+    std::function<void()> changed;
 
    private:
     struct RowState {
@@ -47,7 +55,6 @@ class EditHistory {
     };
     using Step = std::vector<Change>;
 
-    std::vector<RowState> stateOfAll() const;
     RowState stateOf(int row) const;
     void setState(int row, const RowState& state);
     void mark(int row);
