@@ -88,8 +88,8 @@ void ReplyTrust::heard(LinkMode mode, const QByteArray& burst) {
     if (end >= 0 && end + 2 < m_heard.size()) m_more = true;
 }
 
-bool ReplyTrust::inDoubt() const {
-    return m_again || m_more || (m_early && !m_paceless) || m_clock.nowUs() < m_lostUntilUs;
+bool ReplyTrust::othersMayCome() const {
+    return m_more || (m_early && !m_paceless) || m_clock.nowUs() < m_lostUntilUs;
 }
 
 std::optional<QByteArray> ReplyTrust::answer(LinkMode mode, const QString& command) const {

@@ -26,7 +26,9 @@ class ReplyTrust {
     // ---- One exchange
     void sent(qint64 wireTimeUs, bool again);
     void heard(LinkMode mode, const QByteArray& burst);
-    bool inDoubt() const;
+    // Answers to other requests may be among what is heard.
+    bool othersMayCome() const;
+    bool inDoubt() const { return m_again || othersMayCome(); }
     bool heardAnything() const { return !m_heard.isEmpty(); }
     // The one reply that fits; nothing when there is none, or when two that fit are not the same.
     std::optional<QByteArray> answer(LinkMode mode, const QString& command) const;

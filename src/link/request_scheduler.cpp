@@ -302,18 +302,23 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
 // the time of the last one, so that the end is noticed at once, and for a few ticks at most, so that a reply
 // that breaks off is noticed hardly later. The rest is no tick.
 bool RequestScheduler::restUntilNearlyWhole() {
-    if (inConsole() || CommandQueue.empty() || comesAsEcho()) return false;
-    const int known = replyLength(mode(), CommandQueue.front(), Rx);
-    const int length = known > 0 || mode() == LinkMode::Rtu ? known : ShortestAsciiReply;
-    const int missing = length - Rx.RxByteCount;
+    if (inConsole() || CommandQueue.empty()) return false;
+    const int missing = knownLength() - Rx.RxByteCount;
     if (missing < FewBytes || !port().holdBack(true)) return false;
     m_resting = true;
     RxTimer.tickIn(std::min(port().settings().wireTimeUs(missing), qint64(LongestRest) * TickLength * 1000));
     return true;
 }
 
-// A line that hears itself: the request comes back, which is shorter than what its function lets expect.
-bool RequestScheduler::comesAsEcho() const { return Rx.RxByteCount > 0 && m_sentWire.startsWith(Rx.RxData); }
+// What looks like the request may be just that, on a line that hears itself; its function tells no length
+// then.
+int RequestScheduler::knownLength() const {
+    const bool echo = m_sentWire.startsWith(Rx.RxData);
+    const int known = replyLength(mode(), CommandQueue.front(), Rx);
+    if (known > 0 && !echo) return known;
+    if (mode() == LinkMode::Ascii) return ShortestAsciiReply;
+    return known > 0 ? static_cast<int>(m_sentWire.size()) : 0;
+}
 
 // No other request's answer looks like the echo of a write, so in doubt it ends the wait of one that was sent
 // once.
@@ -372,7 +377,8 @@ void RequestScheduler::endCycle() {
 
 void RequestScheduler::judgeCycle() {
     const bool doubt = !inConsole() && m_trust.inDoubt() && m_trust.heardAnything();
-    if (doubt && !takeTrustedAnswer() && m_trust.heardWholeReply(mode()) && m_unclear < MaxUnclear) {
+    if (doubt && !takeTrustedAnswer() && m_trust.othersMayCome() && m_trust.heardWholeReply(mode()) &&
+        m_unclear < MaxUnclear) {
         ++m_unclear;
         askOnceMore();
         return;

@@ -137,7 +137,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     bool waitIsOver();
     void goOnWaiting();
     bool restUntilNearlyWhole();
-    bool comesAsEcho() const;
+    int knownLength() const;
     bool echoIsHeard() const;
     void endHoldBack();
     void endCycle();
