@@ -19,7 +19,8 @@ namespace kelvane::bench {
 class PatientOperator final : public Operator {
    public:
     BoxAnswer box(const QString&, const QString&, BoxIcon, BoxButtons buttons) override {
-        return buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Retry;
+        const bool question = buttons == BoxButtons::YesNo || buttons == BoxButtons::YesNoOrLeave;
+        return question ? BoxAnswer::Yes : BoxAnswer::Retry;
     }
     std::optional<QString> openFile(const QString&) override { return std::nullopt; }
     std::optional<QString> saveFile(const QString&, const QString&) override { return std::nullopt; }

@@ -14,6 +14,13 @@ enum class BoxIcon { None, Information, Question, Exclamation, Stop };
 enum class BoxButtons { Ok, OkCancel, YesNo, RetryCancel, YesNoOrLeave };
 enum class BoxAnswer { Ok, Cancel, Yes, No, Retry };
 
+// Information under a question.
+struct BoxPanel {
+    QStringList header;
+    QList<QStringList> rows;
+    bool doubtful = false;  // Enter alone shall not say Yes
+};
+
 // What the link does after a failure that the operator was asked about.
 enum class LinkAnswer { Retry = 1, Ignore = 2, Abort = 3 };
 
@@ -36,10 +43,10 @@ class Operator {
    public:
     virtual ~Operator() = default;
     virtual BoxAnswer box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) = 0;
-    // The same question with a table of information under it; the first row is its header.
+    // The same question with a table of information under it.
     virtual BoxAnswer boxOverPanel(const QString& text, const QString& title, BoxIcon icon,
-                                   BoxButtons buttons, const QList<QStringList>& rows) {
-        Q_UNUSED(rows);
+                                   BoxButtons buttons, const BoxPanel& panel) {
+        Q_UNUSED(panel);
         return box(text, title, icon, buttons);
     }
     // Filters are written "Name(*.ext)|*.ext|Name2(*.e2)|*.e2"; the answer is a full path, or nothing on

@@ -85,6 +85,7 @@ void QuickSetup::forgetValues() {
         blank.SlotReadCommand = q.SlotReadCommand;
         q = blank;
     }
+    m_projectTaken = false;
     m_beforeTyping.reset();
 }
 
@@ -261,14 +262,12 @@ QString QuickSetup::doubtOf(int slot) const {
     const QSlot& q = at(slot);
     if (!used(slot)) return {};
     // Kept: the last slot is read but its answer is not taken.
-    if (slot == SlotCount && q.origin == ValueOrigin::Unknown)
-        return tr("Its value is not taken over from the drive; the one shown is written");
-    if (q.origin == ValueOrigin::Unknown) return tr("No value is known; the one shown is written");
-    if (q.origin == ValueOrigin::Neighbour)
-        return tr("Not answered by the drive; this is the value of the one before");
-    if (q.origin == ValueOrigin::EmptyProject) return tr("Empty in the project file; 0 is written");
+    if (slot == SlotCount && q.origin == ValueOrigin::Unknown) return tr("Not taken over from the drive");
+    if (q.origin == ValueOrigin::Unknown) return tr("No value is known");
+    if (q.origin == ValueOrigin::Neighbour) return tr("Not answered: value of the one before");
+    if (q.origin == ValueOrigin::EmptyProject) return tr("Empty in the project file");
     if (q.SlotValue > HighestWord || q.SlotValue < LowestWord)
-        return tr("Too large for the drive; %1 is written").arg(shownValue(slot, q.SlotValue & HighestWord));
+        return tr("Too large: %1 is written").arg(shownValue(slot, q.SlotValue & HighestWord));
     if (outsideLimits(slot)) return tr("Outside its limits, %1").arg(limitsText(slot));
     return {};
 }

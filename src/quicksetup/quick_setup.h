@@ -71,6 +71,7 @@ class QuickSetup : public QObject {
     // Takes the project's values again and shows them. False when a box's is no number: the controls before
     // it are filled.
     bool LoadParaFromFile();
+    bool projectTaken() const { return m_projectTaken; }
     // The drive has taken the slot's value.
     void written(int slot);
     // What the controls show, as a project keeps it.

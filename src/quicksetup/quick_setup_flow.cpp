@@ -129,9 +129,10 @@ void QuickSetupFlow::OkBitBtnClick() {
     if (m_state != WizardState::Editing || !mayWrite()) return;
     const BoxAnswer answer =
         m_link.operatorAsked().boxOverPanel(m_link.lang().MsgStr(MayWrite), QStringLiteral("Cofirm"),
-                                            BoxIcon::Question, BoxButtons::YesNo, panelRows());
+                                            BoxIcon::Question, BoxButtons::YesNoOrLeave, panel());
     if (m_state != WizardState::Editing) return;
-    if (answer != BoxAnswer::Yes) return endWizard();
+    if (answer == BoxAnswer::No) return endWizard();
+    if (answer != BoxAnswer::Yes) return;  // left: back to the slots
     if (mayWrite()) startWriting();
 }
 
@@ -257,12 +258,15 @@ std::vector<SettingChange> QuickSetupFlow::changes() const {
     return list;
 }
 
-QList<QStringList> QuickSetupFlow::panelRows() const {
-    QList<QStringList> rows{{tr("Setting"), tr("In the drive"), tr("To be written"), tr("Remark")}};
-    for (const SettingChange& change : changes())
-        rows += {change.label, change.before.isEmpty() ? tr("not read") : change.before, change.after,
-                 change.remark};
-    return rows;
+BoxPanel QuickSetupFlow::panel() const {
+    BoxPanel panel;
+    panel.header = {tr("Setting"), tr("In the drive"), tr("To be written"), tr("Remark")};
+    for (const SettingChange& change : changes()) {
+        const QString before = change.before.isEmpty() ? tr("not read") : change.before;
+        panel.rows += {change.label, before, change.after, change.remark};
+        panel.doubtful |= !change.remark.isEmpty();
+    }
+    return panel;
 }
 
 }  // namespace kelvane

@@ -77,7 +77,7 @@ class QuickSetupFlow : public QObject {
     void goTo(WizardState state);
     void giveUpOpening();
     void endWizard();
-    QList<QStringList> panelRows() const;
+    BoxPanel panel() const;
 
     QuickSetup& m_quick;
     RequestScheduler& m_link;

@@ -91,7 +91,9 @@ void TQuickSetupForm::addSlots(SlotRange range, QWidget* page, QGridLayout& grid
         made->control()->installEventFilter(this);
         connect(made, &SlotRowForm::left, this, &TQuickSetupForm::leave);
     }
-    grid.setColumnStretch(1, 1);
+    // Boxes take the room that there is; a mark stands close to its edit.
+    const bool lists = quickSlot(range.last).control == SlotControl::List;
+    grid.setColumnStretch(lists ? 1 : 4, 1);
 }
 
 QLabel* TQuickSetupForm::addHelp(const char* name, const QString& text, QGridLayout& grid,

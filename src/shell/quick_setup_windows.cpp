@@ -14,6 +14,8 @@ bool isChinese(quint8 LanguageIndex) { return LanguageIndex == 1 || LanguageInde
 QString sourceText(const Tool& tool) {
     if (tool.quickSetupFlow.source() == SettingsSource::Drive)
         return QCoreApplication::translate("kelvane::TQuickSetupForm", "Values read from the drive");
+    if (!tool.quickSetup.projectTaken())
+        return QCoreApplication::translate("kelvane::TQuickSetupForm", "No project file was opened");
     const QString& drive = tool.named.QuickSetup.DriveVrLabel;
     return QCoreApplication::translate("kelvane::TQuickSetupForm", "Values of the project file%1")
         .arg(drive.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(drive));

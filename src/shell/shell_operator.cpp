@@ -17,8 +17,10 @@ namespace kelvane {
 
 namespace {
 
-constexpr int WidestPanel = 900;
-constexpr int WidestPanelColumn = 300;
+constexpr int WidestPanel = 940;
+constexpr int WidestPanelColumn = 260;
+constexpr int LinePadding = 6;
+constexpr int ScrollBarWidth = 30;
 constexpr int MostPanelLines = 12;  // before it scrolls
 
 QWidget* windowInFront() {
@@ -61,30 +63,33 @@ BoxAnswer answerOf(int pressed, BoxButtons buttons) {
     return buttons == BoxButtons::YesNo ? BoxAnswer::No : BoxAnswer::Cancel;
 }
 
-QWidget* makePanel(const QList<QStringList>& rows) {
-    const auto lines = static_cast<int>(rows.size()) - 1;
+QWidget* makePanel(const BoxPanel& panel) {
+    const auto lines = static_cast<int>(panel.rows.size());
     if (lines < 1)
         return new QLabel(QCoreApplication::translate("kelvane::ShellOperator", "Nothing differs."));
-    const auto columns = static_cast<int>(rows.front().size());
-    auto* panel = named<QTableWidget>("PanelTableWidget", lines, columns);
-    panel->setHorizontalHeaderLabels(rows.front());
-    panel->verticalHeader()->hide();
-    panel->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    panel->setSelectionBehavior(QAbstractItemView::SelectRows);
-    panel->setTabKeyNavigation(false);
+    const auto columns = static_cast<int>(panel.header.size());
+    auto* table = named<QTableWidget>("PanelTableWidget", lines, columns);
+    table->setHorizontalHeaderLabels(panel.header);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + LinePadding);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setTabKeyNavigation(false);
+    table->setWordWrap(false);
     for (int line = 0; line < lines; ++line)
         for (int c = 0; c < columns; ++c) {
-            auto* item = new QTableWidgetItem(rows[line + 1].value(c));
+            auto* item = new QTableWidgetItem(panel.rows[line].value(c));
             item->setToolTip(item->text());
-            panel->setItem(line, c, item);
+            table->setItem(line, c, item);
         }
-    panel->resizeColumnsToContents();
+    table->resizeColumnsToContents();
     for (int c = 0; c < columns; ++c)
-        panel->setColumnWidth(c, std::min(panel->columnWidth(c), WidestPanelColumn));
-    panel->horizontalHeader()->setStretchLastSection(true);
-    const int height = panel->rowHeight(0) * (std::min(lines, MostPanelLines) + 2);
-    panel->setMinimumSize(std::min(panel->horizontalHeader()->length() + 40, WidestPanel), height);
-    return panel;
+        table->setColumnWidth(c, std::min(table->columnWidth(c), WidestPanelColumn));
+    table->horizontalHeader()->setStretchLastSection(true);
+    const int height = table->verticalHeader()->defaultSectionSize() * (std::min(lines, MostPanelLines) + 2);
+    table->setMinimumSize(std::min(table->horizontalHeader()->length() + ScrollBarWidth, WidestPanel),
+                          height);
+    return table;
 }
 
 }  // namespace
@@ -102,7 +107,7 @@ BoxAnswer ShellOperator::box(const QString& text, const QString& title, BoxIcon 
 }
 
 BoxAnswer ShellOperator::boxOverPanel(const QString& text, const QString& title, BoxIcon icon,
-                                      BoxButtons buttons, const QList<QStringList>& rows) {
+                                      BoxButtons buttons, const BoxPanel& panel) {
     QMessageBox message(iconOf(icon), title, text, buttonsOf(buttons), windowInFront());
     auto* grid = qobject_cast<QGridLayout*>(message.layout());
     // Above the buttons, which stand in the last row.
@@ -110,7 +115,8 @@ BoxAnswer ShellOperator::boxOverPanel(const QString& text, const QString& title,
     QLayoutItem* foot = grid->itemAtPosition(last, 0);
     QWidget* buttonBox = foot ? foot->widget() : nullptr;
     if (buttonBox) grid->removeWidget(buttonBox);
-    grid->addWidget(makePanel(rows), last, 0, 1, grid->columnCount());
+    grid->addWidget(makePanel(panel), last, 0, 1, grid->columnCount());
+    if (panel.doubtful && message.button(QMessageBox::No)) message.setDefaultButton(QMessageBox::No);
     if (buttonBox) grid->addWidget(buttonBox, last + 1, 0, 1, grid->columnCount());
     return ask(message, buttons);
 }

@@ -19,7 +19,7 @@ class ShellOperator final : public Operator {
 
     BoxAnswer box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) override;
     BoxAnswer boxOverPanel(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons,
-                           const QList<QStringList>& rows) override;
+                           const BoxPanel& panel) override;
     std::optional<QString> openFile(const QString& filter) override;
     std::optional<QString> saveFile(const QString& filter, const QString& suffix) override;
     LinkAnswer linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) override;

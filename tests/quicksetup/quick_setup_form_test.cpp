@@ -199,6 +199,9 @@ TEST(QuickSetupForm, WritesOnYesAndClosesWithoutAFrameOnNo) {
     const QString question = "Do you want write these settings to drive ?";
     b.openFromDrive();
     b.type(8, "65");
+    b.person.expectBox(question, "Cofirm", BoxAnswer::Cancel);
+    b.click("OKBitBtn");
+    EXPECT_TRUE(b.wizard.isVisible()) << "Escape answers nothing";
     b.person.expectBox(question, "Cofirm", BoxAnswer::No);
     b.click("OKBitBtn");
     EXPECT_FALSE(b.wizard.isVisible());
