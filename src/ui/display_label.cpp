@@ -12,11 +12,8 @@ VrLabel::VrLabel(QWidget* parent) : VrLabel(QString(), parent) {}
 
 VrLabel::VrLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
     setTextFormat(Qt::PlainText);
-    setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Base);
-    setForegroundRole(QPalette::Text);
     setMargin(2);
+    applyColours();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
@@ -64,7 +61,12 @@ void VrLabel::applyColours() {
     m_applying = true;
     const auto told = [](const QColor& c) { return c.isValid() ? std::optional(c) : std::nullopt; };
     QPalette colours;
-    if (m_color.isValid() || m_background.isValid()) {
+    const bool ownColours = m_color.isValid() || m_background.isValid();
+    setFrameStyle(ownColours ? QFrame::StyledPanel | QFrame::Sunken : QFrame::NoFrame);
+    setAutoFillBackground(ownColours);
+    setBackgroundRole(ownColours ? QPalette::Base : QPalette::Window);
+    setForegroundRole(ownColours ? QPalette::Text : QPalette::WindowText);
+    if (ownColours) {
         setPalette(QPalette());
         const ColourPair pair = readablePair(told(m_color), told(m_background), palette());
         colours.setColor(QPalette::Text, pair.text);

@@ -9,6 +9,7 @@ namespace {
 
 // Told red on white has 4.0 and is meant to be read, so the limit lies below it.
 constexpr double EnoughContrast = 3.5;
+constexpr double SmallTextContrast = 4.5;
 
 double linear(double channel) {
     return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -38,6 +39,15 @@ ColourPair readablePair(const std::optional<QColor>& text, const std::optional<Q
     if (text) return {*text, partnerOf(*text, paper)};
     if (background) return {partnerOf(*background, ink), *background};
     return {ink, paper};
+}
+
+QColor readableText(const QColor& text, const QColor& background) {
+    const QColor end =
+        contrast(background, Qt::black) > contrast(background, Qt::white) ? Qt::black : Qt::white;
+    QColor readable = text;
+    for (double share = 0.05; contrast(readable, background) < SmallTextContrast && share <= 1; share += 0.05)
+        readable = mix(text, end, share);
+    return readable;
 }
 
 QColor mix(const QColor& a, const QColor& b, double share) {

@@ -21,6 +21,9 @@ double contrast(const QColor& a, const QColor& b);
 ColourPair readablePair(const std::optional<QColor>& text, const std::optional<QColor>& background,
                         const QPalette& palette);
 
+// A told text colour as it is painted on small text: moved towards black or white until it reaches 4.5.
+QColor readableText(const QColor& text, const QColor& background);
+
 // Half way between two colours at 0.5; 0 is the first, 1 the second.
 QColor mix(const QColor& a, const QColor& b, double share);
 

@@ -239,6 +239,7 @@ TEST(ReadablePair, KeepsToldColoursAndFindsAPartnerThatCanBeRead) {
             EXPECT_EQ(asText.text, colour);
             EXPECT_EQ(asGround.background, colour);
             EXPECT_GE(contrast(asText.text, asText.background), 3.5) << told;
+            EXPECT_GE(contrast(readableText(asText.text, asText.background), asText.background), 4.5) << told;
             EXPECT_GE(contrast(asGround.text, asGround.background), 3.5) << told;
         }
     }

@@ -28,4 +28,14 @@ bool ParameterBench::requestThrownAway() const {
            (!link.port().Open() || !link.DriveStatus.ExceptionPending);
 }
 
+QString ParameterBench::noAnswerText(const QString& PrNo) const {
+    const DriveStatusRecord& status = link.DriveStatus;
+    const QString why = status.ExceptionTextDone ? QStringLiteral("refused, CE %1 %2")
+                                                       .arg(status.ExceptionCode)
+                                                       .arg(status.ExceptionText.trimmed())
+                                                       .trimmed()
+                                                 : QStringLiteral("the reply was lost or could not be used");
+    return QStringLiteral("No answer is coming for Pr %1: %2.").arg(PrNo, why);
+}
+
 }  // namespace kelvane

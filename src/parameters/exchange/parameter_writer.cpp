@@ -88,6 +88,7 @@ void ParameterWriter::startWrites(int checked) {
     WriteRow = 0;
     WriteWaiting = 0;
     m_rowsReadBack.clear();
+    m_rowsDone = m_rowsRefused = 0;
     clearErrorRecord(ErrorAdvStringGrid);
     form.barMaximum = WriteCount;
     form.barPosition = 0;
@@ -183,6 +184,7 @@ void ParameterWriter::recordRefusal() {
         ErrorAdvStringGrid,
         {AdvStringGrid1.cell(column::PrNo, WriteRow), AdvStringGrid1.cell(column::Description, WriteRow),
          AdvStringGrid1.cell(column::Data, WriteRow), code, status.ExceptionText});
+    ++m_rowsRefused;
 }
 
 // True when the run is over.
@@ -192,6 +194,7 @@ bool ParameterWriter::takeAnswer() {
     if (!WriteDone && !ExceptionTextDone) return false;
     WriteTimer.setEnabled(false);
     WriteWaiting = WriteDone = ExceptionTextDone = 0;
+    if (WriteRow != 0 && WriteRow != rowCount()) ++m_rowsDone;
     stepBar();
     const bool finished = stepRow();
     WriteTimer.setEnabled(true);
@@ -206,6 +209,8 @@ bool ParameterWriter::skipRow() {
     addErrorLine(ErrorAdvStringGrid, {AdvStringGrid1.cell(column::PrNo, WriteRow),
                                       AdvStringGrid1.cell(column::Description, WriteRow),
                                       AdvStringGrid1.cell(column::Data, WriteRow), QString(), why});
+    ++m_rowsDone;
+    ++m_rowsRefused;
     stepBar();
     WriteTimer.kick();
     return stepRow();
@@ -229,6 +234,7 @@ void ParameterWriter::stepBar() {
 void ParameterWriter::finishWrites() {
     WriteTimer.setEnabled(false);
     m_readBackDue = true;
+    Q_EMIT runEnded(m_rowsDone - m_rowsRefused, m_rowsRefused);
     if (ErrorAdvStringGrid.RowCount() > 2) {
         errorRecordShown = true;
         Q_EMIT errorRecordWanted();

@@ -184,6 +184,7 @@ TEST(ParameterReader, KeepsWaitingAfterAnException) {
     b.progress.CancelTransparentButtonClick();
     b.clock.advance(60000);
     EXPECT_TRUE(b.progress.shown && b.reader.ReadPending);
+    EXPECT_EQ(b.progress.noAnswer, "No answer is coming for Pr 00-01: refused, CE 4 Illegal value.");
     EXPECT_EQ(b.history.last(), "CE 4 : Illegal value   ");
 }
 
