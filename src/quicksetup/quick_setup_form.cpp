@@ -101,7 +101,7 @@ QLabel* TQuickSetupForm::addHelp(const char* name, const QString& text, QGridLay
     QLabel* help = plainLabel(name, text);
     help->setWordWrap(true);
     help->setForegroundRole(QPalette::PlaceholderText);
-    grid.addWidget(help, grid.rowCount(), 0, 1, 4);
+    grid.addWidget(help, grid.rowCount(), 0, 1, 5);
     m_helps.push_back({help, shownWithSlot});
     return help;
 }

@@ -111,6 +111,9 @@ TEST_P(WizardOfFamily, ShowsWhatTheFamilyHasAndNothingElse) {
     EXPECT_EQ(b.in<QLabel>("TerminalLabel7")->text(), QLatin1String(family.terminals[6]));
     EXPECT_EQ(b.in<QStackedWidget>("PageControl3")->currentWidget()->objectName(),
               GetParam() == Family::Tilia ? "VonlyEngTabSheet" : "OtherEngTabSheet");
+    b.wizard.setChinese(true);
+    EXPECT_EQ(b.in<QStackedWidget>("PageControl3")->currentWidget()->objectName(),
+              GetParam() == Family::Tilia ? "VonlyChtTabSheet" : "OtherChtTabSheet");
     EXPECT_EQ(b.in<QLabel>("S3Label4")->isHidden(), GetParam() == Family::Sorrel);
 }
 
