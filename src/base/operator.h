@@ -18,6 +18,7 @@ enum class BoxAnswer { Ok, Cancel, Yes, No, Retry };
 struct BoxPanel {
     QStringList header;
     QList<QStringList> rows;
+    QString withoutRows;    // in their place
     bool doubtful = false;  // Enter alone shall not say Yes
 };
 

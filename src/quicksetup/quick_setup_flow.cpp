@@ -261,6 +261,8 @@ std::vector<SettingChange> QuickSetupFlow::changes() const {
 BoxPanel QuickSetupFlow::panel() const {
     BoxPanel panel;
     panel.header = {tr("Setting"), tr("In the drive"), tr("To be written"), tr("Remark")};
+    panel.withoutRows =
+        tr("Nothing differs from what was read. All %1 settings are written.").arg(m_quick.usedCount());
     for (const SettingChange& change : changes()) {
         const QString before = change.before.isEmpty() ? tr("not read") : change.before;
         panel.rows += {change.label, before, change.after, change.remark};

@@ -48,6 +48,8 @@ void wireQuickSetup(Windows& w, QWidget& form) {
         w.showModal(wizard);
     });
     QObject::connect(&wizard, &QDialog::finished, &flow, &QuickSetupFlow::closed);
+    // Wait notice and wizard go in one; a window manager that hands the focus from one to the other loses it.
+    QObject::connect(&wizard, &QDialog::finished, &w, [&w] { w.mainForm.activateWindow(); });
     const auto followLanguage = [&w, &wizard] {
         wizard.setChinese(isChinese(w.tool.bench.language.LanguageIndex));
     };

@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
-#include <QLabel>
 #include <QTableWidget>
 #include <algorithm>
 
@@ -65,8 +64,7 @@ BoxAnswer answerOf(int pressed, BoxButtons buttons) {
 
 QWidget* makePanel(const BoxPanel& panel) {
     const auto lines = static_cast<int>(panel.rows.size());
-    if (lines < 1)
-        return new QLabel(QCoreApplication::translate("kelvane::ShellOperator", "Nothing differs."));
+    if (lines < 1) return plainLabel("PanelLabel", panel.withoutRows);
     const auto columns = static_cast<int>(panel.header.size());
     auto* table = named<QTableWidget>("PanelTableWidget", lines, columns);
     table->setHorizontalHeaderLabels(panel.header);
