@@ -14,10 +14,14 @@
 
 namespace kelvane::bench {
 
-// Asks for one more try whatever happens, so that a lost line is picked up again.
+// Asks for one more try whatever happens, so that a lost line is picked up again, and says Yes to every
+// question.
 class PatientOperator final : public Operator {
    public:
-    BoxAnswer box(const QString&, const QString&, BoxIcon, BoxButtons) override { return BoxAnswer::Retry; }
+    BoxAnswer box(const QString&, const QString&, BoxIcon, BoxButtons buttons) override {
+        const bool question = buttons == BoxButtons::YesNo || buttons == BoxButtons::YesNoOrLeave;
+        return question ? BoxAnswer::Yes : BoxAnswer::Retry;
+    }
     std::optional<QString> openFile(const QString&) override { return std::nullopt; }
     std::optional<QString> saveFile(const QString&, const QString&) override { return std::nullopt; }
     LinkAnswer linkFailure(const QString&, bool) override { return LinkAnswer::Retry; }
@@ -40,8 +44,9 @@ struct ToolSide {
     RequestScheduler link;
     QStringList history;
 
+    void beReady();  // on line with Larch, as far as the link knows
+
    private:
-    void beReady();
     LineCase m_line;
 };
 

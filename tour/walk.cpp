@@ -53,6 +53,9 @@ void Walk::run() {
     closeParameters();
     recordTrend();
     saveTrend();
+    openQuickSetup();
+    lookAtSteps();
+    changeRampTime();
     changeLanguage();
     saveProject();
     exit();

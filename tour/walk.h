@@ -46,6 +46,10 @@ class Walk {
     // Trend.
     void recordTrend();
     void saveTrend();
+    // Quick Setup.
+    void openQuickSetup();
+    void lookAtSteps();
+    void changeRampTime();
 
     void check(bool right, const QString& wrong);
     void edit(int row, const QString& picture = {});

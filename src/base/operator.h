@@ -4,7 +4,7 @@
 // after it.
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <optional>
 
 namespace kelvane {
@@ -13,6 +13,14 @@ enum class BoxIcon { None, Information, Question, Exclamation, Stop };
 // YesNoOrLeave shows Yes and No like YesNo; Escape and the close box answer Cancel there and No in YesNo.
 enum class BoxButtons { Ok, OkCancel, YesNo, RetryCancel, YesNoOrLeave };
 enum class BoxAnswer { Ok, Cancel, Yes, No, Retry };
+
+// Information under a question.
+struct BoxPanel {
+    QStringList header;
+    QList<QStringList> rows;
+    QString withoutRows;    // in their place
+    bool doubtful = false;  // Enter alone shall not say Yes
+};
 
 // What the link does after a failure that the operator was asked about.
 enum class LinkAnswer { Retry = 1, Ignore = 2, Abort = 3 };
@@ -36,6 +44,12 @@ class Operator {
    public:
     virtual ~Operator() = default;
     virtual BoxAnswer box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) = 0;
+    // The same question with a table of information under it.
+    virtual BoxAnswer boxOverPanel(const QString& text, const QString& title, BoxIcon icon,
+                                   BoxButtons buttons, const BoxPanel& panel) {
+        Q_UNUSED(panel);
+        return box(text, title, icon, buttons);
+    }
     // Filters are written "Name(*.ext)|*.ext|Name2(*.e2)|*.e2"; the answer is a full path, or nothing on
     // Cancel.
     virtual std::optional<QString> openFile(const QString& filter) = 0;

@@ -8,6 +8,8 @@ namespace {
 
 constexpr int PolesSlot = 7;
 constexpr quint16 SignedBit = 0x0080;
+constexpr int HighestWord = 0xFFFF;
+constexpr int LowestWord = -0x8000;
 constexpr int NotLegal = 23;  // message numbers
 constexpr int TooSmall = 28;
 constexpr int TooLarge = 29;
@@ -83,6 +85,7 @@ void QuickSetup::forgetValues() {
         blank.SlotReadCommand = q.SlotReadCommand;
         q = blank;
     }
+    m_projectTaken = false;
     m_beforeTyping.reset();
 }
 
@@ -253,6 +256,20 @@ bool QuickSetup::outsideLimits(int slot) const {
     const QSlot& q = at(slot);
     if (isList(slot)) return false;
     return q.held && (q.SlotValue < q.SlotMin || q.SlotValue > q.SlotMax);
+}
+
+QString QuickSetup::doubtOf(int slot) const {
+    const QSlot& q = at(slot);
+    if (!used(slot)) return {};
+    // Kept: the last slot is read but its answer is not taken.
+    if (slot == SlotCount && q.origin == ValueOrigin::Unknown) return tr("Not taken over from the drive");
+    if (q.origin == ValueOrigin::Unknown) return tr("No value is known");
+    if (q.origin == ValueOrigin::Neighbour) return tr("Not answered: value of the one before");
+    if (q.origin == ValueOrigin::EmptyProject) return tr("Empty in the project file");
+    if (q.SlotValue > HighestWord || q.SlotValue < LowestWord)
+        return tr("Too large: %1 is written").arg(shownValue(slot, q.SlotValue & HighestWord));
+    if (outsideLimits(slot)) return tr("Outside its limits, %1").arg(limitsText(slot));
+    return {};
 }
 
 QString QuickSetup::shownValue(int slot, int value) const {

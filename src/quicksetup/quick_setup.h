@@ -71,6 +71,7 @@ class QuickSetup : public QObject {
     // Takes the project's values again and shows them. False when a box's is no number: the controls before
     // it are filled.
     bool LoadParaFromFile();
+    bool projectTaken() const { return m_projectTaken; }
     // The drive has taken the slot's value.
     void written(int slot);
     // What the controls show, as a project keeps it.
@@ -90,6 +91,9 @@ class QuickSetup : public QObject {
     // ---- What a person should know
     bool changed(int slot) const;  // differs from what the drive is known to hold
     bool outsideLimits(int slot) const;
+    // Why a person should look twice before the slot's value is written; empty when nothing speaks against
+    // it.
+    QString doubtOf(int slot) const;
     QString shownValue(int slot, int value) const;  // with decimals and unit, or the item's text
     QString limitsText(int slot) const;             // empty where none are known
 

@@ -5,20 +5,32 @@
 #include "link/request_scheduler.h"
 #include "shell/wait_form.h"
 
+class QProgressBar;
+
 namespace kelvane {
+
+class TransparentButton;
 
 class TInitialForm : public WaitForm {
     Q_OBJECT
    public:
     explicit TInitialForm(RequestScheduler& link, QWidget* parent = nullptr);
 
+    // How far a wait has come whose owner can end it: the bar, and the button by which a person leaves. 0 of
+    // 0: none of them.
+    void showProgress(int done, int total);
+
+   Q_SIGNALS:
+    void leaveWanted();
+
    protected:
-    void reject() override;  // only where the notice may be left
+    void reject() override;  // Escape
 
    private:
     void showNotice();
     RequestScheduler& m_link;
-    QWidget* m_leave;
+    QProgressBar* m_progress;
+    TransparentButton* m_stop;
 };
 
 }  // namespace kelvane

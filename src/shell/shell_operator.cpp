@@ -4,13 +4,24 @@
 #include <QEventLoop>
 #include <QFileInfo>
 #include <utility>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QTableWidget>
+#include <algorithm>
 
 #include "shell/message_form.h"
 #include "ui/file_kinds.h"
+#include "ui/named.h"
 
 namespace kelvane {
 
 namespace {
+
+constexpr int WidestPanel = 940;
+constexpr int WidestPanelColumn = 260;
+constexpr int LinePadding = 6;
+constexpr int ScrollBarWidth = 30;
+constexpr int MostPanelLines = 12;  // before it scrolls
 
 QWidget* windowInFront() {
     if (QWidget* modal = QApplication::activeModalWidget()) return modal;
@@ -52,6 +63,34 @@ BoxAnswer answerOf(int pressed, BoxButtons buttons) {
     return buttons == BoxButtons::YesNo ? BoxAnswer::No : BoxAnswer::Cancel;
 }
 
+QWidget* makePanel(const BoxPanel& panel) {
+    const auto lines = static_cast<int>(panel.rows.size());
+    if (lines < 1) return plainLabel("PanelLabel", panel.withoutRows);
+    const auto columns = static_cast<int>(panel.header.size());
+    auto* table = named<QTableWidget>("PanelTableWidget", lines, columns);
+    table->setHorizontalHeaderLabels(panel.header);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + LinePadding);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setTabKeyNavigation(false);
+    table->setWordWrap(false);
+    for (int line = 0; line < lines; ++line)
+        for (int c = 0; c < columns; ++c) {
+            auto* item = new QTableWidgetItem(panel.rows[line].value(c));
+            item->setToolTip(item->text());
+            table->setItem(line, c, item);
+        }
+    table->resizeColumnsToContents();
+    for (int c = 0; c < columns; ++c)
+        table->setColumnWidth(c, std::min(table->columnWidth(c), WidestPanelColumn));
+    table->horizontalHeader()->setStretchLastSection(true);
+    const int height = table->verticalHeader()->defaultSectionSize() * (std::min(lines, MostPanelLines) + 2);
+    table->setMinimumSize(std::min(table->horizontalHeader()->length() + ScrollBarWidth, WidestPanel),
+                          height);
+    return table;
+}
+
 }  // namespace
 
 QStringList nameFilters(const QString& filter) {
@@ -73,6 +112,25 @@ QString withSuffix(const QString& name, const QString& suffix) {
 
 BoxAnswer ShellOperator::box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) {
     QMessageBox message(iconOf(icon), title, text, buttonsOf(buttons), windowInFront());
+    return ask(message, buttons);
+}
+
+BoxAnswer ShellOperator::boxOverPanel(const QString& text, const QString& title, BoxIcon icon,
+                                      BoxButtons buttons, const BoxPanel& panel) {
+    QMessageBox message(iconOf(icon), title, text, buttonsOf(buttons), windowInFront());
+    auto* grid = qobject_cast<QGridLayout*>(message.layout());
+    // Above the buttons, which stand in the last row.
+    const int last = grid->rowCount() - 1;
+    QLayoutItem* foot = grid->itemAtPosition(last, 0);
+    QWidget* buttonBox = foot ? foot->widget() : nullptr;
+    if (buttonBox) grid->removeWidget(buttonBox);
+    grid->addWidget(makePanel(panel), last, 0, 1, grid->columnCount());
+    if (panel.doubtful && message.button(QMessageBox::No)) message.setDefaultButton(QMessageBox::No);
+    if (buttonBox) grid->addWidget(buttonBox, last + 1, 0, 1, grid->columnCount());
+    return ask(message, buttons);
+}
+
+BoxAnswer ShellOperator::ask(QMessageBox& message, BoxButtons buttons) {
     message.setTextFormat(Qt::PlainText);
     message.setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (buttons == BoxButtons::YesNo) message.setEscapeButton(QMessageBox::No);

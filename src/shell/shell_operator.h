@@ -19,6 +19,8 @@ class ShellOperator final : public Operator {
     explicit ShellOperator(const LangTable& lang) : m_lang(lang) {}
 
     BoxAnswer box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) override;
+    BoxAnswer boxOverPanel(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons,
+                           const BoxPanel& panel) override;
     std::optional<QString> openFile(const QString& filter) override;
     std::optional<QString> saveFile(const QString& filter, const QString& suffix) override;
     std::optional<QString> saveFileTitled(const QString& filter, const QString& suffix,
@@ -37,6 +39,7 @@ class ShellOperator final : public Operator {
         qsizetype filter = 0;
     };
     std::optional<ChosenFile> askFile(QFileDialog::AcceptMode mode, const QString& filter);
+    static BoxAnswer ask(QMessageBox& message, BoxButtons buttons);
     const LangTable& m_lang;
     QHash<QString, QString> m_lastOpened;  // the kind that was chosen last, by the dialog's filter
 };

@@ -41,6 +41,9 @@ Tool::Tool(const ToolBench& toolBench)
     trend.showFault = [this](const DriveStatusRecord& status) { faults.showFault(status); };
       console({link, comSetup, bench.clock, bench.wallClock, bench.folder.path()}) {
       keypad(link, bench.clock, bench.person, bench.language.table) {
+      quickSetup(link),
+      quickSetupFlow(quickSetup, link, bench.clock) {
+    connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
@@ -110,7 +113,7 @@ FileResult Tool::SaveProject() {
     return writeWhole(bench.folder.file(QStringLiteral("default.prj")), defaultProjectBytes(defaults));
 }
 
-// A copy: named keeps whose values the last file held, which Quick Setup compares with the drive.
+// A copy: named keeps whose values the last file held, which Quick Setup tells beside them.
 NamedProject Tool::projectToSave() const {
     NamedProject project = named;
     project.LanguageIndex = bench.language.LanguageIndex;
@@ -124,6 +127,8 @@ NamedProject Tool::projectToSave() const {
     project.QuickSetup.HPVrLabel = link.Labels.HPVrLabel;
     project.QuickSetup.RatedVoltageVrLabel = link.Labels.RatedVoltageVrLabel;
     project.QuickSetup.RatedCurrentVrLabel = link.Labels.RatedCurrentVrLabel;
+    for (int slot = 1; slot <= SlotCount; ++slot)
+        project.QuickSetup.SlotFileValue[static_cast<size_t>(slot)] = quickSetup.controlText(slot);
     return project;
 }
 
@@ -158,6 +163,9 @@ void Tool::OpenTransparentButtonClick() {
     if (read.Monitor.taken > 0) takeMonitorSection(monitor, named.Monitor);
     monitor.meterType.MeterType = static_cast<quint8>(named.MeterType);
     if (read.Trend.taken > 0) takeTrendBoxes(trend, named.ChComboBox, named.ChannelWidth);
+    if (read.Monitor.taken > 0) defaults.Monitor = named.Monitor;
+    if (read.Trend.taken > 0) defaults.Trend.ChComboBox = named.ChComboBox;
+    if (read.QuickSetup.taken > 0) quickSetup.takeProject(named.QuickSetup.SlotFileValue);
     Q_EMIT projectOpened();
     if (!read.ok()) {
         bench.person.tell(read.error, ErrorTitle, BoxIcon::Stop);

@@ -24,6 +24,7 @@
 #include "link/routed_port.h"
 #include "localisation/language_file.h"
 #include "parameters/parameter_session.h"
+#include "quicksetup/quick_setup_flow.h"
 #include "shell/project_file.h"
 #include "shell/window_rules.h"
 
@@ -63,6 +64,8 @@ class Tool : public QObject {
     FaultHistory faults;
     AdvanceConsole console;
     Keypad keypad;
+    QuickSetup quickSetup;
+    QuickSetupFlow quickSetupFlow;
 
     // Values of default.prj that belong to windows; a window takes its section when it is built and puts it
     // back before a save.

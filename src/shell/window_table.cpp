@@ -9,6 +9,9 @@
 #include "shell/console_windows.h"
 #include "shell/parameter_windows.h"
 #include "shell/trend_windows.h"
+#include "quicksetup/qs_source_form.h"
+#include "shell/parameter_windows.h"
+#include "shell/quick_setup_windows.h"
 #include "shell/windows.h"
 
 namespace kelvane {
@@ -82,7 +85,7 @@ const WindowRow Rows[] = {
     {.form = "TCEmessageForm", .make = makeCEmessage},
     {.form = "TInitialForm", .make = makeInitial},
     {.form = "TAboutForm", .make = makeAbout, .wire = Windows::wireAbout},
-    {.form = "TQuickSetupForm",
+    {.form = "TQuickSetupForm", .make = makeQuickSetup, .wire = wireQuickSetup,
      .rule = {.ActiveFunction = OwnerQuickSetup, .offLine = OffLineBox::QuickSetup, .prelude = true,
               .closesKeypad = true, .marksRead = true, .tail = true},
      .entry = {.place = 3, .button = "QuickSetupTransparentButton",
@@ -91,6 +94,10 @@ const WindowRow Rows[] = {
                .menu = "DriveMenu", .menuItem = "QuickSetup", .icon = Icon::QuickSetup, .key = Qt::Key_F6}},
     {.form = "TQSsourceForm"},
     {.form = "TAdvanceForm", .make = makeAdvanceForm, .wire = wireAdvanceForm,
+               .menu = "DriveMenu", .menuItem = "QuickSetup", .icon = Icon::QuickSetup, .key = Qt::Key_F6},
+     .open = openQuickSetup},
+    {.form = "TQSsourceForm", .make = makeForm<TQSsourceForm>, .wire = wireQSsource},
+    {.form = "TAdvanceForm",
      .rule = {.ActiveFunction = OwnerAdvance, .prelude = true, .closesKeypad = true, .tail = true},
      .entry = {.place = 4, .button = "AdvanceTransparentButton",
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Advance"),

@@ -18,6 +18,7 @@ enum class Icon : int {
     Accept, Cancel, Test, Connect, Disconnect, Start, Stop, Clear, Option, Cursor, Picture, Zoom,
     Add, Remove, Edit, Run, Fault, Lock, Motor, More,
     Up, Down, ZoomIn, ZoomOut, Reset,
+    Add, Remove, Edit, Run, Fault, Lock, Motor, More, StepBack, StepNext,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
     Motor1, Motor2,
     Count_,

@@ -27,7 +27,8 @@ struct WillingOperator final : Operator {
         asked += title + QStringLiteral(": ") + text;
         switch (buttons) {
             case BoxButtons::RetryCancel: return BoxAnswer::Retry;
-            case BoxButtons::YesNo: return BoxAnswer::Yes;
+            case BoxButtons::YesNo:
+            case BoxButtons::YesNoOrLeave: return BoxAnswer::Yes;
             default: return BoxAnswer::Ok;
         }
     }
