@@ -35,14 +35,14 @@ Tool::Tool(const ToolBench& toolBench)
       trend({bench.clock, bench.wallClock, link, bench.person,
              bench.folder.file(QStringLiteral("trend journal"))}),
       monitor({bench.clock, bench.wallClock, link, bench.person, bench.language.table}),
-      faults(bench.person, [this] { return link.dateTimeText(); }) {
+      faults(bench.person, [this] { return link.dateTimeText(); }),
+      console({link, comSetup, bench.clock, bench.wallClock, bench.folder.path()}),
+      keypad(link, bench.clock, bench.person, bench.language.table),
+      quickSetup(link),
+      quickSetupFlow(quickSetup, link, bench.clock) {
     followIdentification(trend, identification);
     followIdentification(monitor, identification);
     trend.showFault = [this](const DriveStatusRecord& status) { faults.showFault(status); };
-      console({link, comSetup, bench.clock, bench.wallClock, bench.folder.path()}) {
-      keypad(link, bench.clock, bench.person, bench.language.table) {
-      quickSetup(link),
-      quickSetupFlow(quickSetup, link, bench.clock) {
     connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);

@@ -10,7 +10,6 @@
 #include "shell/parameter_windows.h"
 #include "shell/trend_windows.h"
 #include "quicksetup/qs_source_form.h"
-#include "shell/parameter_windows.h"
 #include "shell/quick_setup_windows.h"
 #include "shell/windows.h"
 
@@ -91,13 +90,10 @@ const WindowRow Rows[] = {
      .entry = {.place = 3, .button = "QuickSetupTransparentButton",
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Quick Setup"),
                .hint = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Set the most important parameters in four steps"),
-               .menu = "DriveMenu", .menuItem = "QuickSetup", .icon = Icon::QuickSetup, .key = Qt::Key_F6}},
-    {.form = "TQSsourceForm"},
-    {.form = "TAdvanceForm", .make = makeAdvanceForm, .wire = wireAdvanceForm,
                .menu = "DriveMenu", .menuItem = "QuickSetup", .icon = Icon::QuickSetup, .key = Qt::Key_F6},
      .open = openQuickSetup},
     {.form = "TQSsourceForm", .make = makeForm<TQSsourceForm>, .wire = wireQSsource},
-    {.form = "TAdvanceForm",
+    {.form = "TAdvanceForm", .make = makeAdvanceForm, .wire = wireAdvanceForm,
      .rule = {.ActiveFunction = OwnerAdvance, .prelude = true, .closesKeypad = true, .tail = true},
      .entry = {.place = 4, .button = "AdvanceTransparentButton",
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Advance"),
