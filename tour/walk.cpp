@@ -56,6 +56,9 @@ void Walk::run() {
     openQuickSetup();
     lookAtSteps();
     changeRampTime();
+    watchMeters();
+    controlByPid();
+    tuneMotor();
     changeLanguage();
     saveProject();
     exit();
