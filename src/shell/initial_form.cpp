@@ -13,33 +13,47 @@ namespace kelvane {
 TInitialForm::TInitialForm(RequestScheduler& link, QWidget* parent)
     : WaitForm(QStringLiteral("Please wait"), parent),
       m_link(link),
-      m_progress(named<QProgressBar>("ProgressBar1", this)),
-      m_stop(named<TransparentButton>("StopTransparentButton", icon(Icon::Stop), tr("Stop"), this,
-                                      TransparentButton::Layout::IconLeft)) {
+      m_progress(named<QProgressBar>("ProgressBar1", this)) {
     setObjectName(QStringLiteral("TInitialForm"));
+    auto* Label1 =
+        plainLabel("Label1", QStringLiteral("Config the settings. Please wait a moment ..."), this);
+    auto* leave = named<TransparentButton>("CloseTransparentButton", icon(Icon::Close), tr("Close"), this,
+                                           TransparentButton::Layout::IconLeft);
+    leave->setToolTip(tr("Wait no longer; what has not been read or written stays as it is"));
+    m_leave = leave;
     auto* column = new QVBoxLayout(this);
     const int room = fontMetrics().height();
-    column->setContentsMargins(2 * room, 2 * room, 2 * room, 2 * room);
-    column->addWidget(
-        plainLabel("Label1", QStringLiteral("Config the settings. Please wait a moment ..."), this));
+    column->setContentsMargins(2 * room, 2 * room, 2 * room, room);
+    column->addWidget(Label1);
     column->addWidget(m_progress);
-    column->addWidget(m_stop, 0, Qt::AlignHCenter);
+    column->addSpacing(room / 2);
+    column->addWidget(leave, 0, Qt::AlignRight);
     m_progress->setFormat(QStringLiteral("%v / %m"));
-    m_stop->setToolTip(tr("Do not wait any longer"));
     showProgress(0, 0);
-    connect(m_stop, &QToolButton::clicked, this, &TInitialForm::leaveWanted);
-    connect(&m_link, &RequestScheduler::changed, this, [this] { setVisible(m_link.Notice.TInitialForm); });
+    connect(leave, &QToolButton::clicked, this, &TInitialForm::reject);
+    connect(&m_link, &RequestScheduler::changed, this, &TInitialForm::showNotice);
+}
+
+void TInitialForm::showNotice() {
+    const bool wanted = m_link.Notice.TInitialForm;
+    if (wanted && !isVisible()) {
+        m_leave->setVisible(m_link.Notice.waitMayBeLeft);
+        setWindowFlag(Qt::WindowCloseButtonHint, m_link.Notice.waitMayBeLeft);
+        adjustSize();
+    }
+    setVisible(wanted);
+}
+
+void TInitialForm::reject() {
+    if (!m_link.Notice.waitMayBeLeft) return;
+    m_link.Notice.TInitialForm = false;
+    m_link.notifyChanged();
 }
 
 void TInitialForm::showProgress(int done, int total) {
     m_progress->setVisible(total > 0);
-    m_stop->setVisible(total > 0);
     m_progress->setRange(0, total);
     m_progress->setValue(done);
-}
-
-void TInitialForm::reject() {
-    if (m_stop->isVisible()) Q_EMIT leaveWanted();
 }
 
 }  // namespace kelvane

@@ -9,27 +9,22 @@ class QProgressBar;
 
 namespace kelvane {
 
-class TransparentButton;
-
 class TInitialForm : public WaitForm {
     Q_OBJECT
    public:
     explicit TInitialForm(RequestScheduler& link, QWidget* parent = nullptr);
 
-    // How far a wait has come whose owner can end it: the bar, and the button by which a person leaves. 0 of
-    // 0: none of them.
+    // How far a wait has come that knows its length; 0 of 0 hides the bar.
     void showProgress(int done, int total);
 
-   Q_SIGNALS:
-    void leaveWanted();
-
    protected:
-    void reject() override;  // Escape
+    void reject() override;  // only where the notice may be left
 
    private:
+    void showNotice();
     RequestScheduler& m_link;
     QProgressBar* m_progress;
-    TransparentButton* m_stop;
+    QWidget* m_leave;
 };
 
 }  // namespace kelvane

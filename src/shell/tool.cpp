@@ -31,6 +31,8 @@ Tool::Tool(const ToolBench& toolBench)
       quickSetup(link),
       quickSetupFlow(quickSetup, link, bench.clock) {
     connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
+      pid({link, bench.clock, bench.person, bench.language.table}),
+      autoTuning({link, bench.clock, bench.person, bench.language.table}) {
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
