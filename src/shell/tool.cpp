@@ -29,10 +29,10 @@ Tool::Tool(const ToolBench& toolBench)
       parameters(link, bench.clock, groupNames,
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
       quickSetup(link),
-      quickSetupFlow(quickSetup, link, bench.clock) {
-    connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
+      quickSetupFlow(quickSetup, link, bench.clock),
       pid({link, bench.clock, bench.person, bench.language.table}),
       autoTuning({link, bench.clock, bench.person, bench.language.table}) {
+    connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
