@@ -54,6 +54,11 @@ void Walk::run() {
     openQuickSetup();
     lookAtSteps();
     changeRampTime();
+    recordTrend();
+    saveTrend();
+    watchMeters();
+    controlByPid();
+    tuneMotor();
     changeLanguage();
     saveProject();
     exit();

@@ -48,6 +48,7 @@ void QuickSetupFlow::goTo(WizardState state) {
     m_state = state;
     const bool waits = waiting();
     m_link.Notice.TInitialForm = m_link.Notice.waitMayBeLeft = waits;
+    m_link.Notice.waitTrouble.clear();
     Q_EMIT progressed();
     m_link.notifyChanged();
 }

@@ -26,6 +26,9 @@ TInitialForm::TInitialForm(RequestScheduler& link, QWidget* parent)
     column->setContentsMargins(2 * room, 2 * room, 2 * room, room);
     column->addWidget(Label1);
     column->addWidget(m_progress);
+    m_trouble = plainLabel("TroubleLabel", {}, this);
+    m_trouble->hide();
+    column->addWidget(m_trouble);
     column->addSpacing(room / 2);
     column->addWidget(leave, 0, Qt::AlignRight);
     m_progress->setFormat(QStringLiteral("%v / %m"));
@@ -39,6 +42,11 @@ void TInitialForm::showNotice() {
     if (wanted && !isVisible()) {
         m_leave->setVisible(m_link.Notice.waitMayBeLeft);
         setWindowFlag(Qt::WindowCloseButtonHint, m_link.Notice.waitMayBeLeft);
+        adjustSize();
+    }
+    if (wanted && m_trouble->text() != m_link.Notice.waitTrouble) {
+        m_trouble->setText(m_link.Notice.waitTrouble);
+        m_trouble->setVisible(!m_trouble->text().isEmpty());
         adjustSize();
     }
     setVisible(wanted);

@@ -5,6 +5,7 @@
 #include "link/request_scheduler.h"
 #include "shell/wait_form.h"
 
+class QLabel;
 class QProgressBar;
 
 namespace kelvane {
@@ -24,6 +25,7 @@ class TInitialForm : public WaitForm {
     void showNotice();
     RequestScheduler& m_link;
     QProgressBar* m_progress;
+    QLabel* m_trouble;
     QWidget* m_leave;
 };
 
