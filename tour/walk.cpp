@@ -51,11 +51,11 @@ void Walk::run() {
     print();
     closeTab();
     closeParameters();
-    recordTrend();
-    saveTrend();
     openQuickSetup();
     lookAtSteps();
     changeRampTime();
+    recordTrend();
+    saveTrend();
     watchMeters();
     controlByPid();
     tuneMotor();

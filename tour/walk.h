@@ -43,13 +43,14 @@ class Walk {
     void closeTab();
     void closeParameters();
 
-    // Trend.
-    void recordTrend();
-    void saveTrend();
     // Quick Setup.
     void openQuickSetup();
     void lookAtSteps();
     void changeRampTime();
+
+    // Trend.
+    void recordTrend();
+    void saveTrend();
 
     // Monitor, PID control, auto tuning.
     void watchMeters();

@@ -32,6 +32,10 @@ QuickSetupFlow::QuickSetupFlow(QuickSetup& quick, RequestScheduler& link, TickCl
     connect(&link, &RequestScheduler::answered, this, &QuickSetupFlow::onAnswered);
     connect(&link, &RequestScheduler::refused, this, &QuickSetupFlow::onRefused);
     connect(&link, &RequestScheduler::initialRun, this, &QuickSetupFlow::onInitialRun);
+    // A person has closed the notice.
+    connect(&link, &RequestScheduler::changed, this, [this] {
+        if (waiting() && !m_link.Notice.TInitialForm) leaveWait();
+    });
     connect(&link, &RequestScheduler::statusDecoded, this, [this] { endLastWrite(Outcome::Unanswered); });
 }
 
@@ -42,10 +46,11 @@ bool QuickSetupFlow::noAnswerComes(const RequestChain& chain) const {
 
 void QuickSetupFlow::goTo(WizardState state) {
     m_state = state;
-    const bool waits = state == WizardState::Reading || state == WizardState::Writing;
-    m_link.Notice.TInitialForm = waits;
-    m_link.notifyChanged();
+    const bool waits = waiting();
+    m_link.Notice.TInitialForm = m_link.Notice.waitMayBeLeft = waits;
+    m_link.Notice.waitTrouble.clear();
     Q_EMIT progressed();
+    m_link.notifyChanged();
 }
 
 int QuickSetupFlow::slotsDone() const {
@@ -230,7 +235,7 @@ void QuickSetupFlow::onInitialRun() {
 
 void QuickSetupFlow::leaveWait() {
     const WizardState left = m_state;
-    if (left != WizardState::Reading && left != WizardState::Writing) return;
+    if (!waiting()) return;
     RDTimer.stop();
     WRTimer.stop();
     m_link.prelude();  // what is out is nobody's any more

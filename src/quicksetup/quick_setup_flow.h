@@ -32,6 +32,7 @@ class QuickSetupFlow : public QObject {
     RequestChain RDTimer;
     RequestChain WRTimer;
     WizardState state() const { return m_state; }
+    bool waiting() const { return m_state == WizardState::Reading || m_state == WizardState::Writing; }
     SettingsSource source() const { return m_source; }
 
     // ---- The steps of an opening, in their order
@@ -42,7 +43,8 @@ class QuickSetupFlow : public QObject {
     // The wizard has gone, or never came.
     void closed();
 
-    // A person does not want to wait any longer; also while nothing is waited for.
+    // A person does not want to wait any longer: what is out is nobody's. Nothing while nothing is waited
+    // for.
     void leaveWait();
     int slotsDone() const;  // of usedCount(), while reading or writing
 

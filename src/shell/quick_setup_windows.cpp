@@ -23,8 +23,7 @@ QString sourceText(const Tool& tool) {
 
 void showWait(Windows& w) {
     const QuickSetupFlow& flow = w.tool.quickSetupFlow;
-    const bool waits = flow.state() == WizardState::Reading || flow.state() == WizardState::Writing;
-    if (waits) {
+    if (flow.waiting()) {
         w.initialForm.showProgress(flow.slotsDone(), w.tool.quickSetup.usedCount());
     } else {
         w.initialForm.showProgress(0, 0);
@@ -41,7 +40,6 @@ void wireQuickSetup(Windows& w, QWidget& form) {
     auto& wizard = static_cast<TQuickSetupForm&>(form);
     QuickSetupFlow& flow = w.tool.quickSetupFlow;
     QObject::connect(&flow, &QuickSetupFlow::progressed, &w, [&w] { showWait(w); });
-    QObject::connect(&w.initialForm, &TInitialForm::leaveWanted, &flow, &QuickSetupFlow::leaveWait);
     QObject::connect(&flow, &QuickSetupFlow::openingGivenUp, &w, &Windows::openingGivenUp);
     QObject::connect(&flow, &QuickSetupFlow::wizardWanted, &w, [&w, &wizard] {
         wizard.setSourceText(sourceText(w.tool));

@@ -3,11 +3,11 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QFileInfo>
-#include <utility>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QTableWidget>
 #include <algorithm>
+#include <utility>
 
 #include "shell/message_form.h"
 #include "ui/file_kinds.h"
@@ -168,18 +168,13 @@ std::optional<QString> ShellOperator::openFile(const QString& filter) {
 }
 
 std::optional<QString> ShellOperator::saveFile(const QString& filter, const QString& suffix) {
-    return saveFileTitled(filter, suffix, QStringLiteral("Cofirm"));
-}
-
-std::optional<QString> ShellOperator::saveFileTitled(const QString& filter, const QString& suffix,
-                                                     const QString& overwriteTitle) {
     for (;;) {
         const std::optional<ChosenFile> chosen = askFile(QFileDialog::AcceptSave, filter);
         if (!chosen) return {};
         const QStringList suffixes = suffix.split(QLatin1Char('|'));
         const QString path = withSuffix(chosen->path, suffixes.value(chosen->filter, suffixes.first()));
         if (!QFileInfo::exists(path)) return path;
-        if (yes(m_lang.MsgStr(33), overwriteTitle, BoxIcon::Exclamation)) return path;
+        if (yes(m_lang.MsgStr(33), QStringLiteral("Cofirm"), BoxIcon::Exclamation)) return path;
     }
 }
 

@@ -23,8 +23,6 @@ class ShellOperator final : public Operator {
                            const BoxPanel& panel) override;
     std::optional<QString> openFile(const QString& filter) override;
     std::optional<QString> saveFile(const QString& filter, const QString& suffix) override;
-    std::optional<QString> saveFileTitled(const QString& filter, const QString& suffix,
-                                          const QString& overwriteTitle) override;
     LinkAnswer linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) override;
     void editValue(ValueEdit& edit) override;
 
@@ -34,12 +32,12 @@ class ShellOperator final : public Operator {
     QString lastFolder;  // of the file dialogs
 
    private:
+    static BoxAnswer ask(QMessageBox& message, BoxButtons buttons);
     struct ChosenFile {
         QString path;
         qsizetype filter = 0;
     };
     std::optional<ChosenFile> askFile(QFileDialog::AcceptMode mode, const QString& filter);
-    static BoxAnswer ask(QMessageBox& message, BoxButtons buttons);
     const LangTable& m_lang;
     QHash<QString, QString> m_lastOpened;  // the kind that was chosen last, by the dialog's filter
 };

@@ -30,7 +30,11 @@ Tool::Tool(const ToolBench& toolBench)
       rules(link),
       parameters(link, bench.clock, groupNames,
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
+      quickSetup(link),
+      quickSetupFlow(quickSetup, link, bench.clock),
       pid({link, bench.clock, bench.person, bench.language.table}),
+      autoTuning({link, bench.clock, bench.person, bench.language.table}) {
+    connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
       autoTuning({link, bench.clock, bench.person, bench.language.table}),
       trend({bench.clock, bench.wallClock, link, bench.person,
              bench.folder.file(QStringLiteral("trend journal"))}),

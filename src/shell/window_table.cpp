@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <vector>
 
+#include "quicksetup/qs_source_form.h"
 #include "shell/commissioning_windows.h"
 #include "shell/monitor_windows.h"
 #include "shell/console_windows.h"
 #include "shell/parameter_windows.h"
+#include "shell/quick_setup_windows.h"
 #include "shell/trend_windows.h"
 #include "quicksetup/qs_source_form.h"
 #include "shell/quick_setup_windows.h"
