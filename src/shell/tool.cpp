@@ -32,6 +32,8 @@ Tool::Tool(const ToolBench& toolBench)
       trend({bench.clock, bench.wallClock, link, bench.person,
              bench.folder.file(QStringLiteral("trend journal"))}) {
     followIdentification(trend, identification);
+      pid({link, bench.clock, bench.person, bench.language.table}),
+      autoTuning({link, bench.clock, bench.person, bench.language.table}) {
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };

@@ -19,6 +19,7 @@ enum class Icon : int {
     Add, Remove, Edit, Run, Fault, Lock, Motor, More,
     Up, Down, ZoomIn, ZoomOut, Reset,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
+    Motor1, Motor2,
     Count_,
 };
 // clang-format on
@@ -48,6 +49,8 @@ class PictureBox : public QWidget {
     void showLogo();
     void showKeypad();  // the body of the keypad, 244 x 389
     void showNothing();
+    // Block diagram of a family's PID; nothing for a family without one.
+    void showPidDiagram(quint8 DriveFamily);
     bool isEmpty() const { return m_kind == Kind::Nothing; }
     QSize sizeHint() const override;
 
@@ -56,7 +59,7 @@ class PictureBox : public QWidget {
 
    private:
     QByteArray wantedDrawing() const;
-    enum class Kind { Nothing, Family, Logo, Keypad };
+    enum class Kind { Nothing, Family, Logo, Keypad, PidDiagram };
     Kind m_kind = Kind::Nothing;
     quint8 m_family = 0;
     QByteArray m_drawnFrom;  // drawing of m_drawn
