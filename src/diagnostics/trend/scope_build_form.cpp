@@ -252,8 +252,8 @@ QWidget* TScopeForm::buildChannelStatus() {
     RecNoLabel = plainLabel("RecNoLabel", NoRecordText, box);
     RecTimeLabel = plainLabel("RecTimeLabel", NoRecordText, box);
     TotalRecordsLabel = plainLabel("TotalRecordsLabel", QStringLiteral("0"), box);
-    // Of a fixed size and on a ground of their own, so that a number that changes ten times a second moves nothing
-    // and has nothing behind it painted.
+    // Of a fixed size and on a ground of their own, so that a number that changes ten times a second moves
+    // nothing and has nothing behind it painted.
     for (QLabel* label : {RecNoLabel, RecTimeLabel, TotalRecordsLabel}) {
         label->setFixedSize(fontMetrics().averageCharWidth() * 20, fontMetrics().height() + 2);
         label->setAutoFillBackground(true);
