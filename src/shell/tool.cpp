@@ -30,10 +30,10 @@ Tool::Tool(const ToolBench& toolBench)
       parameters(link, bench.clock, groupNames,
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
       trend({bench.clock, bench.wallClock, link, bench.person,
-             bench.folder.file(QStringLiteral("trend journal"))}) {
-    followIdentification(trend, identification);
+             bench.folder.file(QStringLiteral("trend journal"))}),
       pid({link, bench.clock, bench.person, bench.language.table}),
       autoTuning({link, bench.clock, bench.person, bench.language.table}) {
+    followIdentification(trend, identification);
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
