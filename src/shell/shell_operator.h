@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QFileDialog>
+#include <QHash>
 #include <QMessageBox>
 #include <functional>
 
@@ -35,6 +36,7 @@ class ShellOperator final : public Operator {
     };
     std::optional<ChosenFile> askFile(QFileDialog::AcceptMode mode, const QString& filter);
     const LangTable& m_lang;
+    QHash<QString, QString> m_lastOpened;  // the kind that was chosen last, by the dialog's filter
 };
 
 // A name with what saveFile() puts behind it.
