@@ -48,6 +48,11 @@ Tool::Tool(const ToolBench& toolBench)
     followIdentification(monitor, identification);
     trend.showFault = [this](const DriveStatusRecord& status) { faults.showFault(status); };
     connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
+      trend({bench.clock, bench.wallClock, link, bench.person,
+             bench.folder.file(QStringLiteral("trend journal"))}),
+      pid({link, bench.clock, bench.person, bench.language.table}),
+      autoTuning({link, bench.clock, bench.person, bench.language.table}) {
+    followIdentification(trend, identification);
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };

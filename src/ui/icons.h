@@ -21,6 +21,7 @@ enum class Icon : int {
     Add, Remove, Edit, Run, Fault, Lock, Motor, More, StepBack, StepNext,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
     Motor1, Motor2,
+    Up, Down, ZoomIn, ZoomOut, Reset,
     Count_,
 };
 // clang-format on

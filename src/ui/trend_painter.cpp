@@ -11,7 +11,7 @@ namespace kelvane {
 namespace {
 
 constexpr int FarOff = 16000;  // pixels; beyond it a painter's arithmetic gets slow
-constexpr double LeastContrast = 1.6;
+constexpr double LeastContrast = 2;
 constexpr int LabelGap = 4;
 
 QPen flatPen(const QColor& colour, int width) { return {colour, double(width), Qt::SolidLine, Qt::FlatCap}; }

@@ -6,6 +6,8 @@
 #include <functional>
 #include <string>
 
+#include "drive/drive_texts.h"
+
 namespace kelvane::drive {
 namespace {
 
@@ -250,6 +252,23 @@ TEST(PracticeDrive, SignedWordsOfTilia) {
     ask(drive, "FF0620000022");
     pass(drive, 100);
     EXPECT_EQ(words(drive, 0x210B, 1).at(0), uint16_t(-400));  // 40.0 % of torque in reverse
+}
+
+TEST(PracticeDrive, TripsAfterItsSecondsOfRunningAndOnDemand) {
+    PracticeDrive drive(familyData(Family::Larch), {.tripSeconds = 30});
+    drive.motor().setCommandHz(50);
+    for (int round = 0; round < 2; ++round) {
+        ask(drive, "FF0620000002");
+        for (int i = 0; i < 29; ++i) pass(drive, 1);
+        EXPECT_EQ(drive.word(0x2100), 0);
+        pass(drive, 1.5);
+        EXPECT_EQ(drive.word(0x2100), MotorOverload);
+        EXPECT_EQ(drive.motor().outputHz(), 0);
+        ask(drive, "FF0620020002");
+        EXPECT_EQ(drive.word(0x2100), 0);
+    }
+    ask(drive, "FF0620020001");
+    EXPECT_EQ(drive.word(0x2100), ExternalFault);
 }
 
 TEST(PracticeDrive, PlaysAKeypad) {

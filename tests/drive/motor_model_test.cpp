@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace kelvane::drive {
 namespace {
 
@@ -71,6 +73,27 @@ TEST(Motor, JogStandbyAndFault) {
     motor.reset();
     motor.run();
     EXPECT_EQ(motor.runState(), RunState::Running);
+}
+
+TEST(Motor, AWorkingLoadMovesCurrentSpeedAndBusTogether) {
+    MotorModel motor = motorAt(50);
+    motor.workingLoad = true;
+    motor.run();
+    for (int i = 0; i < 60; ++i) motor.advance(0.1);  // at speed
+    double idleAmps = 1e9, cutAmps = 0, idleBus = 0, cutBus = 0, idleRpm = 0, cutRpm = 0;
+    for (int i = 0; i < 200; ++i) {  // one round
+        motor.advance(0.1);
+        if (motor.amps() < idleAmps)
+            std::tie(idleAmps, idleBus, idleRpm) = std::tuple(motor.amps(), motor.busVolts(), motor.rpm());
+        if (motor.amps() > cutAmps)
+            std::tie(cutAmps, cutBus, cutRpm) = std::tuple(motor.amps(), motor.busVolts(), motor.rpm());
+    }
+    EXPECT_GT(cutAmps, 1.6 * idleAmps);
+    EXPECT_LT(cutBus, idleBus);
+    EXPECT_LT(cutRpm, idleRpm);
+    motor.stop();
+    for (int i = 0; i < 60; ++i) motor.advance(0.1);
+    EXPECT_EQ(motor.amps(), 0);
 }
 
 }  // namespace

@@ -31,6 +31,7 @@ constexpr int RowsOfChannels = 4;
 constexpr int PageMargin = 6;
 constexpr Rgb ItemBlue = 0x0000FF;
 constexpr Rgb UnitFuchsia = 0xFF00FF;
+constexpr Rgb White = 0xFFFFFF;
 
 QByteArray channelName(int channel, const char* rest) {
     return QByteArray("Ch") + QByteArray::number(channel) + rest;
@@ -251,11 +252,12 @@ QWidget* TScopeForm::buildChannelStatus() {
     RecNoLabel = plainLabel("RecNoLabel", NoRecordText, box);
     RecTimeLabel = plainLabel("RecTimeLabel", NoRecordText, box);
     TotalRecordsLabel = plainLabel("TotalRecordsLabel", QStringLiteral("0"), box);
-    // Of a fixed size and on a ground of their own, so that a number that changes ten times a second moves nothing
-    // and has nothing behind it painted.
+    // Of a fixed size and on a ground of their own, so that a number that changes ten times a second moves
+    // nothing and has nothing behind it painted.
     for (QLabel* label : {RecNoLabel, RecTimeLabel, TotalRecordsLabel}) {
         label->setFixedSize(fontMetrics().averageCharWidth() * 20, fontMetrics().height() + 2);
         label->setAutoFillBackground(true);
+        label->setBackgroundRole(QPalette::Base);
     }
     int row = 1;
     for (const auto& [text, label] :
@@ -278,13 +280,13 @@ QWidget* TScopeForm::buildStatusPage() {
     auto* grid = named<StringGridView>("InfoAdvStringGrid", page);
     m_session.InfoAdvStringGrid.cellColours = [](int column, int row_of) -> CellColours {
         if (row_of == 0) return {};
-        if (column == 0 || column == 4) return {.text = ItemBlue, .background = {}};
-        if (column == 2 || column == 6) return {.text = UnitFuchsia, .background = {}};
+        if (column == 0 || column == 4) return {.text = ItemBlue, .background = White};
+        if (column == 2 || column == 6) return {.text = UnitFuchsia, .background = White};
         return {};
     };
     m_session.InfoAdvStringGrid.setColumnHidden(7, true);
     grid->setGrid(&m_session.InfoAdvStringGrid);
-    grid->setColumnCharacters({24, 8, 5, 1, 24, 8, 5});
+    grid->setColumnCharacters({36, 9, 6, 1, 36, 9, 6});
     grid->setRightAligned({1, 5});
     grid->setKeysAct(false);
     grid->setAccessibleName(tr("Values of the drive"));

@@ -426,9 +426,9 @@ TrendInfo TrendSession::info() const {
         const TrendChannel& channel = AbTrend1.data.channels[c];
         const int entry = ChComboBox[c + 1];
         const ShownItem item = shownItem(static_cast<int>(c) + 1);
-        described.channels[c] = {entry,         item.name,     channel.ValueUnit, channel.ValueFormat,
-                                 item.scale,    item.decimals,      channel.ValueTo,   channel.DigitalTo,
-                                 channel.color, channel.penWidth,   channel.visible};
+        described.channels[c] = {entry,         item.name,        channel.ValueUnit, channel.ValueFormat,
+                                 item.scale,    item.decimals,    channel.ValueTo,   channel.DigitalTo,
+                                 channel.color, channel.penWidth, channel.visible};
     }
     described.markers = markers;
     return described;
@@ -451,8 +451,8 @@ void TrendSession::takeOfferedInfo() {
         channel.DigitalTo = saved.DigitalTo;
         channel.color = saved.color;
         channel.penWidth = saved.penWidth;
-        m_takenItem[static_cast<size_t>(c)] = ShownItem{saved.name, static_cast<quint8>(saved.decimals),
-                                                        static_cast<quint8>(saved.scale)};
+        m_takenItem[static_cast<size_t>(c)] =
+            ShownItem{saved.name, static_cast<quint8>(saved.decimals), static_cast<quint8>(saved.scale)};
     }
     markers = taken.markers;
     setCaptions();
