@@ -51,6 +51,7 @@ void Walk::run() {
     print();
     closeTab();
     closeParameters();
+    useConsole();
     changeLanguage();
     saveProject();
     exit();

@@ -43,6 +43,8 @@ class Walk {
     void closeTab();
     void closeParameters();
 
+    void useConsole();
+
     void check(bool right, const QString& wrong);
     void edit(int row, const QString& picture = {});
     void chooseTable(const char* button, const QString& picture = {});

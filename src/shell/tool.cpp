@@ -32,7 +32,10 @@ Tool::Tool(const ToolBench& toolBench)
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
-    linkPort.onLost = [this](const QString& reason) { watcher.portLost(reason); };
+    linkPort.onLost = [this](const QString& reason) {
+        watcher.portLost(reason);
+        console.listener.portLost(reason);
+    };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
     loadDefaultProject();
     followPort();
