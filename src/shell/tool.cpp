@@ -26,9 +26,9 @@ Tool::Tool(const ToolBench& toolBench)
           [this](const QString& text) { link.ShowHistoryMsg(text); }),
       watcher(presence),
       rules(link),
+      console({link, comSetup, bench.clock, bench.wallClock, bench.folder.path()}),
       parameters(link, bench.clock, groupNames,
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
-      console({link, comSetup, bench.clock, bench.wallClock, bench.folder.path()}) {
       pid({link, bench.clock, bench.person, bench.language.table}),
       autoTuning({link, bench.clock, bench.person, bench.language.table}) {
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {

@@ -51,8 +51,8 @@ class Tool : public QObject {
     PortPresence presence;
     PortWatcher watcher;
     WindowRules rules;
-    ParameterSession parameters;
     AdvanceConsole console;
+    ParameterSession parameters;
     PidControl pid;
     AutoTuning autoTuning;
 
