@@ -34,6 +34,7 @@ void Walk::run() {
     autoDetect();
     goOnLine();
     lookAtIdentity();
+    useConsole();
     openParameters();
     readDrive();
     pickGroup();
@@ -51,7 +52,11 @@ void Walk::run() {
     print();
     closeTab();
     closeParameters();
-    useConsole();
+    recordTrend();
+    saveTrend();
+    watchMeters();
+    controlByPid();
+    tuneMotor();
     changeLanguage();
     saveProject();
     exit();

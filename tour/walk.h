@@ -26,6 +26,9 @@ class Walk {
     void saveProject();
     void exit();
 
+    // Advance console.
+    void useConsole();
+
     // Parameter Management.
     void openParameters();
     void readDrive();
@@ -43,7 +46,14 @@ class Walk {
     void closeTab();
     void closeParameters();
 
-    void useConsole();
+    // Trend.
+    void recordTrend();
+    void saveTrend();
+
+    // Monitor, PID control, auto tuning.
+    void watchMeters();
+    void controlByPid();
+    void tuneMotor();
 
     void check(bool right, const QString& wrong);
     void edit(int row, const QString& picture = {});
