@@ -252,7 +252,7 @@ void ListenerForm::findNext() {
 
 void ListenerForm::save() {
     Operator& person = m_console.bench.link.operatorAsked();
-    const std::optional<QString> path = person.saveFileTitled(TextFilter, {}, QStringLiteral("MessageBox"));
+    const std::optional<QString> path = person.saveFileTitled(TextFilter, QStringLiteral("MessageBox"));
     if (!path) return;
     const FileResult written = writeWhole(*path, m_listener.text().toLatin1());
     if (!written.ok) person.tell(written.error, QStringLiteral("Error"), BoxIcon::Stop);

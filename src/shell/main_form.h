@@ -29,7 +29,6 @@ class TMainForm : public QMainWindow {
 
     void checkLanguageItem(quint8 LanguageIndex);
     void showHistory(const QString& line);
-    void saveHistory();
 
    Q_SIGNALS:
     void windowWanted(quint8 ActiveFunction);
@@ -57,6 +56,7 @@ class TMainForm : public QMainWindow {
     QWidget* buildButtons();
     QWidget* buildIdentity();
     QWidget* buildHistory();
+    void saveHistory();
     void buildStatusLine();
     void listen();
 

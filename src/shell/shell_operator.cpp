@@ -110,18 +110,13 @@ std::optional<QString> ShellOperator::openFile(const QString& filter) {
 }
 
 std::optional<QString> ShellOperator::saveFile(const QString& filter, const QString& suffix) {
-    return saveFileTitled(filter, suffix, QStringLiteral("Cofirm"));
-}
-
-std::optional<QString> ShellOperator::saveFileTitled(const QString& filter, const QString& suffix,
-                                                     const QString& overwriteTitle) {
     for (;;) {
         const std::optional<ChosenFile> chosen = askFile(QFileDialog::AcceptSave, filter);
         if (!chosen) return {};
         const QStringList suffixes = suffix.split(QLatin1Char('|'));
         const QString path = withSuffix(chosen->path, suffixes.value(chosen->filter, suffixes.first()));
         if (!QFileInfo::exists(path)) return path;
-        if (yes(m_lang.MsgStr(33), overwriteTitle, BoxIcon::Exclamation)) return path;
+        if (yes(m_lang.MsgStr(33), QStringLiteral("Cofirm"), BoxIcon::Exclamation)) return path;
     }
 }
 
@@ -140,6 +135,14 @@ LinkAnswer ShellOperator::linkFailure(const QString& ErrNameVrLabel, bool ignore
 
 void ShellOperator::editValue(ValueEdit& edit) {
     if (prepareValueEditor) prepareValueEditor(edit)->exec();
+}
+
+std::optional<QString> ShellOperator::saveFileTitled(const QString& filter, const QString& overwriteTitle) {
+    for (;;) {
+        const std::optional<QString> path = askFile(QFileDialog::AcceptSave, filter);
+        if (!path || !QFileInfo::exists(*path)) return path;
+        if (yes(m_lang.MsgStr(33), overwriteTitle, BoxIcon::Exclamation)) return path;
+    }
 }
 
 }  // namespace kelvane

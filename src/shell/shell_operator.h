@@ -21,10 +21,9 @@ class ShellOperator final : public Operator {
     BoxAnswer box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) override;
     std::optional<QString> openFile(const QString& filter) override;
     std::optional<QString> saveFile(const QString& filter, const QString& suffix) override;
-    std::optional<QString> saveFileTitled(const QString& filter, const QString& suffix,
-                                          const QString& overwriteTitle) override;
     LinkAnswer linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) override;
     void editValue(ValueEdit& edit) override;
+    std::optional<QString> saveFileTitled(const QString& filter, const QString& overwriteTitle) override;
 
     // The forms behind the last two questions, set when they exist.
     TMessageForm* messageForm = nullptr;

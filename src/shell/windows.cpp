@@ -113,12 +113,8 @@ bool Windows::eventFilter(QObject* watched, QEvent* event) {
 void Windows::putOver(QWidget& window) {
     QWidget* front = QApplication::activeModalWidget();
     if (!front) front = QApplication::activeWindow();
-    QWindow* below = front && front->isVisible() ? front->windowHandle() : nullptr;
-    QWindow* above = window.windowHandle();
-    // Never over one that is itself over it: Qt would follow the ring for ever.
-    for (const QWindow* at = below; at; at = at->transientParent())
-        if (at == above) return;
-    if (below && above) above->setTransientParent(below);
+    if (front && front != &window && window.windowHandle() && front->windowHandle())
+        window.windowHandle()->setTransientParent(front->windowHandle());
 }
 
 // By whatever way it went, a window that had the link gives it up.
