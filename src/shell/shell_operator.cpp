@@ -139,9 +139,10 @@ void ShellOperator::editValue(ValueEdit& edit) {
 
 std::optional<QString> ShellOperator::saveFileTitled(const QString& filter, const QString& overwriteTitle) {
     for (;;) {
-        const std::optional<QString> path = askFile(QFileDialog::AcceptSave, filter);
-        if (!path || !QFileInfo::exists(*path)) return path;
-        if (yes(m_lang.MsgStr(33), overwriteTitle, BoxIcon::Exclamation)) return path;
+        const std::optional<ChosenFile> chosen = askFile(QFileDialog::AcceptSave, filter);
+        if (!chosen) return {};
+        if (!QFileInfo::exists(chosen->path)) return chosen->path;
+        if (yes(m_lang.MsgStr(33), overwriteTitle, BoxIcon::Exclamation)) return chosen->path;
     }
 }
 
