@@ -34,6 +34,7 @@ void Walk::run() {
     autoDetect();
     goOnLine();
     lookAtIdentity();
+    useConsole();
     openParameters();
     readDrive();
     pickGroup();

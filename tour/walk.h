@@ -26,6 +26,9 @@ class Walk {
     void saveProject();
     void exit();
 
+    // Advance console.
+    void useConsole();
+
     // Parameter Management.
     void openParameters();
     void readDrive();

@@ -314,7 +314,7 @@ FileResult AdvanceConsole::saveDefault() { return writeWhole(defaultPath(), Save
 void AdvanceConsole::SaveClick() {
     const QByteArray bytes = SaveFile();
     Operator& person = bench.link.operatorAsked();
-    const std::optional<QString> path = person.saveFileTitled(CmlFilter, {}, QStringLiteral("MessageBox"));
+    const std::optional<QString> path = person.saveFileTitled(CmlFilter, QStringLiteral("MessageBox"));
     if (!path) return;
     const FileResult written = writeWhole(*path, bytes);
     if (!written.ok) return person.tell(written.error, ErrorTitle, BoxIcon::Stop);

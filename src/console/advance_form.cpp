@@ -39,7 +39,7 @@ TAdvanceForm::TAdvanceForm(AdvanceConsole& console, KeptLooks& looks, QWidget* p
     buildPages();
     buildStatusLine();
     connectConsole();
-    resize(fontMetrics().averageCharWidth() * 190, fontMetrics().height() * 54);
+    resize(fontMetrics().averageCharWidth() * 176, fontMetrics().height() * 54);
     showState();
 }
 

@@ -123,8 +123,11 @@ QWidget* ConnectionForm::buildRunBar() {
     connect(RepeatLabeledEdit, &QLineEdit::textEdited, this,
             [this](const QString& text) { m_console.RepeatLabeledEdit = text; });
     connect(FigButton, &QToolButton::clicked, this, &ConnectionForm::toggleChart);
-    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, RUNTransparentButton,
-            &QToolButton::click);
+    // What is still being typed is taken first, as by a click.
+    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, [this] {
+        RUNTransparentButton->setFocus();
+        RUNTransparentButton->click();
+    });
     connect(new QShortcut(Qt::SHIFT | Qt::Key_F5, this), &QShortcut::activated, STOPTransparentButton,
             &QToolButton::click);
     connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, this,

@@ -168,7 +168,7 @@ void ConsoleLogView::explain() {
 
 void ConsoleLogView::save() {
     Operator& person = m_console.bench.link.operatorAsked();
-    const std::optional<QString> path = person.saveFileTitled(TextFilter, {}, QStringLiteral("MessageBox"));
+    const std::optional<QString> path = person.saveFileTitled(TextFilter, QStringLiteral("MessageBox"));
     if (!path) return;
     const FileResult written =
         writeWhole(*path, m_console.log.text(ErrorsOnlyCheckBox->isChecked()).toUtf8());

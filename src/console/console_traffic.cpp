@@ -1,12 +1,27 @@
 #include "console/console_traffic.h"
 
+#include "link/number_text.h"
+
 namespace kelvane {
+
+namespace {
+
+constexpr int StopRepeats = 4;
+constexpr int EchoBytes = 5;  // function, register and value; the address may be the drive's own
+
+}  // namespace
 
 ConsoleTraffic::ConsoleTraffic(RequestScheduler& scheduler) : link(scheduler) {
     connect(&link, &RequestScheduler::cycleEnded, this, &ConsoleTraffic::onCycleEnded);
     connect(&link, &RequestScheduler::answered, this, [this](quint8 task) {
+        if (!link.owner().console || task != StopTask) return;
         // The handler of STOP belongs to the keypad; here its answer is logged like that of any other write.
-        if (link.owner().console && task == StopTask) link.Console.completeReply(link.Rx.RxLogText);
+        link.Console.completeReply(link.Rx.RxLogText);
+        m_stopEchoed = link.Rx.RxData.mid(1, EchoBytes) == StrTo8bitInt(m_stop).mid(1, EchoBytes);
+    });
+    connect(&link.Console, &ConsoleExchange::lineStarted, this, [this] {
+        m_stopOut = !link.TaskQueue.empty() && link.TaskQueue.front() == StopTask;
+        m_stopEchoed = false;
     });
 }
 
@@ -25,6 +40,8 @@ void ConsoleTraffic::keepStops() {
 void ConsoleTraffic::sendStop(const QString& command) {
     endRun();
     m_dropResend = exchangeOpen();
+    m_stop = command;
+    m_stopsLeft = StopRepeats;
     link.pushCommand(StopTask, command);
 }
 
@@ -47,9 +64,18 @@ void ConsoleTraffic::cutOff() {
     if (!link.TaskQueue.empty()) link.start();
 }
 
+// A late echo of another write may have been taken for its own, while the STOP itself was lost.
+void ConsoleTraffic::repeatStop() {
+    if (!m_stopOut || link.inHand()) return;
+    m_stopOut = false;
+    const bool answeredOtherwise = !m_stopEchoed && !link.Rx.RxData.isEmpty();
+    if (answeredOtherwise && m_stopsLeft-- > 0) link.pushCommand(StopTask, m_stop);
+}
+
 void ConsoleTraffic::onCycleEnded() {
     if (!link.owner().console) return;
     if (std::exchange(m_dropResend, false)) link.inHand() ? cutOff() : keepStops();
+    repeatStop();
     if (!free()) return;
     link.Console.Log.CanSend = 1;
     Q_EMIT becameFree();

@@ -25,6 +25,7 @@ class ConsoleTraffic : public QObject {
     // A request is out and is waited for, or is being judged.
     bool exchangeOpen() const;
     void send(quint8 task, const QString& command) { link.request(task, command); }
+    // Again, a few times, when what comes back is not its own echo.
     void sendStop(const QString& command);
     // What has not been sent stays unsent, and a failure is not tried again; a reply on its way is still
     // taken.
@@ -38,8 +39,13 @@ class ConsoleTraffic : public QObject {
    private:
     void onCycleEnded();
     void keepStops();
+    void repeatStop();
 
     bool m_dropResend = false;
+    QString m_stop;
+    bool m_stopOut = false;     // the exchange in hand is the STOP's
+    bool m_stopEchoed = false;  // and its own echo has come
+    int m_stopsLeft = 0;        // times that it may be sent again
 };
 
 }  // namespace kelvane

@@ -107,12 +107,19 @@ QWidget* DrivePanelPage::buildHead() {
     connect(SelDriveComboBox, &QComboBox::activated, this, [this](int item) { m_panel.selectSeries(item); });
     connect(DefCmdLabeledEdit, &QLineEdit::textEdited, this,
             [this](const QString& text) { m_panel.typeCommand(text); });
+    connect(monitorIDLabeledEdit, &QLineEdit::returnPressed, this, [this] { takeId(); });
     connect(monitorIDLabeledEdit, &QLineEdit::editingFinished, this, [this] {
-        if (monitorIDLabeledEdit->text() != m_panel.monitorIDLabeledEdit)
-            m_panel.typeId(monitorIDLabeledEdit->text());
+        if (monitorIDLabeledEdit->text() != m_panel.monitorIDLabeledEdit) takeId();
     });
     connect(upDown, &UpDown::stepped, this, [this](int position) { m_panel.stepId(position); });
     return head;
+}
+
+// The box over a bad number takes the focus away, which ends the editing once more.
+void DrivePanelPage::takeId() {
+    if (std::exchange(m_takingId, true)) return;
+    m_panel.typeId(monitorIDLabeledEdit->text());
+    m_takingId = false;
 }
 
 QWidget* DrivePanelPage::buildLamps() {

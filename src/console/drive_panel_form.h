@@ -32,6 +32,7 @@ class DrivePanelPage : public QWidget {
     QWidget* buildLamps();
     QWidget* buildButtons();
     void connectGrid();
+    void takeId();
     void showLamps();
 
     AdvanceConsole& m_console;
@@ -43,6 +44,7 @@ class DrivePanelPage : public QWidget {
     QWidget* MonitorUpDown;
     EditableGridView* AdvStringGrid1;
     std::array<AbLED*, 7> m_lamps{};
+    bool m_takingId = false;
 };
 
 class ChartPage : public QWidget {

@@ -206,8 +206,10 @@ void ListenerForm::showLines() {
     m_shownLines = m_listener.addedLines();
     RxMemo->appendLines(added);
     const qint64 gone = m_listener.goneLines();
-    RxNoticeLabel->setText(gone > 0 ? QStringLiteral("The oldest %1 lines were removed.").arg(gone)
-                                    : QString());
+    QStringList notices;
+    if (gone > 0) notices += QStringLiteral("The oldest %1 lines were removed.").arg(gone);
+    if (!m_listener.notice().isEmpty()) notices += m_listener.notice();
+    RxNoticeLabel->setText(notices.join(QLatin1Char(' ')));
 }
 
 void ListenerForm::explain() {
@@ -250,7 +252,7 @@ void ListenerForm::findNext() {
 
 void ListenerForm::save() {
     Operator& person = m_console.bench.link.operatorAsked();
-    const std::optional<QString> path = person.saveFileTitled(TextFilter, {}, QStringLiteral("MessageBox"));
+    const std::optional<QString> path = person.saveFileTitled(TextFilter, QStringLiteral("MessageBox"));
     if (!path) return;
     const FileResult written = writeWhole(*path, m_listener.text().toLatin1());
     if (!written.ok) person.tell(written.error, QStringLiteral("Error"), BoxIcon::Stop);

@@ -62,6 +62,7 @@ void PortListener::RUNmonitorTransparentButtonClick() {
         return;
     }
     clearCutting();
+    m_notice.clear();
     m_running = true;
     Q_EMIT stateChanged();
 }
@@ -76,7 +77,11 @@ void PortListener::STOPmonitorTransparentButtonClick() {
     Q_EMIT stateChanged();
 }
 
-void PortListener::portLost() { STOPmonitorTransparentButtonClick(); }
+void PortListener::portLost(const QString& reason) {
+    if (!m_running) return;
+    m_notice = reason;
+    STOPmonitorTransparentButtonClick();
+}
 
 void PortListener::clearCutting() {
     MonitorRxLine.clear();

@@ -47,8 +47,9 @@ class PortListener : public QObject {
 
     void RUNmonitorTransparentButtonClick();
     void STOPmonitorTransparentButtonClick();
-    // The port is gone: what was heard stays.
-    void portLost();
+    // The port is gone while it was listened to: what was heard stays, and the reason is told.
+    void portLost(const QString& reason);
+    const QString& notice() const { return m_notice; }
     void ClearClick();
     QString text() const;  // as "Save" writes it, without the times
     // Kept: two frames go out by two clicks, then the listener starts. No button of the window shows it.
@@ -76,6 +77,7 @@ class PortListener : public QObject {
     std::deque<ListenerLine> m_lines;
     qint64 m_added = 0;
     bool m_running = false;
+    QString m_notice;
     int m_breakLength = MaxBreakLength;
     int m_step = 0;          // of Button1
     bool m_byBreak = false;  // of the present burst

@@ -39,7 +39,7 @@ void ConsoleExchange::sent(const QString& TxFrameText) {
     Log.topLineColour = ConsoleBlack;
     m_lineOpen = true;
     ++Log.totalRecords;
-    if (Flasher) Log.FmonitorMemo += TxFrameText;
+    if (Flasher) Log.FmonitorMemo += TxFrameText % QLatin1Char('\n');
     Q_EMIT lineStarted();
 }
 
@@ -79,9 +79,13 @@ void ConsoleExchange::completeReply(const QString& RxLogText) {
     completeLine(QStringLiteral("Receive > ") % RxLogText, Log.topLineColour);
 }
 
-bool ConsoleExchange::timedOut() {
+void ConsoleExchange::noResponse() {
     ++Log.timeoutRecords;
     completeLine(QStringLiteral("Receive > No response"), ConsoleRed);
+}
+
+bool ConsoleExchange::timedOut() {
+    noResponse();
     if (ListRunning) {
         Log.RepliedMessage = QStringLiteral("Time Out");
         Log.RepliedData = QString();

@@ -34,7 +34,8 @@ class ConsoleExchange : public QObject, public ConsoleSettings {
     bool waitIsOver(quint32& RxTickCount, quint32 ReplyTimeoutTicks, const RxBuffer& Rx,
                     const PortSettings& line);
 
-    // True when the common count of time-outs goes on.
+    void noResponse();  // counted and logged
+    // The same with what follows it; true when the common count of time-outs goes on.
     bool timedOut();
     void failed(const JudgedReply& reply, const QString& RxLogText);
     void completeReply(const QString& RxLogText);  // "Receive > " in the line's own colour

@@ -293,6 +293,7 @@ void RequestScheduler::askOnceMore() {
 
 // Not counted as a time-out: the request was not waited for as long as it may be.
 void RequestScheduler::yieldToStop() {
+    if (inConsole()) Console.noResponse();
     m_trust.lostTrack();
     m_trust.oweSilence(SilenceAfterResend);
     Notice.LinkAction = 1;
@@ -335,6 +336,7 @@ void RequestScheduler::askAfterFifthTimeout() {
     Notice.LinkAction = static_cast<quint8>(
         operatorAsked().linkFailure(QStringLiteral("Communication Timeout"), !readIsRunning()));
     TimeoutCount = 0;
+    if (inConsole()) Console.Log.CanSend = 1;
 }
 
 // ---- End of the cycle ----

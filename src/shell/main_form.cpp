@@ -334,7 +334,7 @@ void TMainForm::showHistory(const QString& line) { m_memo->appendPlainText(line)
 void TMainForm::saveHistory() {
     Operator& person = m_tool.bench.person;
     const auto path =
-        person.saveFileTitled(QStringLiteral("TXT File(*.txt)|*.txt"), {}, QStringLiteral("MessageBox"));
+        person.saveFileTitled(QStringLiteral("TXT File(*.txt)|*.txt"), QStringLiteral("MessageBox"));
     if (!path) return;
     const FileResult written = writeWhole(*path, m_memo->toPlainText().toUtf8());
     if (!written.ok) person.tell(written.error, QStringLiteral("Error"), BoxIcon::Stop);

@@ -195,4 +195,13 @@ void ShellOperator::editValue(ValueEdit& edit) {
     if (prepareValueEditor) prepareValueEditor(edit)->exec();
 }
 
+std::optional<QString> ShellOperator::saveFileTitled(const QString& filter, const QString& overwriteTitle) {
+    for (;;) {
+        const std::optional<ChosenFile> chosen = askFile(QFileDialog::AcceptSave, filter);
+        if (!chosen) return {};
+        if (!QFileInfo::exists(chosen->path)) return chosen->path;
+        if (yes(m_lang.MsgStr(33), overwriteTitle, BoxIcon::Exclamation)) return chosen->path;
+    }
+}
+
 }  // namespace kelvane

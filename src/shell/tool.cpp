@@ -28,6 +28,7 @@ Tool::Tool(const ToolBench& toolBench)
           [this](const QString& text) { link.ShowHistoryMsg(text); }),
       watcher(presence),
       rules(link),
+      console({link, comSetup, bench.clock, bench.wallClock, bench.folder.path()}),
       parameters(link, bench.clock, groupNames,
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
       quickSetup(link),
@@ -59,6 +60,10 @@ Tool::Tool(const ToolBench& toolBench)
     connect(&comSetup, &ComSetup::goingOnLine, &keypad, &Keypad::showIdentification);
     connect(&rules, &WindowRules::stopKeypad, &keypad, &Keypad::rest);
     linkPort.onLost = [this](const QString& reason) { watcher.portLost(reason); };
+    linkPort.onLost = [this](const QString& reason) {
+        watcher.portLost(reason);
+        console.listener.portLost(reason);
+    };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
     loadDefaultProject();
     followPort();

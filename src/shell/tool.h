@@ -56,6 +56,7 @@ class Tool : public QObject {
     PortPresence presence;
     PortWatcher watcher;
     WindowRules rules;
+    AdvanceConsole console;
     ParameterSession parameters;
     PidControl pid;
     AutoTuning autoTuning;

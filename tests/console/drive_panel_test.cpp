@@ -142,6 +142,24 @@ TEST_F(Panel, LetsStopGoFirst) {
     EXPECT_EQ(sent(), QStringList("FF0620000001"));
 }
 
+// The STOP is lost on the line, and a late echo of another write comes in its place.
+TEST_F(Panel, RepeatsAStopThatWasAnsweredByAnotherEcho) {
+    panel.press(DriveButton::Stop);
+    run(5);
+    port.arrive(buildFrame(LinkMode::Rtu, "FF0620000002", FrameCheck::Standard).wire);
+    run(60);
+    EXPECT_EQ(sent(), QStringList({"FF0620000001", "FF0620000001"}));
+    port.arrive(buildFrame(LinkMode::Rtu, "FF0620000001", FrameCheck::Standard).wire);
+    run(5000);
+    EXPECT_TRUE(sent().isEmpty());
+    panel.press(DriveButton::Stop);
+    for (int i = 0; i < 10; ++i) {
+        run(60);
+        port.arrive("\x55\x55\x55");
+    }
+    EXPECT_EQ(sent().size(), 5) << "not for ever";
+}
+
 TEST_F(Panel, WithdrawsARunThatWasNotAnswered) {
     panel.typeId("5");
     panel.press(DriveButton::Run);
