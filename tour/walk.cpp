@@ -51,6 +51,9 @@ void Walk::run() {
     print();
     closeTab();
     closeParameters();
+    operateKeypad();
+    stopFromKeypad();
+    walkParametersOnKeypad();
     changeLanguage();
     saveProject();
     exit();

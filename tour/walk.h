@@ -43,6 +43,11 @@ class Walk {
     void closeTab();
     void closeParameters();
 
+    // Keypad.
+    void operateKeypad();
+    void stopFromKeypad();
+    void walkParametersOnKeypad();
+
     void check(bool right, const QString& wrong);
     void edit(int row, const QString& picture = {});
     void chooseTable(const char* button, const QString& picture = {});
