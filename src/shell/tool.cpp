@@ -29,6 +29,8 @@ Tool::Tool(const ToolBench& toolBench)
       parameters(link, bench.clock, groupNames,
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
       keypad(link, bench.clock, bench.person, bench.language.table) {
+      pid({link, bench.clock, bench.person, bench.language.table}),
+      autoTuning({link, bench.clock, bench.person, bench.language.table}) {
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };

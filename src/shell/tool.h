@@ -11,6 +11,8 @@
 #include "base/whole_file.h"
 #include "catalogue/identification.h"
 #include "diagnostics/keypad/keypad.h"
+#include "commissioning/auto_tuning.h"
+#include "commissioning/pid_control.h"
 #include "link/com_setup.h"
 #include "link/port_directory.h"
 #include "link/port_presence.h"
@@ -51,6 +53,8 @@ class Tool : public QObject {
     WindowRules rules;
     ParameterSession parameters;
     Keypad keypad;
+    PidControl pid;
+    AutoTuning autoTuning;
 
     // Values of default.prj that belong to windows; a window takes its section when it is built and puts it
     // back before a save.
