@@ -28,7 +28,7 @@ Tool::Tool(const ToolBench& toolBench)
       rules(link),
       parameters(link, bench.clock, groupNames,
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
-      keypad(link, bench.clock, bench.person, bench.language.table) {
+      keypad(link, bench.clock, bench.person, bench.language.table),
       pid({link, bench.clock, bench.person, bench.language.table}),
       autoTuning({link, bench.clock, bench.person, bench.language.table}) {
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
