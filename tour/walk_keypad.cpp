@@ -21,8 +21,9 @@ void Walk::operateKeypad() {
     m_script.step(QStringLiteral("Keypad: a frequency, run, the pages"));
     auto& keypad = m_windows.form<TKeypadForm>();
     const auto reads = [&](const char* label, const QString& text) {
-        m_hand.waitFor(QStringLiteral("%1 to read %2").arg(QLatin1String(label), text),
-                       [&, text] { return m_hand.text(keypad, label) == text; }, RampMs);
+        m_hand.waitFor(
+            QStringLiteral("%1 to read %2").arg(QLatin1String(label), text),
+            [&, text] { return m_hand.text(keypad, label) == text; }, RampMs);
     };
     m_hand.click(m_main, "KeypadTransparentButton");
     m_hand.waitForWindow(keypad, true);
@@ -47,10 +48,12 @@ void Walk::stopFromKeypad() {
     auto& keypad = m_windows.form<TKeypadForm>();
     auto& pages = m_hand.find<QStackedWidget>(keypad, "PageControl1");
     m_hand.key(m_main, Qt::Key_F12);
-    m_hand.waitFor(QStringLiteral("the motor to stand"), [this] { return !m_drive.motor().running(); }, RampMs);
-    m_hand.choose(m_main, {QStringLiteral("OptionsMenu"), QStringLiteral("PracticeDriveMenu")}, "RaiseFaultItem",
-                  QStringLiteral("raise-a-fault"));
-    m_hand.waitFor(QStringLiteral("the fault on the keypad"), [&] { return pages.currentIndex() == ErrorPage; });
+    m_hand.waitFor(
+        QStringLiteral("the motor to stand"), [this] { return !m_drive.motor().running(); }, RampMs);
+    m_hand.choose(m_main, {QStringLiteral("OptionsMenu"), QStringLiteral("PracticeDriveMenu")},
+                  "RaiseFaultItem", QStringLiteral("raise-a-fault"));
+    m_hand.waitFor(QStringLiteral("the fault on the keypad"),
+                   [&] { return pages.currentIndex() == ErrorPage; });
     check(!m_hand.text(keypad, "ErrNameVrLabel").isEmpty(), QStringLiteral("the fault has no name"));
     m_script.keepPicture(keypad, QStringLiteral("keypad-fault"));
     m_hand.click(keypad, "STOPTransparentButton");
