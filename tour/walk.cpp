@@ -54,6 +54,11 @@ void Walk::run() {
     operateKeypad();
     stopFromKeypad();
     walkParametersOnKeypad();
+    recordTrend();
+    saveTrend();
+    watchMeters();
+    controlByPid();
+    tuneMotor();
     changeLanguage();
     saveProject();
     exit();

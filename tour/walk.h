@@ -48,6 +48,15 @@ class Walk {
     void stopFromKeypad();
     void walkParametersOnKeypad();
 
+    // Trend.
+    void recordTrend();
+    void saveTrend();
+
+    // Monitor, PID control, auto tuning.
+    void watchMeters();
+    void controlByPid();
+    void tuneMotor();
+
     void check(bool right, const QString& wrong);
     void edit(int row, const QString& picture = {});
     void chooseTable(const char* button, const QString& picture = {});
