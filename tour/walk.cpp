@@ -55,6 +55,9 @@ void Walk::run() {
     openQuickSetup();
     lookAtSteps();
     changeRampTime();
+    operateKeypad();
+    stopFromKeypad();
+    walkParametersOnKeypad();
     recordTrend();
     saveTrend();
     watchMeters();

@@ -50,6 +50,10 @@ class Walk {
     void openQuickSetup();
     void lookAtSteps();
     void changeRampTime();
+    // Keypad.
+    void operateKeypad();
+    void stopFromKeypad();
+    void walkParametersOnKeypad();
 
     // Trend.
     void recordTrend();

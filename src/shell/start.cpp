@@ -71,9 +71,11 @@ int runTool(QApplication& app) {
     showEarly(mainForm, language.table);
     Windows windows(tool, mainForm, &person, looks);
     looks.restoreWindow(windows.parameterForm);
+    looks.restoreWindow(windows.form<TKeypadForm>());
     QObject::connect(&mainForm, &TMainForm::closed, [&] {
         looks.keepWindow(mainForm);
         looks.keepWindow(windows.parameterForm);
+        looks.keepWindow(windows.form<TKeypadForm>());
         looks.setText(QStringLiteral("lastFolder"), person.lastFolder);
         // Not quit(), which asks every window and takes no for an answer; this also ends a question left
         // open.

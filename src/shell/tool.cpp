@@ -33,6 +33,7 @@ Tool::Tool(const ToolBench& toolBench)
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
       quickSetup(link),
       quickSetupFlow(quickSetup, link, bench.clock),
+      keypad(link, bench.clock, bench.person, bench.language.table),
       pid({link, bench.clock, bench.person, bench.language.table}),
       autoTuning({link, bench.clock, bench.person, bench.language.table}) {
     connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);

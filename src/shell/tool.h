@@ -13,6 +13,7 @@
 #include "commissioning/auto_tuning.h"
 #include "commissioning/pid_control.h"
 #include "console/advance_console.h"
+#include "diagnostics/keypad/keypad.h"
 #include "diagnostics/faults/fault_history.h"
 #include "diagnostics/keypad/keypad.h"
 #include "diagnostics/monitor/monitor_session.h"

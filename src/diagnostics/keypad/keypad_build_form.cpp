@@ -79,7 +79,6 @@ void TKeypadForm::build() {
     buildKeys();
     buildPages();
     buildLeds();
-    setTabOrder(STOPTransparentButton, m_keys.front());
 }
 
 // ---- Pages ----

@@ -131,6 +131,19 @@ TEST(KeypadForm, HasItsShapeAndEveryControl) {
     EXPECT_EQ(w.looks.text("keypad/zoom"), "2");
 }
 
+TEST(KeypadForm, KeepsItsColoursInADarkPalette) {
+    KeypadWindow w;
+    const QPalette usual = QApplication::palette();
+    for (int page = 0; page < 2; ++page) {
+        const QImage light = w.form.grab().toImage();
+        QApplication::setPalette(QPalette(QColor(45, 45, 48)));
+        const QImage dark = w.form.grab().toImage();
+        QApplication::setPalette(usual);
+        EXPECT_EQ(light, dark) << page;
+        w.click("PROGTransparentButton");
+    }
+}
+
 TEST(KeypadForm, ShowsThePagesOfTheEngine) {
     KeypadWindow w;
     EXPECT_EQ(w.page(), 0);
