@@ -4,14 +4,11 @@
 #include <QTemporaryDir>
 #include <map>
 
-#include "base/manual_tick_clock.h"
 #include "bench/decimal_sep.h"
-#include "bench/scripted_operator.h"
-#include "drive/practice_port.h"
+#include "bench/on_line_bench.h"
 #include "link/number_text.h"
 #include "parameters/files/sheet_transfer.h"
 #include "parameters/files/table_text_file.h"
-#include "parameters/parameter_session.h"
 #include "parameters/sample_table.h"
 #include "spreadsheet/biff_reader.h"
 
@@ -21,46 +18,13 @@ namespace {
 
 using drive::LineFault;
 
-drive::LineOptions lineOf(drive::LineMode mode) {
-    drive::LineOptions options{.mode = mode};
-    options.wire = {.Baud = 38400, .DataBits = mode == drive::LineMode::Rtu ? 8 : 7};
-    return options;
-}
-
-struct PracticeBench {
-    ManualTickClock clock;
-    FixedWallClock wall{QDateTime(QDate(2026, 3, 2), QTime(9, 8, 7))};
-    ScriptedOperator person;
-    LangTable lang = LangTable::builtInEnglish();
-    drive::PracticeStation station;
-    RequestScheduler link;
-    GroupNameTable names;
-    ParameterSession session{link, clock, names};
-    const drive::FamilyData& data;
-
+struct PracticeBench : OnLineBench {
     PracticeBench(Family family, drive::LineMode mode)
-        : station(clock, drive::familyData(family), lineOf(mode)),
-          link({clock, wall, person, station.port, lang}),
-          data(drive::familyData(family)) {
-        link.Initial();
-        link.emptyQueues();
-        station.port.setSettings(lineOf(mode).wire);
-        link.ComMode = mode == drive::LineMode::Rtu;
-        link.BaudTimeoutTicks = link.ReplyTimeoutTicks = 5;
-        link.ActiveFunction = OwnerParameter;
-        link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
-        link.ParamRead.fixedParaName = fixedParaName;
-        link.DriveStatus.DriveReady = 1;
-        link.DriveStatus.DriveFamily = static_cast<quint8>(family);
-        link.DriveStatus.ReservedEnabled = 1;
-        const int groups = station.drive.parameters().groupCount();
-        link.DriveStatus.GroupCount = static_cast<quint8>(groups);
-        for (int G = 0; G <= groups; ++G)
-            link.DriveStatus.GroupParamCount[static_cast<size_t>(G)] =
-                station.drive.parameters().highestNumber(G).value_or(0);
-        session.opened();
+        : OnLineBench({.family = family, .mode = mode, .Baud = 38400}) {
+        EXPECT_TRUE(goOnLine() && awaitPolls(1));
+        openParameterWindow();
         for (const LineFault fault : {LineFault::Silent, LineFault::BadCheck, LineFault::Late})
-            station.line.faults().setChance(fault, 1);
+            faults().setChance(fault, 1);
     }
     void readTable() {
         session.reader.ShowReservedParametersClick();
@@ -115,7 +79,6 @@ TEST_P(PracticeSession, WritesWhatTheListShows) {
         b.session.writer.errorRecordClosed();
     });
     b.session.WriteAllTransparentButtonClick();
-    b.person.expectBox("Do you want to write the parameter(s) to drive ?", "Cofirm", BoxAnswer::Yes);
     b.session.writer.OKTransparentButtonClick();
     b.clock.advanceUntil([&] { return !b.session.writer.form.shown; }, 3600 * 1000);
     ASSERT_FALSE(b.session.writer.form.shown);
