@@ -12,8 +12,13 @@ class TInitialForm : public WaitForm {
    public:
     explicit TInitialForm(RequestScheduler& link, QWidget* parent = nullptr);
 
+   protected:
+    void reject() override;  // only where the notice may be left
+
    private:
+    void showNotice();
     RequestScheduler& m_link;
+    QWidget* m_leave;
 };
 
 }  // namespace kelvane

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QFileDialog>
+#include <QHash>
 #include <QMessageBox>
 #include <functional>
 
@@ -31,6 +32,7 @@ class ShellOperator final : public Operator {
    private:
     std::optional<QString> askFile(QFileDialog::AcceptMode mode, const QString& filter);
     const LangTable& m_lang;
+    QHash<QString, QString> m_lastOpened;  // the kind that was chosen last, by the dialog's filter
 };
 
 // "Text(*.txt)|*.txt|All(*.*)|*.*" as the name filters of a dialog: every first part.
