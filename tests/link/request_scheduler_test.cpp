@@ -241,40 +241,6 @@ TEST_F(TimeOut, IgnoreDropsTheRequestAndAbortTakesTheLinkDown) {
     EXPECT_EQ(link.Notice.LinkAction, 0);
 }
 
-TEST_F(TimeOut, AbortDuringAParameterReadClosesItsProgressAndKeepsTheLink) {
-    link.ActiveFunction = OwnerParameter;
-    link.Notice.TProgressForm = true;
-    bool stopped = false;
-    int focus = 0;
-    QObject::connect(&link, &RequestScheduler::parameterReadStopped, [&] { stopped = true; });
-    QObject::connect(&link, &RequestScheduler::focusWanted, [&](int code) { focus = code; });
-    link.push(12, "FF030100000F");
-    for (int i = 0; i < 4; ++i) staySilent();
-    person.expectLinkFailure(DeadText, false, LinkAnswer::Abort);
-    person.expectBox("On-Line Fail !!", "Error");
-    staySilent();
-    EXPECT_TRUE(stopped);
-    EXPECT_FALSE(link.Notice.TProgressForm);
-    EXPECT_EQ(focus, OwnerParameter);
-    EXPECT_EQ(link.Labels.DriveVrLabel, "Tilia");
-    EXPECT_TRUE(link.TaskQueue.empty());
-}
-
-TEST_F(TimeOut, IgnoreAndAbortReachARunningWriteList) {
-    link.ActiveFunction = OwnerParameter;
-    link.Notice.TWriteCheckForm = true;
-    link.push(13, "FF0601001770");
-    failFiveTimes(LinkAnswer::Ignore);
-    EXPECT_EQ(link.ParamRead.WriteDone, 1);
-    EXPECT_EQ(link.Notice.LinkAction, 0);
-
-    link.ParamRead.WriteDone = 0;
-    link.push(13, "FF0601001770");
-    failFiveTimes(LinkAnswer::Abort);
-    EXPECT_EQ(link.DriveStatus.ExceptionTextDone, 1);
-    EXPECT_EQ(link.Notice.LinkAction, 3);  // kept for the write list's next tick
-}
-
 TEST_F(TimeOut, SuspendsATrendUntilTheNextReply) {
     QStringList told;
     QObject::connect(&link, &RequestScheduler::timeoutTold, [&] { told += "suspend"; });
@@ -433,23 +399,6 @@ INSTANTIATE_TEST_SUITE_P(Rows, EndOfCycle,
                                          GoOnRow{4, 0, 0, 1, 1, false}, GoOnRow{4, 0, 0, 0, 0, false},
                                          GoOnRow{4, 1, 1, 0, 1, true}, GoOnRow{4, 1, 1, 1, 1, true},
                                          GoOnRow{7, 1, 1, 0, 1, true}, GoOnRow{8, 1, 1, 0, 1, false}));
-
-TEST_F(OnLine, PreludeStopsTheLineAndTailRestartsItOnLine) {
-    send();
-    link.prelude();
-    link.ActiveFunction = OwnerParameter;
-    clock.advance(3000);
-    EXPECT_EQ(port.written.size(), 1);
-    EXPECT_TRUE(link.TaskQueue.empty());
-    link.tail();
-    EXPECT_EQ(send(), Poll);
-    EXPECT_EQ(link.ActiveFunction, OwnerMain);
-
-    link.prelude();
-    link.Lamp.ComStatusAbLED = "Off Line";
-    link.tail();
-    EXPECT_FALSE(link.TxTimer.Enabled());
-}
 
 // ---- Console ----
 
