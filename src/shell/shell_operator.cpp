@@ -57,8 +57,18 @@ BoxAnswer answerOf(int pressed, BoxButtons buttons) {
 QStringList nameFilters(const QString& filter) {
     const QStringList parts = filter.split(QLatin1Char('|'));
     QStringList names;
-    for (qsizetype i = 0; i < parts.size(); i += 2) names += parts[i];
+    for (qsizetype i = 0; i < parts.size(); i += 2) {
+        // A dialog takes its pattern from the brackets.
+        const bool bracketed = parts[i].contains(QLatin1Char('('));
+        names +=
+            bracketed ? parts[i] : parts[i] % QStringLiteral(" (") % parts.value(i + 1) % QLatin1Char(')');
+    }
     return names;
+}
+
+QString withSuffix(const QString& name, const QString& suffix) {
+    if (suffix.isEmpty() || suffix.startsWith(QLatin1Char('.'))) return name % suffix;
+    return QFileInfo(name).suffix().isEmpty() ? name % QLatin1Char('.') % suffix : name;
 }
 
 BoxAnswer ShellOperator::box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) {
@@ -75,7 +85,8 @@ BoxAnswer ShellOperator::box(const QString& text, const QString& title, BoxIcon 
     return answerOf(pressed, buttons);
 }
 
-std::optional<QString> ShellOperator::askFile(QFileDialog::AcceptMode mode, const QString& filter) {
+std::optional<ShellOperator::ChosenFile> ShellOperator::askFile(QFileDialog::AcceptMode mode,
+                                                                const QString& filter) {
     QFileDialog dialog(windowInFront());
     dialog.setAcceptMode(mode);
     dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -89,18 +100,21 @@ std::optional<QString> ShellOperator::askFile(QFileDialog::AcceptMode mode, cons
     if (mode == QFileDialog::AcceptOpen) m_lastOpened[filter] = dialog.selectedNameFilter();
     if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     lastFolder = dialog.directory().absolutePath();
-    return dialog.selectedFiles().first();
+    return ChosenFile{dialog.selectedFiles().first(),
+                      dialog.nameFilters().indexOf(dialog.selectedNameFilter())};
 }
 
 std::optional<QString> ShellOperator::openFile(const QString& filter) {
-    return askFile(QFileDialog::AcceptOpen, filter);
+    const std::optional<ChosenFile> chosen = askFile(QFileDialog::AcceptOpen, filter);
+    return chosen ? std::optional(chosen->path) : std::nullopt;
 }
 
 std::optional<QString> ShellOperator::saveFile(const QString& filter, const QString& suffix) {
     for (;;) {
-        const std::optional<QString> name = askFile(QFileDialog::AcceptSave, filter);
-        if (!name) return {};
-        const QString path = *name + suffix;
+        const std::optional<ChosenFile> chosen = askFile(QFileDialog::AcceptSave, filter);
+        if (!chosen) return {};
+        const QStringList suffixes = suffix.split(QLatin1Char('|'));
+        const QString path = withSuffix(chosen->path, suffixes.value(chosen->filter, suffixes.first()));
         if (!QFileInfo::exists(path)) return path;
         if (yes(m_lang.MsgStr(33), QStringLiteral("Cofirm"), BoxIcon::Exclamation)) return path;
     }

@@ -30,10 +30,17 @@ class ShellOperator final : public Operator {
     QString lastFolder;  // of the file dialogs
 
    private:
-    std::optional<QString> askFile(QFileDialog::AcceptMode mode, const QString& filter);
+    struct ChosenFile {
+        QString path;
+        qsizetype filter = 0;
+    };
+    std::optional<ChosenFile> askFile(QFileDialog::AcceptMode mode, const QString& filter);
     const LangTable& m_lang;
     QHash<QString, QString> m_lastOpened;  // the kind that was chosen last, by the dialog's filter
 };
+
+// A name with what saveFile() puts behind it.
+QString withSuffix(const QString& name, const QString& suffix);
 
 // "Text(*.txt)|*.txt|All(*.*)|*.*" as the name filters of a dialog: every first part.
 QStringList nameFilters(const QString& filter);

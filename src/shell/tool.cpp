@@ -3,6 +3,8 @@
 #include <array>
 
 #include "localisation/startup_language.h"
+#include "shell/monitor_section.h"
+#include "shell/trend_section.h"
 
 namespace kelvane {
 
@@ -29,7 +31,14 @@ Tool::Tool(const ToolBench& toolBench)
       parameters(link, bench.clock, groupNames,
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
       pid({link, bench.clock, bench.person, bench.language.table}),
-      autoTuning({link, bench.clock, bench.person, bench.language.table}) {
+      autoTuning({link, bench.clock, bench.person, bench.language.table}),
+      trend({bench.clock, bench.wallClock, link, bench.person,
+             bench.folder.file(QStringLiteral("trend journal"))}),
+      monitor({bench.clock, bench.wallClock, link, bench.person, bench.language.table}),
+      faults(bench.person, [this] { return link.dateTimeText(); }) {
+    followIdentification(trend, identification);
+    followIdentification(monitor, identification);
+    trend.showFault = [this](const DriveStatusRecord& status) { faults.showFault(status); };
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
@@ -61,7 +70,9 @@ void Tool::loadDefaultProject() {
     takeComSetup(defaults.ComSetup, read.taken);
     comSetup.copySettingsToLink();
     readTrendSection(lines, defaults.Trend);
+    takeTrendSection(trend, defaults.Trend);
     readMonitorSection(lines, defaults.Monitor);
+    takeMonitorSection(monitor, defaults.Monitor);
 }
 
 // Each value runs its box's change handler; a value that is not offered leaves the box as it was.
@@ -88,6 +99,8 @@ ComSetupSection Tool::comSetupSection() const {
 
 FileResult Tool::SaveProject() {
     Q_EMIT projectWanted();
+    defaults.Trend = trendSection(trend);
+    defaults.Monitor = monitorSection(monitor);
     defaults.LanguageIndex = bench.language.LanguageIndex;
     defaults.ComSetup = comSetupSection();
     return writeWhole(bench.folder.file(QStringLiteral("default.prj")), defaultProjectBytes(defaults));
@@ -98,8 +111,10 @@ NamedProject Tool::projectToSave() const {
     NamedProject project = named;
     project.LanguageIndex = bench.language.LanguageIndex;
     project.ComSetup = comSetupSection();
-    project.Monitor = defaults.Monitor;
-    project.ChComboBox = defaults.Trend.ChComboBox;
+    project.Monitor = monitorSection(monitor);
+    project.MeterType = monitor.meterType.MeterType;
+    project.ChComboBox = trendSection(trend).ChComboBox;
+    project.ChannelWidth = channelWidths(trend);
     project.QuickSetup.DriveVrLabel = link.Labels.DriveVrLabel;
     project.QuickSetup.VersionVrLabel = link.Labels.VersionVrLabel;
     project.QuickSetup.HPVrLabel = link.Labels.HPVrLabel;
@@ -131,10 +146,14 @@ void Tool::OpenTransparentButtonClick() {
         return;
     }
     named.ComSetup = comSetupSection();
+    named.ChannelWidth = channelWidths(trend);
+    named.Monitor = monitorSection(monitor);
+    named.MeterType = monitor.meterType.MeterType;
     const NamedProjectRead read = readNamedProject(projectLines(file.bytes), named);
     takeComSetup(named.ComSetup, read.ComSetup.taken);
-    if (read.Monitor.taken > 0) defaults.Monitor = named.Monitor;
-    if (read.Trend.taken > 0) defaults.Trend.ChComboBox = named.ChComboBox;
+    if (read.Monitor.taken > 0) takeMonitorSection(monitor, named.Monitor);
+    monitor.meterType.MeterType = static_cast<quint8>(named.MeterType);
+    if (read.Trend.taken > 0) takeTrendBoxes(trend, named.ChComboBox, named.ChannelWidth);
     Q_EMIT projectOpened();
     if (!read.ok()) {
         bench.person.tell(read.error, ErrorTitle, BoxIcon::Stop);
