@@ -4,6 +4,8 @@
 #include "base/manual_tick_clock.h"
 #include "bench/scripted_operator.h"
 #include "bench/stub_port.h"
+#include "catalogue/identification.h"
+#include "drive/drive_registers.h"
 #include "link/frame_codec.h"
 #include "link/request_scheduler.h"
 
@@ -19,6 +21,8 @@ struct SchedulerBench {
     StubPort port;
     LangTable lang = LangTable::builtInEnglish();
     RequestScheduler link;
+    GroupNameTable groupNames;
+    DriveIdentification identification{link, groupNames, lang};
     QStringList history;
     int cycles = 0;
 
@@ -63,14 +67,20 @@ struct SchedulerBench {
         if (link.ComMode) return QString::fromLatin1(wire.chopped(2).toHex().toUpper());
         return QString::fromLatin1(wire.mid(1).chopped(4));
     }
-    // On line and polling as Tilia with 14 items, on an empty queue.
-    void beOnLine(quint8 DriveFamily = 4, quint8 StatusWordCount = 14) {
+    // On line by an identification that a practice drive answers, with nothing queued.
+    void beOnLine(Family family = Family::Tilia) {
+        drive::PracticeDrive practice(drive::familyData(family));
         link.Initial();
+        link.TxTimer.setEnabled(true);
+        while (!link.DriveStatus.DriveReady) {
+            const QByteArray request = QByteArray::fromHex(send().toLatin1());
+            answer(QString::fromLatin1(practice.answer(request).toHex().toUpper()));
+        }
+        link.rest();
         link.emptyQueues();
-        link.DriveStatus.DriveFamily = DriveFamily;
-        link.DriveStatus.StatusWordCount = StatusWordCount;
-        link.DriveStatus.DriveReady = 1;
-        link.ReplyTimeoutTicks = link.BaudTimeoutTicks;
+        port.written.clear();
+        history.clear();
+        cycles = 0;
     }
 };
 

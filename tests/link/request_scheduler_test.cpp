@@ -15,10 +15,10 @@ const QList<int> Sixteen(16, 0);
 // On line as Tilia, with the next send due.
 struct OnLine : testing::Test, SchedulerBench {
     OnLine() { start(); }
-    void start(quint8 ComMode = 0, quint8 DriveFamily = 4) {
-        beOnLine(DriveFamily);
-        clock.advance(6000);  // no answer to anything before is on its way any more
+    void start(quint8 ComMode = 0, Family family = Family::Tilia) {
         link.ComMode = ComMode;
+        beOnLine(family);
+        clock.advance(6000);  // no answer to anything before is on its way any more
         link.TxTimer.setInterval(1);
         link.TxTimer.setEnabled(true);
     }
@@ -43,9 +43,6 @@ using TimeOut = OnLine;
 using Reply = OnLine;
 
 TEST_F(Initial, QueuesIdentificationAndSendsNothing) {
-    port.open();
-    link.Labels.DriveVrLabel = "Larch";
-    link.Lamp.ComStatusAbLED = "On Line";
     link.Initial();
     EXPECT_EQ(tasks(), (std::vector<int>{0, 21}));
     EXPECT_EQ(link.CommandQueue, std::deque<QString>{"FF0321100003"});
@@ -60,7 +57,7 @@ TEST_F(Initial, QueuesIdentificationAndSendsNothing) {
     juniper.link.Initial();
     EXPECT_EQ(juniper.link.TaskQueue, (std::deque<quint8>{50, 51, 52}));
     EXPECT_TRUE(juniper.link.CommandQueue.empty());
-    juniper.beOnLine();
+    juniper.link.emptyQueues();
     juniper.link.TxTimer.setEnabled(true);
     EXPECT_EQ(juniper.send(), "FF03 2100 000B");
 }
@@ -77,6 +74,7 @@ TEST_F(SendStep, DropsStaleStringsAndPollsWhenNothingIsQueued) {
 }
 
 TEST_F(SendStep, TakesAFailedSendAsATimeOutAndAStatusPollAfterIt) {
+    port.close();
     port.canOpen = false;
     link.push(12, "FF030100000F");
     staySilent();
@@ -85,7 +83,8 @@ TEST_F(SendStep, TakesAFailedSendAsATimeOutAndAStatusPollAfterIt) {
     port.canOpen = true;
     EXPECT_EQ(send(), Poll);
 
-    start(0, 20);  // a family without a poll command is a failed send too
+    start();
+    link.DriveStatus.DriveFamily = 20;  // a family without a poll command is a failed send too
     const qsizetype before = port.written.size();
     staySilent();
     EXPECT_EQ(port.written.size(), before);
@@ -133,15 +132,15 @@ TEST_F(WaitStep, EndsAnAsciiReplyByItsLineEndAndAWholeRtuReplyByOneShortSilence)
     clock.advanceUs(1000);
     port.arrive("x");  // a byte in the short silence takes the early end back
     clock.advance(20);
-    EXPECT_EQ(cycles, 1);
+    EXPECT_EQ(cycles, 0);
     staySilent();  // too long, and so damaged: what follows has no quick end
     send();
     passRequest();
     port.arrive(reply());
     clock.advance(5);
-    EXPECT_EQ(cycles, 2);
+    EXPECT_EQ(cycles, 1);
     staySilent();
-    EXPECT_EQ(cycles, 3);
+    EXPECT_EQ(cycles, 2);
 }
 
 // Byte by byte as the line brings them; what a port holds back is one burst later.
@@ -192,8 +191,6 @@ TEST_F(WaitStep, TellsAReadError) {
 
 TEST_F(TimeOut, WaitsLongerEachTimeAndAsksAtTheFifth) {
     start(1);
-    link.Lamp.ComStatusAbLED = "On Line";
-    link.Lamp.green = true;
     link.push(12, "FF030100000F");
     const qint64 wire = port.line.wireTimeUs(8);
     std::vector<qint64> waits;
@@ -244,41 +241,6 @@ TEST_F(TimeOut, IgnoreDropsTheRequestAndAbortTakesTheLinkDown) {
     EXPECT_EQ(link.Notice.LinkAction, 0);
 }
 
-TEST_F(TimeOut, AbortDuringAParameterReadClosesItsProgressAndKeepsTheLink) {
-    link.ActiveFunction = OwnerParameter;
-    link.Notice.TProgressForm = true;
-    bool stopped = false;
-    int focus = 0;
-    QObject::connect(&link, &RequestScheduler::parameterReadStopped, [&] { stopped = true; });
-    QObject::connect(&link, &RequestScheduler::focusWanted, [&](int code) { focus = code; });
-    link.Labels.DriveVrLabel = "Tilia";
-    link.push(12, "FF030100000F");
-    for (int i = 0; i < 4; ++i) staySilent();
-    person.expectLinkFailure(DeadText, false, LinkAnswer::Abort);
-    person.expectBox("On-Line Fail !!", "Error");
-    staySilent();
-    EXPECT_TRUE(stopped);
-    EXPECT_FALSE(link.Notice.TProgressForm);
-    EXPECT_EQ(focus, OwnerParameter);
-    EXPECT_EQ(link.Labels.DriveVrLabel, "Tilia");
-    EXPECT_TRUE(link.TaskQueue.empty());
-}
-
-TEST_F(TimeOut, IgnoreAndAbortReachARunningWriteList) {
-    link.ActiveFunction = OwnerParameter;
-    link.Notice.TWriteCheckForm = true;
-    link.push(13, "FF0601001770");
-    failFiveTimes(LinkAnswer::Ignore);
-    EXPECT_EQ(link.ParamRead.WriteDone, 1);
-    EXPECT_EQ(link.Notice.LinkAction, 0);
-
-    link.ParamRead.WriteDone = 0;
-    link.push(13, "FF0601001770");
-    failFiveTimes(LinkAnswer::Abort);
-    EXPECT_EQ(link.DriveStatus.ExceptionTextDone, 1);
-    EXPECT_EQ(link.Notice.LinkAction, 3);  // kept for the write list's next tick
-}
-
 TEST_F(TimeOut, SuspendsATrendUntilTheNextReply) {
     QStringList told;
     QObject::connect(&link, &RequestScheduler::timeoutTold, [&] { told += "suspend"; });
@@ -292,6 +254,7 @@ TEST_F(TimeOut, SuspendsATrendUntilTheNextReply) {
 }
 
 TEST_F(Reply, TakesTheLinkOnLineBeforeTheFrameIsChecked) {
+    link.setLamp(LampState::OffLine);
     send();
     passRequest();
     port.arrive(":garbage\r\n");
@@ -304,6 +267,7 @@ TEST_F(Reply, TakesTheLinkOnLineBeforeTheFrameIsChecked) {
 }
 
 TEST_F(Reply, StepsTheBarByARuleOfItsOwn) {
+    link.setLamp(LampState::OffLine);
     QList<int> steps;
     QObject::connect(&link, &RequestScheduler::indicatorStepped, [&](int position) { steps += position; });
     for (int i = 0; i < 5; ++i) {
@@ -368,7 +332,7 @@ TEST_F(Reply, FetchesTheTextOfAnExceptionAndDropsTheRequest) {
     EXPECT_FALSE(link.TxTimer.Enabled());  // the window has the line again
 
     // Rowan's texts are longer; a refused text read is not asked for its own text.
-    start(0, 0);
+    start(0, Family::Rowan);
     ask(13, "FF0601001770");
     answer("FF8604");
     EXPECT_EQ(send(), "FF033304000A");
@@ -436,28 +400,11 @@ INSTANTIATE_TEST_SUITE_P(Rows, EndOfCycle,
                                          GoOnRow{4, 1, 1, 0, 1, true}, GoOnRow{4, 1, 1, 1, 1, true},
                                          GoOnRow{7, 1, 1, 0, 1, true}, GoOnRow{8, 1, 1, 0, 1, false}));
 
-TEST_F(OnLine, PreludeStopsTheLineAndTailRestartsItOnLine) {
-    link.Lamp.ComStatusAbLED = "On Line";
-    send();
-    link.prelude();
-    link.ActiveFunction = OwnerParameter;
-    clock.advance(3000);
-    EXPECT_EQ(port.written.size(), 1);
-    EXPECT_TRUE(link.TaskQueue.empty());
-    link.tail();
-    EXPECT_EQ(send(), Poll);
-    EXPECT_EQ(link.ActiveFunction, OwnerMain);
-
-    link.prelude();
-    link.Lamp.ComStatusAbLED = "Off Line";
-    link.tail();
-    EXPECT_FALSE(link.TxTimer.Enabled());
-}
-
 // ---- Console ----
 
 struct ConsoleLink : OnLine {
     ConsoleLink() {
+        link.setLamp(LampState::OffLine);
         link.TxTimer.setEnabled(false);
         link.ActiveFunction = OwnerAdvance;
     }

@@ -9,9 +9,9 @@ namespace {
 
 // One exchange of a pushed task, answered with words or a text.
 struct Task : testing::Test, SchedulerBench {
-    Task() { be(Family::Tilia, 14); }
-    void be(Family family, quint8 items) {
-        beOnLine(static_cast<quint8>(family), items);
+    Task() { be(Family::Tilia); }
+    void be(Family family) {
+        beOnLine(family);
         link.ActiveFunction = OwnerParameter;
     }
     // On the main window's behalf, with the poll running.
@@ -55,7 +55,7 @@ TEST_F(StatusPoll, DecodesItemsAsUnsignedTexts) {
 
 TEST_F(StatusPoll, KeepsTheSecondStateWordOfRowanAndLarchApart) {
     for (const Family family : {Family::Rowan, Family::Larch}) {
-        be(family, 14);
+        be(family);
         link.ActiveFunction = OwnerMain;
         link.DriveStatus.StatusWords[1] = 0x1234;
         link.TxTimer.setEnabled(true);
@@ -71,7 +71,7 @@ TEST_F(StatusPoll, KeepsTheSecondStateWordOfRowanAndLarchApart) {
 }
 
 TEST_F(ParameterRead, NamesHazelByTheCommandAndKeepsAllButTheValueOfAKeypad) {
-    be(Family::Hazel, 9);
+    be(Family::Hazel);
     link.ParamRead.fixedParaName = [](int group, int number) {
         return QStringLiteral("%1/%2").arg(group).arg(number);
     };

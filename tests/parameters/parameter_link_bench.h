@@ -29,16 +29,12 @@ struct ParameterLinkBench : SchedulerBench {
     int complete = -1;  // what the reader ended with
 
     explicit ParameterLinkBench(quint8 DriveFamily = 4) {
-        beOnLine(DriveFamily);
+        beOnLine(static_cast<Family>(DriveFamily));
         link.ActiveFunction = OwnerParameter;
-        link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
-        link.Lamp.green = true;
-        link.ParamRead.fixedParaName = fixedParaName;
         link.DriveStatus.GroupCount = 2;
         link.DriveStatus.GroupParamCount[0] = 1;
         link.DriveStatus.GroupParamCount[1] = 2;
-        link.Labels.DriveVrLabel = QString::fromLatin1(familyName(DriveFamily));
-        link.notifyChanged();
+        link.DriveStatus.GroupParamCount[2] = 0;
         if (DriveFamily == 4) {
             names.storeReportedName(4, 0, QStringLiteral("User            "));
             names.storeReportedName(4, 1, QStringLiteral("Basic           "));
