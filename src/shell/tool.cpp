@@ -31,18 +31,12 @@ Tool::Tool(const ToolBench& toolBench)
       console({link, comSetup, bench.clock, bench.wallClock, bench.folder.path()}),
       parameters(link, bench.clock, groupNames,
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
-      quickSetup(link),
-      quickSetupFlow(quickSetup, link, bench.clock),
-      keypad(link, bench.clock, bench.person, bench.language.table),
       pid({link, bench.clock, bench.person, bench.language.table}),
-      autoTuning({link, bench.clock, bench.person, bench.language.table}) {
-    connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
       autoTuning({link, bench.clock, bench.person, bench.language.table}),
       trend({bench.clock, bench.wallClock, link, bench.person,
              bench.folder.file(QStringLiteral("trend journal"))}),
       monitor({bench.clock, bench.wallClock, link, bench.person, bench.language.table}),
       faults(bench.person, [this] { return link.dateTimeText(); }),
-      console({link, comSetup, bench.clock, bench.wallClock, bench.folder.path()}),
       keypad(link, bench.clock, bench.person, bench.language.table),
       quickSetup(link),
       quickSetupFlow(quickSetup, link, bench.clock) {
@@ -50,17 +44,11 @@ Tool::Tool(const ToolBench& toolBench)
     followIdentification(monitor, identification);
     trend.showFault = [this](const DriveStatusRecord& status) { faults.showFault(status); };
     connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
-      trend({bench.clock, bench.wallClock, link, bench.person,
-             bench.folder.file(QStringLiteral("trend journal"))}),
-      pid({link, bench.clock, bench.person, bench.language.table}),
-      autoTuning({link, bench.clock, bench.person, bench.language.table}) {
-    followIdentification(trend, identification);
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
     connect(&comSetup, &ComSetup::goingOnLine, &keypad, &Keypad::showIdentification);
     connect(&rules, &WindowRules::stopKeypad, &keypad, &Keypad::rest);
-    linkPort.onLost = [this](const QString& reason) { watcher.portLost(reason); };
     linkPort.onLost = [this](const QString& reason) {
         watcher.portLost(reason);
         console.listener.portLost(reason);

@@ -13,7 +13,6 @@
 #include "commissioning/auto_tuning.h"
 #include "commissioning/pid_control.h"
 #include "console/advance_console.h"
-#include "diagnostics/keypad/keypad.h"
 #include "diagnostics/faults/fault_history.h"
 #include "diagnostics/keypad/keypad.h"
 #include "diagnostics/monitor/monitor_session.h"
@@ -64,7 +63,6 @@ class Tool : public QObject {
     TrendSession trend;
     MonitorSession monitor;
     FaultHistory faults;
-    AdvanceConsole console;
     Keypad keypad;
     QuickSetup quickSetup;
     QuickSetupFlow quickSetupFlow;

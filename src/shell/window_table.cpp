@@ -11,8 +11,6 @@
 #include "shell/parameter_windows.h"
 #include "shell/quick_setup_windows.h"
 #include "shell/trend_windows.h"
-#include "quicksetup/qs_source_form.h"
-#include "shell/quick_setup_windows.h"
 #include "shell/windows.h"
 
 namespace kelvane {

@@ -18,10 +18,8 @@ enum class Icon : int {
     Accept, Cancel, Test, Connect, Disconnect, Start, Stop, Clear, Option, Cursor, Picture, Zoom,
     Add, Remove, Edit, Run, Fault, Lock, Motor, More,
     Up, Down, ZoomIn, ZoomOut, Reset,
-    Add, Remove, Edit, Run, Fault, Lock, Motor, More, StepBack, StepNext,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
-    Motor1, Motor2,
-    Up, Down, ZoomIn, ZoomOut, Reset,
+    Motor1, Motor2, StepBack, StepNext,
     Count_,
 };
 // clang-format on
