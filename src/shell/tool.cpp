@@ -33,8 +33,6 @@ Tool::Tool(const ToolBench& toolBench)
       quickSetup(link),
       quickSetupFlow(quickSetup, link, bench.clock),
       pid({link, bench.clock, bench.person, bench.language.table}),
-      autoTuning({link, bench.clock, bench.person, bench.language.table}) {
-    connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
       autoTuning({link, bench.clock, bench.person, bench.language.table}),
       trend({bench.clock, bench.wallClock, link, bench.person,
              bench.folder.file(QStringLiteral("trend journal"))}),
@@ -48,6 +46,7 @@ Tool::Tool(const ToolBench& toolBench)
     };
     linkPort.onLost = [this](const QString& reason) { watcher.portLost(reason); };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
+    connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
     loadDefaultProject();
     followPort();
 }
