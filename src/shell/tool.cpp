@@ -156,8 +156,6 @@ void Tool::OpenTransparentButtonClick() {
     named.MeterType = monitor.meterType.MeterType;
     const NamedProjectRead read = readNamedProject(projectLines(file.bytes), named);
     takeComSetup(named.ComSetup, read.ComSetup.taken);
-    if (read.Monitor.taken > 0) defaults.Monitor = named.Monitor;
-    if (read.Trend.taken > 0) defaults.Trend.ChComboBox = named.ChComboBox;
     if (read.QuickSetup.taken > 0) quickSetup.takeProject(named.QuickSetup.SlotFileValue);
     if (read.Monitor.taken > 0) takeMonitorSection(monitor, named.Monitor);
     monitor.meterType.MeterType = static_cast<quint8>(named.MeterType);

@@ -16,11 +16,10 @@ enum class Icon : int {
     Language, Find, Previous, Next, Undo, Redo, Backup, Help, About,
     Pid, AutoTuning, MultiStep, Copy, Close, Folder, FolderUp, File,
     Accept, Cancel, Test, Connect, Disconnect, Start, Stop, Clear, Option, Cursor, Picture, Zoom,
-    Add, Remove, Edit, Run, Fault, Lock, Motor, More, StepBack, StepNext,
     Add, Remove, Edit, Run, Fault, Lock, Motor, More,
     Up, Down, ZoomIn, ZoomOut, Reset,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
-    Motor1, Motor2,
+    Motor1, Motor2, StepBack, StepNext,
     Count_,
 };
 // clang-format on
