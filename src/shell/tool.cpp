@@ -54,6 +54,7 @@ Tool::Tool(const ToolBench& toolBench)
         console.listener.portLost(reason);
     };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
+    connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
     loadDefaultProject();
     followPort();
 }
@@ -163,6 +164,7 @@ void Tool::OpenTransparentButtonClick() {
     named.MeterType = monitor.meterType.MeterType;
     const NamedProjectRead read = readNamedProject(projectLines(file.bytes), named);
     takeComSetup(named.ComSetup, read.ComSetup.taken);
+    if (read.QuickSetup.taken > 0) quickSetup.takeProject(named.QuickSetup.SlotFileValue);
     if (read.Monitor.taken > 0) takeMonitorSection(monitor, named.Monitor);
     monitor.meterType.MeterType = static_cast<quint8>(named.MeterType);
     if (read.Trend.taken > 0) takeTrendBoxes(trend, named.ChComboBox, named.ChannelWidth);
