@@ -30,11 +30,6 @@ Tool::Tool(const ToolBench& toolBench)
       rules(link),
       parameters(link, bench.clock, groupNames,
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
-      trend({bench.clock, bench.wallClock, link, bench.person,
-             bench.folder.file(QStringLiteral("trend journal"))}),
-      pid({link, bench.clock, bench.person, bench.language.table}),
-      autoTuning({link, bench.clock, bench.person, bench.language.table}) {
-    followIdentification(trend, identification);
       pid({link, bench.clock, bench.person, bench.language.table}),
       autoTuning({link, bench.clock, bench.person, bench.language.table}),
       trend({bench.clock, bench.wallClock, link, bench.person,
