@@ -53,6 +53,9 @@ void Walk::run() {
     closeParameters();
     recordTrend();
     saveTrend();
+    watchMeters();
+    controlByPid();
+    tuneMotor();
     changeLanguage();
     saveProject();
     exit();

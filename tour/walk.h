@@ -47,6 +47,11 @@ class Walk {
     void recordTrend();
     void saveTrend();
 
+    // Monitor, PID control, auto tuning.
+    void watchMeters();
+    void controlByPid();
+    void tuneMotor();
+
     void check(bool right, const QString& wrong);
     void edit(int row, const QString& picture = {});
     void chooseTable(const char* button, const QString& picture = {});

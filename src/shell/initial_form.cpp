@@ -22,6 +22,9 @@ TInitialForm::TInitialForm(RequestScheduler& link, QWidget* parent)
     const int room = fontMetrics().height();
     column->setContentsMargins(2 * room, 2 * room, 2 * room, room);
     column->addWidget(Label1);
+    m_trouble = plainLabel("TroubleLabel", {}, this);
+    m_trouble->hide();
+    column->addWidget(m_trouble);
     column->addSpacing(room / 2);
     column->addWidget(leave, 0, Qt::AlignRight);
     connect(leave, &QToolButton::clicked, this, &TInitialForm::reject);
@@ -33,6 +36,11 @@ void TInitialForm::showNotice() {
     if (wanted && !isVisible()) {
         m_leave->setVisible(m_link.Notice.waitMayBeLeft);
         setWindowFlag(Qt::WindowCloseButtonHint, m_link.Notice.waitMayBeLeft);
+        adjustSize();
+    }
+    if (wanted && m_trouble->text() != m_link.Notice.waitTrouble) {
+        m_trouble->setText(m_link.Notice.waitTrouble);
+        m_trouble->setVisible(!m_trouble->text().isEmpty());
         adjustSize();
     }
     setVisible(wanted);

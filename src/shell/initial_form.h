@@ -5,6 +5,8 @@
 #include "link/request_scheduler.h"
 #include "shell/wait_form.h"
 
+class QLabel;
+
 namespace kelvane {
 
 class TInitialForm : public WaitForm {
@@ -18,6 +20,7 @@ class TInitialForm : public WaitForm {
    private:
     void showNotice();
     RequestScheduler& m_link;
+    QLabel* m_trouble;
     QWidget* m_leave;
 };
 

@@ -60,7 +60,8 @@ QStringList nameFilters(const QString& filter) {
     for (qsizetype i = 0; i < parts.size(); i += 2) {
         // A dialog takes its pattern from the brackets.
         const bool bracketed = parts[i].contains(QLatin1Char('('));
-        names += bracketed ? parts[i] : parts[i] % QStringLiteral(" (") % parts.value(i + 1) % QLatin1Char(')');
+        names +=
+            bracketed ? parts[i] : parts[i] % QStringLiteral(" (") % parts.value(i + 1) % QLatin1Char(')');
     }
     return names;
 }

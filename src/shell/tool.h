@@ -10,9 +10,11 @@
 #include "base/program_folder.h"
 #include "base/whole_file.h"
 #include "catalogue/identification.h"
-#include "diagnostics/trend/trend_session.h"
 #include "commissioning/auto_tuning.h"
 #include "commissioning/pid_control.h"
+#include "diagnostics/faults/fault_history.h"
+#include "diagnostics/monitor/monitor_session.h"
+#include "diagnostics/trend/trend_session.h"
 #include "link/com_setup.h"
 #include "link/port_directory.h"
 #include "link/port_presence.h"
@@ -52,9 +54,11 @@ class Tool : public QObject {
     PortWatcher watcher;
     WindowRules rules;
     ParameterSession parameters;
-    TrendSession trend;
     PidControl pid;
     AutoTuning autoTuning;
+    TrendSession trend;
+    MonitorSession monitor;
+    FaultHistory faults;
 
     // Values of default.prj that belong to windows; a window takes its section when it is built and puts it
     // back before a save.

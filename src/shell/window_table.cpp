@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "shell/commissioning_windows.h"
+#include "shell/monitor_windows.h"
 #include "shell/parameter_windows.h"
 #include "shell/trend_windows.h"
 #include "shell/windows.h"
@@ -41,7 +42,7 @@ const WindowRow Rows[] = {
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Trend"),
                .hint = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Record drive values over time"),
                .menu = "DiagnosticMenu", .menuItem = "Trend", .icon = Icon::Trend, .key = Qt::Key_F9}},
-    {.form = "TMonitorForm",
+    {.form = "TMonitorForm", .make = makeMonitor, .wire = wireMonitor,
      .rule = {.ActiveFunction = OwnerMonitor, .closesKeypad = true},
      .entry = {.place = 7, .button = "MonitorTransparentButton",
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Monitor"),
@@ -56,7 +57,7 @@ const WindowRow Rows[] = {
                .menuCaption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Parameter Management"),
                .icon = Icon::Parameter, .key = Qt::Key_F5},
      .open = openParameterForm},
-    {.form = "TMeterTypeForm"},
+    {.form = "TMeterTypeForm", .make = makeMeterType},
     {.form = "TToolForm", .make = makeTool},
     {.form = "TProgressForm", .make = makeProgress},
     {.form = "TWriteCheckForm", .make = makeWriteCheck},
@@ -113,7 +114,7 @@ const WindowRow Rows[] = {
      .open = openPid},
     {.form = "TEditForm"},
     {.form = "TPasswordForm", .make = makePassword},
-    {.form = "TErrHistoryForm"},
+    {.form = "TErrHistoryForm", .make = makeErrHistory, .wire = wireErrHistory},
     {.form = "TMotorSelForm", .make = makeMotorSel},
     {.form = "TInputForm", .make = makeInput},
     {.form = "TSelParaPrintForm", .make = makeForm<TSelParaPrintForm>},

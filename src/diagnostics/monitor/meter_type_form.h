@@ -1,5 +1,5 @@
-// TMeterTypeForm: kind and top of one exchangeable meter of the Monitor. Whatever way it closes, what stands in it is
-// taken.
+// TMeterTypeForm: kind and top of one exchangeable meter of the Monitor. Whatever way it closes, what stands
+// in it is taken.
 #pragma once
 
 #include <QDialog>
