@@ -328,8 +328,8 @@ QWidget* TScopeForm::buildFaultBox() {
     connect(history, &TransparentButton::clicked, this, &TScopeForm::errHistoryWanted);
     grid->addWidget(ErrCodeAbLED, 0, 0);
     grid->addWidget(ErrCodeLabel, 0, 1);
-    grid->addWidget(ErrDescriptLabel, 1, 0, 1, 2);
-    grid->addWidget(history, 2, 0, 1, 2, Qt::AlignLeft);
+    grid->addWidget(ErrDescriptLabel, 1, 0, 1, 3);
+    grid->addWidget(history, 0, 2, Qt::AlignRight);
     grid->setColumnStretch(1, 1);
     showFault(false, QStringLiteral("0"), QStringLiteral("No errors occurred"));
     return box;
