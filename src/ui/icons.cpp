@@ -39,7 +39,6 @@ constexpr std::array<const char*, IconCount> IconNames{
     "fault",     "lock",      "motor",       "more",       "up",        "down",         "zoom_in",
     "zoom_out",  "reset",     "tree_drive",  "tree_file",  "tree_open", "tree_compare", "tree_parameters",
     "motor_1",   "motor_2",   "step_back",   "step_next"};
-    "motor_1",   "motor_2"};
 static_assert(IconNames.back() != nullptr, "one name for each icon");
 
 constexpr std::array TreeImages{Icon::TreeDrive, Icon::TreeFile, Icon::TreeOpen, Icon::TreeCompare,

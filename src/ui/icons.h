@@ -20,7 +20,6 @@ enum class Icon : int {
     Up, Down, ZoomIn, ZoomOut, Reset,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
     Motor1, Motor2, StepBack, StepNext,
-    Motor1, Motor2,
     Count_,
 };
 // clang-format on
