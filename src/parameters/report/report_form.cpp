@@ -6,11 +6,10 @@
 #include <QLabel>
 #include <QPdfWriter>
 #include <QPrintDialog>
-#include <QPrintPreviewWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "parameters/report/report_pages_form.h"
+#include "parameters/report/page_view_form.h"
 #include "ui/icons.h"
 #include "ui/transparent_button.h"
 
@@ -36,12 +35,10 @@ TReportForm::TReportForm(Operator& person, QWidget* parent) : QDialog(parent), m
 void TReportForm::build() {
     m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     m_printer->setPageMargins(Margins, QPageLayout::Millimeter);
-    QuickRep1 = new QPrintPreviewWidget(m_printer.get(), this);
+    QuickRep1 = new PageView(this);
     QuickRep1->setObjectName(QStringLiteral("QuickRep1"));
     QuickRep1->setAccessibleName(QStringLiteral("Pages of the report"));
-    connect(QuickRep1, &QPrintPreviewWidget::paintRequested, this,
-            [this](QPrinter* printer) { paintReport(m_report, *printer); });
-    connect(QuickRep1, &QPrintPreviewWidget::previewChanged, this, &TReportForm::showPageNumber);
+    connect(QuickRep1, &PageView::currentPageChanged, this, &TReportForm::showPageNumber);
 
     auto* buttons = new QHBoxLayout;
     buildButtons(buttons);
@@ -110,17 +107,23 @@ void TReportForm::buildButtons(QHBoxLayout* row) {
 void TReportForm::setReport(const Report& report) {
     if (!m_printer) build();
     m_report = report;
-    QuickRep1->updatePreview();
+    showPages();
     QuickRep1->setCurrentPage(1);
-    QuickRep1->fitToWidth();
-    showPageNumber();
+    QuickRep1->setFocus();
 }
 
 void TReportForm::choosePageSize() {
     m_printer->setPageSize(
         QPageSize(static_cast<QPageSize::PageSizeId>(PageSizeComboBox->currentData().toInt())));
     m_printer->setPageMargins(Margins, QPageLayout::Millimeter);
-    QuickRep1->updatePreview();
+    showPages();
+}
+
+void TReportForm::showPages() {
+    const QPageLayout& layout = m_printer->pageLayout();
+    QuickRep1->setPages(std::make_unique<ReportPages>(m_report, reportRoom(*m_printer)),
+                        layout.fullRect(QPageLayout::Inch).size() * ReportUnitsPerInch,
+                        layout.margins(QPageLayout::Inch) * ReportUnitsPerInch);
 }
 
 void TReportForm::showPageNumber() {

@@ -13,11 +13,11 @@
 class QComboBox;
 class QHBoxLayout;
 class QLabel;
-class QPrintPreviewWidget;
 class QToolButton;
 
 namespace kelvane {
 
+class PageView;
 class TransparentButton;
 
 class TReportForm : public QDialog {
@@ -30,7 +30,7 @@ class TReportForm : public QDialog {
     // The whole report on pages of the chosen size; after setReport(). Errors: the file cannot be written.
     FileResult writePdf(const QString& path) const;
 
-    QPrintPreviewWidget* QuickRep1 = nullptr;
+    PageView* QuickRep1 = nullptr;
 
    private:
     void build();
@@ -39,6 +39,7 @@ class TReportForm : public QDialog {
     QToolButton* addPageButton(QHBoxLayout* row, const char* name, const QIcon& icon, const QString& text,
                                int step);
     void choosePageSize();
+    void showPages();
     void showPageNumber();
     void savePdf();
     void print();

@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <QSet>
 #include <algorithm>
 
 namespace kelvane {
@@ -51,23 +52,47 @@ QFont boldOf(QFont font) {
 
 }  // namespace
 
-ReportPages::ReportPages(const Report& report, QSizeF room) : m_room(room), m_font(QGuiApplication::font()) {
+ReportPages::ReportPages(const Report& report, QSizeF room)
+    : m_report(report), m_room(room), m_font(QGuiApplication::font()) {
     for (int field = 0; field < PrintFields; ++field)
         if (field != NoteField || report.head.noteShown) m_columns.push_back({field});
-    fitColumns(report);
-    m_pages.emplace_back();
-    addRows(report, addColumnHeads(addHead(report)));
-    addFeet(report.DateQRLabel);
+    fitColumns();
+    countPages();
+}
+
+int ReportPages::rowsBelow(double top) const {
+    const double bottom = m_room.height() - lineHeight() * 1.5;
+    return std::max(1, static_cast<int>((bottom - top) / lineHeight() + 1e-6));
+}
+
+// All rows are equally high, so the pages can be counted without laying them out.
+void ReportPages::countPages() {
+    ReportPage first;
+    m_rowsOnFirst = rowsBelow(addColumnHeads(first, addHead(first)));
+    m_rowsOnOthers = rowsBelow(lineHeight());
+    const int rest = std::max(0, static_cast<int>(m_report.records.size()) - m_rowsOnFirst);
+    m_pages.resize(static_cast<size_t>(1 + (rest + m_rowsOnOthers - 1) / m_rowsOnOthers));
+}
+
+const ReportPage& ReportPages::page(int index) const {
+    std::optional<ReportPage>& page = m_pages[static_cast<size_t>(index)];
+    if (page) return *page;
+    page.emplace();
+    addRows(*page, index, addColumnHeads(*page, index == 0 ? addHead(*page) : 0));
+    addFoot(*page, index);
+    return *page;
 }
 
 double ReportPages::lineHeight() const { return QFontMetricsF(boldOf(m_font)).height() * 1.25; }
 
 // The largest font with which the columns stand side by side; what room is left goes to the description.
-void ReportPages::fitColumns(const Report& report) {
+void ReportPages::fitColumns() {
     double total = 0;
+    m_font.setPixelSize(LargestFont);
+    const Widest texts = widestTexts();
     for (int size = LargestFont;; size -= FontStep) {
         m_font.setPixelSize(size);
-        total = naturalWidths(report);
+        total = naturalWidths(texts);
         if (total <= m_room.width() || size <= SmallestFont) break;
     }
     double left = 0;
@@ -78,103 +103,114 @@ void ReportPages::fitColumns(const Report& report) {
     }
 }
 
-double ReportPages::naturalWidths(const Report& report) {
+// The texts of each column that may be its widest in a smaller font too; measured once, however many rows
+// there are.
+ReportPages::Widest ReportPages::widestTexts() const {
+    constexpr double Nearly = 0.9;
     const QFontMetricsF metrics(boldOf(m_font));
-    const QStringList names = printFieldNames();
+    Widest widest;
+    for (const Column& column : m_columns) {
+        QSet<QString> texts{printFieldNames()[column.field]};
+        for (const PrintRecord& record : m_report.records)
+            texts.insert(
+                record[static_cast<size_t>(column.field)].trimmed().left(wholeCharacters(column.field)));
+        double width = 0;
+        for (const QString& text : texts) width = std::max(width, metrics.horizontalAdvance(text));
+        for (const QString& text : texts)
+            if (metrics.horizontalAdvance(text) >= width * Nearly)
+                widest[static_cast<size_t>(column.field)] += text;
+    }
+    return widest;
+}
+
+double ReportPages::naturalWidths(const Widest& texts) {
+    const QFontMetricsF metrics(boldOf(m_font));
     double total = 0;
     for (Column& column : m_columns) {
-        column.width = metrics.horizontalAdvance(names[column.field]);
-        for (const PrintRecord& record : report.records) {
-            const QString text = record[static_cast<size_t>(column.field)].trimmed();
-            column.width =
-                std::max(column.width, metrics.horizontalAdvance(text.left(wholeCharacters(column.field))));
-        }
+        column.width = 0;
+        for (const QString& text : texts[static_cast<size_t>(column.field)])
+            column.width = std::max(column.width, metrics.horizontalAdvance(text));
         column.width += ColumnGap;
         total += column.width;
     }
     return total;
 }
 
-double ReportPages::addHead(const Report& report) {
+double ReportPages::addHead(ReportPage& page) const {
     const double top = lineHeight() * 1.5;
-    last().items.push_back({QStringLiteral("DateQRLabel"),
-                            QLocale().toString(report.DateQRLabel, QLocale::ShortFormat),
-                            {0, 0, m_room.width(), lineHeight()},
-                            Qt::AlignRight | Qt::AlignVCenter});
-    const bool both = report.head.drive.left > 0 && report.head.file.left > 0;
-    addBlock(report.head.drive, DriveBlockNames, top,
-             both ? report.head.file.left * ToldUnit : m_room.width());
-    addBlock(report.head.file, FileBlockNames, top, m_room.width());
-    return addCaptions(top);
+    page.items.push_back({QStringLiteral("DateQRLabel"),
+                          QLocale().toString(m_report.DateQRLabel, QLocale::ShortFormat),
+                          {0, 0, m_room.width(), lineHeight()},
+                          Qt::AlignRight | Qt::AlignVCenter});
+    const ReportHead& head = m_report.head;
+    const bool both = head.drive.left > 0 && head.file.left > 0;
+    addBlock(page, head.drive, DriveBlockNames, top, both ? head.file.left * ToldUnit : m_room.width());
+    addBlock(page, head.file, FileBlockNames, top, m_room.width());
+    return addCaptions(page, top);
 }
 
-double ReportPages::addCaptions(double top) {
+double ReportPages::addCaptions(ReportPage& page, double top) const {
     for (const QString& caption : HeadCaptions) {
-        last().items.push_back({{}, caption, {0, top, m_room.width(), lineHeight()}});
-        last().items.back().bold = true;
+        page.items.push_back({{}, caption, {0, top, m_room.width(), lineHeight()}});
+        page.items.back().bold = true;
         top += lineHeight();
     }
     return top + lineHeight() / 2;
 }
 
-void ReportPages::addBlock(const ReportBlock& block, const QStringList& names, double top, double right) {
+void ReportPages::addBlock(ReportPage& page, const ReportBlock& block, const QStringList& names, double top,
+                           double right) const {
     const double left = block.left * ToldUnit;
     const double width = block.left > 0 ? right - left - BlockGap : 0;
     for (size_t i = 0; i < block.texts.size(); ++i) {
-        last().items.push_back({names[static_cast<int>(i)],
-                                block.texts[i],
-                                {left, top + lineHeight() * double(i), width, lineHeight()}});
+        page.items.push_back({names[static_cast<int>(i)],
+                              block.texts[i],
+                              {left, top + lineHeight() * double(i), width, lineHeight()}});
     }
 }
 
-double ReportPages::addColumnHeads(double top) {
+double ReportPages::addColumnHeads(ReportPage& page, double top) const {
     const QStringList names = printFieldNames();
-    last().shades.push_back({0, top, m_room.width(), lineHeight()});
+    page.shades.push_back({0, top, m_room.width(), lineHeight()});
     for (const Column& column : m_columns) {
-        last().items.push_back({column.field == NoteField ? QStringLiteral("QRLabel12") : QString(),
-                                names[column.field],
-                                {column.left, top, column.width - ColumnGap, lineHeight()},
-                                alignmentOf(column.field),
-                                true});
+        page.items.push_back({column.field == NoteField ? QStringLiteral("QRLabel12") : QString(),
+                              names[column.field],
+                              {column.left, top, column.width - ColumnGap, lineHeight()},
+                              alignmentOf(column.field),
+                              true});
     }
     return top + lineHeight();
 }
 
-void ReportPages::addRows(const Report& report, double top) {
-    const double bottom = m_room.height() - lineHeight() * 1.5;
-    for (const PrintRecord& record : report.records) {
-        if (top + lineHeight() > bottom) {
-            m_pages.emplace_back();
-            top = addColumnHeads(0);
-        }
-        addRow(record, top);
-        top += lineHeight();
-    }
+void ReportPages::addRows(ReportPage& page, int index, double top) const {
+    const int from = index == 0 ? 0 : m_rowsOnFirst + (index - 1) * m_rowsOnOthers;
+    const int rows = index == 0 ? m_rowsOnFirst : m_rowsOnOthers;
+    const int to = std::min(static_cast<int>(m_report.records.size()), from + rows);
+    for (int row = from; row < to; ++row, top += lineHeight())
+        addRow(page, m_report.records[static_cast<size_t>(row)], top);
 }
 
-void ReportPages::addRow(const PrintRecord& record, double top) {
+void ReportPages::addRow(ReportPage& page, const PrintRecord& record, double top) const {
+    static const QStringList names = printFieldNames();
     const bool group = isGroupRecord(record);
-    if (group) last().shades.push_back({0, top, m_room.width(), lineHeight()});
-    last().lines.push_back({0, top + lineHeight(), m_room.width(), top + lineHeight()});
+    if (group) page.shades.push_back({0, top, m_room.width(), lineHeight()});
+    page.lines.push_back({0, top + lineHeight(), m_room.width(), top + lineHeight()});
     for (const Column& column : m_columns) {
-        last().items.push_back({printFieldNames()[column.field],
-                                record[static_cast<size_t>(column.field)].trimmed(),
-                                {column.left, top, column.width - ColumnGap, lineHeight()},
-                                group ? Qt::AlignLeft | Qt::AlignVCenter : alignmentOf(column.field),
-                                group});
+        page.items.push_back({names[column.field],
+                              record[static_cast<size_t>(column.field)].trimmed(),
+                              {column.left, top, column.width - ColumnGap, lineHeight()},
+                              group ? Qt::AlignLeft | Qt::AlignVCenter : alignmentOf(column.field),
+                              group});
     }
 }
 
-void ReportPages::addFeet(const QDateTime& at) {
+void ReportPages::addFoot(ReportPage& page, int index) const {
     const QRectF foot(0, m_room.height() - lineHeight(), m_room.width(), lineHeight());
-    for (int i = 0; i < count(); ++i) {
-        ReportPage& page = m_pages[static_cast<size_t>(i)];
-        page.lines.push_back({foot.topLeft(), foot.topRight()});
-        page.items.push_back({{}, QLocale().toString(at, QLocale::ShortFormat), foot});
-        page.items.push_back({QStringLiteral("PageQRLabel"),
-                              QStringLiteral("Page %1 of %2").arg(i + 1).arg(count()), foot,
-                              Qt::AlignRight | Qt::AlignVCenter});
-    }
+    page.lines.push_back({foot.topLeft(), foot.topRight()});
+    page.items.push_back({{}, QLocale().toString(m_report.DateQRLabel, QLocale::ShortFormat), foot});
+    page.items.push_back({QStringLiteral("PageQRLabel"),
+                          QStringLiteral("Page %1 of %2").arg(index + 1).arg(count()), foot,
+                          Qt::AlignRight | Qt::AlignVCenter});
 }
 
 void ReportPages::paint(QPainter& painter, int index) const {

@@ -6,6 +6,8 @@
 #include <QFont>
 #include <QRectF>
 #include <QSizeF>
+#include <array>
+#include <optional>
 #include <vector>
 
 #include "parameters/report/print_records.h"
@@ -35,11 +37,12 @@ inline constexpr double ReportUnitsPerInch = 960;
 
 class ReportPages {
    public:
-    // room: printable size of a page in report units. The font is as large as the columns allow.
+    // room: printable size of a page in report units. The font is as large as the columns allow. A page is
+    // laid out when it is asked for the first time.
     ReportPages(const Report& report, QSizeF room);
 
     int count() const { return static_cast<int>(m_pages.size()); }
-    const ReportPage& page(int index) const { return m_pages[static_cast<size_t>(index)]; }
+    const ReportPage& page(int index) const;
     QFont font() const { return m_font; }
     // One page on a painter whose units are report units.
     void paint(QPainter& painter, int index) const;
@@ -50,22 +53,29 @@ class ReportPages {
         double left = 0;
         double width = 0;
     };
-    void fitColumns(const Report& report);
-    double naturalWidths(const Report& report);
-    double addHead(const Report& report);
-    double addCaptions(double top);
-    void addBlock(const ReportBlock& block, const QStringList& names, double top, double right);
-    double addColumnHeads(double top);
-    void addRows(const Report& report, double top);
-    void addRow(const PrintRecord& record, double top);
-    void addFeet(const QDateTime& at);
+    using Widest = std::array<QStringList, PrintFields>;  // of each column
+    void fitColumns();
+    Widest widestTexts() const;
+    double naturalWidths(const Widest& texts);
+    void countPages();
+    double addHead(ReportPage& page) const;
+    double addCaptions(ReportPage& page, double top) const;
+    void addBlock(ReportPage& page, const ReportBlock& block, const QStringList& names, double top,
+                  double right) const;
+    double addColumnHeads(ReportPage& page, double top) const;
+    void addRows(ReportPage& page, int index, double top) const;
+    void addRow(ReportPage& page, const PrintRecord& record, double top) const;
+    void addFoot(ReportPage& page, int index) const;
     double lineHeight() const;
-    ReportPage& last() { return m_pages.back(); }
+    int rowsBelow(double top) const;
 
+    Report m_report;
     QSizeF m_room;
     QFont m_font;
     std::vector<Column> m_columns;
-    std::vector<ReportPage> m_pages;
+    int m_rowsOnFirst = 0;
+    int m_rowsOnOthers = 0;
+    mutable std::vector<std::optional<ReportPage>> m_pages;
 };
 
 // Paints all pages on a printer or a PDF with its page size and margins.

@@ -7,11 +7,10 @@
 #include <QFontMetricsF>
 #include <QLabel>
 #include <QPdfWriter>
-#include <QPrintPreviewWidget>
 #include <QTemporaryDir>
 
 #include "bench/scripted_operator.h"
-#include "parameters/report/report_pages_form.h"
+#include "parameters/report/page_view_form.h"
 #include "parameters/sample_table.h"
 
 namespace kelvane {
@@ -97,6 +96,15 @@ TEST(PrintForm, ShowsAllPagesAndWritesThePdfWhole) {
     const int pages = ReportPages(longReport(false, 150), A4Room).count();
     EXPECT_EQ(form.QuickRep1->pageCount(), pages);
     EXPECT_EQ(form.findChild<QLabel*>("PageLabel")->text(), QStringLiteral("Page 1 of %1").arg(pages));
+    form.findChild<QAbstractButton*>("NextToolButton")->click();
+    EXPECT_EQ(form.QuickRep1->currentPage(), 2);
+    EXPECT_EQ(form.findChild<QLabel*>("PageLabel")->text(), QStringLiteral("Page 2 of %1").arg(pages));
+    // The page in sight is painted, in ink on white.
+    const QImage shown = form.QuickRep1->viewport()->grab().toImage();
+    bool ink = false;
+    for (int y = 20; y < shown.height(); ++y) ink |= shown.pixelColor(shown.width() / 2, y).lightness() < 128;
+    EXPECT_TRUE(ink);
+    EXPECT_EQ(shown.pixelColor(shown.width() / 2, 14), QColor(Qt::white));
 
     const QString path = folder.filePath("t.pdf");
     person.expectSave("PDF Files(*.pdf)|*.pdf", ".pdf", path);
@@ -109,6 +117,11 @@ TEST(PrintForm, ShowsAllPagesAndWritesThePdfWhole) {
     const FileResult failed = writeWhole(folder.filePath("no/such.pdf"), {});
     person.expectBox(failed.error, "Error");
     form.findChild<QAbstractButton*>("PdfTransparentButton")->click();
+
+    // A thousand pages are counted and not laid out.
+    form.setReport(longReport(false, 65000));
+    EXPECT_GT(form.QuickRep1->pageCount(), 500);
+    EXPECT_EQ(form.QuickRep1->currentPage(), 1);
 }
 
 }  // namespace

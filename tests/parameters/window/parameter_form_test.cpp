@@ -339,8 +339,10 @@ TEST_F(ParameterWindow, ClosingATabSavesThatTableAndFailureKeepsIt) {
     person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::Yes);
     trigger("CloseTab");
     EXPECT_TRUE(named<TabSheet>("FileTabSheet")->tabVisible());
+    asked.clear();
     person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::Cancel);
     trigger("CloseTab");
+    EXPECT_TRUE(asked.isEmpty()) << "nor is anything saved";
     EXPECT_EQ(person.lastButtons, BoxButtons::YesNoOrLeave);
     EXPECT_TRUE(named<TabSheet>("FileTabSheet")->tabVisible());
     person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::No);
