@@ -105,6 +105,8 @@ void describe(Reader& reader) {
                text("working"));
     reader.add("trip", "Seconds of running behind which the drive trips with an overload; 0: never (0).",
                text("seconds"), text("0"));
+    reader.add("tune-result", "Code with which every auto tuning ends; 0: well, 40: failed (0).",
+               text("code"), text("0"));
     reader.addFlag("keypad", "Play a keypad that holds the family's values instead of a drive.");
     reader.addFlag("until-eof", "Stop when the standard input ends.");
     reader.addFlag("help", "This text.");
@@ -145,6 +147,7 @@ DriveArguments readArguments(const QStringList& arguments) {
     result.seed = uint32_t(reader.number("seed", 0, 4294967295.0));
     result.drive.workingLoad =
         reader.choice("load", {QStringLiteral("steady"), QStringLiteral("working")}) == 1;
+    result.drive.tuneResult = uint8_t(reader.number("tune-result", 0, 255));
     result.drive.tripSeconds = reader.number("trip", 0, 100000);
     result.drive.asKeypad = reader.isSet("keypad");
     result.drive.address = uint8_t(reader.number("address", 1, 255));

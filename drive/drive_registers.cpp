@@ -307,7 +307,7 @@ void PracticeDrive::advanceUs(qint64 us) {
         const double tuneTime = m_tuneSecondsLeft;
         tick(tuneTime);
         left -= tuneTime;
-        endTuning(m_nextTuneResult);
+        endTuning(m_nextTuneResult ? m_nextTuneResult : m_options.tuneResult);
     } else if (tuning()) {
         m_tuneSecondsLeft -= left;
     }

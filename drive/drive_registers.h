@@ -27,6 +27,7 @@ struct DriveOptions {
     std::optional<uint8_t> familyCode{};  // answered at 2110h in place of the family's own
     bool asKeypad = false;                // plays a keypad that holds the family's values: no drive behind it
     double tuneSeconds = 5;
+    uint8_t tuneResult = 0;    // of every tuning run; not 0: it fails with this code
     bool workingLoad = false;  // the motor's load changes as a machine's does
     double tripSeconds = 0;    // of running, behind which the drive trips with an overload; 0: never
 };
@@ -54,7 +55,7 @@ class PracticeDrive {
 
     // Present word of one register; nothing when it does not exist.
     std::optional<uint16_t> word(uint16_t reg) const;
-    // Result code of the next tuning run: 0 well, else a code with a text.
+    // Result code of the next tuning run in place of the usual one: 0 well, else a code with a text.
     void setNextTuneResult(uint8_t code) { m_nextTuneResult = code; }
     bool tuning() const { return m_tuneSecondsLeft > 0; }
     bool copyMode() const { return m_copyMode; }

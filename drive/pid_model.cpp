@@ -26,7 +26,8 @@ double PidModel::control(double seconds, double setPoint) {
     const double error = setPoint - m_feedback;
     const double slope = (error - m_error) / seconds;
     m_error = error;
-    if (settings.integralSeconds > 0) m_integral += settings.gain * error * seconds / settings.integralSeconds;
+    if (settings.integralSeconds > 0)
+        m_integral += settings.gain * error * seconds / settings.integralSeconds;
     m_integral = std::clamp(m_integral, -settings.integralLimit, settings.integralLimit);
     const double wanted = settings.gain * (error + settings.derivativeSeconds * slope) + m_integral;
     lag(m_output, std::clamp(wanted, 0.0, settings.outputLimit), seconds, settings.filterSeconds);

@@ -1,5 +1,5 @@
-// The control loop of a practice drive: a plant that follows the motor's frequency with two lags, and the drive's PID
-// over it. Values are in per cent of the full range. Time is handed in.
+// The control loop of a practice drive: a plant that follows the motor's frequency with two lags, and the
+// drive's PID over it. Values are in per cent of the full range. Time is handed in.
 #pragma once
 
 namespace kelvane::drive {

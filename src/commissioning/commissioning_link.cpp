@@ -88,7 +88,7 @@ void CommissioningLink::setStanding(Standing why) {
 QString CommissioningLink::standingText() const {
     switch (standing) {
         case Standing::Refused: return tr("The drive refused the last command (CE %1).").arg(refusalCode);
-        case Standing::Lost: return tr("The drive gave no answer to the last command.");
+        case Standing::Lost: return tr("The drive gave no answer to the last command that could be used.");
         default: return {};
     }
 }

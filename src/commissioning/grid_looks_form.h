@@ -11,7 +11,7 @@ namespace kelvane {
 inline void setUpParameterGrid(StringGridView& view, ParameterRows& rows, const QString& name) {
     view.setGrid(&rows.ParaAdvStringGrid);
     view.setAccessibleName(name);
-    view.setColumnCharacters({7, 18, 6, 9, 9, 9, 9, 5, 9});
+    view.setColumnCharacters({7, 18, 7, 9, 9, 9, 9, 5, 9});
     view.setStretchColumn(ParameterRows::Description);
     view.setRightAligned({ParameterRows::Data, ParameterRows::Default, ParameterRows::Min, ParameterRows::Max,
                           ParameterRows::Dot});

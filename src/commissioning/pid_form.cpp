@@ -136,11 +136,13 @@ void TPIDForm::showEngine() {
 
 // A window that stands says why, and what still stops the motor.
 QString TPIDForm::statusText() const {
+    const bool onLine = m_pid.line.bench.link.Lamp.onLine();
     if (m_pid.line.standing != CommissioningLink::Standing::No)
         return m_pid.line.standingText() % QLatin1Char(' ') %
-               tr("Nothing more is sent: RUN and STOP have no effect here until Read has been pressed. Close "
-                  "this "
-                  "window and use the keypad to stop the drive.");
+               (onLine ? tr("RUN and STOP have no effect here until Read has been pressed. To stop the "
+                            "drive, press STOP and close this window, or use the keypad.")
+                       : tr("Nothing is sent any more. To stop the drive, close this window, go on line "
+                            "again and use the keypad."));
     if (m_pid.RdTimer.running()) return tr("Reading the parameters ...");
     if (m_pid.WrTimer.running()) return tr("Writing the parameters ...");
     if (m_pid.MonitorTimer.running()) return tr("Watching the state of the drive. F12 stops it.");

@@ -1,5 +1,6 @@
 // A panel around something that can be chosen: red around the one that is, in the colour of a button around
-// the others. The frame is thicker too, so that the colour is not the only sign. One that takes the focus is chosen with Space as well.
+// the others. The frame is thicker too, so that the colour is not the only sign. One that takes the focus is
+// chosen with Space as well.
 #pragma once
 
 #include <QColor>

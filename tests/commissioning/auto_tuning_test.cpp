@@ -94,7 +94,7 @@ TEST_P(TuneFamilyTest, ReportsABadResultAndResetsOnRequest) {
     for (const BoxAnswer answer : {BoxAnswer::Yes, BoxAnswer::No}) {
         TuneStand b(GetParam());
         b.open();
-        b.station.drive.setNextTuneResult(drive::TuneFault);
+        b.station.drive.options().tuneResult = drive::TuneFault;
         b.user.onBox = [=](const QString& title) { return title == "Caution" ? answer : BoxAnswer::Ok; };
         const int entry = GetParam() == Family::Tilia ? 2 : 1;  // the shaft stands, so nothing is asked first
         b.tune(entry);
