@@ -66,7 +66,7 @@ TEST(Monitor, TakesAPlainNumberAsItStands) {
     EXPECT_EQ(b.monitor.Meter2.AbThermometer.ValueTo, 1450);
     EXPECT_EQ(b.monitor.Meter2.AbThermometer.DigitalTo, 1450);
     EXPECT_EQ(b.monitor.Meter2.ValueLabel, "1450 ");
-    EXPECT_EQ(b.monitor.Meter1.ValueLabel, " Hz") << "the first meter has its own item";
+    EXPECT_EQ(b.monitor.Meter1.ValueLabel, "0.00 Hz") << "the first meter has its own item";
 }
 
 // Kept: the raw scale goes down with the decimals, never up.
