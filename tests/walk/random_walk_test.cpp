@@ -74,10 +74,10 @@ struct Weather {
         const int kinds = walker.roll(4);
         for (int i = 0; i < kinds; ++i) {
             const Harm& harm = harms[size_t(walker.roll(int(harms.size())))];
+            if (harm.fault == drive::LineFault::Doubled) continue;  // the hostile sessions do that
             harm.setOn(line.options());
             line.faults().setChance(harm.fault, walker.roll(3) ? 2 + walker.roll(10) : 60);
         }
-        line.options().secondUs = 0;  // a later copy could not be told from an answer
         if (walker.chance(6)) line.faults().setChance(drive::LineFault::Silent, 100);
         bench.practice.driveOf(bench.tool.practiceFamily()).options().tellsTexts = !walker.chance(20);
     }

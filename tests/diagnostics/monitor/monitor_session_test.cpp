@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "bench/link_bench.h"
-#include "catalogue/family_profiles.h"
 #include "link/number_text.h"
 
 namespace kelvane {
@@ -15,9 +14,7 @@ struct MonitorStand : SchedulerBench {
     MonitorSession monitor{{clock, wall, link, person, lang}};
 
     explicit MonitorStand(Family family = Family::Tilia) {
-        beOnLine(quint8(family));
-        link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
-        writeStatusItems(*familyProfile(quint8(family)), link.DriveStatus);
+        beOnLine(family);
         monitor.InitialDrive({"a", "b", "c"});
     }
     void value(int k, quint32 raw) {
@@ -69,7 +66,7 @@ TEST(Monitor, TakesAPlainNumberAsItStands) {
     EXPECT_EQ(b.monitor.Meter2.AbThermometer.ValueTo, 1450);
     EXPECT_EQ(b.monitor.Meter2.AbThermometer.DigitalTo, 1450);
     EXPECT_EQ(b.monitor.Meter2.ValueLabel, "1450 ");
-    EXPECT_EQ(b.monitor.Meter1.ValueLabel, " Hz") << "the first meter has its own item";
+    EXPECT_EQ(b.monitor.Meter1.ValueLabel, "0.00 Hz") << "the first meter has its own item";
 }
 
 // Kept: the raw scale goes down with the decimals, never up.
