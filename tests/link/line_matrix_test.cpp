@@ -84,7 +84,8 @@ TEST_P(LineMatrix, HasNoFalseTimeOutAndNoBrokenReply) {
 // of eight at a low baud rate.
 TEST_P(LineMatrix, BreaksNoReplyInTheConsole) {
     const auto& [mode, Baud, flow, turnaroundMs] = GetParam();
-    LineSession session(lineOf(mode, Baud, flow, turnaroundMs), Baud);
+    LineSession session(
+        {.family = Family::Larch, .mode = mode, .Baud = Baud, .flow = flow, .turnaroundMs = turnaroundMs});
     session.link.ActiveFunction = OwnerAdvance;
     for (const char* command : {"FF0321000010", "FF0621010001", "FF032100007D"}) {
         session.link.request(19, QString::fromLatin1(command));
