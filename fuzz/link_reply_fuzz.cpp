@@ -1,5 +1,5 @@
 // Replies of any shape through receive, check and decode. The first bytes of an input choose mode, console
-// rules, family, task and command; the rest arrives as the reply, in bursts of the told sizes.
+// rules, family, task and command; the rest arrives as the reply, in bursts of the sizes that it gives.
 #include <cstdint>
 #include <vector>
 
@@ -10,7 +10,7 @@ namespace {
 
 using namespace kelvane;
 
-// A port that swallows what is sent and delivers one burst when told.
+// A port that swallows what is sent and delivers one burst when asked.
 class FuzzPort final : public TApdComPort {
    public:
     bool open() override { return m_open = true; }

@@ -34,8 +34,8 @@ class PortPresence {
     std::function<bool(int)> m_isListed;
 };
 
-// Watches the folder of one device. Every name that goes from it is told as a removal, every new one as an
-// arrival, whether it is the link port's or another's.
+// Watches the folder of one device. Every name that goes from it is a removal, every new one an arrival,
+// whether it is the link port's or another's.
 class PortWatcher : public QObject {
     Q_OBJECT
    public:

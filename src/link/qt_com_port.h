@@ -14,7 +14,6 @@ namespace kelvane {
 // Line settings beside PortSettings. The marks count bytes that wait: DTR goes off at BufferFull and on again
 // at BufferResume. Sending never waits for a line of the other side.
 struct PortFlow {
-    bool AutoOpen = false;  // opening is explicit
     bool RTS = false;
     bool hwfUseDTR = false;
     bool hwfUseRTS = false;  // asks for RTS as second brake; RTS is off, so there is nothing to let go

@@ -14,12 +14,12 @@ inline constexpr quint8 EnglishIndex = 4;
 // open, the section's line is missing, no number in it.
 LanguageResult LoadProject(const QString& path, quint8& LanguageIndex);
 
-// Fills the language from programFolder/default.prj and from the file in languageFolder. Each failure is told
-// in a box and ends in English; after the second no form text is filled, so windows keep their own.
+// Fills the language from programFolder/default.prj and from the file in languageFolder. Each failure shows
+// a box and ends in English; after the second no form text is filled, so windows keep their own.
 void startLanguage(Language& language, const QString& programFolder, const QString& languageFolder,
                    Operator& person);
 
-// Choice in the language menu. True: show the table in the windows. False: the failure was told, and nothing
+// Choice in the language menu. True: show the table in the windows. False: a box said why not, and nothing
 // is to be shown. LanguageIndex follows the file's own section only.
 bool chooseLanguage(Language& language, quint8 index, const QString& languageFolder, Operator& person);
 

@@ -200,7 +200,7 @@ void TComSetupForm::describePort() {
     ComPortComboBox->setAccessibleDescription(PortInfoLabel->text());
 }
 
-// A wrapped line needs its height told; a person's larger window stays as it is.
+// A wrapped line does not ask for its height by itself; a person's larger window stays as it is.
 void TComSetupForm::fitToText() {
     layout()->activate();
     const int needed = layout()->totalHeightForWidth(width());

@@ -354,7 +354,7 @@ void TMainForm::ComStatusAbLEDDblClick() {
         Q_EMIT comSetupWanted();
         return;
     }
-    if (m_tool.bench.person.yes(m_tool.link.lang().MsgStr(5), QStringLiteral("Cofirm")))
+    if (m_tool.bench.person.yes(m_tool.link.lang().MsgStr(Message::GoOffLine), QStringLiteral("Cofirm")))
         m_tool.link.Initial();
 }
 

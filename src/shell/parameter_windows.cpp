@@ -28,8 +28,8 @@ void offerChoices(Windows& w) {
 std::unique_ptr<QWidget> makeParameterForm(Windows& w) {
     const ToolBench& bench = w.tool.bench;
     return std::make_unique<TParameterForm>(
-        w.tool.parameters, ParameterFormBench{bench.person, bench.clock, bench.wallClock, bench.folder.path(),
-                                                 w.looks});
+        w.tool.parameters,
+        ParameterFormBench{bench.person, bench.clock, bench.wallClock, bench.folder.path(), w.looks});
 }
 
 std::unique_ptr<QWidget> makeProgress(Windows& w) {
@@ -57,8 +57,10 @@ std::unique_ptr<QWidget> makeWriteCheckErrRecord(Windows& w) {
 void wireParameterForm(Windows& w, QWidget&) {
     ParameterSession& session = w.tool.parameters;
     session.bench.openComSetup = [&w](std::function<void()> then) { w.openComSetup(std::move(then)); };
-    QObject::connect(&session.keypad, &KeypadSource::passwordWanted, &w, [&w] { w.showModal(w.passwordForm); });
-    QObject::connect(&w.passwordForm, &TPasswordForm::keypadReadEnabled, &session.keypad, &KeypadSource::enable);
+    QObject::connect(&session.keypad, &KeypadSource::passwordWanted, &w,
+                     [&w] { w.showModal(w.passwordForm); });
+    QObject::connect(&w.passwordForm, &TPasswordForm::keypadReadEnabled, &session.keypad,
+                     &KeypadSource::enable);
     QObject::connect(&w.parameterForm, &TParameterForm::reportWanted, &w, [&w](const Report& report) {
         w.reportForm.setReport(report);
         w.showModal(w.reportForm);
@@ -68,7 +70,8 @@ void wireParameterForm(Windows& w, QWidget&) {
 
 void wireSelParaSource(Windows& w, QWidget&) {
     ParameterSession& session = w.tool.parameters;
-    QObject::connect(&session, &ParameterSession::sourceLit, &w.selParaSourceForm, &TSelParaSourceForm::light);
+    QObject::connect(&session, &ParameterSession::sourceLit, &w.selParaSourceForm,
+                     &TSelParaSourceForm::light);
     QObject::connect(&session, &ParameterSession::writeSourceWanted, &w, [&w](const QString& VrLabel1) {
         w.selParaSourceForm.ask(VrLabel1, [&w](std::optional<TableSide> side) {
             if (side) w.tool.parameters.writeSourceChosen(*side);

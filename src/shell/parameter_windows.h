@@ -1,5 +1,5 @@
-// Rows of the window table that belong to Parameter Management: its forms from its engines, and what they ask of
-// one another.
+// Rows of the window table that belong to Parameter Management: its forms from its engines, and what they ask
+// of one another.
 #pragma once
 
 #include <QWidget>

@@ -90,7 +90,8 @@ std::optional<QString> ShellOperator::saveFile(const QString& filter, const QStr
         if (!name) return {};
         const QString path = *name + suffix;
         if (!QFileInfo::exists(path)) return path;
-        if (yes(m_lang.MsgStr(33), QStringLiteral("Cofirm"), BoxIcon::Exclamation)) return path;
+        if (yes(m_lang.MsgStr(Message::OverwriteFile), QStringLiteral("Cofirm"), BoxIcon::Exclamation))
+            return path;
     }
 }
 

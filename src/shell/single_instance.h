@@ -13,7 +13,7 @@ class SingleInstance : public QObject {
     // name is shared by all starts of one program by one user.
     explicit SingleInstance(const QString& name, QObject* parent = nullptr);
 
-    // True when this is the first; a running one has been told otherwise.
+    // True when this is the first; otherwise the running one comes forward.
     bool isFirst();
 
    Q_SIGNALS:

@@ -1,6 +1,6 @@
-// The table of windows: one row a window, in the order of their creation. Main window, rules of opening, language
-// and census read it. A row without a factory is a window that is not built yet: its button and menu item are
-// there and disabled.
+// The table of windows: one row a window, in the order of their creation. Main window, rules of opening,
+// language and census read it. A row without a factory is a window that is not built yet: its button and menu
+// item are there and disabled.
 #pragma once
 
 #include <QWidget>

@@ -1,5 +1,5 @@
 // VrLabel, the display label that shows a value of the drive: sunken, plain text only (a drive's text never
-// becomes mark-up), its own colours where they are told.
+// becomes mark-up), its own colours where they are set.
 #pragma once
 
 #include <QColor>

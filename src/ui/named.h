@@ -1,5 +1,5 @@
-// Widgets with their object name, by which language table, tests and outside tools find them, and the labels that
-// go with them. Every form builds its controls with these.
+// Widgets with their object name, by which language table, tests and outside tools find them, and the labels
+// that go with them. Every form builds its controls with these.
 #pragma once
 
 #include <QLabel>

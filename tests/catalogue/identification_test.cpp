@@ -41,7 +41,7 @@ struct Session {
     RequestScheduler link{{clock, wall, person, station.port, lang}};
     GroupNameTable names;
     DriveIdentification identification{link, names, lang};
-    QStringList order;  // of what the windows are told
+    QStringList order;  // of what the windows hear
 
     explicit Session(Family family, const drive::DriveOptions& options = {}, LineMode mode = LineMode::Ascii)
         : station(clock, drive::familyData(family),
@@ -145,7 +145,7 @@ TEST_P(Identification, SpeaksItsTranscriptAndKnowsTheDrive) {
         EXPECT_FALSE(session.link.Notice.TInitialForm);
         EXPECT_TRUE(session.link.Lamp.onLine());
         EXPECT_TRUE(session.person.asked.isEmpty());
-        // The version is known when the windows are told of the family, Hazel's comes later; no name is read
+        // The version is known when the windows hear of the family, Hazel's comes later; no name is read
         // yet.
         const bool later = golden.family == Family::Hazel;
         EXPECT_EQ(session.order, QStringList{QStringLiteral("version '%1', identified 0, names 0")

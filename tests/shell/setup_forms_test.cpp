@@ -154,7 +154,7 @@ TEST(ComSetupForm, TestByHandThenOnLine) {
     room.testIsOver();
     EXPECT_TRUE(lit(room.form, "SuccessAbLED"));
 
-    room.person.expectBox(room.lang.MsgStr(18), QStringLiteral("Cofirm"), BoxAnswer::Yes);
+    room.person.expectBox(room.lang.MsgStr(Message::GoOnLine), QStringLiteral("Cofirm"), BoxAnswer::Yes);
     click(room.form, "OKBitBtn");
     EXPECT_FALSE(room.form.isVisible());
     EXPECT_FALSE(room.setup.shown.SuccessAbLED);
@@ -176,14 +176,14 @@ TEST(ComSetupForm, SilenceAndMissingPort) {
     room.open();
     choose(named<QComboBox>(room.form, "BaudComboBox"), QStringLiteral("1200"));
     click(room.form, "TestButton");
-    room.person.expectBox(room.lang.MsgStr(21), QStringLiteral("Warning"));
+    room.person.expectBox(room.lang.MsgStr(Message::ComTimeout), QStringLiteral("Warning"));
     room.testIsOver();
     EXPECT_TRUE(lit(room.form, "FailAbLED"));
     EXPECT_TRUE(room.form.isVisible());
     EXPECT_FALSE(named<QLabel>(room.form, "PortErrorLabel").isVisible());
 
     room.station.port.unplug();
-    room.person.expectBox(room.lang.MsgStr(19), QStringLiteral("Error Message"));
+    room.person.expectBox(room.lang.MsgStr(Message::NoComPort), QStringLiteral("Error Message"));
     click(room.form, "TestButton");
     EXPECT_EQ(named<QLabel>(room.form, "PortErrorLabel").text(), room.station.port.openError());
     EXPECT_TRUE(named<QLabel>(room.form, "PortErrorLabel").isVisible());
@@ -207,8 +207,8 @@ TEST(ConnectForm, WalkFindsTheDriveWithTwoTests) {
     EXPECT_EQ(named<QLabel>(room.connectForm, "Label1").text(), QStringLiteral("Baud rate 9600"));
     EXPECT_EQ(named<QLabel>(room.connectForm, "Label2").text(),
               QStringLiteral("Modbus ASCII mode, protocol <7, N, 2 >"));
-    room.person.expectBox(room.lang.MsgStr(22), QStringLiteral("Cofirm"), BoxAnswer::Ok,
-                          [&] { EXPECT_FALSE(room.connectForm.isVisible()); });
+    room.person.expectBox(room.lang.MsgStr(Message::AutoDetectSuccess), QStringLiteral("Cofirm"),
+                          BoxAnswer::Ok, [&] { EXPECT_FALSE(room.connectForm.isVisible()); });
     room.testIsOver();
     EXPECT_EQ(room.station.port.writes().size(), 2);
     EXPECT_TRUE(lit(room.form, "SuccessAbLED"));
@@ -237,7 +237,7 @@ TEST(ConnectForm, ScannerRunsAndClosingEndsTheWalk) {
     EXPECT_FALSE(room.connectForm.Timer1.Enabled());
     EXPECT_EQ(scanner.position(), -1);
     EXPECT_TRUE(named<QRadioButton>(room.form, "ManualRadioButton").isChecked());
-    room.person.expectBox(room.lang.MsgStr(21), QStringLiteral("Warning"));
+    room.person.expectBox(room.lang.MsgStr(Message::ComTimeout), QStringLiteral("Warning"));
     room.testIsOver();
     EXPECT_EQ(room.station.port.writes().size(), tests);
 }
@@ -248,7 +248,7 @@ TEST(ConnectForm, DeafLineEndsAndTheWindowCanBeClosedMeanwhile) {
     room.open();
     clickRadio(room.form, "AutoDetectRadioButton");
     click(room.form, "TestButton");
-    room.person.expectBox(room.lang.MsgStr(20), QStringLiteral("Warning"));
+    room.person.expectBox(room.lang.MsgStr(Message::NoDriveDetected), QStringLiteral("Warning"));
     room.testIsOver();
     EXPECT_EQ(room.station.port.writes().size(), 168);
     EXPECT_FALSE(room.connectForm.isVisible());
