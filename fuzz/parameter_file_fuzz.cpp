@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "link/number_text.h"
-#include "parameters/sub_table.h"
-#include "parameters/table_text_file.h"
+#include "parameters/files/table_text_file.h"
+#include "parameters/table/sub_table.h"
 
 using namespace kelvane;
 

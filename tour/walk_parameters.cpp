@@ -5,7 +5,7 @@
 #include <QTreeWidget>
 
 #include "link/number_text.h"
-#include "parameters/value_edit.h"
+#include "parameters/table/table_edit.h"
 #include "tour/walk.h"
 #include "ui/find_bar.h"
 #include "ui/string_grid_view.h"

@@ -7,11 +7,11 @@
 #include <QObject>
 #include <functional>
 
-#include "parameters/comparison.h"
-#include "parameters/keypad_source.h"
-#include "parameters/parameter_reader.h"
-#include "parameters/parameter_writer.h"
-#include "parameters/sub_table.h"
+#include "parameters/exchange/keypad_source.h"
+#include "parameters/exchange/parameter_reader.h"
+#include "parameters/exchange/parameter_writer.h"
+#include "parameters/files/comparison.h"
+#include "parameters/table/sub_table.h"
 
 namespace kelvane {
 

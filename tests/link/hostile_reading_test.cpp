@@ -7,7 +7,7 @@
 
 #include "bench/hostile_line.h"
 #include "bench/on_line_bench.h"
-#include "parameters/write_list.h"
+#include "parameters/exchange/write_list.h"
 
 namespace kelvane {
 namespace {

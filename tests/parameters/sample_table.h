@@ -2,7 +2,7 @@
 #pragma once
 
 #include "link/number_text.h"
-#include "parameters/parameter_table.h"
+#include "parameters/table/parameter_table.h"
 
 namespace kelvane::test {
 

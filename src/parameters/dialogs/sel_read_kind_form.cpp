@@ -1,0 +1,1 @@
+#include "parameters/dialogs/sel_read_kind_form.h"

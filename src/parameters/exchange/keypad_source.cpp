@@ -1,0 +1,62 @@
+#include "parameters/exchange/keypad_source.h"
+
+#include <algorithm>
+
+namespace kelvane {
+
+void KeypadSource::ReadfromKeypadClick() {
+    if (!m_screen.ReadfromKeypad) {
+        Q_EMIT passwordWanted();
+        return;
+    }
+    if (closeTable) {
+        closeTable([this] { goOn(); });
+    } else {
+        goOn();
+    }
+}
+
+void KeypadSource::enable() {
+    m_screen.ReadfromKeypad = true;
+    Q_EMIT screenChanged();
+}
+
+void KeypadSource::goOn() {
+    if (!keypadIsConnected()) return;
+    m_bench.link.emptyQueues();
+    takeLineSettings();
+    becomeKeypad();
+    m_bench.link.push(80);
+    m_bench.link.push(81);
+    m_bench.link.TxTimer.setEnabled(true);
+}
+
+bool KeypadSource::keypadIsConnected() {
+    return m_bench.link.operatorAsked().box(
+               QStringLiteral("The baudrate and protocol will be changed to PU mode.\n"
+                              "Please make sure keypad had connected to PC !"),
+               QStringLiteral("Warning"), BoxIcon::Exclamation, BoxButtons::OkCancel) == BoxAnswer::Ok;
+}
+
+// As "Accept" of com setup takes them over.
+void KeypadSource::takeLineSettings() {
+    if (!setComSetup) return;
+    m_bench.link.port().setSettings(setComSetup(ComSetupChoice{}));
+    m_bench.link.ReplyTimeoutTicks = m_bench.link.BaudTimeoutTicks;
+}
+
+void KeypadSource::becomeKeypad() {
+    RequestScheduler& link = m_bench.link;
+    m_screen.ModelVrLabel = QStringLiteral("Keypad");
+    link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
+    link.DriveStatus.DriveReady = 0;
+    link.DriveStatus.DriveFamily = static_cast<quint8>(Family::Keypad);
+    // A keypad tells values only; what an earlier drive told of its parameters must not stand beside them.
+    std::fill(link.ParamRead.ReadField.begin() + 1, link.ParamRead.ReadField.end(), quint16(0));
+    link.ParamRead.ReadName.clear();
+    link.ParamRead.ReadUnit.clear();
+    link.notifyChanged();
+    Q_EMIT screenChanged();
+}
+
+}  // namespace kelvane

@@ -1,0 +1,280 @@
+#include "parameters/exchange/parameter_reader.h"
+
+#include "parameters/table/sub_table.h"
+
+namespace kelvane {
+
+namespace {
+
+constexpr int ReadProgressWidth = 400;
+constexpr quint8 ReadTask = 12;
+
+const QString Cofirm = QStringLiteral("Cofirm");
+
+QString readTail(Family family) {
+    if (family == Family::Hazel) return QStringLiteral("0004");
+    if (family == Family::Keypad) return QStringLiteral("0001");
+    return QStringLiteral("000F");
+}
+
+ParameterRecord recordOf(const ParamReadRecord& read) {
+    return {.ParaData = read.ReadField[0],
+            .ParaMax = read.ReadField[1],
+            .ParaMin = read.ReadField[2],
+            .ParaAttr = read.ReadField[3],
+            .ParaDefault = read.ReadField[4],
+            .ParaName = read.ReadName,
+            .ParaUnit = read.ReadUnit};
+}
+
+}  // namespace
+
+ParameterReader::ParameterReader(ParameterBench& bench, ParameterTable& table, ParameterScreen& screen,
+                                 ProgressDialog& progress)
+    : RxTimer(bench.clock, TickKind::Stepping, 1, [this] { RxTimerTimer(); }),
+      m_bench(bench),
+      m_table(table),
+      m_screen(screen),
+      m_progress(progress) {
+    connect(&bench.link, &RequestScheduler::cycleEnded, this, [this] { RxTimer.kick(); });
+    connect(&bench.link, &RequestScheduler::keypadTableReady, this,
+            [this] { ReadDriveTransparentButtonClick(); });
+    // A link that goes to rest answers no more, also when it was not this window's.
+    connect(&bench.link, &RequestScheduler::initialRun, this, [this] {
+        if (RxTimer.Enabled()) stop();
+    });
+    bench.link.stopParameterRead = [this] { stop(); };
+}
+
+ParameterReader::~ParameterReader() { m_bench.link.stopParameterRead = nullptr; }
+
+int ParameterReader::highestNumber(int G) const {
+    const auto& counts = m_bench.link.DriveStatus.GroupParamCount;
+    return G >= 0 && static_cast<size_t>(G) < counts.size() ? counts[static_cast<size_t>(G)] : 0;
+}
+
+// ---- Start ----
+
+void ParameterReader::ReadDriveTransparentButtonClick() {
+    m_bench.goOnLine([this] {
+        if (m_bench.offLine()) {
+            m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(8), Cofirm);
+        } else {
+            startRead();
+        }
+    });
+}
+
+void ParameterReader::startRead() {
+    prepareTable();
+    Plan plan;
+    const bool groups = fillGroupList(plan);
+    Q_EMIT started();
+    Q_EMIT screenChanged();
+    if (!groups) {
+        m_bench.link.operatorAsked().tell(QStringLiteral("There is no group to load !!"), Cofirm);
+        return;
+    }
+    m_table.grid.setRowCount(plan.rows);
+    ReadGroup = 0;
+    ReadNumber = 0;
+    ReadRow = 1;
+    showTree();
+    m_bench.link.ParamRead.ReadDone = 0;
+    ReadPending = 0;
+    RxTimer.setEnabled(true);
+    showProgress(plan);
+}
+
+void ParameterReader::ShowReservedParametersClick() {
+    ReadReservedWanted = 1;
+    m_screen.RparaAbLED = true;
+    Q_EMIT screenChanged();
+    ReadDriveTransparentButtonClick();
+}
+
+void ParameterReader::prepareTable() {
+    if (hideColumnsFor) hideColumnsFor(family());
+    m_table.clear();
+    takeIdentity();
+    m_screen.DriveTabSheet = true;
+    if (m_screen.active == ParameterTab::None) m_screen.active = ParameterTab::Drive;
+    m_screen.ResetParameter = true;
+    DriveTableComplete = 0;
+}
+
+void ParameterReader::takeIdentity() {
+    const DriveLabelsRecord& labels = m_bench.link.Labels;
+    m_table.identity = {.model = m_screen.ModelVrLabel,
+                        .version = labels.VersionVrLabel,
+                        .ratedCurrent = labels.RatedCurrentVrLabel,
+                        .ratedVoltage = labels.RatedVoltageVrLabel,
+                        .hp = labels.HPVrLabel,
+                        .family = family(),
+                        .groupCount = m_bench.link.DriveStatus.GroupCount};
+    for (int G = 0; G < static_cast<int>(m_bench.link.DriveStatus.GroupParamCount.size()); ++G)
+        m_table.identity.groupParamCount[static_cast<size_t>(G)] = static_cast<quint16>(highestNumber(G));
+}
+
+bool ParameterReader::fillGroupList(Plan& plan) {
+    m_screen.RparaAbLED = reservedIncluded();
+    GrpNameCheckListBox.clear();
+    for (int G = 0; G < limit(); ++G) {
+        plan.total += highestNumber(G) + 1;
+        const QString name = m_bench.names.groupName(m_bench.link.DriveStatus.DriveFamily, G);
+        GrpNameCheckListBox.push_back({name, true});
+    }
+    // A drive with one group alone is taken to have no group rows.
+    const int groupRows = groupCount() == 1 && !reservedIncluded() ? 0 : limit();
+    plan.rows = plan.total + 1 + groupRows;
+    return !GrpNameCheckListBox.empty();
+}
+
+void ParameterReader::showTree() {
+    m_screen.driveRoot = {treeRootText(TableSide::Drive, true, m_screen.ModelVrLabel),
+                          treeChildren(family(), {}), true};
+    m_screen.active = ParameterTab::Drive;
+    m_screen.driveSubShown = false;
+    Q_EMIT screenChanged();
+}
+
+void ParameterReader::showProgress(const Plan& plan) {
+    m_progress.glyph = ProgressGlyph::ReadDrive;
+    m_progress.show(
+        QStringLiteral("Reading parameters from ") % m_screen.ModelVrLabel % QStringLiteral(" ..."),
+        plan.total - groupCount(), plan.total, ReadProgressWidth);
+}
+
+// ---- Tick ----
+
+void ParameterReader::RxTimerTimer() {
+    if (!ReadPending) {
+        sendNext();
+    } else if (!m_bench.link.ParamRead.ReadDone && m_bench.requestThrownAway()) {
+        m_bench.request(ReadTask, readCommand());
+    }
+    if (m_bench.link.ParamRead.ReadDone) takeReply();
+}
+
+// ---- Sending half ----
+
+void ParameterReader::sendNext() {
+    ReadPending = 1;
+    passUncheckedGroups();
+    if (ReadNumber == 0 && family() != Family::Rowan) writeGroupRow();
+    if (ReadGroup + 1 == static_cast<int>(GrpNameCheckListBox.size()) && !groupChecked(ReadGroup))
+        endAtUncheckedGroup();
+    if (!ReadPending) return;
+    m_bench.request(ReadTask, readCommand());
+    fillAddressCells(m_table.grid, ReadRow, ReadGroup, ReadNumber);
+}
+
+bool ParameterReader::groupChecked(int G) const {
+    const auto index = static_cast<size_t>(G);
+    return index >= GrpNameCheckListBox.size() || GrpNameCheckListBox[index].checked;
+}
+
+void ParameterReader::passUncheckedGroups() {
+    if (groupChecked(ReadGroup)) return;
+    while (!groupChecked(ReadGroup) && ReadGroup + 1 < static_cast<int>(GrpNameCheckListBox.size())) {
+        m_progress.setPosition(m_progress.position + highestNumber(ReadGroup));
+        ++ReadGroup;
+    }
+    ReadNumber = 0;
+    if (ReadReservedWanted) fillReservedGroupRow(m_table.grid, ReadRow++);
+}
+
+void ParameterReader::writeGroupRow() {
+    const QString name = m_bench.names.groupName(m_bench.link.DriveStatus.DriveFamily, ReadGroup);
+    if (ReadGroup == groupCount()) {
+        fillReservedGroupRow(m_table.grid, ReadRow);
+    } else {
+        fillGroupRow(m_table.grid, ReadRow, name);
+    }
+    m_screen.driveRoot.children += name;
+    ++ReadRow;
+    Q_EMIT screenChanged();
+}
+
+void ParameterReader::endAtUncheckedGroup() {
+    if (family() != Family::Rowan) {
+        m_table.grid.blank(column::PrNo, column::Dot, ReadRow - 1, ReadRow - 1);
+        m_screen.driveRoot.children.removeLast();
+        Q_EMIT screenChanged();
+    }
+    ReadPending = 0;
+    endRead(ReadRow - 1);
+    Q_EMIT ended(false);
+}
+
+QString ParameterReader::readCommand() const {
+    return QStringLiteral("FF03") % addressText(ReadGroup, ReadNumber) % readTail(family());
+}
+
+// ---- Receiving half ----
+
+void ParameterReader::takeReply() {
+    RxTimer.setEnabled(false);
+    m_bench.link.ParamRead.ReadDone = 0;
+    ReadPending = 0;
+    storeRow();
+    stepOn();
+    askWhenCancelled();
+    if (!m_progress.shown) return;  // closed while the question stood
+    RxTimer.setEnabled(true);
+    if (ReadGroup != limit() && !m_progress.cancelMark) return;
+    const bool complete = !m_progress.cancelMark;
+    endRead(ReadRow);
+    if (complete) DriveTableComplete = 1;
+    Q_EMIT ended(complete);
+}
+
+void ParameterReader::storeRow() {
+    const ParameterRecord record = recordOf(m_bench.link.ParamRead);
+    fillParameterRow(m_table.grid, ReadRow, family(), ReadGroup, ReadNumber, record);
+    m_progress.parameterDone(QStringLiteral("Process Pr ") % m_table.grid.cell(column::PrNo, ReadRow) %
+                             QStringLiteral(":  ") % record.ParaName);
+    Q_EMIT rowFilled(ReadRow);
+}
+
+void ParameterReader::stepOn() {
+    if (ReadGroup >= limit()) return;
+    ++ReadRow;
+    if (highestNumber(ReadGroup) > ReadNumber) {
+        ++ReadNumber;
+        // Kept: the bar steps only within groups.
+        m_progress.setPosition(m_progress.position + 1);
+        return;
+    }
+    ++ReadGroup;
+    // Kept: the number of Rowan runs on into the next group, but not into the reserved one.
+    if (family() != Family::Rowan || ReadGroup == groupCount()) ReadNumber = 0;
+}
+
+void ParameterReader::askWhenCancelled() {
+    // Kept: the mark is looked at after a reply only; without one, Cancel does nothing.
+    if (!m_progress.cancelMark) return;
+    const bool terminate =
+        m_bench.link.operatorAsked().yes(QStringLiteral("Are you sure terminate ?"), Cofirm);
+    if (!terminate && m_progress.shown) m_progress.showAgain();
+}
+
+void ParameterReader::endRead(int rows) {
+    RxTimer.setEnabled(false);
+    ReadReservedWanted = 0;
+    m_progress.close();
+    m_progress.ParaLabel.clear();
+    m_progress.setPosition(0);
+    m_table.grid.setRowCount(rows);
+}
+
+void ParameterReader::stop() {
+    const bool reading = RxTimer.Enabled();
+    RxTimer.setEnabled(false);
+    ReadPending = 0;
+    ReadReservedWanted = 0;
+    m_progress.close();
+    if (reading) Q_EMIT ended(false);
+}
+
+}  // namespace kelvane

@@ -1,0 +1,281 @@
+#include "parameters/exchange/parameter_writer.h"
+
+#include <algorithm>
+
+namespace kelvane {
+
+namespace {
+
+constexpr quint8 WriteTask = 13;
+constexpr char OpeningCommand[] = "FF0620050003";
+constexpr char ClosingCommand[] = "FF0620050005";
+
+const QString Cofirm = QStringLiteral("Cofirm");
+const QString NoRow = QStringLiteral("- -");
+
+}  // namespace
+
+ParameterWriter::ParameterWriter(ParameterBench& bench, const ParameterScreen& screen,
+                                 ProgressDialog& progress)
+    : WriteTimer(bench.clock, TickKind::Stepping, 1, [this] { WriteTimerTimer(); }),
+      readBack(bench, screen, progress, AdvStringGrid1, WriteWaiting),
+      m_bench(bench) {
+    setWriteListHeaders(AdvStringGrid1);
+    clearErrorRecord(ErrorAdvStringGrid);
+    AdvStringGrid1.cellColours = [this](int, int row) { return writeListColours(AdvStringGrid1, row); };
+    connect(&bench.link, &RequestScheduler::cycleEnded, this, [this] { WriteTimer.kick(); });
+    connect(&readBack, &WriteReadBack::rowReadBack, this, [this](int row) {
+        m_rowsReadBack += row;
+        Q_EMIT rowReadBack(row);
+    });
+    connect(&readBack, &WriteReadBack::ended, this, &ParameterWriter::FormClose);
+    connect(&readBack, &WriteReadBack::abandoned, this, [this] { setEnabled(true); });
+}
+
+bool ParameterWriter::isAspen() const {
+    return m_bench.link.DriveStatus.DriveFamily == static_cast<quint8>(Family::Aspen);
+}
+
+// ---- The list ----
+
+void ParameterWriter::SelectWriteSource(const WriteSource& source, WriteMode mode, bool useDefaults) {
+    if (takeRows(source.table->grid, mode, useDefaults, AdvStringGrid1) == 0) {
+        m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(9), Cofirm);
+        return;
+    }
+    m_source = source;
+    m_rowsReadBack.clear();
+    form.barPosition = 0;
+    form.PrLabel = NoRow;
+    setEnabled(true);
+    setShown(true);
+}
+
+void ParameterWriter::setShown(bool on) {
+    form.shown = on;
+    m_bench.link.Notice.TWriteCheckForm = on;
+    m_bench.link.notifyChanged();
+    Q_EMIT shownChanged(on);
+}
+
+void ParameterWriter::setEnabled(bool on) {
+    form.enabled = on;
+    Q_EMIT changed();
+}
+
+void ParameterWriter::OKTransparentButtonClick() {
+    Operator& person = m_bench.link.operatorAsked();
+    const int checked = checkedRows(AdvStringGrid1);
+    if (checked == 0) {
+        form.barPosition = 0;
+        Q_EMIT changed();
+        person.tell(m_bench.link.lang().MsgStr(9), Cofirm);
+        return;
+    }
+    m_bench.whenOnLine([this, checked] { startWrites(checked); });
+}
+
+void ParameterWriter::startWrites(int checked) {
+    Operator& person = m_bench.link.operatorAsked();
+    if (!person.yes(m_bench.link.lang().MsgStr(25), Cofirm) || !form.shown) return;
+    WriteCount = static_cast<quint16>(checked);
+    m_bench.link.ParamRead.WriteDone = 0;
+    m_bench.link.DriveStatus.ExceptionTextDone = 0;  // of an exception before this run
+    WriteRow = 0;
+    WriteWaiting = 0;
+    m_rowsReadBack.clear();
+    clearErrorRecord(ErrorAdvStringGrid);
+    form.barMaximum = WriteCount;
+    form.barPosition = 0;
+    setEnabled(false);
+    if (!m_firstWritePrepared && beforeFirstWrite) m_firstWritePrepared = beforeFirstWrite();
+    WriteTimer.setEnabled(true);
+}
+
+// ---- Tick ----
+
+void ParameterWriter::WriteTimerTimer() {
+    bool finished = false;
+    if (passesOver()) {
+        finished = stepRow();
+        WriteTimer.kick();
+    } else if (!WriteWaiting && !sendCommand()) {
+        finished = skipRow();
+    } else {
+        askAgainIfThrownAway();
+        finished = takeRefusal();
+        if (takeAnswer()) finished = true;
+    }
+    if (finished) finishWrites();
+}
+
+// Rows that are not checked, and the opening command where there is none.
+bool ParameterWriter::passesOver() const {
+    const bool checked = WriteRow == rowCount() || (WriteRow != 0 && AdvStringGrid1.checkBox(WriteRow));
+    return !checked && (WriteRow != 0 || isAspen());
+}
+
+bool ParameterWriter::sendCommand() {
+    const std::optional<QString> command = nextCommand();
+    if (!command) return false;
+    WriteTimer.setEnabled(false);
+    m_command = *command;
+    WriteWaiting = 1;
+    m_bench.request(WriteTask, m_command);
+    WriteTimer.setEnabled(true);
+    return true;
+}
+
+void ParameterWriter::askAgainIfThrownAway() {
+    const bool answered = m_bench.link.ParamRead.WriteDone || m_bench.link.DriveStatus.ExceptionTextDone;
+    if (!answered && m_bench.requestThrownAway()) m_bench.request(WriteTask, m_command);
+}
+
+std::optional<QString> ParameterWriter::nextCommand() {
+    if (!isAspen() && WriteRow == 0) return QString::fromLatin1(OpeningCommand);
+    if (WriteRow == 0) WriteRow = 1;
+    if (!isAspen() && WriteRow == rowCount()) return QString::fromLatin1(ClosingCommand);
+    const std::optional<QString> command = writeCommand(AdvStringGrid1, WriteRow);
+    if (!command) return std::nullopt;
+    form.PrLabel = QStringLiteral("Pr. ") % AdvStringGrid1.cell(column::PrNo, WriteRow) %
+                   QStringLiteral("   ") % AdvStringGrid1.cell(column::Description, WriteRow);
+    Q_EMIT changed();
+    return command;
+}
+
+// True when the run is over.
+bool ParameterWriter::takeRefusal() {
+    DriveStatusRecord& status = m_bench.link.DriveStatus;
+    if (!status.ExceptionTextDone && !m_bench.link.Notice.TCEmessageForm) return false;
+    if (status.ExceptionTextDone) recordRefusal();
+    status.ExceptionPending = 0;
+    bool finished = false;
+    quint8& LinkAction = m_bench.link.Notice.LinkAction;
+    if (LinkAction == 2) {  // the link has taken it back by now; its WriteDone does the same
+        WriteWaiting = 0;
+        m_bench.link.ParamRead.WriteDone = 0;
+        stepBar();
+        finished = stepRow();
+        WriteTimer.kick();
+    } else if (LinkAction == 3) {
+        status.ExceptionTextDone = 0;
+        finished = true;
+    }
+    LinkAction = 0;
+    return finished;
+}
+
+void ParameterWriter::recordRefusal() {
+    const DriveStatusRecord& status = m_bench.link.DriveStatus;
+    const QString code = QString::number(status.ExceptionCode);
+    if (WriteRow == 0 || WriteRow == rowCount()) {
+        addErrorLine(ErrorAdvStringGrid,
+                     {QStringLiteral("2005H"), QStringLiteral("Copy Mode"),
+                      WriteRow == 0 ? QStringLiteral("3") : QStringLiteral("5"), code, status.ExceptionText});
+        return;
+    }
+    addErrorLine(
+        ErrorAdvStringGrid,
+        {AdvStringGrid1.cell(column::PrNo, WriteRow), AdvStringGrid1.cell(column::Description, WriteRow),
+         AdvStringGrid1.cell(column::Data, WriteRow), code, status.ExceptionText});
+}
+
+// True when the run is over.
+bool ParameterWriter::takeAnswer() {
+    quint8& WriteDone = m_bench.link.ParamRead.WriteDone;
+    quint8& ExceptionTextDone = m_bench.link.DriveStatus.ExceptionTextDone;
+    if (!WriteDone && !ExceptionTextDone) return false;
+    WriteTimer.setEnabled(false);
+    WriteWaiting = WriteDone = ExceptionTextDone = 0;
+    stepBar();
+    const bool finished = stepRow();
+    WriteTimer.setEnabled(true);
+    return finished;
+}
+
+// A row that cannot be sent: its value is no integer, which only a file can hold.
+bool ParameterWriter::skipRow() {
+    addErrorLine(
+        ErrorAdvStringGrid,
+        {AdvStringGrid1.cell(column::PrNo, WriteRow), AdvStringGrid1.cell(column::Description, WriteRow),
+         AdvStringGrid1.cell(column::Data, WriteRow), QString(), m_bench.link.lang().MsgStr(23)});
+    stepBar();
+    WriteTimer.kick();
+    return stepRow();
+}
+
+// True behind the last: that is the last row for Aspen, the closing command for all others.
+bool ParameterWriter::stepRow() {
+    const int last = isAspen() ? rowCount() - 1 : rowCount();
+    if (WriteRow >= last) return true;
+    ++WriteRow;
+    return false;
+}
+
+void ParameterWriter::stepBar() {
+    form.barPosition = std::min(form.barPosition + 1, form.barMaximum);
+    Q_EMIT changed();
+}
+
+// ---- After the run ----
+
+void ParameterWriter::finishWrites() {
+    WriteTimer.setEnabled(false);
+    m_readBackDue = true;
+    if (ErrorAdvStringGrid.RowCount() > 2) {
+        errorRecordShown = true;
+        Q_EMIT errorRecordWanted();
+    } else {
+        startReadBack();
+    }
+}
+
+void ParameterWriter::errorRecordClosed() {
+    clearErrorRecord(ErrorAdvStringGrid);
+    errorRecordShown = false;
+    if (m_readBackDue) startReadBack();
+}
+
+void ParameterWriter::startReadBack() {
+    m_readBackDue = false;
+    form.barPosition = 0;
+    form.PrLabel = NoRow;
+    Q_EMIT changed();
+    readBack.start(WriteCount);
+}
+
+void ParameterWriter::FormClose() {
+    if (!form.shown) return;
+    const bool running = WriteTimer.Enabled() || readBack.ReflahDtataTimer.Enabled();
+    WriteTimer.setEnabled(false);
+    readBack.stop();
+    if (running) m_bench.link.prelude();  // nothing of the run may be answered later
+    m_readBackDue = false;
+    WriteWaiting = 0;
+    form.barPosition = 0;
+    setEnabled(true);
+    setShown(false);
+    copyBack();
+    AdvStringGrid1.setRowCount(2);
+    Q_EMIT closed();
+}
+
+// Kept: in whatever way the list closed, also after Cancel, and so after a cancelled reset to the defaults.
+void ParameterWriter::copyBack() {
+    StringGrid& table = m_source.table->grid;
+    const auto target = [&](int row) { return rowOfNumber(table, AdvStringGrid1.cell(column::PrNo, row)); };
+    const auto copy = [&] {
+        for (int row = 1; row < rowCount(); ++row) {
+            const int to = AdvStringGrid1.checkBox(row) ? target(row) : -1;
+            if (to > 0) table.setCell(column::Data, to, AdvStringGrid1.cell(column::Data, row));
+        }
+    };
+    if (!m_source.history) {
+        copy();
+        return;
+    }
+    m_source.history->edit(copy);
+    for (const int row : m_rowsReadBack) m_source.history->written(target(row));
+}
+
+}  // namespace kelvane

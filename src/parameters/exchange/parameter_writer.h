@@ -1,0 +1,95 @@
+// Writes rows of a table to the drive: the write list that the operator confirms, one write a checked row,
+// the error record of what was refused, and then the read-back. TWriteCheckForm and TWriteCheckErrRecordForm
+// show it. Owned by the Parameter window's session.
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <functional>
+#include <optional>
+
+#include "parameters/exchange/write_list.h"
+#include "parameters/exchange/write_read_back.h"
+#include "parameters/table/edit_history.h"
+
+namespace kelvane {
+
+// The table that rows are taken from and go back to.
+struct WriteSource {
+    ParameterTable* table = nullptr;
+    EditHistory* history = nullptr;
+};
+
+// TWriteCheckForm.
+struct WriteCheckRecord {
+    bool shown = false;
+    bool enabled = true;  // AdvStringGrid1, OKTransparentButton, CancelTransparentButton
+    int barMaximum = 0;   // ProgressBar1
+    int barPosition = 0;
+    QString PrLabel = QStringLiteral("- -");
+};
+
+class ParameterWriter : public QObject {
+    Q_OBJECT
+   public:
+    // All of them outlive the writer.
+    ParameterWriter(ParameterBench& bench, const ParameterScreen& screen, ProgressDialog& progress);
+
+    StringGrid AdvStringGrid1{TableColumns};
+    StringGrid ErrorAdvStringGrid{ErrorColumns};
+    WriteCheckRecord form;
+    bool errorRecordShown = false;  // TWriteCheckErrRecordForm
+    quint16 WriteRow = 0;
+    quint8 WriteWaiting = 0;
+    quint16 WriteCount = 0;
+    TickTimer WriteTimer;
+    WriteReadBack readBack;
+
+    // Fills the write list and shows it; a box tells when no row is taken.
+    void SelectWriteSource(const WriteSource& source, WriteMode mode, bool useDefaults);
+    void OKTransparentButtonClick();
+    void CancelTransparentButtonClick() { FormClose(); }
+    // The window closes, in whatever way: everything stops, values go back to the table.
+    void FormClose();
+    void errorRecordClosed();
+
+    // Called before the first write of a session, and before the next as long as it gives false.
+    std::function<bool()> beforeFirstWrite;
+
+   Q_SIGNALS:
+    void changed();
+    void shownChanged(bool shown);
+    void errorRecordWanted();   // show it; errorRecordClosed() goes on
+    void rowReadBack(int row);  // of the write list
+    void closed();              // the values are back in the table
+
+   private:
+    void startWrites(int checked);
+    void WriteTimerTimer();
+    bool passesOver() const;
+    bool sendCommand();
+    std::optional<QString> nextCommand();
+    void askAgainIfThrownAway();
+    bool takeRefusal();
+    bool takeAnswer();
+    bool skipRow();
+    bool stepRow();
+    void recordRefusal();
+    void stepBar();
+    void finishWrites();
+    void startReadBack();
+    void setEnabled(bool on);
+    void setShown(bool on);
+    void copyBack();
+    bool isAspen() const;
+    int rowCount() const { return AdvStringGrid1.RowCount(); }
+
+    ParameterBench& m_bench;
+    WriteSource m_source;
+    QString m_command;  // what is waited for
+    QList<int> m_rowsReadBack;
+    bool m_readBackDue = false;  // when the error record is closed
+    bool m_firstWritePrepared = false;
+};
+
+}  // namespace kelvane

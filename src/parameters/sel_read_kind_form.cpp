@@ -1,1 +1,0 @@
-#include "parameters/sel_read_kind_form.h"

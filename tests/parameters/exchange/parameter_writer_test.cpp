@@ -1,0 +1,331 @@
+#include "parameters/exchange/parameter_writer.h"
+
+#include "parameters/parameter_link_bench.h"
+
+namespace kelvane {
+
+namespace {
+
+constexpr quint8 Larch = 2;
+constexpr quint8 Aspen = 1;
+constexpr quint8 Rowan = 0;
+
+// Family, values of the rows from 01-00, rows whose box is cleared again in the list, and what goes out.
+struct WriteOrder {
+    quint8 DriveFamily;
+    QStringList values;
+    QList<int> cleared;
+    QStringList wire;
+};
+
+class WriteOrders : public testing::TestWithParam<WriteOrder> {};
+
+TEST_P(WriteOrders, GoOutTopDownAndAreReadBack) {
+    ParameterLinkBench b(GetParam().DriveFamily);
+    b.openTable(GetParam().values);
+    b.session.WriteCheckTransparentButtonClick();
+    ASSERT_TRUE(b.writer.form.shown && b.link.Notice.TWriteCheckForm);
+    for (const int row : GetParam().cleared) b.writer.AdvStringGrid1.setCheckBox(row, false);
+    b.pressOk();
+    EXPECT_FALSE(b.writer.form.enabled);
+    EXPECT_EQ(b.writeAll(), GetParam().wire);
+    EXPECT_FALSE(b.writer.form.shown || b.progress.shown || b.link.Notice.TWriteCheckForm);
+    EXPECT_TRUE(b.writer.form.enabled);
+    for (int row = 0; row < GetParam().values.size(); ++row)
+        EXPECT_EQ(b.table.grid.cell(column::Data, row + 2),
+                  GetParam().cleared.contains(row + 1) ? GetParam().values[row] : QStringLiteral("60.00"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Families, WriteOrders,
+    testing::Values(
+        WriteOrder{Larch, {"60.00"}, {}, {"FF0620050003", "FF0601001770", "FF0620050005", "FF0301000001"}},
+        WriteOrder{Aspen, {"60.00"}, {}, {"FF0601001770", "FF0301000001"}},
+        WriteOrder{Aspen,
+                   {"1.5", "2.00", "-.5"},
+                   {1},
+                   {"FF06010100C8", "FF060102FFFB", "FF0301010001", "FF0301020001"}},
+        WriteOrder{Rowan, {"1.5"}, {}, {"FF0620050003", "FF060100000F", "FF0620050005", "FF0301000001"}},
+        WriteOrder{Larch,
+                   {"60.00", "7", "15.00"},
+                   {2},
+                   {"FF0620050003", "FF0601001770", "FF06010205DC", "FF0620050005", "FF0301000001",
+                    "FF0301020001"}}));
+
+TEST(ParameterWriter, TellsWhereItIs) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00", "15.00"});
+    b.session.WriteCheckTransparentButtonClick();
+    EXPECT_EQ(b.writer.form.PrLabel, "- -");
+    int backups = 0;
+    b.writer.beforeFirstWrite = [&] { return ++backups > 0; };
+    b.pressOk();
+    EXPECT_EQ(b.writer.form.barMaximum, 2);
+    for (const char* command : {"FF0620050003", "FF0601001770"}) {
+        EXPECT_EQ(b.send(), command);
+        b.answer(command);
+    }
+    b.send();
+    EXPECT_EQ(b.writer.form.PrLabel, "Pr. 01-01   Max Output Freq.");
+    EXPECT_EQ(b.writer.form.barPosition, 2);
+    b.answer("FF06010105DC");
+    b.send();
+    b.answer("FF0620050005");
+    b.send();
+    EXPECT_EQ(b.writer.form.PrLabel, "- -");
+    EXPECT_EQ(b.progress.InfoLabel, "Reading parameters from Larch ...");
+    EXPECT_EQ(b.progress.width, 329);
+    EXPECT_EQ(b.progress.maximum, 2);
+    b.answerWords({6000});
+    b.send();
+    EXPECT_EQ(b.progress.ParaLabel, "Process Pr 01-00:  Max Output Freq.");
+    b.answerWords({1500});
+    b.clock.advance(1);
+    EXPECT_EQ(b.table.grid.cell(column::Data, 3), "15.00");
+
+    b.session.WriteCheckTransparentButtonClick();
+    b.pressOk();
+    b.writeAll();
+    EXPECT_EQ(backups, 1);
+}
+
+TEST(ParameterWriter, WhatIsTaken) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00", "61.00", "62.00"});
+    b.table.grid.setCell(column::Attribute, 3, "Read-Only");
+    b.table.grid.setCheckBox(4, false);
+    StringGrid& list = b.writer.AdvStringGrid1;
+    const auto taken = [&] {
+        const QStringList numbers = ParameterLinkBench::column(list, column::PrNo);
+        b.writer.CancelTransparentButtonClick();
+        return numbers;
+    };
+    b.session.WriteCheckTransparentButtonClick();
+    EXPECT_EQ(list.cell(column::Attribute, 0), "MODBUS");
+    EXPECT_EQ(list.cell(column::Dot, 1), "2");
+    EXPECT_EQ(taken(), (QStringList{"01-00", "01-01"}));
+    EXPECT_EQ(list.RowCount(), 2);
+    b.session.WriteAllTransparentButtonClick();
+    EXPECT_EQ(taken(), (QStringList{"01-00", "01-02"}));
+    EXPECT_EQ(b.table.grid.cell(column::Data, 2), "60.00");
+
+    list.setCell(column::RunSet, 1, "false");
+    EXPECT_EQ(list.cellColours(3, 1).text, 0xFF0000U);
+    list.setCell(column::RunSet, 1, "true");
+    EXPECT_FALSE(list.cellColours(3, 1).text);
+
+    for (int row = 2; row <= 4; ++row) b.table.grid.setCheckBox(row, false);
+    b.person.expectBox("There is no item selected !", "Cofirm");
+    b.session.WriteCheckTransparentButtonClick();
+    EXPECT_FALSE(b.writer.form.shown);
+}
+
+// The list goes back to the table in whatever way it closes: a cancelled reset leaves the defaults there.
+TEST(ParameterWriter, KeepsDefaultsOfACancelledReset) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00", "61.00"});
+    b.session.ResetParameterClick();
+    EXPECT_EQ(b.writer.AdvStringGrid1.cell(column::Data, 1), "40.00");
+    b.writer.AdvStringGrid1.setCheckBox(2, false);
+    b.writer.CancelTransparentButtonClick();
+    EXPECT_EQ(ParameterLinkBench::column(b.table.grid, column::Data),
+              (QStringList{"*****", "40.00", "61.00"}));
+    EXPECT_TRUE(b.table.grid.edited(2));
+    b.session.driveHistory.undo();
+    EXPECT_EQ(b.table.grid.cell(column::Data, 2), "60.00");
+}
+
+TEST(ParameterWriter, OkAsksFirst) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00"});
+    b.session.WriteCheckTransparentButtonClick();
+    b.person.expectBox("Do you want to write the parameter(s) to drive ?", "Cofirm", BoxAnswer::No);
+    b.writer.OKTransparentButtonClick();
+    b.link.Lamp = {};
+    b.person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
+    b.writer.OKTransparentButtonClick();
+    b.writer.AdvStringGrid1.setCheckBox(1, false);
+    b.person.expectBox("There is no item selected !", "Cofirm");
+    b.writer.OKTransparentButtonClick();
+    EXPECT_TRUE(b.writer.form.shown && b.writer.form.enabled);
+    EXPECT_EQ(b.send(), "");
+}
+
+TEST(ParameterWriter, RefusalsAreRecordedAndTheRunGoesOn) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00", "15.00"});
+    b.link.DriveStatus.ExceptionTextDone = 1;  // of long ago
+    int shown = 0;
+    QObject::connect(&b.writer, &ParameterWriter::errorRecordWanted, [&] { ++shown; });
+    b.session.WriteCheckTransparentButtonClick();
+    b.pressOk();
+    b.send();
+    b.refuse(1, "Illegal function");  // the opening command too
+    EXPECT_EQ(b.asked15, "FF0333010008");
+    EXPECT_EQ(b.send(), "FF0601001770");
+    b.refuse(4, "Not while running");
+    EXPECT_EQ(b.asked15, "FF0333040008");
+    EXPECT_EQ(b.send(), "FF06010105DC");
+    b.answer("FF06010105DC");
+    EXPECT_EQ(b.send(), "FF0620050005");
+    b.refuse(4, "Not while running");
+    EXPECT_EQ(b.send(), "");  // not before the record is closed
+    EXPECT_EQ(shown, 1);
+    const StringGrid& record = b.writer.ErrorAdvStringGrid;
+    EXPECT_EQ(ParameterLinkBench::column(record, 1), (QStringList{"2005H", "01-00", "2005H", ""}));
+    EXPECT_EQ(ParameterLinkBench::column(record, 2),
+              (QStringList{"Copy Mode", "Max Output Freq.", "Copy Mode", ""}));
+    EXPECT_EQ(ParameterLinkBench::column(record, 3), (QStringList{"3", "60.00", "5", ""}));
+    EXPECT_EQ(ParameterLinkBench::column(record, 4), (QStringList{"1", "4", "4", ""}));
+    EXPECT_EQ(record.cell(5, 2), "Not while runnin");
+    EXPECT_EQ(record.cell(2, 0), "Decription");
+
+    b.writer.errorRecordClosed();
+    EXPECT_EQ(record.RowCount(), 2);
+    EXPECT_EQ(record.cell(1, 1), "");
+    EXPECT_EQ(b.writeAll(), (QStringList{"FF0301000001", "FF0301010001"}));
+}
+
+// Rowan keeps more of the text; a text that is no number never goes out.
+TEST(ParameterWriter, RowsThatCannotBeSentAreRecordedAndSkipped) {
+    ParameterLinkBench b(Rowan);
+    b.openTable({"fast", "15.00", "3.00"});
+    b.table.grid.setCell(column::Address, 4, "01");
+    b.session.WriteCheckTransparentButtonClick();
+    b.pressOk();
+    EXPECT_EQ(b.send(), "FF0620050003");
+    b.answer("FF0620050003");
+    EXPECT_EQ(b.send(), "FF06010105DC");
+    b.refuse(4, "Read only           ");
+    EXPECT_EQ(b.asked15, "FF033304000A");
+    EXPECT_EQ(b.writeAll(), QStringList{"FF0620050005"});
+    EXPECT_EQ(ParameterLinkBench::column(b.writer.ErrorAdvStringGrid, 3),
+              (QStringList{"fast", "15.00", "3.00", ""}));
+    EXPECT_EQ(b.writer.ErrorAdvStringGrid.cell(5, 1), "Value is not Legal !! Please check it ...");
+}
+
+TEST(ParameterWriter, IgnoreAndRetryAtTheFifthTimeout) {
+    for (const LinkAnswer answer : {LinkAnswer::Ignore, LinkAnswer::Retry}) {
+        ParameterLinkBench b(Larch);
+        b.openTable({"60.00", "15.00"});
+        b.session.WriteCheckTransparentButtonClick();
+        b.pressOk();
+        b.send();
+        b.answer("FF0620050003");
+        b.send();
+        b.person.expectLinkFailure("Communication Timeout", true, answer);
+        for (int i = 0; i < 5; ++i) b.staySilent();
+        QStringList rest{"FF06010105DC", "FF0620050005", "FF0301000001", "FF0301010001"};
+        if (answer == LinkAnswer::Retry) rest.prepend("FF0601001770");
+        EXPECT_EQ(b.writeAll(), rest);
+        EXPECT_FALSE(b.writer.errorRecordShown);
+    }
+}
+
+// A row on the wire while the adapter is out is written once more, and nothing else.
+TEST(ParameterWriter, UnplugAndRetryGoesOnAtTheSameRow) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00", "15.00"});
+    b.session.WriteCheckTransparentButtonClick();
+    b.pressOk();
+    b.send();
+    b.answer("FF0620050003");
+    b.send();
+    b.port.isOpen = b.port.canOpen = false;
+    b.person.expectLinkFailure("Communication Timeout", true, LinkAnswer::Retry,
+                               [&] { b.port.canOpen = true; });
+    for (int i = 0; i < 5; ++i) b.staySilent();
+    EXPECT_EQ(b.writeAll(),
+              (QStringList{"FF0601001770", "FF06010105DC", "FF0620050005", "FF0301000001", "FF0301010001"}));
+}
+
+TEST(ParameterWriter, AbortEndsTheRunWithALineAndStillReadsBack) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00", "15.00"});
+    b.session.WriteCheckTransparentButtonClick();
+    b.pressOk();
+    b.send();
+    b.person.expectLinkFailure("Communication Timeout", true, LinkAnswer::Abort);
+    for (int i = 0; i < 5; ++i) b.staySilent();
+    b.clock.advance(1);
+    EXPECT_TRUE(b.writer.errorRecordShown);
+    EXPECT_EQ(b.writer.ErrorAdvStringGrid.cell(2, 1), "Copy Mode");
+    EXPECT_EQ(b.link.Notice.LinkAction, 0);
+    b.writer.errorRecordClosed();
+    EXPECT_EQ(b.send(), "FF0301000001");
+}
+
+TEST(ParameterWriter, ReadBackThatCannotGoOnLetsThePersonOut) {
+    for (const bool abort : {true, false}) {
+        ParameterLinkBench b(Aspen);
+        b.openTable({"60.00", "15.00"});
+        b.session.WriteCheckTransparentButtonClick();
+        b.pressOk();
+        for (const char* command : {"FF0601001770", "FF06010105DC"}) {
+            b.send();
+            b.answer(command);
+        }
+        EXPECT_EQ(b.send(), "FF0301000001");
+        b.progress.CancelTransparentButtonClick();
+        EXPECT_TRUE(b.progress.shown);  // a reply may still come
+        if (abort) {
+            b.person.expectLinkFailure("Communication Timeout", false, LinkAnswer::Abort);
+            b.person.expectBox("On-Line Fail !!", "Error");
+            for (int i = 0; i < 5; ++i) b.staySilent();
+        } else {
+            b.refuse(2, "Illegal address ");
+            b.send();
+            b.progress.CancelTransparentButtonClick();
+        }
+        EXPECT_FALSE(b.progress.shown);
+        b.writer.FormClose();
+        EXPECT_TRUE(b.writer.form.enabled);
+        EXPECT_FALSE(b.writer.form.shown || b.writer.readBack.ReflahDtataTimer.Enabled());
+        EXPECT_EQ(b.send(), "");
+    }
+}
+
+TEST(ParameterWriter, ClosingInTheMiddleLeavesACleanLink) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00"});
+    b.session.WriteCheckTransparentButtonClick();
+    b.pressOk();
+    b.send();
+    b.writer.FormClose();
+    EXPECT_FALSE(b.link.TxTimer.Enabled() || b.link.RxTimer.Enabled());
+    EXPECT_TRUE(b.link.TaskQueue.empty());
+    b.reader.ReadDriveTransparentButtonClick();
+    EXPECT_EQ(b.readAll().size(), 5);
+}
+
+TEST(ParameterWriter, KeepsReadBackUnsigned) {
+    ParameterLinkBench b(4);
+    b.openTable({"-1.2"});
+    b.session.WriteCheckTransparentButtonClick();
+    b.pressOk();
+    EXPECT_EQ(b.writeAll(0xFFF4)[1], "FF060100FFF4");
+    EXPECT_EQ(b.table.grid.cell(column::Data, 2), "655.24");
+}
+
+TEST(ParameterWriter, SummaryCountsWhatDiffers) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00", "15.00", "7.00"});
+    b.table.grid.setCell(column::Attribute, 3, "Read-Only");
+    const QHash<QString, QString> held{{"01-00", "60.00"}, {"01-01", "14.00"}};
+    const auto heldByDrive = [&](const QString& PrNo) {
+        return held.contains(PrNo) ? std::optional<QString>(held[PrNo]) : std::nullopt;
+    };
+    b.session.WriteCheckTransparentButtonClick();
+    const StringGrid& list = b.writer.AdvStringGrid1;
+    EXPECT_EQ(writeSummaryText(writeSummaryOf(list, Family::Larch, Family::Larch, heldByDrive)),
+              "1 of 2 differ from what the drive held; 1 with no value read from the drive; 1 read-only");
+    b.writer.AdvStringGrid1.setCheckBox(2, false);
+    b.writer.AdvStringGrid1.setCheckBox(3, false);
+    EXPECT_EQ(writeSummaryText(writeSummaryOf(list, Family::Tilia, Family::Larch, heldByDrive)),
+              "0 of 1 differ from what the drive held; "
+              "the table is of the family Tilia, the drive of the family Larch");
+}
+
+}  // namespace
+
+}  // namespace kelvane

@@ -1,0 +1,193 @@
+#include "parameters/files/sheet_transfer.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "bench/scripted_operator.h"
+#include "parameters/sample_table.h"
+#include "spreadsheet/biff_reader.h"
+
+namespace kelvane {
+namespace {
+
+using test::rowTexts;
+
+class SheetTransfer : public ::testing::Test {
+   protected:
+    SheetTransfer() {
+        test::fillSample(table);
+        progress.info = [this](const QString& text) { said << text; };
+        progress.para = progress.info;
+    }
+    Workbook saved(bool RparaAbLED = false) {
+        const FileResult result = saveTableSheets(*application, path, table, RparaAbLED, progress);
+        EXPECT_TRUE(result.ok) << result.error.toStdString();
+        return readBiff(readWhole(path).bytes).workbook;
+    }
+    LoadedFile load() { return loadSheets(*application, path, {}, progress); }
+    static QString text(const Sheet& sheet, int row, int column) {
+        const SheetCell* cell = sheet.find(row, column);
+        return cell != nullptr ? cell->text : QString();
+    }
+    static int interior(const Sheet& sheet, int row, int column) {
+        const SheetCell* cell = sheet.find(row, column);
+        return cell != nullptr ? cell->format.interiorColour : 0;
+    }
+    static QString line(const Sheet& sheet, int row, int columns) {
+        QStringList texts;
+        for (int c = 1; c <= columns; ++c) texts << text(sheet, row, c);
+        return texts.join('|');
+    }
+
+    QTemporaryDir folder;
+    QString path = folder.filePath("t.xls");
+    std::unique_ptr<SpreadsheetApplication> application = builtInSpreadsheet().create();
+    ParameterTable table;
+    TransferProgress progress;
+    QStringList said;
+};
+
+TEST_F(SheetTransfer, WritesTheSample) {
+    const Workbook book = saved();
+    ASSERT_EQ(book.sheets.size(), 3U);
+    const Sheet& info = book.sheets[0];
+    EXPECT_EQ(info.name, "Drive Info");
+    QStringList column;
+    for (int row = 1; row <= 8; ++row) column << text(info, row, 1) % "=" % text(info, row, 2);
+    EXPECT_EQ(column.join('|'),
+              "Model=Larch|Version=2.05|Rated Current=150A|Rated Voltage=460V|HP=75 ( 100 )|Drive ID=2|Group "
+              "Number=2"
+              "|Function Number=1");
+    EXPECT_EQ(text(info, 8, 3), "0");
+    EXPECT_TRUE(info.rows.at(6).hidden && info.rows.at(7).hidden && info.rows.at(8).hidden);
+    EXPECT_EQ(info.columns.at(1).width, 15);
+
+    const Sheet& group = book.sheets[2];
+    EXPECT_EQ(group.name, "Group 1");
+    EXPECT_EQ(text(group, 1, 1), "1 - Basic");
+    EXPECT_TRUE(group.find(1, 1)->format.bold);
+    EXPECT_EQ(group.merged, std::vector<CellRange>({{1, 1, 1, 10}}));
+    EXPECT_EQ(line(group, 3, 13),
+              "Check|Pr. No|MODBUS|Description|Unit|Data|Default|Min|Max|Attribute|Address|Dot|Run Set");
+    EXPECT_EQ(group.find(3, 13)->format, (CellFormat{true, false, TealIndex, WhiteIndex}));
+    EXPECT_EQ(line(group, 4, 13),
+              "V|01-00|0100H|Max. Output Freq|Hz  |50.00|60.00|50.00|400.00|Writable|0100|2|false");
+    EXPECT_EQ(interior(group, 4, 6), YellowIndex);
+    EXPECT_EQ(interior(book.sheets[1], 5, 6), 0);
+    for (const Sheet& sheet : {book.sheets[1], group}) {
+        EXPECT_TRUE(sheet.columns.at(11).hidden && sheet.columns.at(12).hidden &&
+                    sheet.columns.at(13).hidden);
+        EXPECT_EQ(sheet.columns.at(4).width, 20);
+        for (const auto& [row, content] : sheet.rows)
+            for (const SheetCell& cell : content.cells) EXPECT_TRUE(cell.text.isEmpty() || cell.format.text);
+    }
+    EXPECT_EQ(said.front(), "Saving parameters from Larch ...");
+    EXPECT_EQ(said.back(), "Process Pr 01-00:  Max. Output Freq");
+}
+
+TEST_F(SheetTransfer, KeepsRowanOnOneSheetWithARowMoreForItsReservedGroup) {
+    table.identity = {};
+    table.identity.model = "Rowan";
+    table.identity.groupCount = 1;
+    table.identity.groupParamCount[0] = 1;
+    table.identity.groupParamCount[1] = 0;
+    table.grid.setRowCount(1);
+    fillParameterRow(table.grid, 1, Family::Rowan, 0, 0, {1, 9, 0, 0, 1, "Zero", ""});
+    fillParameterRow(table.grid, 2, Family::Rowan, 0, 1, {2, 9, 0, 0, 1, "One", ""});
+    fillParameterRow(table.grid, 3, Family::Rowan, 1, 0, {3, 9, 0, 0, 1, "Reserved", ""});
+    const Workbook first = saved(true);
+    ASSERT_EQ(first.sheets.size(), 2U);
+    EXPECT_EQ(first.sheets[1].name, "Parameter");
+    EXPECT_EQ(text(first.sheets[1], 1, 2), "Pr. No");
+    EXPECT_EQ(text(first.sheets[1], 4, 2), "0256");
+    EXPECT_TRUE(first.sheets[1].columns.at(11).hidden);
+
+    const LoadedFile file = load();
+    ASSERT_TRUE(file.table) << file.error.toStdString();
+    ParameterTable loaded;
+    applyTable(*file.table, loaded);
+    EXPECT_EQ(loaded.grid.cell(column::Description, 3), "Reserved");
+    EXPECT_EQ(loaded.grid.RowCount(), 5);
+    EXPECT_FALSE(loaded.grid.hasCheckBox(4));
+    ASSERT_TRUE(saveTableSheets(*application, path, loaded, false, {}).ok);
+    EXPECT_EQ(readBiff(readWhole(path).bytes).workbook, first);
+}
+
+TEST_F(SheetTransfer, KeepsTheYellowMarkInHazel) {
+    table.identity.family = Family::Hazel;
+    EXPECT_EQ(interior(saved().sheets[2], 4, 6), YellowIndex);
+}
+
+TEST_F(SheetTransfer, GivesEveryGroupRowASheetWhateverTheIdentitySays) {
+    table.identity.groupCount = 1;
+    const Workbook book = saved();
+    ASSERT_EQ(book.sheets.size(), 3U);
+    EXPECT_EQ(book.sheets[2].name, "Group 1");
+    EXPECT_EQ(text(book.sheets[2], 4, 2), "01-00");
+}
+
+TEST_F(SheetTransfer, WritesAndLoadsAComparison) {
+    ComparisonSheet sheet;
+    ParameterTable none;
+    ScriptedOperator person;
+    const LangTable lang;
+    none.TableFileName = "f.txt";
+    test::fillSample(none);
+    ComparisonEngine(table, none, sheet, person, lang).compare(FileVsDefault);
+    ASSERT_TRUE(saveComparisonSheet(*application, path, sheet, progress).ok);
+    const Workbook book = readBiff(readWhole(path).bytes).workbook;
+    ASSERT_EQ(book.sheets.size(), 1U);
+    const Sheet& page = book.sheets[0];
+    EXPECT_EQ(line(page, 1, 2), "Comparison Type:|File vs. default");
+    EXPECT_EQ(line(page, 3, 3), "Tabel Source||f.txt");
+    EXPECT_EQ(line(page, 8, 3), "kW(Hp)||75 ( 100 )");
+    EXPECT_EQ(line(page, 10, 2), "CompareRow|3");
+    EXPECT_TRUE(page.rows.at(10).hidden);
+    EXPECT_EQ(text(page, 11, 10), "Note");
+    EXPECT_EQ(page.find(11, 1)->format, (CellFormat{true, true, LightGrayIndex, 0}));
+    EXPECT_EQ(page.find(12, 1)->format, (CellFormat{true, false, TealIndex, WhiteIndex}));
+    EXPECT_EQ(page.find(13, 1)->format, (CellFormat{true, false, 0, 0}));
+    EXPECT_EQ(page.columns.at(3).width, 20);
+
+    said.clear();
+    const LoadedFile file = load();
+    ASSERT_TRUE(file.comparison) << file.error.toStdString();
+    EXPECT_EQ(said, QStringList({"Reading Comparison Table", "Process Pr 01-00:  Max. Output Freq"}));
+    ComparisonSheet loaded;
+    applyComparison(*file.comparison, loaded);
+    EXPECT_EQ(loaded.CompareAdvStringGrid.RowCount(), 3);
+    EXPECT_EQ(rowTexts(loaded.CompareAdvStringGrid, 2, 1, 10),
+              rowTexts(sheet.CompareAdvStringGrid, 2, 1, 10));
+    EXPECT_TRUE(loaded.CompInfoAdvStringGrid.rowHidden(1));
+    EXPECT_EQ(loaded.CompInfoAdvStringGrid.visibleCell(1, 1), "f.txt");
+}
+
+TEST_F(SheetTransfer, RefusesForeignWorkbooksAndTellsFailures) {
+    const auto tryBook = [&](const std::function<void(SpreadsheetApplication&)>& fill) {
+        application->addWorkbook(path);
+        fill(*application);
+        EXPECT_TRUE(application->close(true).ok);
+        const LoadedFile file = load();
+        return file.table || file.comparison || file.error.isEmpty();
+    };
+    EXPECT_FALSE(tryBook([](SpreadsheetApplication& app) { app.setValue(1, 1, "Shopping list"); }));
+    EXPECT_FALSE(tryBook([](SpreadsheetApplication& app) { app.setValue(7, 2, "3"); }));
+    EXPECT_FALSE(tryBook([](SpreadsheetApplication& app) {
+        app.setValue(1, 1, "Comparison Type:");
+        app.setValue(10, 2, "999999999");
+    }));
+    EXPECT_FALSE(loadSheets(*application, folder.filePath("none.xls"), {}, {}).error.isEmpty());
+    EXPECT_FALSE(saveTableSheets(*application, folder.filePath("no/such/t.xls"), table, false, {}).ok);
+}
+
+TEST(SpreadsheetPresence, IsToldBeforeAnythingElse) {
+    ScriptedOperator person;
+    EXPECT_TRUE(spreadsheetPresent(builtInSpreadsheet(), person));
+    person.expectBox("Please install the Microsoft Excel first !!", "Error");
+    EXPECT_FALSE(spreadsheetPresent({[] { return false; }, {}}, person));
+}
+
+}  // namespace
+}  // namespace kelvane

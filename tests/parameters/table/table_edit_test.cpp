@@ -1,0 +1,128 @@
+#include "parameters/table/table_edit.h"
+
+#include <gtest/gtest.h>
+
+#include "bench/scripted_operator.h"
+#include "parameters/sample_table.h"
+#include "parameters/table/edit_history.h"
+
+namespace kelvane {
+namespace {
+
+class ValueEditing : public ::testing::Test {
+   protected:
+    ValueEditing() {
+        test::fillSample(table);
+        grid.setCheckBox(5, false);
+    }
+    ParameterTable table;
+    StringGrid& grid = table.grid;
+    ScriptedOperator person;
+};
+
+TEST_F(ValueEditing, KeepsSettingTheCheckBoxOnCancel) {
+    person.expectEdit({});
+    ProcessAdvStringGridDblClickCell(grid, 3, 5, person);
+    EXPECT_EQ(valueEditOf(grid, 5)->PrInforVrLabel, "01-00: Max. Output Freq (50.00 ~ 400.00 )");
+    EXPECT_EQ(valueEditOf(grid, 5)->InputDot, 2);
+    EXPECT_EQ(valueEditOf(grid, 5)->InputDefault, 6000);
+    EXPECT_EQ(grid.cell(column::Data, 5), "50.00");
+    EXPECT_TRUE(grid.checkBox(5));
+    person.expectEdit([](ValueEdit& edit) {
+        edit.Text = "55.00";
+        edit.InputAccepted = true;
+    });
+    ProcessAdvStringGridDblClickCell(grid, 5, 5, person);
+    EXPECT_EQ(grid.cell(column::Data, 5), "55.00");
+    ProcessAdvStringGridDblClickCell(grid, 5, 3, person);
+    EXPECT_EQ(grid.cell(column::Data, 3), "150.0");
+    EXPECT_FALSE(grid.checkBox(3));
+}
+
+TEST_F(ValueEditing, LeavesATableAloneThatWentWhileTheEditorWasOpen) {
+    person.expectEdit([this](ValueEdit& edit) {
+        grid.setRowCount(2);
+        edit.InputAccepted = true;
+    });
+    ProcessAdvStringGridDblClickCell(grid, 5, 5, person);
+    EXPECT_EQ(grid.RowCount(), 2);
+}
+
+TEST_F(ValueEditing, HeaderCheckBoxTakesWritableRowsAlong) {
+    ProcessAdvStringGridDblClickCell(grid, 0, 0, person);
+    EXPECT_TRUE(grid.checkBox(0));
+    EXPECT_TRUE(grid.checkBox(5));
+    EXPECT_FALSE(grid.checkBox(3));
+    EXPECT_FALSE(clickCheckBox(grid, 3));
+    EXPECT_TRUE(clickCheckBox(grid, 5));
+    EXPECT_FALSE(grid.checkBox(5));
+}
+
+class History : public ValueEditing {
+   protected:
+    History() { history.tableRead(); }
+    void type(const QString& text) {
+        history.edit([&] {
+            grid.setCell(column::Data, 5, text);
+            grid.setCheckBox(5, true);
+        });
+    }
+    EditHistory history{grid};
+};
+
+TEST_F(History, UndoesTextAndCheckBoxTogether) {
+    type("51.00");
+    type("52.00");
+    EXPECT_TRUE(grid.edited(5));
+    EXPECT_EQ(history.undo(), 5);
+    EXPECT_EQ(grid.cell(column::Data, 5), "51.00");
+    EXPECT_TRUE(grid.checkBox(5));
+    history.undo();
+    EXPECT_EQ(grid.cell(column::Data, 5), "50.00");
+    EXPECT_FALSE(grid.checkBox(5));
+    EXPECT_FALSE(grid.edited(5));
+    EXPECT_EQ(history.undo(), -1);
+    history.redo();
+    EXPECT_EQ(grid.cell(column::Data, 5), "51.00");
+    type("53.00");
+    EXPECT_FALSE(history.canRedo());
+}
+
+TEST_F(History, EndsWhenTheTableIsReadAnew) {
+    type("51.00");
+    history.tableRead();
+    EXPECT_FALSE(history.canUndo());
+    EXPECT_FALSE(grid.edited(5));
+    type("52.00");
+    EXPECT_TRUE(history.backToReadValue(5));
+    EXPECT_EQ(grid.cell(column::Data, 5), "51.00");
+}
+
+TEST_F(History, ForgetsAnEditDuringWhichTheTableWent) {
+    history.edit([&] {
+        grid.setCell(column::Data, 5, "51.00");
+        history.tableRead();
+    });
+    EXPECT_FALSE(history.canUndo());
+}
+
+TEST_F(History, WrittenRowsLoseTheirMarkAndCanBeUndone) {
+    type("51.00");
+    history.written(5);
+    EXPECT_FALSE(grid.edited(5));
+    history.undo();
+    EXPECT_TRUE(grid.edited(5));
+}
+
+TEST_F(History, TakesDefaultsOfWritableRows) {
+    EXPECT_TRUE(history.toDefault(5));
+    EXPECT_EQ(grid.cell(column::Data, 5), "60.00");
+    EXPECT_TRUE(grid.checkBox(5));
+    EXPECT_FALSE(history.toDefault(3));
+    EXPECT_FALSE(history.toDefault(4));
+    history.undo();
+    EXPECT_EQ(grid.cell(column::Data, 5), "50.00");
+}
+
+}  // namespace
+}  // namespace kelvane

@@ -1,0 +1,165 @@
+// Sub-tables, tree texts, column hiding and print records.
+#include <gtest/gtest.h>
+
+#include "bench/scripted_operator.h"
+#include "parameters/report/print_records.h"
+#include "parameters/sample_table.h"
+#include "parameters/table/sub_table.h"
+
+namespace kelvane {
+namespace {
+
+using test::rowTexts;
+
+class SubTables : public ::testing::Test {
+   protected:
+    SubTables() {
+        test::fillSample(table);
+        history.tableRead();
+    }
+    void addReservedGroup() {
+        fillReservedGroupRow(table.grid, 6);
+        fillParameterRow(table.grid, 7, Family::Larch, 2, 0, {5, 9, 0, 0, 5, "Hidden", ""});
+        fillParameterRow(table.grid, 8, Family::Larch, 2, 1, {6, 9, 0, 0, 6, "Hidden 2", ""});
+    }
+    void edit(int row) {
+        person.expectEdit([](ValueEdit& edit) {
+            edit.Text = "55.00";
+            edit.InputAccepted = true;
+        });
+        sub.dblClickCell(5, row, person);
+    }
+    ParameterTable table;
+    EditHistory history{table.grid};
+    SubTable sub{table, TableSide::Drive, history};
+    ScriptedOperator person;
+};
+
+TEST_F(SubTables, ShowOneGroupWithItsChecks) {
+    sub.select("1 - Basic", 2);
+    ASSERT_EQ(sub.grid.RowCount(), 2);
+    EXPECT_EQ(rowTexts(sub.grid, 1), rowTexts(table.grid, 5));
+    EXPECT_TRUE(sub.grid.checkBox(1));
+    sub.select("0 - User", 1);
+    ASSERT_EQ(sub.grid.RowCount(), 3);
+    EXPECT_EQ(rowTexts(sub.grid, 2), rowTexts(table.grid, 3));
+    EXPECT_FALSE(sub.grid.checkBox(1));
+}
+
+TEST_F(SubTables, FindTheParameterByItsNumberWhereCountsDoNotFitTheRows) {
+    table.identity.groupParamCount[0] = 7;
+    sub.select("1 - Basic", 2);
+    edit(1);
+    EXPECT_EQ(table.grid.cell(column::Data, 5), "55.00");
+}
+
+TEST_F(SubTables, PassCheckBoxesOn) {
+    sub.select("1 - Basic", 2);
+    sub.clickCheckBox(1);
+    EXPECT_FALSE(table.grid.checkBox(5));
+    sub.clickCheckBox(0);
+    EXPECT_TRUE(table.grid.checkBox(5));
+    sub.select("0 - User", 1);
+    sub.clickCheckBox(1);
+    EXPECT_FALSE(table.grid.checkBox(2));
+}
+
+TEST_F(SubTables, FindTheReservedGroupOfADriveAndOfAFile) {
+    addReservedGroup();
+    table.identity.groupParamCount[2] = 1;
+    sub.select("2 - Reserved", 3);
+    EXPECT_EQ(sub.grid.cell(column::Description, 2), "Hidden 2");
+    edit(2);
+    EXPECT_EQ(table.grid.cell(column::Data, 8), "55.00");
+
+    table.identity.groupCount = 3;  // a file counts its reserved group
+    SubTable ofFile(table, TableSide::File, history);
+    ofFile.select("Reserved Parameters", 3);
+    ASSERT_EQ(ofFile.grid.RowCount(), 3);
+    EXPECT_EQ(ofFile.grid.cell(column::Description, 1), "Hidden");
+}
+
+TEST_F(SubTables, SurviveCountsThatNoTableHas) {
+    table.identity.groupParamCount.fill(65535);
+    for (const char* node : {"1 - Basic", "77 - None", "x", ""}) sub.select(node, 2);
+    table.identity.groupCount = 0;
+    SubTable ofFile(table, TableSide::File, history);
+    ofFile.select("no number", 1);
+    EXPECT_EQ(ofFile.grid.cell(column::PrNo, 1), "");
+}
+
+TEST(TreeTexts, AreThoseOfTheOpenTables) {
+    EXPECT_EQ(treeRootText(TableSide::Drive, true, "Larch"), "Drive [ Larch ]");
+    EXPECT_EQ(treeRootText(TableSide::File, false, "Larch"), "File");
+    for (const Family family : AllFamilies)
+        EXPECT_EQ(treeChildren(family, {"0 - User"}).size(), family == Family::Rowan ? 1 : 2);
+    EXPECT_EQ(groupNumberOf("5 - Multi-Step Speed and PLC"), 5);
+    EXPECT_EQ(groupNumberOf("12 - Reserved"), 12);
+    for (const char* name : {"Reserved Parameters", "", "-", "Fan-3", "12"})
+        EXPECT_EQ(groupNumberOf(name).has_value(), QString(name) == "12") << name;
+    EXPECT_EQ(sideOfTreeRoot("File [ Drive ]"), TableSide::File);
+}
+
+TEST(TreeTexts, KeepsTheMenuOnGroupsThatNameADrive) {
+    EXPECT_TRUE(treeMenuShown("7 - AC Drive and Motor"));
+    EXPECT_FALSE(treeMenuShown("1 - Basic"));
+}
+
+TEST(ColumnHidingTest, GoesOverAllGrids) {
+    std::array<StringGrid, 5> grids{StringGrid(13), StringGrid(13), StringGrid(13), StringGrid(13),
+                                    StringGrid(11)};
+    ColumnHiding hiding({&grids[0], &grids[1], &grids[2], &grids[3], &grids[4]});
+    for (const Family family : AllFamilies) {
+        hiding.setForFamily(family);
+        for (const StringGrid& grid : grids)
+            for (const int c : {4, 6}) EXPECT_EQ(grid.columnHidden(c), family == Family::Hazel);
+        EXPECT_EQ(hiding.isChecked(6), family == Family::Hazel);
+    }
+    hiding.toggle(3);
+    EXPECT_TRUE(grids[4].columnHidden(3) && hiding.isChecked(3));
+    hiding.toggle(3);
+    EXPECT_FALSE(grids[4].columnHidden(3) || hiding.isChecked(3));
+    hiding.toggle(10);
+    EXPECT_FALSE(grids[0].columnHidden(10));
+}
+
+TEST(PrintRecords, HaveTenFieldsOfEveryRow) {
+    ParameterTable table;
+    test::fillSample(table);
+    const std::vector<PrintRecord> records = printRecords(table.grid, false);
+    ASSERT_EQ(records.size(), 5U);
+    EXPECT_EQ(records[0][2], "0 - User");
+    EXPECT_EQ(QStringList(records[4].begin(), records[4].end()).join('|'),
+              "01-00|0100H|Max. Output Freq|Hz  |50.00|60.00|50.00|400.00|Writable|");
+}
+
+TEST(PrintRecords, KeepsTheHeadBlankBeforeAnyComparison) {
+    ParameterTable drive;
+    ParameterTable file;
+    test::fillSample(drive);
+    test::fillSample(file);
+    file.TableFileName = "a.txt";
+    file.grid.setCell(column::Data, 2, "1");
+    ComparisonSheet sheet;
+    ScriptedOperator person;
+    const LangTable lang;
+    EXPECT_EQ(reportHead(PrintSource::DriveTable, sheet).drive.texts, CompInfoRow{});
+
+    ComparisonEngine engine(drive, file, sheet, person, lang);
+    engine.compare(FileVsDefault);
+    ReportHead head = reportHead(PrintSource::Comparison, sheet);
+    EXPECT_TRUE(head.noteShown);
+    EXPECT_EQ(head.file.texts[0], "a.txt");
+    EXPECT_EQ(head.file.left, 133);
+    EXPECT_EQ(head.drive.texts, CompInfoRow{});
+    EXPECT_EQ(printRecords(sheet.CompareAdvStringGrid, true)[0][9], "File");
+
+    engine.compare(DriveVsFile);
+    head = reportHead(PrintSource::Comparison, sheet);
+    EXPECT_EQ(head.drive.texts[0], "drive");
+    EXPECT_EQ(head.file.texts[0], "a.txt");
+    EXPECT_EQ(head.file.left, 254);
+}
+
+}  // namespace
+}  // namespace kelvane

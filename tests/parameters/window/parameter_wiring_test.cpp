@@ -1,0 +1,139 @@
+// The windows that the whole tool opens for the Parameter window, and what their answers lead to.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "parameters/files/table_text_file.h"
+#include "parameters/sample_table.h"
+#include "shell/shell_bench.h"
+#include "ui/lamp.h"
+
+namespace kelvane {
+namespace {
+
+struct ParameterWiring : ShellBench, testing::Test {
+    ParameterSession& session = tool->parameters;
+    TParameterForm& form = windows->parameterForm;
+
+    ParameterWiring() {
+        goOnLine();
+        windows->openWindow(OwnerParameter);
+    }
+    QAction* item(const char* name) { return find<QAction>(name, &form); }
+    void press(QWidget& window, const char* button) { find<QAbstractButton>(button, &window)->click(); }
+    bool fileLit() { return find<AbLED>("FileAbLED", &windows->selParaSourceForm)->isChecked(); }
+    void readTable() {
+        item("ReadfromDrive")->trigger();
+        EXPECT_TRUE(windows->progressForm.isVisible());
+        ASSERT_TRUE(clock.advanceUntil([this] { return session.reader.DriveTableComplete == 1; }, 600000));
+    }
+    void loadSample() {
+        ParameterTable table;
+        test::fillSample(table);
+        const QString path = dir.filePath("t.txt");
+        writeWhole(path, writeTableText(table, false, TextFormat::Txt));
+        ASSERT_TRUE(form.loader.load(path));
+    }
+};
+
+TEST_F(ParameterWiring, KeypadPasswordSetsTheMarkAndTheReadStartsOnce) {
+    item("ReadfromKeypad")->trigger();
+    ASSERT_TRUE(windows->passwordForm.isVisible());
+    EXPECT_FALSE(item("ReadfromKeypad")->isChecked());
+    auto* edit = find<QLineEdit>("PasswordEdit", &windows->passwordForm);
+    edit->setText("mirto");
+    person.expectBox("Read keypad function enable .", "Success");
+    QTest::keyClick(edit, Qt::Key_Return);
+    EXPECT_FALSE(windows->passwordForm.isVisible());
+    EXPECT_TRUE(item("ReadfromKeypad")->isChecked());
+
+    QSignalSpy started(&session.reader, &ParameterReader::started);
+    Q_EMIT tool->link.keypadTableReady();
+    EXPECT_EQ(started.count(), 1);
+}
+
+TEST_F(ParameterWiring, SourceLampIsLitByClosingATabAndGivesTheWriteList) {
+    readTable();
+    loadSample();
+    EXPECT_FALSE(fileLit());
+    person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::Yes);
+    item("CloseTab")->trigger();
+    ASSERT_TRUE(windows->selParaPrintForm.isVisible());
+    EXPECT_EQ(windows->selParaPrintForm.windowTitle(), "Select Parameter Source to Save");
+    EXPECT_TRUE(fileLit());
+    windows->selParaPrintForm.close();
+    EXPECT_FALSE(session.screen.FileTabSheet);
+
+    loadSample();
+    item("WriteSelect")->trigger();
+    ASSERT_TRUE(windows->selParaSourceForm.isVisible());
+    press(windows->selParaSourceForm, "OKTransparentButton");
+    ASSERT_TRUE(windows->writeCheckForm.isVisible());
+    EXPECT_EQ(session.writer.AdvStringGrid1.RowCount(), 2);  // the one checked row of the file
+    EXPECT_EQ(session.writer.AdvStringGrid1.cell(column::Data, 1), "50.00");
+    windows->writeCheckForm.close();
+}
+
+TEST_F(ParameterWiring, AbortInTheReadBackLeavesAListThatCanBeClosed) {
+    readTable();
+    const int row = rowOfNumber(session.DriveAdvStringGrid, "01-00");
+    session.DriveAdvStringGrid.setCheckBox(row, true);
+    item("WriteSelect")->trigger();
+    person.expectBox("Do you want to write the parameter(s) to drive ?", "Cofirm", BoxAnswer::Yes);
+    press(windows->writeCheckForm, "OKTransparentButton");
+    ASSERT_TRUE(clock.advanceUntil([this] { return windows->progressForm.isVisible(); }, 60000));
+    auto* port = dynamic_cast<drive::PracticePort*>(tool->linkPort.behind());
+    ASSERT_NE(port, nullptr);
+    port->unplug();
+    person.expectLinkFailure("Communication Timeout", false, LinkAnswer::Abort);
+    person.expectBox("On-Line Fail !!", "Error");
+    clock.advanceUntil([this] { return person.allAsked(); }, 600000);
+    EXPECT_FALSE(windows->progressForm.isVisible());
+    ASSERT_TRUE(windows->writeCheckForm.isVisible());
+    windows->writeCheckForm.close();
+    EXPECT_FALSE(windows->writeCheckForm.isVisible());
+    EXPECT_FALSE(session.writer.readBack.ReflahDtataTimer.Enabled() || session.writer.WriteTimer.Enabled());
+    EXPECT_TRUE(session.writer.form.enabled);
+}
+
+TEST_F(ParameterWiring, ComSetupAfterAnAbortedWriteGivesTheLineBackToTheWindow) {
+    readTable();
+    const int row = rowOfNumber(session.DriveAdvStringGrid, "01-00");
+    session.DriveAdvStringGrid.setCheckBox(row, true);
+    auto* port = dynamic_cast<drive::PracticePort*>(tool->linkPort.behind());
+    ASSERT_NE(port, nullptr);
+    port->unplug();
+    item("WriteSelect")->trigger();
+    person.expectBox("Do you want to write the parameter(s) to drive ?", "Cofirm", BoxAnswer::Yes);
+    person.expectLinkFailure("Communication Timeout", true, LinkAnswer::Abort);
+    press(windows->writeCheckForm, "OKTransparentButton");
+    clock.advanceUntil([this] { return windows->writeCheckErrRecordForm.isVisible(); }, 600000);
+    ASSERT_TRUE(windows->writeCheckErrRecordForm.isVisible());
+    windows->writeCheckErrRecordForm.close();
+
+    // The read-back runs all the same; nobody is locked in behind it.
+    ASSERT_TRUE(windows->progressForm.isVisible());
+    person.expectLinkFailure("Communication Timeout", true, LinkAnswer::Abort);
+    clock.advanceUntil([this] { return person.allAsked(); }, 600000);
+    press(windows->progressForm, "CancelTransparentButton");
+    EXPECT_FALSE(windows->progressForm.isVisible());
+    windows->writeCheckForm.close();
+
+    port->plugIn();
+    person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
+    item("ReadfromDrive")->trigger();
+    ASSERT_TRUE(windows->comSetupForm.isVisible());
+    tool->comSetup.TestButtonClick();
+    clock.advance(400);
+    person.expectBox("Do you want to On - Line now ?", "Cofirm", BoxAnswer::Yes);
+    tool->comSetup.OKBitBtnClick();
+    ASSERT_TRUE(clock.advanceUntil([this] { return session.progress.shown; }, 20000));
+    EXPECT_EQ(tool->link.ActiveFunction, OwnerParameter);
+    EXPECT_TRUE(clock.advanceUntil([this] { return session.reader.DriveTableComplete == 1; }, 600000));
+}
+
+}  // namespace
+}  // namespace kelvane
