@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "base/manual_tick_clock.h"
+#include "bench/credit_check.h"
 #include "catalogue/identification.h"
 #include "drive/parameter_data.h"
 #include "drive/practice_port.h"
@@ -66,9 +67,8 @@ struct OnLineBench {
     GroupNameTable names;
     DriveIdentification identification{link, names, lang};
     ParameterSession session{link, clock, names};
+    CreditCheck credits{link, [this] { return &station.drive; }};
     QStringList history;
-    QStringList miscredited;   // replies that were taken for the answer of another request
-    bool compareState = true;  // status registers too; not while the motor moves
     int cycles = 0;
     int polls = 0;
 
@@ -83,7 +83,7 @@ struct OnLineBench {
         });
         QObject::connect(&link, &RequestScheduler::cycleEnded, [this] { ++cycles; });
         QObject::connect(&link, &RequestScheduler::statusDecoded, [this] { ++polls; });
-        for (int task = 0; task < int(link.taskHandlers.size()); ++task) watch(task);
+        credits.compareState = true;
         link.Initial();
     }
 
@@ -113,13 +113,6 @@ struct OnLineBench {
     drive::FaultPlan& faults() { return station.line.faults(); }
     qsizetype sent() const { return station.port.writes().size(); }
     QStringList transcript() const { return station.port.transcript(); }
-    // Reply of the drive to a command string, as it stands in RxData without the check.
-    QByteArray trueReply(const QString& command) const {
-        const QByteArray body = QByteArray::fromHex(command.toLatin1());
-        if (body.size() < 2 || body[1] == 6) return body;
-        return const_cast<drive::PracticeDrive&>(station.drive).answer(body);
-    }
-
     // Group names and counts, identity and limits that differ from the drive's; empty when all is right.
     QStringList wrongIdentity() const {
         QStringList wrong;
@@ -163,20 +156,6 @@ struct OnLineBench {
    private:
     static QString latin(std::string_view text) {
         return QString::fromLatin1(text.data(), qsizetype(text.size()));
-    }
-
-    void watch(int task) {
-        auto& handler = link.taskHandlers[size_t(task)];
-        if (!handler) return;
-        handler = [this, task, handler](const QString& command, const QByteArray& RxData) {
-            const bool state = command.startsWith(QLatin1String("FF0321"));
-            const QByteArray wanted = trueReply(command);
-            if ((compareState || !state) && !RxData.startsWith(wanted))
-                miscredited += QStringLiteral("task %1, %2 was given %3")
-                                   .arg(task)
-                                   .arg(command, QString::fromLatin1(RxData.toHex()));
-            handler(command, RxData);
-        };
     }
 
     QString differenceOf(const StringGrid& grid, int row, int G, int N) const {

@@ -30,7 +30,7 @@ TEST_P(HostileIdentification, KnowsTheDriveWhateverFails) {
                 for (int i = 0; i < inARow; ++i) bench.faults().failAt(place + i, harm.fault);
                 QStringList wrong;
                 if (!bench.goOnLine() || !bench.awaitPolls(3)) wrong += "never on line";
-                wrong += bench.wrongIdentity() + bench.miscredited;
+                wrong += bench.wrongIdentity() + bench.credits.miscredited;
                 if (bench.link.Notice.TInitialForm || bench.link.Notice.TCEmessageForm)
                     wrong += "a notice stays";
                 if (wrong.isEmpty() || ++failed > 8) continue;

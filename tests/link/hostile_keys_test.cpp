@@ -35,7 +35,7 @@ struct Keyboard : OnLineBench {
     QStringList answeredAs;  // "task command" of every answered key
 
     explicit Keyboard(const LineChoice& choice) : OnLineBench(choice) {
-        compareState = false;
+        credits.compareState = false;
         for (const Key& key : keys) {
             const auto handler = link.taskHandlers[key.task];
             link.taskHandlers[key.task] = [this, handler, task = key.task](const QString& command,
@@ -68,7 +68,7 @@ struct Keyboard : OnLineBench {
     QStringList tryOut(const Press& press) {
         if (!calm()) return {"the line never came to rest before"};
         answeredAs.clear();
-        miscredited.clear();
+        credits.miscredited.clear();
         press.harm->setOn(station.line.options());
         for (int i = 0; i < press.harmedInARow; ++i)
             faults().failAt(press.firstHarmed + i, press.harm->fault);
@@ -83,7 +83,7 @@ struct Keyboard : OnLineBench {
     }
 
     QStringList judged(const Press& press, const QStringList& frames, qsizetype pressedAt) const {
-        QStringList wrong = miscredited;
+        QStringList wrong = credits.miscredited;
         const QString command = QString::fromLatin1(press.key->command);
         const qsizetype first = frames.indexOf(command);
         if (first < 0) return wrong + QStringList{"the frame never went out"};

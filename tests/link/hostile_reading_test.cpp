@@ -31,7 +31,7 @@ struct WriteBench : OnLineBench {
     QStringList refused;        // addresses in the record
 
     explicit WriteBench(const LineChoice& choice) : OnLineBench(choice) {
-        compareState = false;
+        credits.compareState = false;
         EXPECT_TRUE(goOnLine());
         openParameterWindow();
         readTable();
@@ -67,7 +67,7 @@ struct WriteBench : OnLineBench {
         clock.advanceUntil([this] { return !session.writer.form.shown; }, 600 * 1000);
     }
     QStringList wrongAfterwards() const {
-        QStringList wrong = miscredited;
+        QStringList wrong = credits.miscredited;
         if (session.writer.form.shown) return wrong + QStringList{"the list waits for ever"};
         const StringGrid& grid = session.DriveAdvStringGrid;
         for (int row = 1; row < grid.RowCount(); ++row) {
@@ -103,7 +103,7 @@ TEST_P(HostileReading, FillsEveryRowWithItsOwnRecord) {
                 harm.setOn(bench.station.line.options());
                 for (int reply = first; reply < 600; reply += Apart) bench.faults().failAt(reply, harm.fault);
                 bench.readTable();
-                QStringList wrong = bench.miscredited;
+                QStringList wrong = bench.credits.miscredited;
                 if (bench.session.progress.shown) wrong += "the read waits for ever";
                 if (!bench.session.reader.DriveTableComplete) wrong += "not complete";
                 if (bench.session.reader.DriveTableComplete) wrong += bench.wrongRows();
@@ -155,7 +155,7 @@ TEST_P(HostileReading, SurvivesWindowsThatOpenAndCloseInMidExchange) {
                     if (!b.goOnLine() || !b.awaitPolls(1)) wrong += "not on line again";
                     wrong += b.wrongIdentity();
                 }
-                wrong += b.miscredited;
+                wrong += b.credits.miscredited;
                 if (wrong.isEmpty()) continue;
                 bench = std::make_unique<OnLineBench>(choice);
                 ASSERT_TRUE(bench->goOnLine());

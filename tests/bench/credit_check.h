@@ -1,0 +1,49 @@
+// Whatever a request is credited with is compared with what the drive answers to that very request, at the
+// place where the link hands it on.
+#pragma once
+
+#include <QStringList>
+#include <functional>
+
+#include "drive/drive_registers.h"
+#include "link/request_scheduler.h"
+
+namespace kelvane {
+
+struct CreditCheck {
+    QStringList miscredited;    // replies that were taken for the answer of another request
+    bool compareState = false;  // status registers too; not while the motor moves
+
+    // Handlers that are registered later are not watched.
+    CreditCheck(RequestScheduler& link, std::function<drive::PracticeDrive*()> drive) {
+        for (size_t task = 0; task < link.taskHandlers.size(); ++task) {
+            auto& handler = link.taskHandlers[task];
+            if (!handler) continue;
+            handler = [this, task, handler, drive](const QString& command, const QByteArray& RxData) {
+                compare(int(task), command, RxData, *drive());
+                handler(command, RxData);
+            };
+        }
+    }
+    CreditCheck(const CreditCheck&) = delete;
+    CreditCheck& operator=(const CreditCheck&) = delete;
+
+   private:
+    void compare(int task, const QString& command, const QByteArray& RxData, drive::PracticeDrive& drive) {
+        const QByteArray request = QByteArray::fromHex(command.toLatin1());
+        if (request.size() < 2) return;
+        const bool write = request[1] == 6;
+        if (!compareState && command.startsWith(QLatin1String("FF0321"))) {
+            if (RxData.size() < 3 || RxData[2] != 2 * request.back()) note(task, command, RxData);
+            return;
+        }
+        if (!RxData.startsWith(write ? request : drive.answer(request))) note(task, command, RxData);
+    }
+    void note(int task, const QString& command, const QByteArray& RxData) {
+        miscredited += QStringLiteral("task %1, %2 was given %3")
+                           .arg(task)
+                           .arg(command, QString::fromLatin1(RxData.toHex()));
+    }
+};
+
+}  // namespace kelvane

@@ -1,0 +1,179 @@
+// A person who does anything, over drives that do anything: real windows and boxes, refusals, losses, noise,
+// a pulled adapter. From wherever a few hundred steps have led, the main window can be reached again by what
+// is on the screen. KELVANE_WALK_STEPS and KELVANE_WALK_SEED choose another walk; KELVANE_WALK_TRACE prints
+// each step as it is taken.
+#include <gtest/gtest.h>
+
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include "base/manual_tick_clock.h"
+#include "bench/credit_check.h"
+#include "bench/hostile_line.h"
+#include "shell/practice_drives.h"
+#include "shell/windows.h"
+#include "walk/walker.h"
+
+namespace kelvane {
+namespace {
+
+constexpr int StepsOut = 250;   // between two returns
+constexpr int StepsHome = 500;  // a return that takes more is none
+
+int setting(const char* name, int otherwise) {
+    bool set = false;
+    const int value = qEnvironmentVariableIntValue(name, &set);
+    return set ? value : otherwise;
+}
+
+struct WalkBench {
+    QTemporaryDir dir;
+    ManualTickClock clock;
+    FixedWallClock wall{QDateTime(QDate(2026, 3, 2), QTime(9, 8, 7))};
+    ProgramFolder folder = ProgramFolder::decide(dir.path(), dir.path());
+    Language language{.table = LangTable::builtInEnglish()};
+    ShellOperator person{language.table};
+    PracticeDrives practice{clock};
+    LooksInMemory looks;
+    Tool tool{{clock, wall, person, folder, language, [this](const PortTarget& target) {
+                   std::unique_ptr<TApdComPort> port;
+                   if (target.kind == PortTarget::Kind::Practice) port = practice.makePort(target.family);
+                   return port;
+               }}};
+    TMainForm mainForm{tool};
+    Windows windows{tool, mainForm, &person, looks};
+    CreditCheck credits{tool.link, [this] { return &practice.driveOf(tool.practiceFamily()); }};
+
+    WalkBench() {
+        language.LanguageIndex = 4;
+        person.lastFolder = dir.path();
+        mainForm.show();
+        usualSettings();
+    }
+    void usualSettings() {
+        if (tool.link.Lamp.onLine()) return;
+        tool.comSetup.ComPortComboBoxChange("20");
+        tool.comSetup.ModeComboBoxChange("ASCII");
+        tool.comSetup.BaudComboBoxChange("9600");
+        tool.comSetup.copySettingsToLink();
+    }
+};
+
+// The line changes its mind now and then: mostly good, at times bad, seldom dead.
+struct Weather {
+    WalkBench& bench;
+    walk::Walker& walker;
+
+    void change() {
+        drive::LineModel& line = bench.practice.lineOf(bench.tool.practiceFamily());
+        line.setUnplugged(walker.chance(4));
+        line.faults().clear();
+        const auto harms = plainHarms() + lateReplies() + brokenReplies();
+        const int kinds = walker.roll(4);
+        for (int i = 0; i < kinds; ++i) {
+            const Harm& harm = harms[size_t(walker.roll(int(harms.size())))];
+            harm.setOn(line.options());
+            line.faults().setChance(harm.fault, walker.roll(3) ? 2 + walker.roll(10) : 60);
+        }
+        if (walker.chance(6)) line.faults().setChance(drive::LineFault::Silent, 100);
+        bench.practice.driveOf(bench.tool.practiceFamily()).options().tellsTexts = !walker.chance(20);
+    }
+};
+
+class RandomWalk : public QObject {
+   public:
+    RandomWalk(WalkBench& bench, uint32_t seed, int steps)
+        : m_bench(bench), m_walker(bench.mainForm, seed), m_steps(steps) {
+        m_walker.advance = [this](int ms) { m_bench.clock.advance(ms); };
+        m_walker.stays = {"FileExitItem", "ExitTransparentButton"};
+        m_walker.likes = {{"TestButton", 6},
+                          {"OKBitBtn", 6},
+                          {"ComSetup", 4},
+                          {"Parameter", 1},
+                          {"ParameterManagement", 4},
+                          {"ReadDriveTransparentButton", 4},
+                          {"WriteCheckTransparentButton", 4},
+                          {"WriteSelect", 3},
+                          {"Yes", 2},
+                          {"Retry", 1},
+                          {"ModeComboBox", 0.02},
+                          {"BaudComboBox", 0.02},
+                          {"ComPortComboBox", 0.02},
+                          {"DataBitsComboBox", 0.02},
+                          {"ParityComboBox", 0.02},
+                          {"StopBitsComboBox", 0.02},
+                          {"AutoDetectRadioButton", 0.1}};
+    }
+    void run() {
+        QTimer::singleShot(0, this, [this] { step(); });
+        m_loop.exec();
+    }
+    const walk::Walker& walker() const { return m_walker; }
+    int returns() const { return m_returns; }
+
+   private:
+    // The next step is due before this one acts, since this one may open a box and wait in it.
+    void step() {
+        if (m_ended) return;
+        QTimer::singleShot(0, this, [this] { step(); });
+        if (m_homeward && m_walker.isHome()) {
+            m_homeward = 0;
+            ++m_returns;
+            if (m_taken >= m_steps) return end();
+            m_bench.usualSettings();
+        }
+        if (!m_homeward && m_taken >= (m_returns + 1) * StepsOut) m_homeward = 1;
+        if (m_homeward && ++m_homeward > StepsHome) return stuck();
+        if (m_walker.chance(1.5)) Weather{m_bench, m_walker}.change();
+        if (!m_homeward) ++m_taken;
+        m_walker.step(m_homeward != 0);
+    }
+    void stuck() {
+        ADD_FAILURE() << "No way home after step " << m_taken << ". On the screen:\n"
+                      << qPrintable(m_walker.screen()) << "\nThe last steps:\n"
+                      << qPrintable(m_walker.log.join(QLatin1Char('\n')));
+        end();
+    }
+    void end() {
+        m_ended = true;
+        QCoreApplication::exit();
+    }
+
+    WalkBench& m_bench;
+    walk::Walker m_walker;
+    QEventLoop m_loop;
+    int m_steps;
+    int m_taken = 0;
+    int m_returns = 0;
+    int m_homeward = 0;
+    bool m_ended = false;
+};
+
+class RandomWalks : public testing::TestWithParam<int> {};
+
+TEST_P(RandomWalks, AlwaysFindBackToTheMainWindow) {
+    const int steps = setting("KELVANE_WALK_STEPS", 1000);
+    WalkBench bench;
+    RandomWalk walk(bench, uint32_t(GetParam()), steps);
+    walk.run();
+    EXPECT_GE(walk.returns(), steps / StepsOut);
+    EXPECT_EQ(bench.credits.miscredited, QStringList());
+    const QMap<QString, int>& visits = walk.walker().visits;
+    for (const char* window : {"TMainForm", "TComSetupForm", "TParameterForm"})
+        EXPECT_GT(visits.value(window), 0) << window;
+    for (auto visit = visits.begin(); visit != visits.end(); ++visit)
+        RecordProperty(visit.key().toStdString(), visit.value());
+}
+
+std::vector<int> chosenSeeds() {
+    if (const int seed = setting("KELVANE_WALK_SEED", 0)) return {seed};
+    if (!std::getenv("KELVANE_ADVERSARY")) return {};
+    return {1, 2, 3};
+}
+
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(RandomWalks);
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomWalks, testing::ValuesIn(chosenSeeds()));
+
+}  // namespace
+}  // namespace kelvane
