@@ -41,6 +41,10 @@ class Operator {
     // suffix (".txt", ".CSV") is appended to the chosen name whatever it ends in; overwriting is asked for
     // the name with its suffix. The answer has the suffix.
     virtual std::optional<QString> saveFile(const QString& filter, const QString& suffix) = 0;
+    // The same for a name that gets suffix only when it has none: "mine" is "mine.prj".
+    virtual std::optional<QString> saveFileAs(const QString& filter, const QString& suffix) {
+        return saveFile(filter, suffix);
+    }
     // TMessageForm: ErrNameVrLabel is its text; Ignore is offered only when ignoreShown.
     virtual LinkAnswer linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) = 0;
     virtual void editValue(ValueEdit& edit) = 0;

@@ -36,9 +36,8 @@ PortDirectory::PortDirectory() {
     for (int n = FirstComNumber; n <= LastComNumber; ++n) m_targets[n - 1] = fixedRule(n);
 }
 
-PortDirectory PortDirectory::ofFolder(const QString& folder) {
-    const QString path = QDir(folder).filePath(QStringLiteral("serial_ports.txt"));
-    if (!QFileInfo::exists(path)) return {};
+PortDirectory PortDirectory::ofFile(const QString& path) {
+    if (path.isEmpty()) return {};
     const FileContent content = readWhole(path, LargestFile);
     if (content.ok) return fromText(QString::fromUtf8(content.bytes));
     PortDirectory directory;

@@ -64,6 +64,7 @@ class QtComPort final : public TApdComPort {
     bool m_inHandler = false;
     bool m_missed = false;  // bytes came while the handler was at work
     bool m_losing = false;
+    int m_errorsInARow = 0;
     bool m_dtr = true;
     QString m_openError;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);

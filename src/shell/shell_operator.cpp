@@ -84,11 +84,24 @@ std::optional<QString> ShellOperator::openFile(const QString& filter) {
     return askFile(QFileDialog::AcceptOpen, filter);
 }
 
+QString withSuffix(const QString& path, const QString& suffix) {
+    return QFileInfo(path).suffix().isEmpty() ? path + suffix : path;
+}
+
 std::optional<QString> ShellOperator::saveFile(const QString& filter, const QString& suffix) {
+    return askToSave(filter, [&](const QString& chosen) { return chosen + suffix; });
+}
+
+std::optional<QString> ShellOperator::saveFileAs(const QString& filter, const QString& suffix) {
+    return askToSave(filter, [&](const QString& chosen) { return withSuffix(chosen, suffix); });
+}
+
+// Whether a file may be overwritten is asked about the name that it gets in the end.
+std::optional<QString> ShellOperator::askToSave(const QString& filter, const Rename& finalName) {
     for (;;) {
         const std::optional<QString> name = askFile(QFileDialog::AcceptSave, filter);
         if (!name) return {};
-        const QString path = *name + suffix;
+        const QString path = finalName(*name);
         if (!QFileInfo::exists(path)) return path;
         if (yes(m_lang.MsgStr(Message::OverwriteFile), QStringLiteral("Cofirm"), BoxIcon::Exclamation))
             return path;

@@ -20,6 +20,7 @@ class ShellOperator final : public Operator {
     BoxAnswer box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) override;
     std::optional<QString> openFile(const QString& filter) override;
     std::optional<QString> saveFile(const QString& filter, const QString& suffix) override;
+    std::optional<QString> saveFileAs(const QString& filter, const QString& suffix) override;
     LinkAnswer linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) override;
     void editValue(ValueEdit& edit) override;
 
@@ -30,8 +31,13 @@ class ShellOperator final : public Operator {
 
    private:
     std::optional<QString> askFile(QFileDialog::AcceptMode mode, const QString& filter);
+    using Rename = std::function<QString(const QString& chosen)>;
+    std::optional<QString> askToSave(const QString& filter, const Rename& finalName);
     const LangTable& m_lang;
 };
+
+// path, with suffix (".prj") when its name has none.
+QString withSuffix(const QString& path, const QString& suffix);
 
 // "Text(*.txt)|*.txt|All(*.*)|*.*" as the name filters of a dialog: every first part.
 QStringList nameFilters(const QString& filter);

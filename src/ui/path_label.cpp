@@ -1,7 +1,8 @@
 #include "ui/path_label.h"
 
 #include <QEvent>
-#include <QTextDocument>
+
+#include "ui/named.h"
 
 namespace kelvane {
 namespace {
@@ -53,7 +54,7 @@ PathLabel::PathLabel(QWidget* parent) : QLabel(parent) {
 void PathLabel::setPath(const QString& path) {
     if (path == m_path) return;
     m_path = path;
-    setToolTip(Qt::mightBeRichText(path) ? QLatin1String("<p>") + path.toHtmlEscaped() : path);
+    setToolTip(plainHint(path));
     setAccessibleName(path);
     updateGeometry();
     fit();

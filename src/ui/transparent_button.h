@@ -26,8 +26,6 @@ class TransparentButton : public QToolButton {
    protected:
     void initStyleOption(QStyleOptionToolButton* option) const override;
     void keyPressEvent(QKeyEvent* event) override;  // Enter presses it, like Space
-
-   private:
 };
 
 }  // namespace kelvane

@@ -49,10 +49,11 @@ TEST(PortDirectory, TakesGoodLinesOfTheFileAndTellsTheOthers) {
 
 TEST(PortDirectory, ReadsTheFileOfAFolderAndDescribesWhatItFinds) {
     const QTemporaryDir folder;
-    EXPECT_TRUE(PortDirectory::ofFolder(folder.path()).complaints().isEmpty());
+    EXPECT_TRUE(PortDirectory::ofFile({}).complaints().isEmpty());
     const QString device = folder.filePath(QStringLiteral("device"));
     writeWhole(folder.filePath(QStringLiteral("serial_ports.txt")), "2=" + device.toUtf8());
-    const PortDirectory directory = PortDirectory::ofFolder(folder.path());
+    const PortDirectory directory =
+        PortDirectory::ofFile(folder.filePath(QStringLiteral("serial_ports.txt")));
     EXPECT_FALSE(directory.isPresent(2));
     EXPECT_EQ(PortDirectory::describe(directory.target(2)).text(),
               device + QStringLiteral(", not connected"));
@@ -64,7 +65,8 @@ TEST(PortDirectory, ReadsTheFileOfAFolderAndDescribesWhatItFinds) {
 
     const QTemporaryDir damaged;
     QDir(damaged.path()).mkdir(QStringLiteral("serial_ports.txt"));
-    EXPECT_EQ(PortDirectory::ofFolder(damaged.path()).complaints().size(), 1);
+    EXPECT_EQ(PortDirectory::ofFile(damaged.filePath(QStringLiteral("serial_ports.txt"))).complaints().size(),
+              1);
 }
 
 }  // namespace

@@ -29,7 +29,10 @@ class StartupLanguage : public testing::Test {
             QStringLiteral("Can't open the file !\nThe software will be set English interface."),
             QStringLiteral("Error"));
     }
-    void start() { startLanguage(m_language, m_folder.path(), m_folder.path(), m_person); }
+    void start() {
+        startLanguage(m_language, m_folder.filePath(QStringLiteral("default.prj")), m_folder.path(),
+                      m_person);
+    }
 
     QTemporaryDir m_folder;
     ScriptedOperator m_person;
@@ -44,6 +47,16 @@ TEST_F(StartupLanguage, TakesTheLanguageOfTheProject) {
     start();
     EXPECT_EQ(m_language.LanguageIndex, 9);
     EXPECT_EQ(m_language.table.form(FormSection::QSource).Caption, QStringLiteral("Source"));
+}
+
+// Boxes have texts whatever a file leaves out, and no file is looked for where there is no folder.
+TEST_F(StartupLanguage, HasTheBuiltInMessagesBeforeAnyFile) {
+    writeProject("[Language]\r\nLangID=4\r\n");
+    writeLanguageFile(4, SourceDialog);
+    start();
+    EXPECT_EQ(m_language.table.MsgStr(Message::OnLineFail), QStringLiteral("On-Line Fail !!"));
+    m_person.expectBox(QStringLiteral("Can't open the file !"), QStringLiteral("Error"));
+    EXPECT_FALSE(chooseLanguage(m_language, 4, {}, m_person));
 }
 
 TEST_F(StartupLanguage, KeepsLangIDToEightBits) {
