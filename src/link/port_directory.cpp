@@ -12,6 +12,7 @@ namespace kelvane {
 namespace {
 
 constexpr qint64 LargestFile = 64 * 1024;
+const QString PracticeLine = QStringLiteral("answers at ASCII, 9600, 7, N, 2");
 
 PortTarget device(const QString& path) { return {.kind = PortTarget::Kind::Device, .devicePath = path}; }
 PortTarget practice(Family family) { return {.kind = PortTarget::Kind::Practice, .family = family}; }
@@ -101,6 +102,7 @@ PortDescription PortDirectory::describe(const PortTarget& target) {
     PortDescription result{.present = isPresent(target)};
     if (target.kind == PortTarget::Kind::Practice) {
         result.device = QStringLiteral("practice drive %1").arg(QLatin1String(familyName(target.family)));
+        result.description = PracticeLine;
     } else if (target.kind == PortTarget::Kind::Device) {
         result.device = target.devicePath;
         // A link such as those of /dev/serial/by-id is described by the device that it leads to.

@@ -2,19 +2,74 @@
 
 #include <QLabel>
 #include <QVBoxLayout>
+#include <utility>
+
+#include "ui/icons.h"
+#include "ui/named.h"
+#include "ui/transparent_button.h"
 
 namespace kelvane {
 
-TInitialForm::TInitialForm(RequestScheduler& link, QWidget* parent)
-    : WaitForm(QStringLiteral("Please wait"), parent), m_link(link) {
+namespace {
+
+constexpr int PatienceMs = 5000;
+
+}  // namespace
+
+TInitialForm::TInitialForm(RequestScheduler& link, TickClock& clock, QWidget* parent)
+    : WaitForm(tr("Please wait"), parent),
+      m_link(link),
+      m_patience(clock, TickKind::RealTime, PatienceMs, [this] { offerToLeave(true); }),
+      m_waitsFor(plainLabel("WaitsForLabel", {}, this)),
+      m_stop(named<TransparentButton>("StopWaitingTransparentButton", icon(Icon::Cancel), tr("Stop waiting"),
+                                      this, TransparentButton::Layout::IconLeft)) {
     setObjectName(QStringLiteral("TInitialForm"));
-    auto* Label1 = new QLabel(QStringLiteral("Config the settings. Please wait a moment ..."), this);
-    Label1->setObjectName(QStringLiteral("Label1"));
     auto* column = new QVBoxLayout(this);
     const int room = fontMetrics().height();
     column->setContentsMargins(2 * room, 2 * room, 2 * room, 2 * room);
-    column->addWidget(Label1);
-    connect(&m_link, &RequestScheduler::changed, this, [this] { setVisible(m_link.Notice.TInitialForm); });
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    column->addWidget(
+        plainLabel("Label1", QStringLiteral("Config the settings. Please wait a moment ..."), this));
+    column->addWidget(m_waitsFor);
+    column->addWidget(m_stop, 0, Qt::AlignRight);
+    m_waitsFor->setWordWrap(true);
+    offerToLeave(false);
+    connect(m_stop, &QAbstractButton::clicked, this, &TInitialForm::leave);
+    connect(&m_link, &RequestScheduler::changed, this, &TInitialForm::follow);
+}
+
+void TInitialForm::follow() {
+    const bool wanted = m_link.Notice.TInitialForm;
+    if (wanted == isVisible()) return;
+    offerToLeave(false);
+    m_patience.setEnabled(wanted);
+    if (!wanted) m_wait = {};
+    setVisible(wanted);
+}
+
+void TInitialForm::offerToLeave(bool offered) {
+    m_patience.setEnabled(false);
+    const QString what = m_wait.what.isEmpty() ? tr("the drive to say who it is") : m_wait.what;
+    m_waitsFor->setText(tr("Still waiting for %1. If the line is disturbed, this may never end.").arg(what));
+    m_waitsFor->setVisible(offered);
+    m_stop->setVisible(offered);
+    if (offered) m_stop->setFocus();
+}
+
+// Escape leaves as the button does, once it is there.
+void TInitialForm::reject() {
+    if (m_stop->isVisible()) leave();
+}
+
+void TInitialForm::leave() {
+    const Wait wait = std::exchange(m_wait, {});
+    if (wait.leave)
+        wait.leave();
+    else
+        m_link.Initial();
+    m_link.Notice.TInitialForm = false;
+    m_link.notifyChanged();
+    Q_EMIT left();
 }
 
 }  // namespace kelvane

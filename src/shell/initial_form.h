@@ -1,19 +1,47 @@
 // TInitialForm, the wait notice while the drive is being identified or a window reads its first values. The
-// link's notice record opens it (through whoever starts the wait) and closes it.
+// link's notice record opens it (through whoever starts the wait) and closes it. A wait that does not end can
+// be left: after five seconds the notice says what it waits for and offers a way out.
 #pragma once
+
+#include <functional>
 
 #include "link/request_scheduler.h"
 #include "shell/wait_form.h"
 
+class QLabel;
+
 namespace kelvane {
+
+class TransparentButton;
 
 class TInitialForm : public WaitForm {
     Q_OBJECT
    public:
-    explicit TInitialForm(RequestScheduler& link, QWidget* parent = nullptr);
+    TInitialForm(RequestScheduler& link, TickClock& clock, QWidget* parent = nullptr);
+
+    // What a wait is for, and its end when the person leaves it; to be set before it is shown. Without one it
+    // is identification, which Initial ends.
+    struct Wait {
+        QString what;
+        std::function<void()> leave;
+    };
+    void setWait(const Wait& wait) { m_wait = wait; }
+
+   Q_SIGNALS:
+    void left();  // by the person; the wait's own end has run
+
+   protected:
+    void reject() override;
 
    private:
+    void follow();
+    void offerToLeave(bool offered);
+    void leave();
     RequestScheduler& m_link;
+    TickTimer m_patience;
+    Wait m_wait;
+    QLabel* m_waitsFor;
+    TransparentButton* m_stop;
 };
 
 }  // namespace kelvane

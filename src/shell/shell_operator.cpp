@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QFileInfo>
+#include <QGridLayout>
 
 #include "shell/message_form.h"
 
@@ -13,6 +14,24 @@ namespace {
 QWidget* windowInFront() {
     if (QWidget* modal = QApplication::activeModalWidget()) return modal;
     return QApplication::activeWindow();
+}
+
+// Not every window manager gives the keyboard back to the window that asked.
+void goBackTo(QWidget* window) {
+    if (window && window->isVisible()) window->activateWindow();
+}
+
+// A box takes its width from its text and would cut a longer title.
+void makeRoomForTitle(QMessageBox& message) {
+    auto* grid = qobject_cast<QGridLayout*>(message.layout());
+    if (!grid) return;
+    const QFontMetrics bold{[&] {
+        QFont face = message.font();
+        face.setBold(true);
+        return face;
+    }()};
+    const int room = bold.horizontalAdvance(message.windowTitle()) + 10 * bold.height();
+    grid->addItem(new QSpacerItem(room, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 QMessageBox::Icon iconOf(BoxIcon icon) {
@@ -50,6 +69,18 @@ BoxAnswer answerOf(int pressed, BoxButtons buttons) {
 
 }  // namespace
 
+// What a person can do about a failure of the line, beside the box's own text.
+QString ShellOperator::adviceFor(const QString& text) const {
+    if (text == m_lang.MsgStr(Message::NoComPort))
+        return QCoreApplication::translate("kelvane::ShellOperator", "The history says why, and what helps.");
+    const bool silent = text == m_lang.MsgStr(Message::ComTimeout) || text == m_lang.MsgStr(Message::NoDriveDetected) ||
+                        text == QLatin1String("Initial drive failed !!");
+    if (!silent) return {};
+    return QCoreApplication::translate("kelvane::ShellOperator",
+                                       "Look at the cable, at the power of the drive and at mode, baud rate and "
+                                       "protocol in Com Setup, or let Auto-Detect find them.");
+}
+
 QStringList nameFilters(const QString& filter) {
     const QStringList parts = filter.split(QLatin1Char('|'));
     QStringList names;
@@ -60,9 +91,12 @@ QStringList nameFilters(const QString& filter) {
 BoxAnswer ShellOperator::box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) {
     QMessageBox message(iconOf(icon), title, text, buttonsOf(buttons), windowInFront());
     message.setTextFormat(Qt::PlainText);
+    message.setInformativeText(adviceFor(text));
+    makeRoomForTitle(message);
     message.setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (buttons == BoxButtons::YesNo) message.setEscapeButton(QMessageBox::No);
     message.exec();
+    goBackTo(message.parentWidget());
     const QMessageBox::StandardButton pressed = message.standardButton(message.clickedButton());
     return answerOf(pressed, buttons);
 }
@@ -75,6 +109,7 @@ std::optional<QString> ShellOperator::askFile(QFileDialog::AcceptMode mode, cons
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     if (!lastFolder.isEmpty()) dialog.setDirectory(lastFolder);
     dialog.exec();
+    goBackTo(dialog.parentWidget());
     if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     lastFolder = dialog.directory().absolutePath();
     return dialog.selectedFiles().first();

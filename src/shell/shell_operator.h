@@ -30,6 +30,7 @@ class ShellOperator final : public Operator {
     QString lastFolder;  // of the file dialogs
 
    private:
+    QString adviceFor(const QString& text) const;
     std::optional<QString> askFile(QFileDialog::AcceptMode mode, const QString& filter);
     using Rename = std::function<QString(const QString& chosen)>;
     std::optional<QString> askToSave(const QString& filter, const Rename& finalName);

@@ -1,5 +1,6 @@
 #include "shell/ui_state.h"
 
+#include <QFileInfo>
 #include <QSplitter>
 #include <QWidget>
 
@@ -11,7 +12,15 @@ QString key(const QObject& object, const char* what) {
     return object.objectName() % QLatin1Char('/') % QLatin1String(what);
 }
 
+// Reading a pipe would wait for whoever writes into it.
+QString usable(const QString& path) {
+    const QFileInfo info(path);
+    return info.exists() && !info.isFile() ? QString() : path;
+}
+
 }  // namespace
+
+UiState::UiState(const QString& path) : m_settings(usable(path), QSettings::IniFormat) {}
 
 void UiState::restoreWindow(QWidget& window) {
     window.restoreGeometry(m_settings.value(key(window, "geometry")).toByteArray());

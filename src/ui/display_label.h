@@ -1,4 +1,4 @@
-// VrLabel, the display label that shows a value of the drive: sunken, plain text only (a drive's text never
+// VrLabel, the display label that shows a value of the drive: plain text on a line (a drive's text never
 // becomes mark-up), its own colours where they are set.
 #pragma once
 
@@ -33,6 +33,7 @@ class VrLabel : public QLabel {
 
    protected:
     void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
    private:
     void applyColours();

@@ -36,7 +36,7 @@ constexpr std::array<const char*, IconCount> IconNames{
     "copy",         "close",          "folder",      "folder_up",  "file",       "accept",       "cancel",
     "test",         "connect",        "disconnect",  "start",      "stop",       "clear",        "option",
     "cursor",       "picture",        "zoom",        "add",        "remove",     "edit",         "run",
-    "fault",        "lock",           "motor",       "more",       "tree_drive", "tree_file",    "tree_open",
+    "fault",        "lock",           "motor",       "more",       "refused", "tree_drive", "tree_file",    "tree_open",
     "tree_compare", "tree_parameters"};
 static_assert(IconNames.back() != nullptr, "one name for each icon");
 
@@ -169,12 +169,6 @@ void PictureBox::showFamily(quint8 DriveFamily) {
 void PictureBox::showLogo() {
     m_kind = Kind::Logo;
     setAccessibleName(QStringLiteral("Kelvane"));
-    update();
-}
-
-void PictureBox::showNothing() {
-    m_kind = Kind::Nothing;
-    setAccessibleName({});
     update();
 }
 

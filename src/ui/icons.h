@@ -16,7 +16,7 @@ enum class Icon : int {
     Language, Find, Previous, Next, Undo, Redo, Backup, Help, About,
     Pid, AutoTuning, MultiStep, Copy, Close, Folder, FolderUp, File,
     Accept, Cancel, Test, Connect, Disconnect, Start, Stop, Clear, Option, Cursor, Picture, Zoom,
-    Add, Remove, Edit, Run, Fault, Lock, Motor, More,
+    Add, Remove, Edit, Run, Fault, Lock, Motor, More, Refused,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
     Count_,
 };
@@ -43,7 +43,6 @@ class PictureBox : public QWidget {
     explicit PictureBox(QWidget* parent = nullptr);
     void showFamily(quint8 DriveFamily);  // nothing for a number that is no family
     void showLogo();
-    void showNothing();
     bool isEmpty() const { return m_kind == Kind::Nothing; }
     QSize sizeHint() const override;
 

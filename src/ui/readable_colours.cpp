@@ -7,8 +7,8 @@
 namespace kelvane {
 namespace {
 
-// The tables' red on white has 4.0 and is meant to be read, so the limit lies below it.
-constexpr double EnoughContrast = 3.5;
+constexpr double EnoughContrast = 4.5;  // WCAG 2, AA
+constexpr double LargestShade = 0.5;    // beyond it a colour is no longer itself
 
 double linear(double channel) {
     return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -23,6 +23,16 @@ QColor partnerOf(const QColor& told, const QColor& wanted) {
     return contrast(told, Qt::black) > contrast(told, Qt::white) ? Qt::black : Qt::white;
 }
 
+// text on paper, darker or lighter by as little as reading asks for; nothing when it would be another colour.
+std::optional<QColor> shaded(const QColor& text, const QColor& paper) {
+    const QColor away = contrast(paper, Qt::black) > contrast(paper, Qt::white) ? Qt::black : Qt::white;
+    for (double share = 0; share <= LargestShade; share += 0.02) {
+        const QColor shade = share > 0 ? mix(text, away, share) : text;
+        if (contrast(shade, paper) >= EnoughContrast) return shade;
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 double contrast(const QColor& a, const QColor& b) {
@@ -34,8 +44,11 @@ ColourPair readablePair(const std::optional<QColor>& text, const std::optional<Q
                         const QPalette& palette) {
     const QColor ink = palette.color(QPalette::Text);
     const QColor paper = palette.color(QPalette::Base);
-    if (text && background) return {*text, *background};
-    if (text) return {*text, partnerOf(*text, paper)};
+    if (text && background) return {shaded(*text, *background).value_or(*text), *background};
+    if (text) {
+        if (const std::optional<QColor> shade = shaded(*text, paper)) return {*shade, paper};
+        return {*text, partnerOf(*text, paper)};
+    }
     if (background) return {partnerOf(*background, ink), *background};
     return {ink, paper};
 }

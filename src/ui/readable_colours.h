@@ -17,7 +17,8 @@ struct ColourPair {
 // Contrast of two opaque colours as WCAG 2 counts it: 1 (equal) to 21 (black on white).
 double contrast(const QColor& a, const QColor& b);
 
-// The pair for what is given; without either the palette's Text on Base. A given colour is never changed.
+// The pair for what is given; without either the palette's Text on Base. A text
+// colour is shaded where it could not be read; white text on white paper gets a dark ground instead.
 ColourPair readablePair(const std::optional<QColor>& text, const std::optional<QColor>& background,
                         const QPalette& palette);
 

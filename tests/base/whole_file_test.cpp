@@ -32,7 +32,8 @@ TEST(WholeFile, LeavesTheOldOneWhenTheDiskFailsAtTheFlush) {
         const FileResult result = writeWhole(path, "new");
         diskError = 0;
         EXPECT_FALSE(result.ok);
-        EXPECT_TRUE(result.error.contains(QString::fromLocal8Bit(strerror(error)))) << result.error.toStdString();
+        EXPECT_TRUE(result.error.contains(QString::fromLocal8Bit(strerror(error))))
+            << result.error.toStdString();
         EXPECT_EQ(readWhole(path).bytes, "old");
         EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
     }
@@ -46,7 +47,8 @@ TEST(WholeFile, ReadsNothingButFiles) {
     const QTemporaryDir folder;
     const QString pipe = folder.filePath(QStringLiteral("pipe"));
     ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
-    for (const QString& path : {pipe, QStringLiteral("/dev/zero"), folder.path(), folder.filePath(QStringLiteral("absent"))}) {
+    for (const QString& path :
+         {pipe, QStringLiteral("/dev/zero"), folder.path(), folder.filePath(QStringLiteral("absent"))}) {
         const FileContent content = readWhole(path, 1000);
         EXPECT_FALSE(content.ok) << path.toStdString();
         EXPECT_TRUE(content.error.startsWith(path));

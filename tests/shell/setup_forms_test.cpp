@@ -145,7 +145,7 @@ TEST(ComSetupForm, TellsWhatStandsBehindTheNumber) {
 
 TEST(ComSetupForm, TestByHandThenOnLine) {
     Room room;
-    TInitialForm wait(room.link);
+    TInitialForm wait(room.link, room.clock);
     room.open();
     EXPECT_FALSE(named<QWidget>(room.form, "OKBitBtn").isEnabled());
     click(room.form, "TestButton");
@@ -306,7 +306,7 @@ TEST(MessageForm, ThreeAnswersAndNoOtherWayOut) {
 
 TEST(CEmessageForm, StandsOverTheWindowInFrontAndFollowsTheLink) {
     Room room;
-    TInitialForm wait(room.link);
+    TInitialForm wait(room.link, room.clock);
     TCEmessageForm notice(room.link);
     room.station.line.faults().setChance(drive::LineFault::Silent, 100);
     room.setup.ComPortComboBoxChange(QStringLiteral("3"));
@@ -336,7 +336,7 @@ TEST(CEmessageForm, StandsOverTheWindowInFrontAndFollowsTheLink) {
 
 TEST(InitialForm, NobodyIsLockedInWhenTheLinkGivesUp) {
     Room room;
-    TInitialForm wait(room.link);
+    TInitialForm wait(room.link, room.clock);
     room.station.line.faults().setChance(drive::LineFault::Exception, 100);
     room.setup.copySettingsToLink();
     room.link.Initial();
