@@ -45,7 +45,7 @@ constexpr std::array<ParamRow, 18> Basic{{  // 01
 }};
 
 constexpr std::array<ParamRow, 7> OperationMethod{{  // 02
-    {"Freq. Source",     "",          5,      0,      0,     5, 0, RunSet},
+    {"Freq. Source",     "",          3,      0,      0,     5, 0, RunSet},
     {"Operation Source", "",          3,      0,      0,     4, 0, RunSet},
     {"Stop Method",      "",          0,      0,      0,     1, 0, 0},
     {"Carrier Freq.",    "kHz",      10,     10,      3,    10, 0, 0},

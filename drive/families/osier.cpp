@@ -39,8 +39,8 @@ constexpr std::array<ParamRow, 24> Basic{{  // 01
     {"Mid-Point Volt.",  "V",       100,    100,      2,  5100, 1, 0},
     {"Min Output Freq.", "Hz",      150,    150,     10, 12000, 2, 0},
     {"Min Output Volt.", "V",       100,    100,      2,  5100, 1, 0},
-    {"Upper Bound Freq", "Hz",     6000,   6000,      0, 12000, 2, 0},
-    {"Lower Bound Freq", "Hz",        0,      0,      0, 12000, 2, 0},
+    {"Upper Freq Bound", "%",      1000,   1000,      0,  1200, 1, 0},
+    {"Lower Freq Bound", "%",         0,      0,      0,  1000, 1, 0},
     {"Accel Time 1",     "sec",     300,    600,      1, 36000, 1, RunSet},
     {"Decel Time 1",     "sec",     450,    600,      1, 36000, 1, RunSet},
     {"Accel Time 2",     "sec",     600,    600,      1, 36000, 1, RunSet},
@@ -59,7 +59,7 @@ constexpr std::array<ParamRow, 24> Basic{{  // 01
 }};
 
 constexpr std::array<ParamRow, 17> OperationMethod{{  // 02
-    {"Freq. Source 1",   "",          1,      0,      0,     5, 0, RunSet},
+    {"Freq. Source 1",   "",          3,      0,      0,     5, 0, RunSet},
     {"Operation Source", "",          3,      0,      0,     4, 0, RunSet},
     {"Stop Method",      "",          0,      0,      0,     3, 0, 0},
     {"Freq. Source 2",   "",          0,      0,      0,     5, 0, RunSet},
@@ -79,14 +79,14 @@ constexpr std::array<ParamRow, 17> OperationMethod{{  // 02
 }};
 
 constexpr std::array<ParamRow, 16> OutputFunction{{  // 03
-    {"Relay Output 1",   "",          8,      8,      0,    37, 0, 0},
-    {"Relay Output 2",   "",          1,      1,      0,    37, 0, 0},
-    {"Relay Output 3",   "",         16,      0,      0,    37, 0, 0},
-    {"Relay Output 4",   "",         17,      0,      0,    37, 0, 0},
-    {"Relay Output 5",   "",         18,      0,      0,    37, 0, 0},
-    {"Relay Output 6",   "",          0,      0,      0,    37, 0, 0},
-    {"Relay Output 7",   "",          0,      0,      0,    37, 0, 0},
-    {"Relay Output 8",   "",          0,      0,      0,    37, 0, 0},
+    {"Relay Output",     "",          8,      8,      0,    37, 0, 0},
+    {"Output MO1",       "",          1,      1,      0,    37, 0, 0},
+    {"Output MO2",       "",         16,      0,      0,    37, 0, 0},
+    {"Output MO3",       "",         17,      0,      0,    37, 0, 0},
+    {"Output MO4",       "",         18,      0,      0,    37, 0, 0},
+    {"Output MO5",       "",          0,      0,      0,    37, 0, 0},
+    {"Output MO6",       "",          0,      0,      0,    37, 0, 0},
+    {"Output MO7",       "",          0,      0,      0,    37, 0, 0},
     {"Desired Freq. 1",  "Hz",        0,      0,      0, 12000, 2, RunSet},
     {"Desired Freq. 2",  "Hz",        0,      0,      0, 12000, 2, RunSet},
     {"Analog Output 1",  "",          2,      0,      0,     7, 0, RunSet},

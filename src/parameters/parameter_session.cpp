@@ -1,5 +1,7 @@
 #include "parameters/parameter_session.h"
 
+#include <QDir>
+
 namespace kelvane {
 
 namespace {
@@ -10,7 +12,8 @@ const QString Cofirm = QStringLiteral("Cofirm");
 
 }  // namespace
 
-ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, const GroupNameTable& names)
+ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, const GroupNameTable& names,
+                                   const ParameterFiles& files)
     : columns({&DriveAdvStringGrid, &SubDriveAdvStringGrid, &FileAdvStringGrid, &SubFileAdvStringGrid,
                &CompareAdvStringGrid}),
       bench{link, clock, names, {}},
@@ -18,7 +21,19 @@ ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, con
       reader(bench, driveTable, screen, progress),
       keypad(bench, screen),
       writer(bench, screen, progress),
-      comparisonEngine(driveTable, fileTable, comparison, link.operatorAsked(), link.lang()) {
+      comparisonEngine(driveTable, fileTable, comparison, link.operatorAsked(), link.lang()),
+      fileWork{driveTable, fileTable, comparison,           screen,      reader.DriveTableComplete,
+               progress,   clock,     link.operatorAsked(), link.lang(), files.spreadsheet},
+      saver(fileWork, choices),
+      loader(fileWork),
+      backup(files.programFolder),
+      m_files(files) {
+    connectGrids();
+    connectEngines();
+    mirrorModel();
+}
+
+void ParameterSession::connectGrids() {
     DriveAdvStringGrid.cellColours = [this](int column, int row) {
         return ProcessAdvStringGridGetCellColor(DriveAdvStringGrid, driveTable.identity.family, column, row);
     };
@@ -36,26 +51,34 @@ ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, con
         const ParameterTable& table = screen.DriveTabSheet ? driveTable : fileTable;
         return ProcessAdvStringGridGetCellColor(CompareAdvStringGrid, table.identity.family, column, row);
     };
+}
+
+void ParameterSession::connectEngines() {
     reader.hideColumnsFor = [this](Family family) { columns.setForFamily(family); };
     keypad.closeTable = [this](const std::function<void()>& then) {
         if (!screen.DriveTabSheet) return then();
         closeTableClick(TableSide::Drive, then);
     };
-    connect(&link, &RequestScheduler::changed, this, &ParameterSession::mirrorModel);
+    connect(&bench.link, &RequestScheduler::changed, this, &ParameterSession::mirrorModel);
+    connect(&bench.link, &RequestScheduler::initialRun, this,
+            [this] { m_tableOfDriveOnLine = m_backedUp = false; });
     connect(&reader, &ParameterReader::screenChanged, this, &ParameterSession::screenChanged);
     connect(&keypad, &KeypadSource::screenChanged, this, &ParameterSession::screenChanged);
     connect(&reader, &ParameterReader::started, this, [this] {
         driveHistory.closed();
         m_driveNode = -1;
-        m_held.clear();
+        m_tableOfDriveOnLine = true;
     });
-    connect(&reader, &ParameterReader::rowFilled, this,
-            [this](int row) { rememberHeld(DriveAdvStringGrid, row); });
     connect(&reader, &ParameterReader::ended, this, [this] { driveHistory.tableRead(); });
-    connect(&writer, &ParameterWriter::rowReadBack, this,
-            [this](int row) { rememberHeld(writer.AdvStringGrid1, row); });
+    connect(&writer, &ParameterWriter::writesBegin, this, &ParameterSession::backUp);
+    connect(&writer, &ParameterWriter::rowReadBack, this, [this](int row) {
+        if (m_driveRows && m_tableOfDriveOnLine)
+            driveHistory.holds(m_driveRows->rowOf(writer.AdvStringGrid1, row),
+                               writer.AdvStringGrid1.cell(column::Data, row));
+    });
     connect(&writer, &ParameterWriter::closed, this, &ParameterSession::refreshSubTables);
-    mirrorModel();
+    connect(&loader, &TableLoader::tableLoaded, this, &ParameterSession::fileLoaded);
+    connect(&loader, &TableLoader::comparisonLoaded, this, [this] { show(ParameterTab::Compare); });
 }
 
 // The label follows the link's until "Keypad" is written over it.
@@ -67,13 +90,27 @@ void ParameterSession::mirrorModel() {
     Q_EMIT screenChanged();
 }
 
-std::optional<QString> ParameterSession::heldByDrive(const QString& PrNo) const {
-    const auto found = m_held.constFind(PrNo);
-    return found == m_held.constEnd() ? std::nullopt : std::optional<QString>(*found);
+std::optional<QString> ParameterSession::heldByDrive(int listRow) const {
+    if (!m_driveRows || !m_tableOfDriveOnLine) return std::nullopt;
+    return driveHistory.readValue(m_driveRows->rowOf(writer.AdvStringGrid1, listRow));
 }
 
-void ParameterSession::rememberHeld(const StringGrid& grid, int row) {
-    m_held.insert(grid.cell(column::PrNo, row), grid.cell(column::Data, row));
+// One backup of each drive that is written to, as it was read. A failure is told and never stops the writes.
+void ParameterSession::backUp() {
+    if (m_files.programFolder.isEmpty() || m_backedUp) return;
+    if (!screen.DriveTabSheet || !reader.DriveTableComplete || !m_tableOfDriveOnLine) {
+        bench.link.ShowHistoryMsg(QStringLiteral("No backup: the table of this drive has not been read."));
+        return;
+    }
+    const FileResult written = backup.write(driveTable, screen.RparaAbLED, now(),
+                                            [this](int row) { return driveHistory.readValue(row); });
+    m_backedUp = written.ok;
+    const QString told =
+        written.ok
+            ? QStringLiteral("Backup of the drive's table: %1").arg(QDir::toNativeSeparators(backup.path()))
+            : QStringLiteral("The drive's table could not be backed up: %1").arg(written.error);
+    bench.link.ShowHistoryMsg(told);
+    if (!written.ok) bench.link.operatorAsked().tell(told, QStringLiteral("Error"), BoxIcon::Stop);
 }
 
 // ---- Life of the window ----
@@ -167,8 +204,7 @@ void ParameterSession::CloseTab(const std::function<void()>& then) {
     screen.FileAbLED = tab == ParameterTab::File;
     const TableSide side = screen.FileAbLED ? TableSide::File : TableSide::Drive;
     Q_EMIT sourceLit(side);
-    if (!saveTable) return goOn();
-    saveTable(side, goOn);
+    saver.save(tab, goOn);
 }
 
 void ParameterSession::closeTab(ParameterTab tab) {
@@ -195,7 +231,7 @@ void ParameterSession::closeSide(TableSide side) {
     (drive ? driveHistory : fileHistory).closed();
     if (!drive) return;
     reader.DriveTableComplete = 0;
-    m_held.clear();
+    m_tableOfDriveOnLine = false;
 }
 
 // ---- Writing ----
@@ -226,11 +262,12 @@ void ParameterSession::write(TableSide side, WriteMode mode, bool useDefaults) {
     const bool drive = side == TableSide::Drive;
     ParameterTable& table = drive ? driveTable : fileTable;
     m_writeFamily = table.identity.family;
+    m_driveRows.emplace(DriveAdvStringGrid);
     writer.SelectWriteSource({&table, drive ? &driveHistory : &fileHistory}, mode, useDefaults);
 }
 
 QString ParameterSession::writeSummaryLine() const {
-    const auto held = [this](const QString& PrNo) { return heldByDrive(PrNo); };
+    const auto held = [this](int row) { return heldByDrive(row); };
     return writeSummaryText(writeSummaryOf(writer.AdvStringGrid1, m_writeFamily, driveFamily(), held));
 }
 

@@ -3,22 +3,32 @@
 // to it.
 #pragma once
 
-#include <QHash>
 #include <QObject>
 #include <functional>
 
+#include "base/wall_clock.h"
 #include "parameters/exchange/keypad_source.h"
 #include "parameters/exchange/parameter_reader.h"
 #include "parameters/exchange/parameter_writer.h"
-#include "parameters/files/comparison.h"
+#include "parameters/files/table_backup.h"
+#include "parameters/files/table_loader.h"
+#include "parameters/files/table_saver.h"
 #include "parameters/table/sub_table.h"
 
 namespace kelvane {
 
+// Where a session keeps its files. Without a folder it backs nothing up.
+struct ParameterFiles {
+    QString programFolder = {};
+    const WallClock* wallClock = nullptr;
+    SpreadsheetBackend spreadsheet = builtInSpreadsheet();
+};
+
 class ParameterSession : public QObject {
     Q_OBJECT
    public:
-    ParameterSession(RequestScheduler& link, TickClock& clock, const GroupNameTable& names);
+    ParameterSession(RequestScheduler& link, TickClock& clock, const GroupNameTable& names,
+                     const ParameterFiles& files = {});
 
     ParameterTable driveTable;
     ParameterTable fileTable;
@@ -43,15 +53,19 @@ class ParameterSession : public QObject {
     KeypadSource keypad;
     ParameterWriter writer;
     ComparisonEngine comparisonEngine;
+    TableChoices choices;  // set by the shell
+    FileWork fileWork;
+    TableSaver saver;
+    TableLoader loader;
+    TableBackup backup;
 
     // The main window is about to show the window.
     void opened();
     // The window has closed: all tables go.
     void FormClose();
 
-    // A file or a comparison has been loaded into its grids: its tab, its tree.
+    // A file has been loaded into its grid: its tab, its tree.
     void fileLoaded();
-    void comparisonLoaded() { show(ParameterTab::Compare); }
     // False when there is no table: a box has told so.
     bool anyTableOpen();
     // One of compareKinds(); its tab opens when there is a result.
@@ -75,12 +89,10 @@ class ParameterSession : public QObject {
     void CloseTab(const std::function<void()>& then = {});
     void closeTableClick(TableSide side, const std::function<void()>& then = {});
 
-    // Saves a table before its tab closes. then goes on closing: it runs once the table is saved or the
-    // person has let it be, and not at all when it could not be written.
-    std::function<void(TableSide side, std::function<void()> then)> saveTable;
-
-    // Value text that the drive held when it was last read; nothing for a parameter that was not.
-    std::optional<QString> heldByDrive(const QString& PrNo) const;
+    // Value text that the drive on line held when it was last asked for the parameter of a row of the write
+    // list; nothing for a parameter that was not read from this drive.
+    std::optional<QString> heldByDrive(int listRow) const;
+    QDateTime now() const { return m_files.wallClock ? m_files.wallClock->now() : QDateTime(); }
 
    Q_SIGNALS:
     void screenChanged();                             // tabs, tree, lamp, menu items
@@ -88,6 +100,8 @@ class ParameterSession : public QObject {
     void sourceLit(TableSide side);                   // its lamp, by a table that is saved as its tab closes
 
    private:
+    void connectGrids();
+    void connectEngines();
     void mirrorModel();
     void startWrite(WriteMode mode);
     void chooseWriteSource(WriteMode mode);
@@ -95,7 +109,7 @@ class ParameterSession : public QObject {
     void refreshSubTables();
     void closeTab(ParameterTab tab);
     void closeSide(TableSide side);
-    void rememberHeld(const StringGrid& grid, int row);
+    void backUp();
     Family driveFamily() const { return static_cast<Family>(bench.link.DriveStatus.DriveFamily); }
 
     WriteMode m_wantedMode = WriteMode::Selected;
@@ -103,7 +117,10 @@ class ParameterSession : public QObject {
     QString m_linkModel;                   // model label of the link, as last taken over
     int m_driveNode = -1;                  // selected child of each root
     int m_fileNode = -1;
-    QHash<QString, QString> m_held;  // value texts that the drive held when last read, by number
+    ParameterFiles m_files;
+    std::optional<RowIndex> m_driveRows;  // of the table from drive, while the write list stands
+    bool m_tableOfDriveOnLine = false;    // the table was read since the last identification
+    bool m_backedUp = false;              // likewise
 };
 
 }  // namespace kelvane

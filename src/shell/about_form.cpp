@@ -41,13 +41,15 @@ QLabel* addLine(QVBoxLayout* column, const char* name, const QString& text) {
 }
 
 QString detailsIn(const QString& folder) {
-    QStringList lines{QStringLiteral("Orlan Kelvane 1.30"),
-                      TAboutForm::tr("Free software under the MIT licence"),
-                      TAboutForm::tr("Qt %1, built with %2").arg(QLatin1String(qVersion()), QLatin1String(QT_VERSION_STR)),
-                      TAboutForm::tr("System: %1, %2").arg(QSysInfo::prettyProductName(), QSysInfo::currentCpuArchitecture())};
+    QStringList lines{
+        QStringLiteral("Orlan Kelvane 1.30"), TAboutForm::tr("Free software under the MIT licence"),
+        TAboutForm::tr("Qt %1, built with %2").arg(QLatin1String(qVersion()), QLatin1String(QT_VERSION_STR)),
+        TAboutForm::tr("System: %1, %2")
+            .arg(QSysInfo::prettyProductName(), QSysInfo::currentCpuArchitecture())};
     if (!folder.isEmpty())
         lines << TAboutForm::tr("Settings, backups and looks: %1").arg(QDir::toNativeSeparators(folder));
-    lines << TAboutForm::tr("Program: %1").arg(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
+    lines << TAboutForm::tr("Program: %1")
+                 .arg(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
     return lines.join(QLatin1Char('\n'));
 }
 

@@ -1,5 +1,5 @@
-// TAboutForm: which program this is and who made it, its versions and folders to copy into a letter. A double click
-// on the thanks asks for the password window.
+// TAboutForm: which program this is and who made it, its versions and folders to copy into a letter. A double
+// click on the thanks asks for the password window.
 #pragma once
 
 #include <QDialog>

@@ -332,7 +332,8 @@ void TMainForm::showPractice() {
 
 // The drive that the labels name; without one, the logo.
 void TMainForm::showPicture() {
-    const int wanted = m_tool.link.Labels.DriveVrLabel.isEmpty() ? NoFamily : m_tool.link.DriveStatus.DriveFamily;
+    const int wanted =
+        m_tool.link.Labels.DriveVrLabel.isEmpty() ? NoFamily : m_tool.link.DriveStatus.DriveFamily;
     if (wanted == m_pictured) return;
     m_pictured = wanted;
     if (wanted == NoFamily)

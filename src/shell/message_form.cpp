@@ -26,10 +26,11 @@ TMessageForm::TMessageForm(QWidget* parent) : WaitForm(QStringLiteral("Message")
     auto* column = new QVBoxLayout(this);
     column->setSpacing(fontMetrics().height());
     column->addWidget(ErrNameVrLabel);
-    auto* advice = plainLabel("AdviceLabel",
-                              tr("Look at the cable, at the power of the drive and at its line settings. Retry goes on "
-                                 "where it stopped; Abort takes the link off line."),
-                              this);
+    auto* advice =
+        plainLabel("AdviceLabel",
+                   tr("Look at the cable, at the power of the drive and at its line settings. Retry goes on "
+                      "where it stopped; Abort takes the link off line."),
+                   this);
     advice->setWordWrap(true);
     column->addWidget(advice);
     auto* row = new QHBoxLayout;

@@ -1,5 +1,7 @@
 #include "shell/parameter_windows.h"
 
+#include <QCoreApplication>
+
 #include "shell/windows.h"
 
 namespace kelvane {
@@ -8,12 +10,17 @@ namespace {
 
 // What saving, comparing and printing ask in windows of their own.
 void offerChoices(Windows& w) {
-    TableChoices& choices = w.parameterForm.choices;
-    choices.chooseFrom = [&w](const QString& title, const QStringList& items, int selected,
-                              TableChoices::ThenIndex then) {
-        w.selParaPrintForm.ask(title, items, selected, [items, then](std::optional<QString> chosen) {
-            then(chosen ? std::optional<int>(items.indexOf(*chosen)) : std::nullopt);
-        });
+    TableChoices& choices = w.tool.parameters.choices;
+    choices.chooseTab = [&w](const QString& title, const std::vector<ParameterTab>& tabs, int selected,
+                             TableChoices::ThenTab then) {
+        QStringList captions;
+        for (const ParameterTab tab : tabs) captions << w.parameterForm.tabCaption(tab);
+        w.selParaPrintForm.ask(
+            title, captions, selected, [tabs, captions, then](std::optional<QString> chosen) {
+                const qsizetype index = chosen ? captions.indexOf(*chosen) : -1;
+                then(index < 0 ? std::nullopt
+                               : std::optional<ParameterTab>(tabs[static_cast<size_t>(index)]));
+            });
     };
     choices.chooseFormat = [&w](TableChoices::ThenKind then) { w.selFileFormatForm.ask(then); };
     choices.chooseCompareKind = [&w](const QStringList& items, TableChoices::ThenIndex then) {
@@ -26,10 +33,7 @@ void offerChoices(Windows& w) {
 }  // namespace
 
 std::unique_ptr<QWidget> makeParameterForm(Windows& w) {
-    const ToolBench& bench = w.tool.bench;
-    return std::make_unique<TParameterForm>(
-        w.tool.parameters,
-        ParameterFormBench{bench.person, bench.clock, bench.wallClock, bench.folder.path(), w.looks});
+    return std::make_unique<TParameterForm>(w.tool.parameters, w.looks);
 }
 
 std::unique_ptr<QWidget> makeProgress(Windows& w) {
@@ -56,6 +60,7 @@ std::unique_ptr<QWidget> makeWriteCheckErrRecord(Windows& w) {
 
 void wireParameterForm(Windows& w, QWidget&) {
     ParameterSession& session = w.tool.parameters;
+    session.progress.pump = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
     session.bench.openComSetup = [&w](std::function<void()> then) { w.openComSetup(std::move(then)); };
     QObject::connect(&session.keypad, &KeypadSource::passwordWanted, &w,
                      [&w] { w.showModal(w.passwordForm); });

@@ -41,7 +41,8 @@ TPasswordForm::TPasswordForm(RequestScheduler& link, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->addWidget(label);
     column->addWidget(PasswordEdit);
-    auto* buttons = named<QDialogButtonBox>("ButtonBox", QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    auto* buttons =
+        named<QDialogButtonBox>("ButtonBox", QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     column->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &TPasswordForm::enterPressed);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -73,12 +73,14 @@ BoxAnswer answerOf(int pressed, BoxButtons buttons) {
 QString ShellOperator::adviceFor(const QString& text) const {
     if (text == m_lang.MsgStr(Message::NoComPort))
         return QCoreApplication::translate("kelvane::ShellOperator", "The history says why, and what helps.");
-    const bool silent = text == m_lang.MsgStr(Message::ComTimeout) || text == m_lang.MsgStr(Message::NoDriveDetected) ||
+    const bool silent = text == m_lang.MsgStr(Message::ComTimeout) ||
+                        text == m_lang.MsgStr(Message::NoDriveDetected) ||
                         text == QLatin1String("Initial drive failed !!");
     if (!silent) return {};
-    return QCoreApplication::translate("kelvane::ShellOperator",
-                                       "Look at the cable, at the power of the drive and at mode, baud rate and "
-                                       "protocol in Com Setup, or let Auto-Detect find them.");
+    return QCoreApplication::translate(
+        "kelvane::ShellOperator",
+        "Look at the cable, at the power of the drive and at mode, baud rate and "
+        "protocol in Com Setup, or let Auto-Detect find them.");
 }
 
 QStringList nameFilters(const QString& filter) {

@@ -26,7 +26,8 @@ Tool::Tool(const ToolBench& toolBench)
           [this](const QString& text) { link.ShowHistoryMsg(text); }),
       watcher(presence),
       rules(link),
-      parameters(link, bench.clock, groupNames) {
+      parameters(link, bench.clock, groupNames,
+                 {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}) {
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };

@@ -17,7 +17,9 @@ Made makeComSetup(Windows& w) { return std::make_unique<TComSetupForm>(w.tool.co
 Made makeConnect(Windows& w) { return std::make_unique<TConnectForm>(w.tool.comSetup, w.tool.bench.clock); }
 Made makeCEmessage(Windows& w) { return std::make_unique<TCEmessageForm>(w.tool.link); }
 Made makeInitial(Windows& w) { return std::make_unique<TInitialForm>(w.tool.link, w.tool.bench.clock); }
-Made makeAbout(Windows& w) { return std::make_unique<TAboutForm>(w.tool.link.BrandVariant, w.tool.bench.folder.path()); }
+Made makeAbout(Windows& w) {
+    return std::make_unique<TAboutForm>(w.tool.link.BrandVariant, w.tool.bench.folder.path());
+}
 Made makePassword(Windows& w) { return std::make_unique<TPasswordForm>(w.tool.link); }
 Made makeInput(Windows& w) { return std::make_unique<TInputForm>(w.tool.comSetup); }
 template <class Form>

@@ -21,7 +21,7 @@
 #include "parameters/dialogs/sel_read_kind_form.h"
 #include "parameters/dialogs/write_check_err_record_form.h"
 #include "parameters/dialogs/write_check_form.h"
-#include "parameters/report/print_form.h"
+#include "parameters/report/report_form.h"
 #include "parameters/window/parameter_form.h"
 #include "shell/about_form.h"
 #include "shell/ce_message_form.h"

@@ -72,7 +72,8 @@ class DisplaySpeech : public QAccessibleWidget {
 
     QString text(QAccessible::Text kind) const override {
         const auto* label = qobject_cast<const VrLabel*>(object());
-        if (kind == QAccessible::Name) return nameOr(*label, label->text().isEmpty() ? QStringLiteral("empty") : label->text());
+        if (kind == QAccessible::Name)
+            return nameOr(*label, label->text().isEmpty() ? QStringLiteral("empty") : label->text());
         return QAccessibleWidget::text(kind);
     }
 };
@@ -80,8 +81,7 @@ class DisplaySpeech : public QAccessibleWidget {
 // Qt asks once for each class of the widget's ancestry, the most derived first.
 QAccessibleInterface* speechFor(const QString& className, QObject* object) {
     if (!className.startsWith(QLatin1String("kelvane::"))) return nullptr;
-    if (auto* lamp = qobject_cast<AbLED*>(object))
-        return new ButtonSpeech(lamp, roleOf(*lamp));
+    if (auto* lamp = qobject_cast<AbLED*>(object)) return new ButtonSpeech(lamp, roleOf(*lamp));
     if (auto* label = qobject_cast<VrLabel*>(object)) return new DisplaySpeech(label);
     if (auto* power = qobject_cast<VrPowerButton*>(object))
         return new ButtonSpeech(power, QAccessible::CheckBox);

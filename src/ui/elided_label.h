@@ -19,14 +19,16 @@ class ElidedLabel : public QLabel {
         QLabel::setText(text);
         setToolTip(plainHint(text));
     }
-    QSize minimumSizeHint() const override { return {fontMetrics().averageCharWidth() * 8, QLabel::minimumSizeHint().height()}; }
+    QSize minimumSizeHint() const override {
+        return {fontMetrics().averageCharWidth() * 8, QLabel::minimumSizeHint().height()};
+    }
 
    protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
-        style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(), shown,
-                              foregroundRole());
+        style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(),
+                              shown, foregroundRole());
     }
 };
 

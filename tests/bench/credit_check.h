@@ -10,20 +10,32 @@
 
 namespace kelvane {
 
+// Calls then with every good reply, behind what the link does with it.
+template <class Link, class Then>
+void onAnswers(Link& link, Then then) {
+    if constexpr (requires { &Link::answered; }) {
+        QObject::connect(&link, &Link::answered, then);
+    } else {
+        for (size_t task = 0; task < link.taskHandlers.size(); ++task) {
+            auto& handler = link.taskHandlers[task];
+            if (!handler) continue;
+            handler = [handler, then, task](const QString& command, const QByteArray& RxData) {
+                handler(command, RxData);
+                then(quint8(task), command, RxData);
+            };
+        }
+    }
+}
+
 struct CreditCheck {
     QStringList miscredited;    // replies that were taken for the answer of another request
     bool compareState = false;  // status registers too; not while the motor moves
 
-    // Handlers that are registered later are not watched.
-    CreditCheck(RequestScheduler& link, std::function<drive::PracticeDrive*()> drive) {
-        for (size_t task = 0; task < link.taskHandlers.size(); ++task) {
-            auto& handler = link.taskHandlers[task];
-            if (!handler) continue;
-            handler = [this, task, handler, drive](const QString& command, const QByteArray& RxData) {
-                compare(int(task), command, RxData, *drive());
-                handler(command, RxData);
-            };
-        }
+    template <class Link>
+    CreditCheck(Link& link, std::function<drive::PracticeDrive*()> drive) {
+        onAnswers(link, [this, drive](quint8 task, const QString& command, const QByteArray& RxData) {
+            compare(task, command, RxData, *drive());
+        });
     }
     CreditCheck(const CreditCheck&) = delete;
     CreditCheck& operator=(const CreditCheck&) = delete;

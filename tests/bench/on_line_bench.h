@@ -84,6 +84,7 @@ struct OnLineBench {
         QObject::connect(&link, &RequestScheduler::cycleEnded, [this] { ++cycles; });
         QObject::connect(&link, &RequestScheduler::statusDecoded, [this] { ++polls; });
         credits.compareState = true;
+        takeMaxFreq(link);
         link.Initial();
     }
 
@@ -154,6 +155,14 @@ struct OnLineBench {
     }
 
    private:
+    // The keypad's room takes it in the tool.
+    template <class Link>
+    static void takeMaxFreq(Link& link) {
+        if constexpr (requires { link.onReply(9, {}); })
+            link.onReply(9, [&link](const QString&, const QByteArray& RxData) {
+                link.DriveStatus.MaxFreqWord = wordAt(RxData, 4);
+            });
+    }
     static QString latin(std::string_view text) {
         return QString::fromLatin1(text.data(), qsizetype(text.size()));
     }

@@ -36,14 +36,10 @@ struct Keyboard : OnLineBench {
 
     explicit Keyboard(const LineChoice& choice) : OnLineBench(choice) {
         credits.compareState = false;
-        for (const Key& key : keys) {
-            const auto handler = link.taskHandlers[key.task];
-            link.taskHandlers[key.task] = [this, handler, task = key.task](const QString& command,
-                                                                           const QByteArray& RxData) {
-                answeredAs += QStringLiteral("%1 %2").arg(task).arg(command);
-                if (handler) handler(command, RxData);
-            };
-        }
+        onAnswers(link, [this](quint8 task, const QString& command, const QByteArray&) {
+            for (const Key& key : keys)
+                if (key.task == task) answeredAs += QStringLiteral("%1 %2").arg(task).arg(command);
+        });
     }
     void press(const Key& key) {
         const QString command = QString::fromLatin1(key.command);
@@ -94,7 +90,9 @@ struct Keyboard : OnLineBench {
         // Frame and reply bear the same number: the drive hears and answers all of them.
         const qsizetype harmedFrom = press.firstHarmed - 1;
         const bool ownHarmed = last >= harmedFrom && first < harmedFrom + press.harmedInARow;
-        if (last > first && !ownHarmed)
+        // STOP waits for nothing, so its own answer may queue behind one that is late.
+        const bool ownLate = press.key->task == 3 && press.harm->ms > 0;
+        if (last > first && !ownHarmed && !ownLate)
             wrong += QStringLiteral("the frame went out %1 times").arg(last - first + 1);
         if (press.key->task == 3 && first > pressedAt + 1)
             wrong += QStringLiteral("STOP was frame %1 after the press").arg(first - pressedAt + 1);

@@ -120,11 +120,12 @@ TEST(ParameterSession, ClosedAndOpenedAgainIsBare) {
     b.reader.ShowReservedParametersClick();
     b.readAll();
     b.session.ParaTreeViewChange(TableSide::Drive, 1);
-    QList<TableSide> saved;
+    QList<ParameterTab> saved;
     std::function<void()> goOn;
-    b.session.saveTable = [&](TableSide side, const std::function<void()>& then) {
-        saved += side;
-        goOn = then;
+    b.session.choices.chooseTab = [&](const QString&, const std::vector<ParameterTab>& tabs, int selected,
+                                      const TableChoices::ThenTab& then) {
+        saved += tabs[static_cast<size_t>(selected)];
+        goOn = [then] { then(std::nullopt); };
     };
 
     b.session.FormClose();
@@ -140,7 +141,7 @@ TEST(ParameterSession, ClosedAndOpenedAgainIsBare) {
     b.readAll();
     b.person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::Yes);
     b.session.closeTableClick(TableSide::Drive);
-    EXPECT_EQ(saved, QList<TableSide>{TableSide::Drive});
+    EXPECT_EQ(saved, QList<ParameterTab>{ParameterTab::Drive});
     EXPECT_TRUE(b.screen.DriveTabSheet);
     goOn();
     EXPECT_EQ(b.screen.driveRoot, (TreeRoot{"Drive", {}, false}));

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QString>
+#include <functional>
 
 #include "base/tick_clock.h"
 #include "link/request_scheduler.h"
@@ -30,6 +31,8 @@ class ProgressDialog : public QObject {
     bool shown = false;
     int count = 0;  // parameters done
     int total = 0;  // parameters to do
+    // Draws what is due, for work that keeps the event loop waiting. Set by the window; may be empty.
+    std::function<void()> pump;
 
     // Shows the dialog with its bar at 0 and no cancel mark.
     void show(const QString& info, int barMaximum, int parameters, int dialogWidth);

@@ -88,7 +88,8 @@ void ParameterWriter::startWrites(int checked) {
     form.barMaximum = WriteCount;
     form.barPosition = 0;
     setEnabled(false);
-    if (!m_firstWritePrepared && beforeFirstWrite) m_firstWritePrepared = beforeFirstWrite();
+    Q_EMIT writesBegin();
+    if (!form.shown) return;  // closed behind a box
     WriteTimer.setEnabled(true);
 }
 
@@ -263,19 +264,17 @@ void ParameterWriter::FormClose() {
 // Kept: in whatever way the list closed, also after Cancel, and so after a cancelled reset to the defaults.
 void ParameterWriter::copyBack() {
     StringGrid& table = m_source.table->grid;
-    const auto target = [&](int row) { return rowOfNumber(table, AdvStringGrid1.cell(column::PrNo, row)); };
+    const RowIndex rows(table);
+    const auto target = [&](int row) { return rows.rowOf(AdvStringGrid1, row); };
     const auto copy = [&] {
         for (int row = 1; row < rowCount(); ++row) {
             const int to = AdvStringGrid1.checkBox(row) ? target(row) : -1;
             if (to > 0) table.setCell(column::Data, to, AdvStringGrid1.cell(column::Data, row));
         }
     };
-    if (!m_source.history) {
-        copy();
-        return;
-    }
     m_source.history->edit(copy);
-    for (const int row : m_rowsReadBack) m_source.history->written(target(row));
+    for (const int row : m_rowsReadBack)
+        m_source.history->holds(target(row), AdvStringGrid1.cell(column::Data, row));
 }
 
 }  // namespace kelvane

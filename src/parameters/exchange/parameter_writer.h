@@ -53,12 +53,10 @@ class ParameterWriter : public QObject {
     void FormClose();
     void errorRecordClosed();
 
-    // Called before the first write of a session, and before the next as long as it gives false.
-    std::function<bool()> beforeFirstWrite;
-
    Q_SIGNALS:
     void changed();
     void shownChanged(bool shown);
+    void writesBegin();         // the first request of a run is about to be pushed
     void errorRecordWanted();   // show it; errorRecordClosed() goes on
     void rowReadBack(int row);  // of the write list
     void closed();              // the values are back in the table
@@ -89,7 +87,6 @@ class ParameterWriter : public QObject {
     QString m_command;  // what is waited for
     QList<int> m_rowsReadBack;
     bool m_readBackDue = false;  // when the error record is closed
-    bool m_firstWritePrepared = false;
 };
 
 }  // namespace kelvane

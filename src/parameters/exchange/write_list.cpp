@@ -90,13 +90,13 @@ CellColours writeListColours(const StringGrid& AdvStringGrid1, int row) {
 }
 
 WriteSummary writeSummaryOf(const StringGrid& AdvStringGrid1, Family source, Family drive,
-                            const std::function<std::optional<QString>(const QString& PrNo)>& heldByDrive) {
+                            const std::function<std::optional<QString>(int row)>& heldByDrive) {
     WriteSummary summary;
     for (int row = 1; row < AdvStringGrid1.RowCount(); ++row) {
         if (!AdvStringGrid1.checkBox(row)) continue;
         ++summary.rows;
         if (!isWritable(AdvStringGrid1, row)) ++summary.readOnly;
-        const std::optional<QString> held = heldByDrive(AdvStringGrid1.cell(column::PrNo, row));
+        const std::optional<QString> held = heldByDrive(row);
         if (!held) {
             ++summary.unknown;
         } else if (*held != AdvStringGrid1.cell(column::Data, row)) {

@@ -46,9 +46,9 @@ struct WriteSummary {
     QString sourceFamily;  // both are empty when the families agree
     QString driveFamily;
 };
-// heldByDrive gives the drive's value text of a parameter number, nothing when it was not read.
+// heldByDrive gives the drive's value text for a row of the list, nothing when it was not read.
 WriteSummary writeSummaryOf(const StringGrid& AdvStringGrid1, Family source, Family drive,
-                            const std::function<std::optional<QString>(const QString& PrNo)>& heldByDrive);
+                            const std::function<std::optional<QString>(int row)>& heldByDrive);
 QString writeSummaryText(const WriteSummary& summary);
 
 }  // namespace kelvane

@@ -12,15 +12,14 @@ const auto Pattern = QStringLiteral("[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]_
 
 // The table with the values that the drive held.
 void copyAsRead(const ParameterTable& from, ParameterTable& to,
-                const std::function<std::optional<QString>(const QString&)>& heldByDrive) {
+                const std::function<std::optional<QString>(int)>& readValue) {
     to.identity = from.identity;
     to.grid.setRowCount(from.grid.RowCount());
     for (int row = 1; row < from.grid.RowCount(); ++row) {
         for (int c = column::PrNo; c < TableColumns; ++c) to.grid.setCell(c, row, from.grid.cell(c, row));
         if (isGroupRow(from.grid, row)) continue;
         to.grid.addCheckBox(row, false);
-        const std::optional<QString> held = heldByDrive(from.grid.cell(column::PrNo, row));
-        if (held) to.grid.setCell(column::Data, row, *held);
+        if (const std::optional<QString> read = readValue(row)) to.grid.setCell(column::Data, row, *read);
     }
 }
 
@@ -33,11 +32,11 @@ QString fileWord(const QString& model) {
 }  // namespace
 
 FileResult TableBackup::write(const ParameterTable& drive, bool RparaAbLED, const QDateTime& now,
-                              const std::function<std::optional<QString>(const QString&)>& heldByDrive) {
+                              const std::function<std::optional<QString>(int)>& readValue) {
     if (!QDir().mkpath(m_folder))
         return {false, QStringLiteral("The folder %1 cannot be made.").arg(m_folder)};
     ParameterTable asRead;
-    copyAsRead(drive, asRead, heldByDrive);
+    copyAsRead(drive, asRead, readValue);
     m_path = freeName(fileWord(drive.identity.model), now);
     const FileResult written = writeWhole(m_path, writeTableText(asRead, RparaAbLED, TextFormat::Txt));
     if (written.ok) dropOldest();

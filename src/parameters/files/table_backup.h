@@ -21,10 +21,10 @@ class TableBackup {
         : m_folder(programFolder + QStringLiteral("/backup")) {}
     const QString& folder() const { return m_folder; }
 
-    // heldByDrive gives the value text as read by parameter number. Errors: the folder cannot be made, the
+    // readValue gives the value text of a row as it was read. Errors: the folder cannot be made, the
     // file cannot be written. path() names the file afterwards.
     FileResult write(const ParameterTable& drive, bool RparaAbLED, const QDateTime& now,
-                     const std::function<std::optional<QString>(const QString& PrNo)>& heldByDrive);
+                     const std::function<std::optional<QString>(int row)>& readValue);
     const QString& path() const { return m_path; }
 
    private:

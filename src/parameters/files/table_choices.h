@@ -6,18 +6,23 @@
 #include <QStringList>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "parameters/files/table_file.h"
+#include "parameters/parameter_screen.h"
 
 namespace kelvane {
 
 struct TableChoices {
+    using ThenTab = std::function<void(std::optional<ParameterTab> tab)>;
     using ThenIndex = std::function<void(std::optional<int> index)>;
     using ThenKind = std::function<void(std::optional<TableFileKind> kind)>;
 
-    // TSelParaPrintForm with its title, the items of its combo and the one selected at first.
-    std::function<void(const QString& title, const QStringList& items, int selected, ThenIndex then)>
-        chooseFrom;
+    // TSelParaPrintForm with its title, the captions of these tabs and the index of the one selected at
+    // first.
+    std::function<void(const QString& title, const std::vector<ParameterTab>& tabs, int selected,
+                       ThenTab then)>
+        chooseTab;
     // TSelFileFormatForm.
     std::function<void(ThenKind then)> chooseFormat;
     // TSelCompKindForm with the items of its combo; item 0 is selected at first.

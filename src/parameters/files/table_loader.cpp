@@ -16,7 +16,7 @@ LoadedFile failed(const QString& error) { return {{}, {}, error}; }
 }  // namespace
 
 void TableLoader::ReadFileTransparentButtonClick() {
-    if (const std::optional<QString> path = person().openFile(openTableFilter())) load(*path);
+    if (const std::optional<QString> path = m_work.person.openFile(openTableFilter())) load(*path);
 }
 
 void TableLoader::LsFilelistViewDblClick(const QString& path) {
@@ -27,18 +27,22 @@ void TableLoader::LsFilelistViewDblClick(const QString& path) {
 
 bool TableLoader::load(const QString& path) {
     const bool shown = show(path);
-    if (const auto& tell = shown ? loaded : notLoaded) tell(path);
+    if (shown) {
+        Q_EMIT loaded(path);
+    } else {
+        Q_EMIT notLoaded(path);
+    }
     return shown;
 }
 
 bool TableLoader::show(const QString& path) {
     const TableFileKind kind = tableFileKind(path);
     if (kind == TableFileKind::Unsupported) {
-        person().tell(m_session.bench.link.lang().MsgStr(12), QStringLiteral("Warning"),
-                      BoxIcon::Exclamation);
+        m_work.person.tell(m_work.lang.MsgStr(12), QStringLiteral("Warning"), BoxIcon::Exclamation);
         return false;
     }
-    if (kind == TableFileKind::Spreadsheet && !spreadsheetPresent(m_spreadsheet, person())) return false;
+    if (kind == TableFileKind::Spreadsheet && !spreadsheetPresent(m_work.spreadsheet, m_work.person))
+        return false;
     return apply(read(path, kind), path);
 }
 
@@ -48,28 +52,27 @@ LoadedFile TableLoader::read(const QString& path, TableFileKind kind) {
     if (!content.ok) return failed(content.error);
     LoadedFile file =
         readTableText(content.bytes, kind == TableFileKind::Csv ? TextFormat::Csv : TextFormat::Txt,
-                      m_session.fileTable.identity);
+                      m_work.fileTable.identity);
     if (!file.error.isEmpty()) file.error = QStringLiteral("%1: %2").arg(path, file.error);
     return file;
 }
 
 LoadedFile TableLoader::readSheets(const QString& path) {
-    const std::unique_ptr<SpreadsheetApplication> application = m_spreadsheet.create();
-    TransferDialog dialog(m_session.progress, m_session.bench.clock, ProgressGlyph::ReadFile, UsualRows,
-                          pumpMessages);
-    return loadSheets(*application, path, m_session.fileTable.identity, dialog.progress());
+    const std::unique_ptr<SpreadsheetApplication> application = m_work.spreadsheet.create();
+    TransferDialog dialog(m_work.progress, m_work.clock, ProgressGlyph::ReadFile, UsualRows);
+    return loadSheets(*application, path, m_work.fileTable.identity, dialog.progress());
 }
 
 bool TableLoader::apply(const LoadedFile& file, const QString& path) {
     if (file.table) {
-        applyTable(*file.table, m_session.fileTable);
-        m_session.fileTable.TableFileName = path;
-        m_session.fileLoaded();
+        applyTable(*file.table, m_work.fileTable);
+        m_work.fileTable.TableFileName = path;
+        Q_EMIT tableLoaded();
     } else if (file.comparison) {
-        applyComparison(*file.comparison, m_session.comparison);
-        m_session.comparisonLoaded();
+        applyComparison(*file.comparison, m_work.comparison);
+        Q_EMIT comparisonLoaded();
     } else {
-        person().tell(file.error, QStringLiteral("Error"), BoxIcon::Stop);
+        m_work.person.tell(file.error, QStringLiteral("Error"), BoxIcon::Stop);
         return false;
     }
     return true;

@@ -1,19 +1,19 @@
 // Loading a parameter file of any format into the table from file, or a saved comparison into its tab.
 // Button, menu, tree, folder browser, recent files and files dropped on the window start it; owned by the
-// Parameter window. A file that cannot be read leaves everything as it was.
+// session. A file that cannot be read leaves everything as it was.
 #pragma once
 
+#include <QObject>
+
+#include "parameters/files/file_work.h"
 #include "parameters/files/table_file.h"
-#include "parameters/parameter_session.h"
-#include "spreadsheet/spreadsheet_application.h"
 
 namespace kelvane {
 
-class TableLoader {
+class TableLoader : public QObject {
+    Q_OBJECT
    public:
-    // Both outlive the loader.
-    TableLoader(ParameterSession& session, const SpreadsheetBackend& spreadsheet)
-        : m_session(session), m_spreadsheet(spreadsheet) {}
+    explicit TableLoader(const FileWork& work) : m_work(work) {}
 
     quint8 OpenFromBrowser = 0;  // 1 while a file of the folder browser is loaded: no dialog opens
 
@@ -24,19 +24,19 @@ class TableLoader {
     // A file that is known already. True when it is shown.
     bool load(const QString& path);
 
-    std::function<void(const QString& path)> loaded;     // it is shown
-    std::function<void(const QString& path)> notLoaded;  // a box has told why
-    std::function<void()> pumpMessages;                  // draws the progress dialog; may be empty
+   Q_SIGNALS:
+    void tableLoaded();                   // into the table from file
+    void comparisonLoaded();              // into the comparison
+    void loaded(const QString& path);     // behind one of the two
+    void notLoaded(const QString& path);  // a box has told why
 
    private:
     bool show(const QString& path);
     LoadedFile read(const QString& path, TableFileKind kind);
     LoadedFile readSheets(const QString& path);
     bool apply(const LoadedFile& file, const QString& path);
-    Operator& person() { return m_session.bench.link.operatorAsked(); }
 
-    ParameterSession& m_session;
-    const SpreadsheetBackend& m_spreadsheet;
+    const FileWork& m_work;
 };
 
 }  // namespace kelvane

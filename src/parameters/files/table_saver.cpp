@@ -14,16 +14,6 @@ const auto Cofirm = QStringLiteral("Cofirm");
 
 }  // namespace
 
-QString tabCaptionInEnglish(ParameterTab tab) {
-    switch (tab) {
-        case ParameterTab::Drive: return QStringLiteral("Table from Drive");
-        case ParameterTab::File: return QStringLiteral("Table from File");
-        case ParameterTab::Compare: return QStringLiteral("Comparison Result");
-        case ParameterTab::None: break;
-    }
-    return {};
-}
-
 std::vector<ParameterTab> openTabs(const ParameterScreen& screen) {
     std::vector<ParameterTab> tabs;
     for (const ParameterTab tab : {ParameterTab::Drive, ParameterTab::File, ParameterTab::Compare})
@@ -44,80 +34,81 @@ void TableSaver::save(ParameterTab preselected, const std::function<void()>& the
     SaveMemo.clear();
     const std::vector<ParameterTab> tabs = savable();
     if (!hasSomething(tabs)) return goOn();
-    QStringList captions;
-    for (const ParameterTab tab : tabs) captions << tabCaption(tab);
     const auto found = std::find(tabs.begin(), tabs.end(), preselected);
     const int selected = found == tabs.end() ? 0 : static_cast<int>(found - tabs.begin());
     const auto formatChosen = [this, goOn](ParameterTab tab, std::optional<TableFileKind> kind) {
         if (!kind || run({tab, *kind})) goOn();
     };
-    const auto sourceChosen = [this, goOn, tabs, formatChosen](std::optional<int> index) {
-        if (!index || *index < 0 || *index >= static_cast<int>(tabs.size())) return goOn();
-        const ParameterTab tab = tabs[static_cast<size_t>(*index)];
+    const auto sourceChosen = [this, goOn, formatChosen](std::optional<ParameterTab> tab) {
+        if (!tab) return goOn();
         m_choices.chooseFormat(
-            [formatChosen, tab](std::optional<TableFileKind> kind) { formatChosen(tab, kind); });
+            [formatChosen, tab = *tab](std::optional<TableFileKind> kind) { formatChosen(tab, kind); });
     };
-    m_choices.chooseFrom(QStringLiteral("Select Parameter Source to Save"), captions, selected, sourceChosen);
+    m_choices.chooseTab(QStringLiteral("Select Parameter Source to Save"), tabs, selected, sourceChosen);
 }
 
 // The table from drive only when it was read to its end.
 std::vector<ParameterTab> TableSaver::savable() const {
-    std::vector<ParameterTab> tabs = openTabs(m_session.screen);
-    if (!m_session.reader.DriveTableComplete) std::erase(tabs, ParameterTab::Drive);
+    std::vector<ParameterTab> tabs = openTabs(m_work.screen);
+    if (!m_work.DriveTableComplete) std::erase(tabs, ParameterTab::Drive);
     return tabs;
 }
 
 bool TableSaver::hasSomething(const std::vector<ParameterTab>& tabs) {
-    if (!anyTabOpen(m_session.screen, person())) return false;
+    if (!anyTabOpen(m_work.screen, m_work.person)) return false;
     if (!tabs.empty()) return true;
-    person().tell(QStringLiteral("Parameter table is not completed !"), Cofirm);
+    m_work.person.tell(QStringLiteral("Parameter table is not completed !"), Cofirm);
     return false;
 }
 
 // False when the file could not be written. The tab may have gone while the questions stood.
 bool TableSaver::run(const Job& job) {
-    if (!m_session.screen.visible(job.tab)) return true;
+    if (!m_work.screen.visible(job.tab)) return true;
     return job.kind == TableFileKind::Spreadsheet ? saveSpreadsheet(job) : saveText(job);
 }
 
 bool TableSaver::saveText(const Job& job) {
     SaveMemo = textOf(job);
-    const std::optional<QString> path = person().saveFile(saveFilter(job.kind), saveSuffix(job.kind));
-    return !path || told(writeWhole(*path, SaveMemo));
+    const std::optional<QString> path = m_work.person.saveFile(saveFilter(job.kind), saveSuffix(job.kind));
+    return !path || told(*path, writeWhole(*path, SaveMemo));
 }
 
 bool TableSaver::saveSpreadsheet(const Job& job) {
-    if (!spreadsheetPresent(m_spreadsheet, person())) return true;
-    const std::optional<QString> path = person().saveFile(saveFilter(job.kind), saveSuffix(job.kind));
-    return !path || told(writeSheets(job.tab, *path));
+    if (!spreadsheetPresent(m_work.spreadsheet, m_work.person)) return true;
+    const std::optional<QString> path = m_work.person.saveFile(saveFilter(job.kind), saveSuffix(job.kind));
+    return !path || told(*path, writeSheets(job.tab, *path));
 }
 
 QByteArray TableSaver::textOf(const Job& job) {
     const TextFormat format = job.kind == TableFileKind::Csv ? TextFormat::Csv : TextFormat::Txt;
-    if (job.tab == ParameterTab::Compare) return writeComparisonText(m_session.comparison, format);
+    if (job.tab == ParameterTab::Compare) return writeComparisonText(m_work.comparison, format);
     return writeTableText(table(job.tab), RparaAbLED(job.tab), format);
 }
 
 FileResult TableSaver::writeSheets(ParameterTab tab, const QString& path) {
-    const std::unique_ptr<SpreadsheetApplication> application = m_spreadsheet.create();
+    const std::unique_ptr<SpreadsheetApplication> application = m_work.spreadsheet.create();
     const bool comparison = tab == ParameterTab::Compare;
-    const int rows = (comparison ? m_session.CompareAdvStringGrid : table(tab).grid).RowCount() - 1;
-    TransferDialog dialog(m_session.progress, m_session.bench.clock, ProgressGlyph::Save, rows, pumpMessages);
-    if (comparison) return saveComparisonSheet(*application, path, m_session.comparison, dialog.progress());
+    const int rows = (comparison ? m_work.comparison.CompareAdvStringGrid : table(tab).grid).RowCount() - 1;
+    TransferDialog dialog(m_work.progress, m_work.clock, ProgressGlyph::Save, rows);
+    if (comparison) return saveComparisonSheet(*application, path, m_work.comparison, dialog.progress());
     return saveTableSheets(*application, path, table(tab), RparaAbLED(tab), dialog.progress());
 }
 
-bool TableSaver::told(const FileResult& result) {
-    if (!result.ok) person().tell(result.error, QStringLiteral("Error"), BoxIcon::Stop);
+bool TableSaver::told(const QString& path, const FileResult& result) {
+    if (result.ok) {
+        Q_EMIT saved(path);
+    } else {
+        m_work.person.tell(result.error, QStringLiteral("Error"), BoxIcon::Stop);
+    }
     return result.ok;
 }
 
 const ParameterTable& TableSaver::table(ParameterTab tab) const {
-    return tab == ParameterTab::File ? m_session.fileTable : m_session.driveTable;
+    return tab == ParameterTab::File ? m_work.fileTable : m_work.driveTable;
 }
 
 bool TableSaver::RparaAbLED(ParameterTab tab) const {
-    return tab == ParameterTab::Drive && m_session.screen.RparaAbLED;
+    return tab == ParameterTab::Drive && m_work.screen.RparaAbLED;
 }
 
 }  // namespace kelvane

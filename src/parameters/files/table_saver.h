@@ -1,22 +1,20 @@
 // Saving a table or a comparison: which one, in which format, under which name, and the writing. A list of
 // steps that goes on when a question has its answer. Button, menu and the closing of a tab start it; owned by
-// the Parameter window.
+// the session.
 #pragma once
 
+#include <QObject>
+
+#include "parameters/files/file_work.h"
 #include "parameters/files/table_choices.h"
-#include "parameters/parameter_session.h"
-#include "spreadsheet/spreadsheet_application.h"
 
 namespace kelvane {
 
-// Captions of the tabs, as the choice of a table shows them.
-QString tabCaptionInEnglish(ParameterTab tab);
-
-class TableSaver {
+class TableSaver : public QObject {
+    Q_OBJECT
    public:
-    // All of them outlive the saver.
-    TableSaver(ParameterSession& session, const TableChoices& choices, const SpreadsheetBackend& spreadsheet)
-        : m_session(session), m_choices(choices), m_spreadsheet(spreadsheet) {}
+    // Both outlive the saver.
+    TableSaver(const FileWork& work, const TableChoices& choices) : m_work(work), m_choices(choices) {}
 
     QByteArray SaveMemo;  // text of the last file, also when its dialog was cancelled
 
@@ -24,8 +22,8 @@ class TableSaver {
     // The same with a table selected at first. then runs at the end, but not when writing failed.
     void save(ParameterTab preselected, const std::function<void()>& then);
 
-    std::function<QString(ParameterTab)> tabCaption = tabCaptionInEnglish;
-    std::function<void()> pumpMessages;  // draws the progress dialog; may be empty
+   Q_SIGNALS:
+    void saved(const QString& path);
 
    private:
     struct Job {
@@ -39,14 +37,12 @@ class TableSaver {
     bool saveSpreadsheet(const Job& job);
     QByteArray textOf(const Job& job);
     FileResult writeSheets(ParameterTab tab, const QString& path);
-    bool told(const FileResult& result);
+    bool told(const QString& path, const FileResult& result);
     const ParameterTable& table(ParameterTab tab) const;
     bool RparaAbLED(ParameterTab tab) const;
-    Operator& person() { return m_session.bench.link.operatorAsked(); }
 
-    ParameterSession& m_session;
+    const FileWork& m_work;
     const TableChoices& m_choices;
-    const SpreadsheetBackend& m_spreadsheet;
 };
 
 // Tabs that are visible, in their order.

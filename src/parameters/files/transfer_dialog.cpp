@@ -9,9 +9,8 @@ constexpr qint64 DrawEveryUs = 30'000;  // drawing it for every row would cost m
 
 }  // namespace
 
-TransferDialog::TransferDialog(ProgressDialog& dialog, const TickClock& clock, ProgressGlyph glyph, int rows,
-                               const std::function<void()>& pump)
-    : m_dialog(dialog), m_clock(clock), m_pump(pump), m_rows(rows), m_pumpedUs(clock.nowUs()) {
+TransferDialog::TransferDialog(ProgressDialog& dialog, const TickClock& clock, ProgressGlyph glyph, int rows)
+    : m_dialog(dialog), m_clock(clock), m_rows(rows), m_pumpedUs(clock.nowUs()) {
     m_dialog.glyph = glyph;
 }
 
@@ -29,8 +28,8 @@ TransferProgress TransferDialog::progress() {
 void TransferDialog::row(const QString& ParaLabel) {
     m_dialog.parameterDone(ParaLabel);
     m_dialog.setPosition(m_dialog.position + 1);
-    if (!m_pump || m_clock.nowUs() - m_pumpedUs < DrawEveryUs) return;
-    m_pump();
+    if (!m_dialog.pump || m_clock.nowUs() - m_pumpedUs < DrawEveryUs) return;
+    m_dialog.pump();
     m_pumpedUs = m_clock.nowUs();
 }
 

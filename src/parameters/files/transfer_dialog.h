@@ -9,9 +9,8 @@ namespace kelvane {
 
 class TransferDialog {
    public:
-    // pump draws what is due; it may be empty. rows is the length of the bar.
-    TransferDialog(ProgressDialog& dialog, const TickClock& clock, ProgressGlyph glyph, int rows,
-                   const std::function<void()>& pump);
+    // rows is the length of the bar.
+    TransferDialog(ProgressDialog& dialog, const TickClock& clock, ProgressGlyph glyph, int rows);
     ~TransferDialog();
     TransferDialog(const TransferDialog&) = delete;
     TransferDialog& operator=(const TransferDialog&) = delete;
@@ -23,7 +22,6 @@ class TransferDialog {
 
     ProgressDialog& m_dialog;
     const TickClock& m_clock;
-    const std::function<void()>& m_pump;
     int m_rows;
     qint64 m_pumpedUs;
 };

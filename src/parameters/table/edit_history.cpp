@@ -50,9 +50,14 @@ void EditHistory::closed() {
     for (int row = 0; row < m_grid.RowCount(); ++row) m_grid.setEdited(row, false);
 }
 
-void EditHistory::written(int row) {
+std::optional<QString> EditHistory::readValue(int row) const {
+    if (row < 0 || row >= static_cast<int>(m_read.size())) return std::nullopt;
+    return m_read[static_cast<size_t>(row)];
+}
+
+void EditHistory::holds(int row, const QString& Data) {
     if (row < 0 || row >= static_cast<int>(m_read.size())) return;
-    m_read[static_cast<size_t>(row)] = m_grid.cell(column::Data, row);
+    m_read[static_cast<size_t>(row)] = Data;
     mark(row);
 }
 

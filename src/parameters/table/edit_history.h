@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "base/string_grid.h"
@@ -27,8 +28,10 @@ class EditHistory {
     // The table was read anew: its values are the read values, every step and mark goes.
     void tableRead();
     void closed();
-    // The drive holds what the row shows: the mark goes, undo stays.
-    void written(int row);
+    // What the drive or the file gave for a row; nothing before the table was read.
+    std::optional<QString> readValue(int row) const;
+    // The drive was asked once more and holds this: the mark follows, undo stays.
+    void holds(int row, const QString& Data);
 
     // One row of the context menu, as an edit that can be undone. False when there is nothing to do.
     bool backToReadValue(int row);

@@ -123,6 +123,18 @@ int rowOfNumber(const StringGrid& grid, const QString& PrNo) {
     return -1;
 }
 
+RowIndex::RowIndex(const StringGrid& grid) {
+    m_rows.reserve(grid.RowCount());
+    for (int row = grid.RowCount() - 1; row > 0; --row)
+        if (!isGroupRow(grid, row)) m_rows.insert(key(grid, row), row);
+}
+
+int RowIndex::rowOf(const StringGrid& other, int row) const { return m_rows.value(key(other, row), -1); }
+
+QString RowIndex::key(const StringGrid& grid, int row) {
+    return grid.cell(column::PrNo, row) % u'\n' % grid.cell(column::Address, row);
+}
+
 QStringList groupNamesIn(const StringGrid& grid) {
     QStringList names;
     for (int row = 1; row < grid.RowCount(); ++row)

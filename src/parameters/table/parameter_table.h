@@ -3,6 +3,7 @@
 // it is read. Used by the reader, the writer, files, comparison, print and quick setup.
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <array>
@@ -74,7 +75,18 @@ bool isGroupRow(const StringGrid& grid, int row);
 bool isWritable(const StringGrid& grid, int row);  // never true for a group row
 int dotOf(const StringGrid& grid, int row);        // 0 for anything but one digit
 int rowOfNumber(const StringGrid& grid,
-                const QString& PrNo);              // row with this column 1; -1 when there is none
+                const QString& PrNo);  // row with this column 1; -1 when there is none
+// Rows by number and address together: a family with several groups may have a number twice.
+class RowIndex {
+   public:
+    explicit RowIndex(const StringGrid& grid);
+    // The row of this grid that stands for the same parameter as a row of another; -1 when there is none.
+    int rowOf(const StringGrid& other, int row) const;
+
+   private:
+    static QString key(const StringGrid& grid, int row);
+    QHash<QString, int> m_rows;
+};
 QStringList groupNamesIn(const StringGrid& grid);  // column 3 of the group rows, from the top
 
 // Colours of a cell of the three tables: group rows, and data that differ from their default.

@@ -31,15 +31,13 @@ const std::vector<int> FindColumns{column::PrNo, column::MODBUS, column::Descrip
 
 }  // namespace
 
-TParameterForm::TParameterForm(ParameterSession& session, const ParameterFormBench& bench, QWidget* parent)
+TParameterForm::TParameterForm(ParameterSession& session, KeptLooks& looks, QWidget* parent)
     : QMainWindow(parent),
-      saver(session, choices, m_bench.spreadsheet),
-      loader(session, m_bench.spreadsheet),
-      backup(bench.programFolder),
-      recent(bench.looks),
-      SystemTimer(bench.clock, TickKind::RealTime, SystemTimerInterval, [this] { SystemTimerTimer(); }),
+      recent(looks),
+      SystemTimer(session.bench.clock, TickKind::RealTime, SystemTimerInterval,
+                  [this] { SystemTimerTimer(); }),
       m_session(session),
-      m_bench(bench) {
+      m_looks(looks) {
     setObjectName(QStringLiteral("TParameterForm"));
     setWindowTitle(QStringLiteral("Parameter Management"));
     setWindowModality(Qt::ApplicationModal);
@@ -128,28 +126,21 @@ void TParameterForm::connectEngines() {
         showLinkPanel();
         if (isVisible()) m_pages->showScreen();
     });
-    m_session.saveTable = [this](TableSide side, const std::function<void()>& then) {
-        saver.save(side == TableSide::Drive ? ParameterTab::Drive : ParameterTab::File, then);
-    };
-    m_session.writer.beforeFirstWrite = [this] { return backUp(); };
-    saver.tabCaption = [this](ParameterTab tab) { return m_pages->tabCaption(tab); };
-    saver.pumpMessages = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
-    loader.pumpMessages = saver.pumpMessages;
-    loader.loaded = [this](const QString& path) {
+    connect(&m_session.loader, &TableLoader::loaded, this, [this](const QString& path) {
         recent.add(path);
         m_pages->showScreen();
         tellInStatusLine({});
-    };
-    loader.notLoaded = [this](const QString& path) {
+    });
+    connect(&m_session.loader, &TableLoader::notLoaded, this, [this](const QString& path) {
         if (!QFileInfo::exists(path)) recent.remove(path);
-    };
+    });
 }
 
 void TParameterForm::connectMenus() {
     const auto on = [this](QAction* action, auto act) { connect(action, &QAction::triggered, this, act); };
     on(m_menus->ReadfromDrive, [this] { m_session.reader.ReadDriveTransparentButtonClick(); });
-    on(m_menus->ReadfromFile, [this] { loader.ReadFileTransparentButtonClick(); });
-    on(m_menus->Save, [this] { saver.SaveTransparentButtonClick(); });
+    on(m_menus->ReadfromFile, [this] { m_session.loader.ReadFileTransparentButtonClick(); });
+    on(m_menus->Save, [this] { m_session.saver.SaveTransparentButtonClick(); });
     on(m_menus->WriteSelect, [this] { m_session.WriteCheckTransparentButtonClick(); });
     on(m_menus->WriteAll, [this] { m_session.WriteAllTransparentButtonClick(); });
     on(m_menus->CompareParameter, [this] { CompareTransparentButtonClick(); });
@@ -167,7 +158,7 @@ void TParameterForm::connectMenus() {
         if (m_menuSide == TableSide::Drive) {
             m_session.reader.ReadDriveTransparentButtonClick();
         } else {
-            loader.ReadFileTransparentButtonClick();
+            m_session.loader.ReadFileTransparentButtonClick();
         }
     });
     on(m_menus->closeTable, [this] { m_session.closeTableClick(m_menuSide); });
@@ -200,17 +191,17 @@ void TParameterForm::connectPages() {
     connect(ParaTreeView, &QTreeWidget::itemClicked, this, &TParameterForm::ParaTreeViewChange);
     connect(ParaTreeView, &QWidget::customContextMenuRequested, this, &TParameterForm::treeMenu);
     connect(m_browser, &FolderBrowser::fileChosen, this,
-            [this](const QString& path) { loader.LsFilelistViewDblClick(path); });
+            [this](const QString& path) { m_session.loader.LsFilelistViewDblClick(path); });
     m_browser->setFolder(QDir::homePath());
-    m_browser->setFolder(m_bench.looks.text(FolderKey));
+    m_browser->setFolder(m_looks.text(FolderKey));
     connect(m_browser, &FolderBrowser::folderChanged, this,
-            [this](const QString& folder) { m_bench.looks.setText(FolderKey, folder); });
+            [this](const QString& folder) { m_looks.setText(FolderKey, folder); });
 }
 
 void TParameterForm::connectTable(StringGridView* view, TableSide side, bool sub) {
     SubTable& subTable = side == TableSide::Drive ? m_session.driveSub : m_session.fileSub;
     connect(view, &StringGridView::dblClickCell, this, [this, &subTable, side, sub](int column, int row) {
-        sub ? subTable.dblClickCell(column, row, m_bench.person) : editCell(side, column, row);
+        sub ? subTable.dblClickCell(column, row, person()) : editCell(side, column, row);
     });
     connect(view, &StringGridView::checkBoxClicked, this, [this, &subTable, side, sub](int row, bool set) {
         if (!sub) return clickBox(side, row, set);

@@ -80,7 +80,7 @@ void TParameterForm::followFrontView() {
 }
 
 void TParameterForm::SystemTimerTimer() {
-    const QDateTime now = m_bench.wallClock.now();
+    const QDateTime now = m_session.now();
     m_dateTime->setText(QLocale().toString(now.date(), QLocale::ShortFormat) %
                         now.toString(QStringLiteral("  HH:mm:ss")));
 }
@@ -102,8 +102,7 @@ EditHistory& TParameterForm::history(TableSide side) {
 }
 
 void TParameterForm::editCell(TableSide side, int column, int row) {
-    history(side).edit(
-        [&] { ProcessAdvStringGridDblClickCell(table(side).grid, column, row, m_bench.person); });
+    history(side).edit([&] { ProcessAdvStringGridDblClickCell(table(side).grid, column, row, person()); });
 }
 
 void TParameterForm::clickBox(TableSide side, int row, bool set) {
@@ -148,10 +147,12 @@ void TParameterForm::rowBack(bool toDefault) {
 
 // ---- Comparison, print, files ----
 
+QString TParameterForm::tabCaption(ParameterTab tab) const { return m_pages->tabCaption(tab); }
+
 void TParameterForm::CompareTransparentButtonClick() {
     if (!m_session.anyTableOpen()) return;
     const QStringList kinds = compareKinds(m_session.screen.DriveTabSheet, m_session.screen.FileTabSheet);
-    choices.chooseCompareKind(kinds, [this, kinds](std::optional<int> index) {
+    m_session.choices.chooseCompareKind(kinds, [this, kinds](std::optional<int> index) {
         if (!index || *index < 0 || *index >= kinds.size()) return;
         const ComparisonOutcome outcome = m_session.compare(kinds[*index]);
         m_pages->showScreen();
@@ -161,15 +162,12 @@ void TParameterForm::CompareTransparentButtonClick() {
 }
 
 void TParameterForm::PrintTransparentButtonClick() {
-    if (!anyTabOpen(m_session.screen, m_bench.person)) return;
+    if (!anyTabOpen(m_session.screen, person())) return;
     const std::vector<ParameterTab> tabs = openTabs(m_session.screen);
-    QStringList captions;
-    for (const ParameterTab tab : tabs) captions << m_pages->tabCaption(tab);
-    choices.chooseFrom(QStringLiteral("Select Parameter Source to Print"), captions, 0,
-                       [this, tabs](std::optional<int> index) {
-                           if (!index || *index < 0 || *index >= static_cast<int>(tabs.size())) return;
-                           print(tabs[static_cast<size_t>(*index)]);
-                       });
+    m_session.choices.chooseTab(QStringLiteral("Select Parameter Source to Print"), tabs, 0,
+                                [this](std::optional<ParameterTab> tab) {
+                                    if (tab) print(*tab);
+                                });
 }
 
 void TParameterForm::print(ParameterTab tab) {
@@ -181,22 +179,7 @@ void TParameterForm::print(ParameterTab tab) {
     const StringGrid& grid = comparison ? m_session.CompareAdvStringGrid
                              : drive    ? m_session.DriveAdvStringGrid
                                         : m_session.FileAdvStringGrid;
-    Q_EMIT reportWanted(makeReport(source, grid, m_session.comparison, m_bench.wallClock.now()));
-}
-
-// False when there is no complete table yet, or when it could not be written.
-bool TParameterForm::backUp() {
-    if (!m_session.screen.DriveTabSheet || !m_session.reader.DriveTableComplete) return false;
-    const FileResult written =
-        backup.write(m_session.driveTable, m_session.screen.RparaAbLED, m_bench.wallClock.now(),
-                     [this](const QString& PrNo) { return m_session.heldByDrive(PrNo); });
-    const QString told =
-        written.ok
-            ? QStringLiteral("Backup of the drive's table: %1").arg(QDir::toNativeSeparators(backup.path()))
-            : QStringLiteral("The drive's table could not be backed up: %1").arg(written.error);
-    m_session.bench.link.ShowHistoryMsg(told);
-    if (!written.ok) m_bench.person.tell(told, QStringLiteral("Error"), BoxIcon::Stop);
-    return written.ok;
+    Q_EMIT reportWanted(makeReport(source, grid, m_session.comparison, m_session.now()));
 }
 
 void TParameterForm::fillRecentMenu() {
@@ -207,7 +190,7 @@ void TParameterForm::fillRecentMenu() {
         const QString shown =
             QDir::toNativeSeparators(files[i]).replace(QLatin1Char('&'), QLatin1String("&&"));
         connect(menu->addAction(QStringLiteral("&%1  %2").arg(i + 1).arg(shown)), &QAction::triggered, this,
-                [this, path = files[i]] { loader.load(path); });
+                [this, path = files[i]] { m_session.loader.load(path); });
     }
     if (files.isEmpty()) {
         menu->addAction(QStringLiteral("No file has been opened yet"))->setEnabled(false);
@@ -257,7 +240,7 @@ void TParameterForm::dropEvent(QDropEvent* event) {
     if (path.isEmpty()) return;
     event->acceptProposedAction();
     QMetaObject::invokeMethod(
-        this, [this, path] { loader.load(path); }, Qt::QueuedConnection);
+        this, [this, path] { m_session.loader.load(path); }, Qt::QueuedConnection);
 }
 
 }  // namespace kelvane

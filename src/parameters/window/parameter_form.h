@@ -1,17 +1,12 @@
 // TParameterForm, Parameter Management: the tables from drive and from file, their comparison, and everything
-// done to them. It shows a ParameterSession and passes the operator's hand on to it; saving, loading and
-// backup are engines that it owns. The shell shows it application-modal and opens the windows that it asks
-// for.
+// done to them. It shows a ParameterSession and passes the operator's hand on to it. The shell shows it
+// application-modal and opens the windows that it asks for.
 #pragma once
 
 #include <QMainWindow>
 
 #include "base/kept_looks.h"
-#include "base/wall_clock.h"
 #include "parameters/files/recent_files.h"
-#include "parameters/files/table_backup.h"
-#include "parameters/files/table_loader.h"
-#include "parameters/files/table_saver.h"
 #include "parameters/parameter_session.h"
 #include "parameters/report/print_records.h"
 
@@ -29,26 +24,13 @@ class ParameterPages;
 class StringGridView;
 class TabSheet;
 
-// What the window works on beside its session; all of it outlives the window.
-struct ParameterFormBench {
-    Operator& person;
-    TickClock& clock;
-    const WallClock& wallClock;
-    QString programFolder;
-    KeptLooks& looks;
-    SpreadsheetBackend spreadsheet = builtInSpreadsheet();
-};
-
 class TParameterForm : public QMainWindow {
     Q_OBJECT
    public:
-    TParameterForm(ParameterSession& session, const ParameterFormBench& bench, QWidget* parent = nullptr);
+    // Both outlive the window.
+    TParameterForm(ParameterSession& session, KeptLooks& looks, QWidget* parent = nullptr);
     ~TParameterForm() override;
 
-    TableChoices choices;  // set by the shell
-    TableSaver saver;
-    TableLoader loader;
-    TableBackup backup;
     RecentFiles recent;
     TickTimer SystemTimer;
 
@@ -56,6 +38,8 @@ class TParameterForm : public QMainWindow {
     void PrintTransparentButtonClick();
     // A message in panel 0 of the status line.
     void tellInStatusLine(const QString& text);
+    // As it stands on the tab, in the language in use.
+    QString tabCaption(ParameterTab tab) const;
 
    Q_SIGNALS:
     void finished(int result);                // closed; its tables are gone
@@ -100,13 +84,13 @@ class TParameterForm : public QMainWindow {
     void clickBox(TableSide side, int row, bool set);
     void fillRecentMenu();
     void print(ParameterTab tab);
-    bool backUp();
     std::optional<TableSide> frontSide() const;
     ParameterTable& table(TableSide side);
     EditHistory& history(TableSide side);
+    Operator& person() { return m_session.bench.link.operatorAsked(); }
 
     ParameterSession& m_session;
-    ParameterFormBench m_bench;
+    KeptLooks& m_looks;
     ParameterPages* m_pages;
     ParameterMenus* m_menus;
     FindBar* m_findBar;

@@ -57,8 +57,8 @@ TEST(ParameterWriter, TellsWhereItIs) {
     b.openTable({"60.00", "15.00"});
     b.session.WriteCheckTransparentButtonClick();
     EXPECT_EQ(b.writer.form.PrLabel, "- -");
-    int backups = 0;
-    b.writer.beforeFirstWrite = [&] { return ++backups > 0; };
+    int begun = 0;
+    QObject::connect(&b.writer, &ParameterWriter::writesBegin, [&] { ++begun; });
     b.pressOk();
     EXPECT_EQ(b.writer.form.barMaximum, 2);
     for (const char* command : {"FF0620050003", "FF0601001770"}) {
@@ -86,7 +86,7 @@ TEST(ParameterWriter, TellsWhereItIs) {
     b.session.WriteCheckTransparentButtonClick();
     b.pressOk();
     b.writeAll();
-    EXPECT_EQ(backups, 1);
+    EXPECT_EQ(begun, 2);
 }
 
 TEST(ParameterWriter, WhatIsTaken) {
@@ -311,9 +311,8 @@ TEST(ParameterWriter, SummaryCountsWhatDiffers) {
     ParameterLinkBench b(Larch);
     b.openTable({"60.00", "15.00", "7.00"});
     b.table.grid.setCell(column::Attribute, 3, "Read-Only");
-    const QHash<QString, QString> held{{"01-00", "60.00"}, {"01-01", "14.00"}};
-    const auto heldByDrive = [&](const QString& PrNo) {
-        return held.contains(PrNo) ? std::optional<QString>(held[PrNo]) : std::nullopt;
+    const auto heldByDrive = [](int row) {
+        return row < 3 ? std::optional<QString>(row == 1 ? "60.00" : "14.00") : std::nullopt;
     };
     b.session.WriteCheckTransparentButtonClick();
     const StringGrid& list = b.writer.AdvStringGrid1;

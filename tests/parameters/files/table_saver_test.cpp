@@ -15,22 +15,23 @@ namespace {
 struct Saving : SchedulerBench, testing::Test {
     GroupNameTable names;
     ParameterSession session{link, clock, names};
-    TableChoices choices;
-    SpreadsheetBackend spreadsheet = builtInSpreadsheet();
-    TableSaver saver{session, choices, spreadsheet};
-    TableLoader loader{session, spreadsheet};
+    TableSaver& saver = session.saver;
+    TableLoader& loader = session.loader;
+    SpreadsheetBackend& spreadsheet = session.fileWork.spreadsheet;
     QTemporaryDir folder;
     QStringList steps;
     std::optional<int> chosen = 0;
     TableFileKind kind = TableFileKind::Text;
 
     Saving() {
-        choices.chooseFrom = [this](const QString& title, const QStringList& items, int selected,
-                                    const TableChoices::ThenIndex& then) {
-            steps << title << items << QString::number(selected);
-            then(chosen);
+        session.choices.chooseTab = [this](const QString& title, const std::vector<ParameterTab>& tabs,
+                                           int selected, const TableChoices::ThenTab& then) {
+            steps << title;
+            for (const ParameterTab tab : tabs) steps << QString::number(static_cast<int>(tab));
+            steps << QStringLiteral("selected %1").arg(selected);
+            then(chosen ? std::optional(tabs[static_cast<size_t>(*chosen)]) : std::nullopt);
         };
-        choices.chooseFormat = [this](const TableChoices::ThenKind& then) {
+        session.choices.chooseFormat = [this](const TableChoices::ThenKind& then) {
             steps << "format";
             then(kind);
         };
@@ -55,7 +56,7 @@ TEST_F(Saving, APartialTableFromDriveIsRefusedOrLeftOut) {
     chosen.reset();
     bool wentOn = false;
     saver.save(ParameterTab::Drive, [&] { wentOn = true; });
-    EXPECT_EQ(steps, (QStringList{"Select Parameter Source to Save", "Table from File", "0"}));
+    EXPECT_EQ(steps, (QStringList{"Select Parameter Source to Save", "2", "selected 0"}));
     EXPECT_TRUE(wentOn);
 }
 

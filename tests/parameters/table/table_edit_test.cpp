@@ -108,7 +108,7 @@ TEST_F(History, ForgetsAnEditDuringWhichTheTableWent) {
 
 TEST_F(History, WrittenRowsLoseTheirMarkAndCanBeUndone) {
     type("51.00");
-    history.written(5);
+    history.holds(5, "51.00");
     EXPECT_FALSE(grid.edited(5));
     history.undo();
     EXPECT_TRUE(grid.edited(5));

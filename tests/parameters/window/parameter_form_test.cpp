@@ -46,14 +46,16 @@ class ParameterWindow : public testing::Test {
         link.ActiveFunction = OwnerParameter;
         link.fixedParaName = fixedParaName;
         beOnLine(Family::Larch);
-        form.choices.chooseFrom = [this](const QString& title, const QStringList& items, int selected,
-                                         const TableChoices::ThenIndex& then) {
-            asked << title << items << QString::number(selected);
-            then(chosen);
+        session.choices.chooseTab = [this](const QString& title, const std::vector<ParameterTab>& tabs,
+                                           int selected, const TableChoices::ThenTab& then) {
+            asked << title;
+            for (const ParameterTab tab : tabs) asked << form.tabCaption(tab);
+            asked << QString::number(selected);
+            then(chosen ? std::optional(tabs[size_t(*chosen)]) : std::nullopt);
         };
-        form.choices.chooseFormat = [this](const TableChoices::ThenKind& then) { then(kind); };
-        form.choices.chooseCompareKind = [this](const QStringList& items,
-                                                const TableChoices::ThenIndex& then) {
+        session.choices.chooseFormat = [this](const TableChoices::ThenKind& then) { then(kind); };
+        session.choices.chooseCompareKind = [this](const QStringList& items,
+                                                   const TableChoices::ThenIndex& then) {
             asked << items;
             then(chosen);
         };
@@ -91,7 +93,7 @@ class ParameterWindow : public testing::Test {
         test::fillSample(table);
         const QString path = folder.filePath("t.txt");
         writeWhole(path, writeTableText(table, false, TextFormat::Txt));
-        ASSERT_TRUE(form.loader.load(path));
+        ASSERT_TRUE(session.loader.load(path));
     }
     template <typename T>
     T* named(const char* name) {
@@ -119,9 +121,9 @@ class ParameterWindow : public testing::Test {
     drive::PracticeStation station;
     RequestScheduler link;
     GroupNameTable names;
-    ParameterSession session{link, clock, names};
+    ParameterSession session{link, clock, names, {.programFolder = folder.path(), .wallClock = &wall}};
     LooksInMemory looks;
-    TParameterForm form{session, {person, clock, wall, folder.path(), looks}};
+    TParameterForm form{session, looks};
     QStringList asked;
     std::optional<int> chosen = 0;
     std::optional<TableFileKind> kind = TableFileKind::Text;
@@ -238,10 +240,10 @@ TEST_F(ParameterWindow, SavesAsTextAndLoadsItAgain) {
     // What cannot be read or written leaves the table.
     writeWhole(folder.filePath("bad.txt"), "");
     person.expectBox("File format not support !", "Warning");
-    EXPECT_FALSE(form.loader.load(folder.filePath("x.doc")));
+    EXPECT_FALSE(session.loader.load(folder.filePath("x.doc")));
     const QString missing = folder.filePath("no.txt");
     person.expectBox(readWhole(missing).error, "Error");
-    EXPECT_FALSE(form.loader.load(missing));
+    EXPECT_FALSE(session.loader.load(missing));
     const QString nowhere = folder.filePath("no/u.txt");
     person.expectSave("Text Fiels(*.txt)|*.txt", ".txt", nowhere);
     person.expectBox(writeWhole(nowhere, "x").error, "Error");
@@ -259,7 +261,7 @@ TEST_F(ParameterWindow, SavesSpreadsheetsBehindTheProgressRecord) {
     });
     person.expectSave("Microsoft Excel Fiels(*.xls)|*.xls", ".xls", path);
     trigger("Save");
-    ASSERT_TRUE(form.loader.load(path));
+    ASSERT_TRUE(session.loader.load(path));
     EXPECT_EQ(infos, (QStringList{"Saving parameters from Larch ...", "Reading parameters from Larch ..."}));
     EXPECT_FALSE(session.progress.shown);
     EXPECT_EQ(session.FileAdvStringGrid.cell(column::PrNo, 5), "01-00");
@@ -395,13 +397,16 @@ TEST_F(ParameterWindow, LoadsFilesThatAreDroppedOrDoubleClicked) {
     session.fileTable.TableFileName.clear();
     Q_EMIT browser->LsFilelistView->doubleClicked(files->index(2, 0, browser->LsFilelistView->rootIndex()));
     EXPECT_EQ(QFileInfo(session.fileTable.TableFileName).fileName(), "t.txt");
-    EXPECT_EQ(form.loader.OpenFromBrowser, 0);
+    EXPECT_EQ(session.loader.OpenFromBrowser, 0);
     Q_EMIT browser->LsFilelistView->doubleClicked(files->index(0, 0, browser->LsFilelistView->rootIndex()));
     EXPECT_EQ(browser->folder(), QFileInfo(folder.path()).path());
 }
 
 TEST_F(ParameterWindow, BacksUpTheTableAsReadBeforeTheFirstWrite) {
-    EXPECT_FALSE(session.writer.beforeFirstWrite());  // no complete table yet: asked again at the next write
+    QStringList history;
+    QObject::connect(&link, &RequestScheduler::historyLine, [&](const QString& line) { history += line; });
+    Q_EMIT session.writer.writesBegin();  // no table yet: tried again before the next write
+    EXPECT_TRUE(history.last().endsWith(" > No backup: the table of this drive has not been read."));
     readTable();
     const int row = rowOfNumber(session.DriveAdvStringGrid, "01-00");
     const QString read = session.DriveAdvStringGrid.cell(column::Data, row);
@@ -413,9 +418,23 @@ TEST_F(ParameterWindow, BacksUpTheTableAsReadBeforeTheFirstWrite) {
     clock.advanceUntil([&] { return !session.writer.form.shown; }, 60 * 1000);
     const QString path = folder.filePath("backup/2026-03-02_09-08-07_Larch.txt");
     ASSERT_TRUE(QFile::exists(path));
-    ASSERT_TRUE(form.loader.load(path));
+    ASSERT_TRUE(session.loader.load(path));
     EXPECT_EQ(session.FileAdvStringGrid.cell(column::Data, row), read);
     EXPECT_EQ(session.DriveAdvStringGrid.cell(column::Data, row), "55.00");
+
+    // One a drive, not one a run of the program; what another drive held is no backup of this one.
+    const auto backups = [&] { return QDir(session.backup.folder()).entryList(QDir::Files).size(); };
+    Q_EMIT session.writer.writesBegin();
+    EXPECT_EQ(backups(), 1);
+    Q_EMIT link.initialRun();
+    session.WriteAllTransparentButtonClick();
+    EXPECT_TRUE(session.writeSummaryLine().contains("with no value read from the drive"));
+    session.writer.CancelTransparentButtonClick();
+    Q_EMIT session.writer.writesBegin();
+    EXPECT_EQ(backups(), 1);
+    readTable();
+    Q_EMIT session.writer.writesBegin();
+    EXPECT_EQ(backups(), 2);
 }
 
 TEST_F(ParameterWindow, ABackupThatFailsIsTold) {
@@ -424,7 +443,7 @@ TEST_F(ParameterWindow, ABackupThatFailsIsTold) {
     person.expectBox("The drive's table could not be backed up: The folder " + folder.filePath("backup") +
                          " cannot be made.",
                      "Error");
-    EXPECT_FALSE(session.writer.beforeFirstWrite());
+    Q_EMIT session.writer.writesBegin();
 }
 
 TEST(TableBackup, KeepsTheLastTwentyAndTellsAFailure) {
@@ -432,16 +451,16 @@ TEST(TableBackup, KeepsTheLastTwentyAndTellsAFailure) {
     TableBackup backup(folder.path());
     ParameterTable table;
     test::fillSample(table);
-    const auto held = [](const QString&) { return std::nullopt; };
+    const auto read = [](int) { return std::nullopt; };
     QDateTime now(QDate(2026, 3, 2), QTime(9, 0));
     for (int i = 0; i < TableBackup::Kept + 2; ++i)
-        ASSERT_TRUE(backup.write(table, false, now.addSecs(i / 2), held).ok);
+        ASSERT_TRUE(backup.write(table, false, now.addSecs(i / 2), read).ok);
     const QStringList files = QDir(backup.folder()).entryList(QDir::Files);
     EXPECT_EQ(files.size(), TableBackup::Kept);
     EXPECT_EQ(files.first(), "2026-03-02_09-00-01_Larch.txt");
     EXPECT_TRUE(QFile::exists(backup.path()));
     TableBackup nowhere(folder.filePath("backup/") + files.first());
-    EXPECT_FALSE(nowhere.write(table, false, now, held).ok);
+    EXPECT_FALSE(nowhere.write(table, false, now, read).ok);
 }
 
 }  // namespace

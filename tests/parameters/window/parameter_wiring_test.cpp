@@ -35,7 +35,7 @@ struct ParameterWiring : ShellBench, testing::Test {
         test::fillSample(table);
         const QString path = dir.filePath("t.txt");
         writeWhole(path, writeTableText(table, false, TextFormat::Txt));
-        ASSERT_TRUE(form.loader.load(path));
+        ASSERT_TRUE(session.loader.load(path));
     }
 };
 

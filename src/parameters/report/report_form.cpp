@@ -1,4 +1,4 @@
-#include "parameters/report/print_form.h"
+#include "parameters/report/report_form.h"
 
 #include <QBuffer>
 #include <QComboBox>

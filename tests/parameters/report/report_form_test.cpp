@@ -1,5 +1,5 @@
 // The printed report: what stands on its pages, and the preview around it.
-#include "parameters/report/print_form.h"
+#include "parameters/report/report_form.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,181 @@
+#include "base/trend_records.h"
+
+#include <algorithm>
+#include <cstring>
+
+#ifdef Q_OS_LINUX
+#include <sys/mman.h>
+#endif
+
+namespace kelvane {
+
+namespace {
+
+constexpr int FirstShift = 6;  // 64 records a block of the lowest level
+constexpr int LevelShift = 4;  // 16 blocks a block of the next one
+constexpr qint64 FirstRoom = 4096;
+constexpr qint64 HugeBytes = 64 * 1024 * 1024;
+
+int shiftOf(size_t level) { return FirstShift + static_cast<int>(level) * LevelShift; }
+
+// Fewer, larger pages: a record of hours is read in half the time.
+void preferLargePages([[maybe_unused]] void* data, [[maybe_unused]] qint64 bytes) {
+#ifdef Q_OS_LINUX
+    if (bytes < HugeBytes) return;
+    constexpr quintptr Page = 2 * 1024 * 1024;
+    const quintptr from = (reinterpret_cast<quintptr>(data) + Page - 1) & ~(Page - 1);
+    const quintptr to = (reinterpret_cast<quintptr>(data) + static_cast<quintptr>(bytes)) & ~(Page - 1);
+    if (to > from) ::madvise(reinterpret_cast<void*>(from), to - from, MADV_HUGEPAGE);
+#endif
+}
+
+}  // namespace
+
+void TrendExtremes::add(const TrendRecord& record) {
+    if (record.isSeparator()) {
+        breaks = true;
+        return;
+    }
+    any = true;
+    for (size_t c = 0; c < low.size(); ++c) {
+        low[c] = std::min(low[c], record.Ch[c]);
+        high[c] = std::max(high[c], record.Ch[c]);
+    }
+}
+
+void TrendExtremes::add(const TrendExtremes& other) {
+    any |= other.any;
+    breaks |= other.breaks;
+    for (size_t c = 0; c < low.size(); ++c) {
+        low[c] = std::min(low[c], other.low[c]);
+        high[c] = std::max(high[c], other.high[c]);
+    }
+}
+
+bool TrendRecords::reserve(qint64 capacity) {
+    if (capacity <= m_capacity) return true;
+    constexpr qint64 Most = PTRDIFF_MAX / static_cast<qint64>(sizeof(TrendRecord));
+    if (capacity > Most) return false;
+    const size_t bytes = static_cast<size_t>(capacity) * sizeof(TrendRecord);
+    // Moves the pages of a large array instead of copying it.
+    void* data = std::realloc(static_cast<void*>(m_data.get()), bytes);
+    if (!data) return false;
+    static_cast<void>(m_data.release());
+    m_data.reset(static_cast<TrendRecord*>(data));
+    m_capacity = capacity;
+    return true;
+}
+
+bool TrendRecords::makeRoom(qint64 count) {
+    if (m_size + count <= m_capacity) return true;
+    return reserve(std::max(FirstRoom, (m_size + count) + (m_size + count) / 4));
+}
+
+bool TrendRecords::append(const TrendRecord& record) {
+    if (!makeRoom(1)) return false;
+    m_data.get()[m_size++] = record;
+    return true;
+}
+
+bool TrendRecords::insert(qint64 at, int count, const TrendRecord& record) {
+    if (!makeRoom(count)) return false;
+    TrendRecord* place = m_data.get() + at;
+    std::memmove(place + count, place, static_cast<size_t>(m_size - at) * sizeof(TrendRecord));
+    std::fill_n(place, count, record);
+    m_size += count;
+    forgetIndexFrom(at);
+    return true;
+}
+
+TrendRecord* TrendRecords::roomFor(qint64 count) {
+    if (!reserve(m_size + count)) return nullptr;
+    preferLargePages(m_data.get() + m_size, count * static_cast<qint64>(sizeof(TrendRecord)));
+    return m_data.get() + m_size;
+}
+
+void TrendRecords::grown(qint64 count) { m_size = std::min(m_size + count, m_capacity); }
+
+void TrendRecords::dropFront(qint64 count) {
+    count = std::clamp<qint64>(count, 0, m_size);
+    if (count == 0) return;
+    std::memmove(m_data.get(), m_data.get() + count,
+                 static_cast<size_t>(m_size - count) * sizeof(TrendRecord));
+    m_size -= count;
+    m_levels.clear();
+}
+
+void TrendRecords::clear() {
+    m_data.reset();
+    m_size = m_capacity = 0;
+    m_levels.clear();
+}
+
+void TrendRecords::forgetIndexFrom(qint64 record) const {
+    for (size_t level = 0; level < m_levels.size(); ++level) {
+        const auto whole = static_cast<size_t>(record >> shiftOf(level));
+        if (m_levels[level].size() > whole) m_levels[level].resize(whole);
+    }
+}
+
+void TrendRecords::indexNewBlocks() const {
+    if (m_levels.empty()) m_levels.emplace_back();
+    const auto whole = static_cast<size_t>(m_size >> FirstShift);
+    for (size_t block = m_levels[0].size(); block < whole; ++block) {
+        TrendExtremes extremes;
+        const TrendRecord* record = m_data.get() + (static_cast<qint64>(block) << FirstShift);
+        for (int i = 0; i < 1 << FirstShift; ++i) extremes.add(record[i]);
+        m_levels[0].push_back(extremes);
+    }
+    for (size_t level = 1; m_levels[level - 1].size() >> LevelShift; ++level) {
+        if (m_levels.size() == level) m_levels.emplace_back();
+        const auto& below = m_levels[level - 1];
+        auto& here = m_levels[level];
+        while (here.size() < below.size() >> LevelShift) {
+            TrendExtremes extremes;
+            const size_t first = here.size() << LevelShift;
+            for (size_t i = first; i < first + (1u << LevelShift); ++i) extremes.add(below[i]);
+            here.push_back(extremes);
+        }
+    }
+}
+
+TrendExtremes TrendRecords::extremes(qint64 from, qint64 to) const {
+    indexNewBlocks();
+    TrendExtremes extremes;
+    from = std::max<qint64>(from, 0);
+    to = std::min(to, m_size);
+    while (from < to) {
+        // The largest whole block that begins here and ends within the range.
+        qsizetype level = -1;
+        for (size_t next = 0; next < m_levels.size(); ++next) {
+            const qint64 block = qint64(1) << shiftOf(next);
+            if (from % block != 0 || from + block > to) break;
+            if (static_cast<size_t>(from >> shiftOf(next)) >= m_levels[next].size()) break;
+            level = static_cast<qsizetype>(next);
+        }
+        if (level < 0) {
+            extremes.add((*this)[from++]);
+        } else {
+            const int shift = shiftOf(static_cast<size_t>(level));
+            extremes.add(m_levels[static_cast<size_t>(level)][static_cast<size_t>(from >> shift)]);
+            from += qint64(1) << shift;
+        }
+    }
+    return extremes;
+}
+
+qint64 TrendRecords::nearestSample(qint64 at, qint64 reach) const {
+    for (qint64 away = 0; away <= reach; ++away) {
+        for (const qint64 place : {at - away, at + away})
+            if (place >= 0 && place < m_size && !(*this)[place].isSeparator()) return place;
+    }
+    return -1;
+}
+
+qint64 TrendRecords::bytesHeld() const {
+    qint64 bytes = m_capacity * static_cast<qint64>(sizeof(TrendRecord));
+    for (const auto& level : m_levels) bytes += static_cast<qint64>(level.capacity() * sizeof(TrendExtremes));
+    return bytes;
+}
+
+}  // namespace kelvane

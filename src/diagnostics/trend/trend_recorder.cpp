@@ -1,0 +1,92 @@
+#include "diagnostics/trend/trend_recorder.h"
+
+#include <algorithm>
+
+#include "base/trend_time.h"
+#include "diagnostics/trend/scope_file.h"
+
+namespace kelvane {
+
+TrendRecorder::TrendRecorder(TickClock& clock, const WallClock& wallClock, int channelCount)
+    : m_wallClock(wallClock), m_timer(clock, TickKind::RealTime, LeastInterval, [this] { timerDue(); }) {
+    data.channels.resize(static_cast<size_t>(channelCount));
+}
+
+void TrendRecorder::SetStartRecording(bool on) {
+    if (on == recording()) return;
+    if (on) AddSeparator();
+    m_timer.setEnabled(on);
+    Q_EMIT startedOrStopped();
+}
+
+// Kept: it goes before the last record, not behind it, with the digits of the record before that.
+void TrendRecorder::AddSeparator() {
+    const qint64 count = TotalRecords();
+    if (count < 2) return;
+    TrendRecord separator = data.records[count - 2];
+    separator.Time = 0;
+    if (!data.records.insert(count - 1, SeparatorRecords, separator)) return giveUp();
+    Q_EMIT recordsReplaced();
+    Q_EMIT OnRecNoChanged();
+}
+
+void TrendRecorder::timerDue() {
+    if (!mayRecord || mayRecord()) GetData();
+}
+
+void TrendRecorder::GetData() {
+    makeRoom();
+    if (TotalRecords() >= m_maxRecords) return;
+    TrendRecord record{trendTime(m_wallClock.now()), {}};
+    for (size_t c = 0; c < data.channels.size(); ++c) record.Ch[c] = data.channels[c].Digit;
+    if (!data.records.append(record)) return giveUp();
+    Q_EMIT OnInterval();
+    Q_EMIT OnRecNoChanged();
+}
+
+void TrendRecorder::makeRoom() {
+    if (TotalRecords() < m_maxRecords || !m_flow) return;
+    data.records.dropFront(TotalRecords() - std::min(DeleteCount, m_maxRecords - 1));
+    Q_EMIT recordsReplaced();
+}
+
+void TrendRecorder::giveUp() {
+    SetStartRecording(false);
+    Q_EMIT noRoom();
+}
+
+void TrendRecorder::ClearRecords() {
+    data.records.clear();
+    Q_EMIT recordsReplaced();
+    Q_EMIT OnRecNoChanged();
+}
+
+void TrendRecorder::SetInterval(int ms) {
+    if (ms < LeastInterval || ms == Interval()) return;
+    AddSeparator();
+    m_timer.setInterval(ms);
+}
+
+void TrendRecorder::SetMaxRecords(qint64 count) {
+    if (count >= LeastMaxRecords) m_maxRecords = count;
+}
+
+FileResult TrendRecorder::SaveToFile(const QString& name) const { return saveScopeFile(name, data.records); }
+
+FileResult TrendRecorder::LoadFromFile(const QString& name) {
+    SetStartRecording(false);
+    const qint64 before = TotalRecords();
+    if (before > 1) {
+        TrendRecord separator = data.records.last();
+        separator.Time = 0;
+        // Kept: it stays when the file cannot be read.
+        if (!data.records.insert(before, SeparatorRecords, separator))
+            return {false, QStringLiteral("There is not enough memory.")};
+    }
+    const FileResult result = loadScopeFile(name, data.records);
+    Q_EMIT recordsReplaced();
+    Q_EMIT OnRecNoChanged();
+    return result;
+}
+
+}  // namespace kelvane

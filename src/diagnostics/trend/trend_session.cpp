@@ -1,0 +1,498 @@
+#include "diagnostics/trend/trend_session.h"
+
+#include <QFileInfo>
+#include <algorithm>
+#include <cmath>
+
+#include "base/trend_time.h"
+#include "diagnostics/status_items.h"
+#include "diagnostics/trend/auto_range.h"
+#include "diagnostics/trend/scope_file.h"
+#include "diagnostics/trend/trend_text.h"
+#include "link/number_text.h"
+
+namespace kelvane {
+
+namespace {
+
+const QString ScopeFilter = QStringLiteral("Trd - scope data|*.trd");
+const QString ScopeExtension = QStringLiteral("trd");  // for a name without one
+const QString CsvFilter = QStringLiteral("Table|*.csv");
+constexpr int LogicScale = 80;
+constexpr quint8 LastInfoFamily = 6;  // the Status tab shows values of families 0 to 6 only
+constexpr std::array<quint16, 5> LogicHigh{0, 10, 30, 50, 70};
+constexpr qint64 InfoBytes = 1 << 20;
+
+constexpr std::array<quint32, TrendSession::Channels> ChannelColours{0x00FF00, 0xFFFF00, 0xFF0000, 0xFF00FF,
+                                                                     0xFF8040, 0x00FFFF, 0xF0F0F0, 0x0078D7};
+constexpr std::array<quint32, TrendSession::LogicLines> LogicColours{0x00FF00, 0xFFFF00, 0xFF0000, 0xFF00FF};
+constexpr std::array<const char*, TrendSession::LogicLines> LogicCaptions{
+    "L1 RUN/STOP command", "L2 RUN/STOP status", "L3 FWD/REV command", "L4 FWD/REV status"};
+
+}  // namespace
+
+double ParseFixed(int decimals, const QString& text) {
+    const qsizetype separator = text.indexOf(DecimalSep);
+    if (separator < 0) return text.trimmed().toInt();
+    const int whole = text.left(separator).trimmed().toInt();
+    const QString digits = text.mid(separator + DecimalSep.size()).left(decimals);
+    // In one step, since tenths are no sums of powers of two: "80.56" is the number that 80.56 is.
+    bool ok = digits.isEmpty();
+    const double scaled = digits.isEmpty() ? 0 : digits.toUInt(&ok);
+    if (!ok) return whole;
+    const double tens = std::pow(10.0, static_cast<double>(digits.size()));
+    return (whole * tens + scaled) / tens;
+}
+
+TrendSession::TrendSession(const TrendBench& bench)
+    : AbTrend1(bench.clock, bench.wallClock, Channels),
+      AbTrend2(bench.clock, bench.wallClock, LogicLines),
+      GetDataTimer(bench.clock, TickKind::Stepping, 1, [this] { GetDataTimerTimer(); }),
+      m_bench(bench),
+      m_journal(bench.journalFolder, bench.wallClock) {
+    for (int c = 1; c <= Channels; ++c) {
+        AbTrend1.Channel(c).color = ChannelColours[static_cast<size_t>(c - 1)];
+        AbTrend1.Channel(c).visible = false;
+        ChLabeledEdit[static_cast<size_t>(c)] = ChannelOnText;
+    }
+    for (int line = 1; line <= LogicLines; ++line) {
+        TrendChannel& channel = AbTrend2.Channel(line);
+        channel.color = LogicColours[static_cast<size_t>(line - 1)];
+        channel.Caption = QString::fromLatin1(LogicCaptions[static_cast<size_t>(line - 1)]);
+        channel.DigitalTo = LogicScale;
+        channel.ValueTo = LogicScale;
+    }
+    InfoAdvStringGrid.setRowCount(8);
+    InfoAdvStringGrid.setHeaders({QStringLiteral("Item"),
+                                  QStringLiteral("Value"),
+                                  QStringLiteral("Unit"),
+                                  {},
+                                  QStringLiteral("Item"),
+                                  QStringLiteral("Value"),
+                                  QStringLiteral("Unit"),
+                                  {}});
+    setCaptions();
+    // Before the first poll there is nothing but zeros.
+    AbTrend1.mayRecord = [this] { return status().DriveReady != 0; };
+    connect(&AbTrend1, &TrendRecorder::OnInterval, this, &TrendSession::recordTaken);
+    connect(&AbTrend1, &TrendRecorder::noRoom, this, [this] {
+        tell(QStringLiteral(
+            "There is no memory left for more records. The recording has stopped; save it now."));
+    });
+    connect(&m_bench.link, &RequestScheduler::cycleEnded, this, [this] { GetDataTimer.kick(); });
+}
+
+TrendSession::~TrendSession() { m_journal.finish(AbTrend1.data.records); }
+
+void TrendSession::tell(const QString& text) {
+    notice = text;
+    Q_EMIT changed();
+}
+
+// ---- Data ----
+
+void TrendSession::GetDataTimerTimer() {
+    if (status().DriveReady) ProcessScopeData(status());
+}
+
+void TrendSession::ProcessScopeData(DriveStatusRecord DriveStatus) {
+    if (showFault) showFault(DriveStatus);
+    const quint32 state = DriveStatus.StatusWords[1];
+    RunState = (state & 3) == 0 ? 0 : 1;
+    DirState = (state & 8) == 0 ? 1 : 0;
+    TrendChannel& L1 = AbTrend2.Channel(1);
+    TrendChannel& L2 = AbTrend2.Channel(2);
+    TrendChannel& L3 = AbTrend2.Channel(3);
+    TrendChannel& L4 = AbTrend2.Channel(4);
+    L2.Digit = static_cast<quint16>(20 + 10 * RunState);
+    L4.Digit = static_cast<quint16>(60 + 10 * DirState);
+    if (!LogicPrimed) {
+        L1.Digit = static_cast<quint16>(L2.Digit - 20);
+        L3.Digit = static_cast<quint16>(L4.Digit - 20);
+        LogicPrimed = true;  // Kept: once per run of the program
+    }
+    Q_EMIT statusShown();
+    showInfoValues(DriveStatus);
+    bool rescaled = false;
+    for (int c = 1; c <= Channels; ++c) {
+        const int k = ChannelItem[static_cast<size_t>(c)];
+        rescaled |=
+            autoRange(AbTrend1.Channel(c), statusWordOf(DriveStatus, k), statusItem(DriveStatus, k).scale);
+    }
+    if (rescaled) Q_EMIT scalesChanged();
+    for (int c = 1; c <= Channels; ++c) {
+        const quint32 word = statusWordOf(DriveStatus, ChannelItem[static_cast<size_t>(c)]);
+        AbTrend1.Channel(c).Digit = static_cast<quint16>(word);
+    }
+}
+
+// Values stand where the names stand. Kept: families above 6 have no values here.
+void TrendSession::showInfoValues(const DriveStatusRecord& DriveStatus) {
+    const FamilyProfile* profile = familyProfile(DriveStatus.DriveFamily);
+    if (!profile || DriveStatus.DriveFamily > LastInfoFamily) return;
+    constexpr int RowsPerColumn = 7;
+    int entry = 0;
+    for (const ListEntry& listed : profile->itemList) {
+        const int column = entry < RowsPerColumn ? 1 : 5;
+        InfoAdvStringGrid.setCell(column, 1 + entry % RowsPerColumn, DriveStatus.StatusText[listed.item]);
+        ++entry;
+    }
+}
+
+void TrendSession::ChangeChanelSetting(int channel) {
+    const auto c = static_cast<size_t>(channel);
+    const int k = statusItemOfEntry(status().DriveFamily, ChComboBox[c]);
+    if (k < 0) return;
+    const StatusItemView item = statusItem(status(), k);
+    TrendChannel& trend = AbTrend1.Channel(channel);
+    trend.ValueFormat = item.format;
+    trend.ValueUnit = item.unit;
+    trend.ValueTo = 0;
+    trend.DigitalTo = 0;
+    ChannelItem[c] = k;
+    setCaptions();
+    GetDataTimer.kick();
+    Q_EMIT scalesChanged();
+}
+
+void TrendSession::setCaptions() {
+    for (int c = 1; c <= Channels; ++c) {
+        const QString name = items.value(ChComboBox[static_cast<size_t>(c)]);
+        AbTrend1.Channel(c).Caption = QStringLiteral("Ch%1 ").arg(c) % name;
+    }
+}
+
+void TrendSession::takeItemNames(const QStringList& itemList) {
+    items = itemList;
+    setCaptions();
+    Q_EMIT changed();
+}
+
+void TrendSession::InitialDrive(const QStringList& itemList) {
+    for (int c = 1; c <= Channels; ++c) {
+        TrendChannel& channel = AbTrend1.Channel(c);
+        // Kept: channel c takes format and unit of item c - 1, whatever item it shows.
+        const StatusItemView item = statusItem(status(), c - 1);
+        channel.ValueFormat = item.format;
+        channel.ValueUnit = item.unit;
+        const int entry = ChComboBox[static_cast<size_t>(c)];
+        if (entry >= 0) ChannelItem[static_cast<size_t>(c)] = statusItemOfEntry(status().DriveFamily, entry);
+    }
+    StatusTabSheet = true;
+    takeItemNames(itemList);
+    Q_EMIT scalesChanged();
+}
+
+void TrendSession::commandAnswered(quint8 task) {
+    constexpr quint32 Reverse = 8;
+    if (task == 2 || task == 6) AbTrend2.Channel(1).Digit = 10;
+    if (task == 3) AbTrend2.Channel(1).Digit = 0;
+    // The status still shows the direction before the change: reverse has just been told to go forward.
+    if (task == 5) AbTrend2.Channel(3).Digit = status().StatusWords[1] & Reverse ? 50 : 40;
+}
+
+// ---- A run ----
+
+void TrendSession::StartVrPowerButtonClick(bool on) {
+    StartVrPowerButton = on;
+    const auto goOn = [this] {
+        if (m_bench.link.Lamp.onLine()) StartVrPowerButton ? startRun() : stopRun();
+        Q_EMIT changed();
+    };
+    if (m_bench.link.Lamp.onLine() || !openComSetup) return goOn();
+    openComSetup([this, goOn] {
+        m_bench.link.ActiveFunction = OwnerTrend;
+        goOn();
+    });
+}
+
+void TrendSession::startRun() {
+    GetDataTimer.setEnabled(true);
+    AbTrend1.SetFlow(true);
+    AbTrend2.SetFlow(true);
+    AbTrend1.SetStartRecording(true);
+    // The pair leaves the same break in both lists, and AbTrend2 fed by AbTrend1 alone.
+    AbTrend2.SetStartRecording(true);
+    AbTrend2.SetStartRecording(false);
+    TrendScrollBar = false;
+    Q_EMIT changed();
+}
+
+void TrendSession::stopRun() {
+    GetDataTimer.setEnabled(false);
+    AbTrend1.SetStartRecording(false);
+    TrendScrollBar = true;
+    Q_EMIT changed();
+}
+
+void TrendSession::suspend() {
+    if (!StartVrPowerButton) return;
+    GetDataTimer.setEnabled(false);
+    AbTrend1.SetStartRecording(false);
+}
+
+void TrendSession::resume() {
+    if (StartVrPowerButton && !GetDataTimer.Enabled()) startRun();
+}
+
+void TrendSession::recordTaken() {
+    AbTrend2.GetData();
+    m_unsaved = true;
+    keepJournal();
+}
+
+void TrendSession::FormClose() {
+    StartVrPowerButton = false;
+    stopRun();
+    AbTrend2.SetStartRecording(false);
+    endJournal();
+    AbTrend1.ClearRecords();
+    AbTrend2.ClearRecords();
+    markers.clear();
+    offeredInfo.reset();
+    notice.clear();
+    // Kept: also those of channels that are switched off.
+    for (int c = 1; c <= Channels; ++c) ChLabeledEdit[static_cast<size_t>(c)] = ChannelOnText;
+    Q_EMIT changed();
+    Q_EMIT offersChanged();
+}
+
+void TrendSession::ChVrPowerButtonClick(int channel, bool on) {
+    const auto c = static_cast<size_t>(channel);
+    ChVrPowerButton[c] = on;
+    ChLabeledEdit[c] = on ? ChannelOnText : QString();
+    AbTrend1.Channel(channel).visible = on;
+    Q_EMIT changed();
+    Q_EMIT scalesChanged();
+}
+
+void TrendSession::ChComboBoxCloseUp(int channel, int ItemIndex) {
+    ChComboBox[static_cast<size_t>(channel)] = ItemIndex;
+    ChangeChanelSetting(channel);
+    Q_EMIT changed();
+}
+
+void TrendSession::ClearTransparentButtonClick() {
+    endJournal();
+    AbTrend1.ClearRecords();
+    AbTrend2.ClearRecords();
+    markers.clear();
+    Q_EMIT changed();
+    Q_EMIT offersChanged();
+}
+
+void TrendSession::CursorTransparentButtonClick() {
+    opCursorOnRec = !opCursorOnRec;
+    if (!opCursorOnRec) RecNoLabel = RecTimeLabel = NoRecordText;
+    Q_EMIT changed();
+}
+
+// ---- Cursor ----
+
+void TrendSession::AbTrend1NewCursorPos(const ValueAtCursor& value) {
+    if (!value.DataValid) {
+        ChLabeledEdit.fill({});
+        RecNoLabel = RecTimeLabel = NoRecordText;
+        Q_EMIT cursorTexts();
+        return;
+    }
+    for (int c = 1; c <= Channels; ++c) {
+        const auto i = static_cast<size_t>(c);
+        const StatusItemView item =
+            statusItem(status(), statusItemOfEntry(status().DriveFamily, ChComboBox[i]));
+        const TrendChannel& channel = AbTrend1.Channel(c);
+        ChLabeledEdit[i] = channel.visible
+                               ? trendValueText(channel, value.Digit[i - 1], item.decimals, item.scale)
+                               : QString();
+    }
+    RecNoLabel = opCursorOnRec ? QString::number(value.RecordNo) : NoRecordText;
+    RecTimeLabel = opCursorOnRec ? trendTimeText(value.Time) : NoRecordText;
+    Q_EMIT cursorTexts();
+}
+
+void TrendSession::AbTrend2NewCursorPos(const ValueAtCursor& value) {
+    for (size_t line = 1; line <= LogicLines; ++line) {
+        const bool high = value.Digit[line - 1] == LogicHigh[line];
+        LogicLabel[line] = !value.DataValid ? QString() : QString(QLatin1Char(high ? 'H' : 'L'));
+    }
+    const bool told = value.DataValid && opCursorOnRec;
+    RecNoLabel = told ? QString::number(value.RecordNo) : NoRecordText;
+    RecTimeLabel = told ? trendTimeText(value.Time) : NoRecordText;
+    Q_EMIT cursorTexts();
+}
+
+// ---- Option dialog ----
+
+// Kept: the first channel's top has its decimals, the others' are whole.
+QString TrendSession::ChLeftEdit(int OptionLeftChannel) {
+    const double ValueTo = AbTrend1.Channel(OptionLeftChannel).ValueTo;
+    if (OptionLeftChannel != 1) return QString::number(static_cast<qint64>(ValueTo));
+    return QString::number(ValueTo, 'g', 15).replace(QLatin1Char('.'), DecimalSep);
+}
+
+void TrendSession::OKTransparentButtonClick(int OptionLeftChannel, const QString& text,
+                                            const std::array<int, Channels + 1>& penWidths) {
+    LeftScaleCh = OptionLeftChannel;
+    const StatusItemView item = statusItem(status(), ChannelItem[static_cast<size_t>(OptionLeftChannel)]);
+    TrendChannel& channel = AbTrend1.Channel(OptionLeftChannel);
+    channel.ValueTo = std::max(0.0, ParseFixed(item.decimals, text));
+    channel.DigitalTo = digitalOf(channel.ValueTo, item.scale);
+    channel.ValueFormat = item.format;
+    for (int c = 1; c <= Channels; ++c)
+        AbTrend1.Channel(c).penWidth = std::clamp(penWidths[static_cast<size_t>(c)], 1, 5);
+    Q_EMIT scalesChanged();
+}
+
+// ---- Files ----
+
+FileResult TrendSession::saveTo(const QString& path) {
+    const FileResult saved = AbTrend1.SaveToFile(path);
+    if (!saved.ok) {
+        tell(saved.error);
+        return saved;
+    }
+    m_unsaved = false;
+    const FileResult described = writeWhole(trendInfoPath(path), trendInfoBytes(info()));
+    tell(described.ok ? QStringLiteral("Saved ") % path : described.error);
+    // What goes on being recorded is not in the file, so the journal of a running recording stays.
+    if (!AbTrend1.recording()) m_journal.discard();
+    Q_EMIT offersChanged();
+    return saved;
+}
+
+void TrendSession::SaveScopeDataTransparentButtonClick() {
+    if (const auto path = m_bench.person.saveFile(ScopeFilter, ScopeExtension)) saveTo(*path);
+}
+
+void TrendSession::LoadScopeDataTransparentButtonClick() {
+    if (const auto path = m_bench.person.openFile(ScopeFilter)) loadFrom(*path);
+}
+
+// Kept: the run ends, while button and tick stay as they are.
+void TrendSession::loadFrom(const QString& path) {
+    if (m_journal.open()) m_journal.follow(AbTrend1.data.records);
+    const FileResult result = AbTrend1.LoadFromFile(path);
+    m_journal.skipTo(AbTrend1.data.records);
+    const FileContent described = readWhole(trendInfoPath(path), InfoBytes);
+    offeredInfo = result.ok && described.ok ? readTrendInfo(described.bytes) : std::nullopt;
+    tell(result.ok ? QStringLiteral("Loaded ") % path : result.error);
+    Q_EMIT loaded();
+    Q_EMIT offersChanged();
+}
+
+TrendInfo TrendSession::info() const {
+    TrendInfo described;
+    const DriveLabelsRecord& labels = m_bench.link.Labels;
+    described.drive = QStringList{labels.DriveVrLabel, labels.VersionVrLabel, labels.HPVrLabel,
+                                  labels.RatedVoltageVrLabel, labels.RatedCurrentVrLabel}
+                          .join(QStringLiteral(", "));
+    described.DriveFamily = labels.DriveVrLabel.isEmpty() ? -1 : status().DriveFamily;
+    const TrendRecords& records = AbTrend1.data.records;
+    const qint64 first = records.isEmpty() ? -1 : records.nearestSample(0);
+    if (first >= 0)
+        if (const auto moment = trendMoment(records[first].Time))
+            described.start = QDateTime(moment->date, moment->time);
+    for (size_t c = 0; c < Channels; ++c) {
+        const TrendChannel& channel = AbTrend1.data.channels[c];
+        const int entry = ChComboBox[c + 1];
+        const StatusItemView item = statusItem(status(), statusItemOfEntry(status().DriveFamily, entry));
+        described.channels[c] = {entry,         items.value(entry), channel.ValueUnit, channel.ValueFormat,
+                                 item.scale,    item.decimals,      channel.ValueTo,   channel.DigitalTo,
+                                 channel.color, channel.penWidth,   channel.visible};
+    }
+    described.markers = markers;
+    return described;
+}
+
+void TrendSession::takeOfferedInfo() {
+    if (!offeredInfo) return;
+    const TrendInfo taken = *std::exchange(offeredInfo, std::nullopt);
+    for (int c = 1; c <= Channels; ++c) {
+        const TrendChannelInfo& saved = taken.channels[static_cast<size_t>(c - 1)];
+        TrendChannel& channel = AbTrend1.Channel(c);
+        if (saved.entry >= 0) {
+            ChComboBox[static_cast<size_t>(c)] = saved.entry;
+            ChangeChanelSetting(c);
+        }
+        ChVrPowerButtonClick(c, saved.visible);
+        channel.ValueFormat = saved.format;
+        channel.ValueUnit = saved.unit;
+        channel.ValueTo = saved.ValueTo;
+        channel.DigitalTo = saved.DigitalTo;
+        channel.color = saved.color;
+        channel.penWidth = saved.penWidth;
+        channel.Caption = QStringLiteral("Ch%1 ").arg(c) % saved.name;
+    }
+    markers = taken.markers;
+    Q_EMIT changed();
+    Q_EMIT scalesChanged();
+    Q_EMIT offersChanged();
+}
+
+void TrendSession::declineOfferedInfo() {
+    offeredInfo.reset();
+    Q_EMIT offersChanged();
+}
+
+void TrendSession::saveCsv(qint64 from, qint64 to) {
+    const auto path = m_bench.person.saveFile(CsvFilter, QStringLiteral("csv"));
+    if (!path) return;
+    const TrendInfo described = info();
+    const FileResult saved = saveTrendCsv(*path, {AbTrend1.data, AbTrend2.data, described, from, to});
+    tell(saved.ok ? QStringLiteral("Saved ") % *path : saved.error);
+}
+
+void TrendSession::addMarker(qint64 record, const QString& name) {
+    markers.append({record, name});
+    std::ranges::sort(markers, {}, &TrendMarker::record);
+    Q_EMIT scalesChanged();
+}
+
+void TrendSession::removeMarker(qsizetype index) {
+    if (index >= 0 && index < markers.size()) markers.removeAt(index);
+    Q_EMIT scalesChanged();
+}
+
+// ---- Journal ----
+
+void TrendSession::keepJournal() {
+    if (m_journalFailed) return;
+    FileResult kept;
+    if (!m_journal.open()) kept = m_journal.begin(AbTrend1.TotalRecords() - 1);
+    if (kept.ok) kept = m_journal.follow(AbTrend1.data.records);
+    constexpr qint64 InfoEvery = 50;
+    if (AbTrend1.TotalRecords() % InfoEvery == 1) m_journal.writeInfo(trendInfoBytes(info()));
+    if (kept.ok) return;
+    m_journalFailed = true;
+    tell(QStringLiteral("The recording goes on, but without a copy on disk. ") % kept.error);
+}
+
+void TrendSession::endJournal() {
+    m_journalFailed = false;
+    if (!m_journal.open()) return;
+    m_journal.writeInfo(trendInfoBytes(info()));
+    m_unsaved ? m_journal.finish(AbTrend1.data.records) : m_journal.discard();
+    m_unsaved = false;
+}
+
+void TrendSession::openRun(const TrendJournal::Run& run) {
+    FileResult result;
+    for (const QString& file : run.files)
+        // Its files are one run: no break between them.
+        result = file == run.files.first() ? AbTrend1.LoadFromFile(file)
+                                           : loadScopeFile(file, AbTrend1.data.records);
+    m_journal.skipTo(AbTrend1.data.records);
+    tell(result.ok ? QStringLiteral("The recording is here again. Save it to keep it.") : result.error);
+    const FileContent described = readWhole(run.infoFile, InfoBytes);
+    offeredInfo = described.ok ? readTrendInfo(described.bytes) : std::nullopt;
+    takeOfferedInfo();
+    Q_EMIT loaded();
+    Q_EMIT offersChanged();
+}
+
+void TrendSession::removeRun(const TrendJournal::Run& run) {
+    m_journal.remove(run);
+    Q_EMIT offersChanged();
+}
+
+}  // namespace kelvane

@@ -1,0 +1,142 @@
+// The Trend window without its widgets: what feeds the two trend objects, what starts and stops a run, the
+// cursor's texts, the Status tab's values, scope files and the journal. It sends nothing; its data come from
+// the idle poll of the link. TScopeForm shows its fields.
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+#include "base/operator.h"
+#include "base/string_grid.h"
+#include "base/trend_view.h"
+#include "diagnostics/trend/trend_csv.h"
+#include "diagnostics/trend/trend_info.h"
+#include "diagnostics/trend/trend_journal.h"
+#include "diagnostics/trend/trend_recorder.h"
+#include "link/request_scheduler.h"
+
+namespace kelvane {
+
+// What the session works on; all of it outlives the session.
+struct TrendBench {
+    TickClock& clock;
+    const WallClock& wallClock;
+    RequestScheduler& link;
+    Operator& person;
+    QString journalFolder;
+};
+
+class TrendSession : public QObject {
+    Q_OBJECT
+   public:
+    static constexpr int Channels = 8;
+    static constexpr int LogicLines = 4;
+
+    explicit TrendSession(const TrendBench& bench);
+    ~TrendSession() override;
+
+    // Fields of the window. Arrays of channels have channel 1 at [1].
+    TrendRecorder AbTrend1;
+    TrendRecorder AbTrend2;
+    std::array<int, Channels + 1> ChannelItem{};
+    quint16 RunState = 0;
+    quint16 DirState = 0;
+    bool LogicPrimed = false;
+    bool StartVrPowerButton = false;
+    bool TrendScrollBar = true;   // enabled
+    bool StatusTabSheet = false;  // shown
+    bool opCursorOnRec = true;    // of AbTrend1
+    int LeftScaleCh = 1;
+    TickTimer GetDataTimer;
+    std::array<bool, Channels + 1> ChVrPowerButton{};
+    // Selected entry of the item box, -1 for none; kept as it is while the box has no such entry.
+    std::array<int, Channels + 1> ChComboBox{};
+    QStringList items;  // of the boxes
+    std::array<QString, Channels + 1> ChLabeledEdit;
+    QString RecNoLabel;
+    QString RecTimeLabel;
+    std::array<QString, LogicLines + 1> LogicLabel;  // RUNCmdLabel, RUNStaLabel, FWDCmdLabel, FWDStaLabel
+    StringGrid InfoAdvStringGrid{8};
+    QList<TrendMarker> markers;
+    QString notice;  // what went wrong or well last, for the window's foot
+
+    // Fault display, the first step of ProcessScopeData; set by who owns it.
+    std::function<void(const DriveStatusRecord&)> showFault;
+    // Com setup with what follows it; then runs when its last window has closed. Set by the shell.
+    std::function<void(std::function<void()> then)> openComSetup;
+
+    // ---- Data
+    void GetDataTimerTimer();
+    void ProcessScopeData(DriveStatusRecord DriveStatus);
+    void ChangeChanelSetting(int channel);
+    // What a drive that was recognised changes: item names, formats and units of the channels, the Status
+    // tab.
+    void InitialDrive(const QStringList& itemList);
+    void takeItemNames(const QStringList& itemList);
+    // Replies of the keypad's commands move the command lines.
+    void commandAnswered(quint8 task);
+    void suspend();
+    void resume();
+
+    // ---- Hand
+    void StartVrPowerButtonClick(bool on);
+    void ChVrPowerButtonClick(int channel, bool on);
+    void ChComboBoxCloseUp(int channel, int ItemIndex);
+    void ClearTransparentButtonClick();
+    void SaveScopeDataTransparentButtonClick();
+    void LoadScopeDataTransparentButtonClick();
+    void CursorTransparentButtonClick();
+    void FormClose();
+
+    // ---- Cursor
+    void AbTrend1NewCursorPos(const ValueAtCursor& value);
+    void AbTrend2NewCursorPos(const ValueAtCursor& value);
+
+    // ---- Option dialog
+    QString ChLeftEdit(int OptionLeftChannel);  // text of the top of a channel's scale
+    void OKTransparentButtonClick(int OptionLeftChannel, const QString& text,
+                                  const std::array<int, Channels + 1>& penWidths);
+
+    // ---- Beside the told: settings of a recording, its journal, its table
+    FileResult saveTo(const QString& path);
+    void loadFrom(const QString& path);
+    TrendInfo info() const;
+    std::optional<TrendInfo> offeredInfo;  // of the file loaded last
+    void takeOfferedInfo();
+    void declineOfferedInfo();
+    QList<TrendJournal::Run> offeredRuns() const { return m_journal.unsaved(); }
+    void openRun(const TrendJournal::Run& run);
+    void removeRun(const TrendJournal::Run& run);
+    void saveCsv(qint64 from, qint64 to);
+    void addMarker(qint64 record, const QString& name);
+    void removeMarker(qsizetype index);
+
+   Q_SIGNALS:
+    void changed();        // switches, texts, formats
+    void scalesChanged();  // of a channel: the curves are drawn anew
+    void cursorTexts();    // cursor edits and labels only
+    void statusShown();    // the state words were looked at: lamps
+    void offersChanged();  // offeredInfo, offeredRuns()
+    void loaded();         // a file was loaded: show it whole
+
+   private:
+    void startRun();
+    void stopRun();
+    void setCaptions();
+    void showInfoValues(const DriveStatusRecord& status);
+    void recordTaken();
+    void keepJournal();
+    void endJournal();
+    void tell(const QString& text);
+    const DriveStatusRecord& status() const { return m_bench.link.DriveStatus; }
+    TrendBench m_bench;
+    TrendJournal m_journal;
+    bool m_journalFailed = false;
+    bool m_unsaved = false;
+};
+
+// Whole part plus at most that many digits of the fraction, each a tenth of the last; without a separator an
+// integer. Whatever is no number counts as 0.
+double ParseFixed(int decimals, const QString& text);
+
+}  // namespace kelvane

@@ -1,0 +1,317 @@
+// The Trend window's engine: from status words to digits, runs, switches, cursor texts and files.
+#include "diagnostics/trend/trend_session.h"
+
+#include <gtest/gtest.h>
+
+#include "bench/decimal_sep.h"
+#include "bench/on_line_bench.h"
+#include "diagnostics/status_items.h"
+#include "trend_bench.h"
+
+namespace kelvane {
+namespace {
+
+TEST(StatusItems, WillowLeavesOutThreeAllOthersAreInOrder) {
+    for (const Family family : AllFamilies) {
+        const auto code = static_cast<quint8>(family);
+        const auto entries = static_cast<int>(familyProfile(code)->itemList.size());
+        for (int entry = 0; entry < entries; ++entry)
+            EXPECT_EQ(statusItemOfEntry(code, entry),
+                      family == Family::Willow && entry > 2 ? entry + 3 : entry);
+        EXPECT_EQ(statusItemOfEntry(code, -1), -1);
+    }
+    EXPECT_EQ(statusItemOfEntry(7, 12), 12);
+    DriveStatusRecord status;
+    for (const int k : {-1, 14, 15, 16, 5000}) {
+        EXPECT_EQ(statusWordOf(status, k), 0u);
+        EXPECT_EQ(statusItem(status, k).scale, 0);
+    }
+}
+
+TEST(TrendSession, StateBitsMoveTheLogicLinesAndPrimeTheCommandsOnce) {
+    TrendSessionBench b;
+    auto& trend = b.session.AbTrend2;
+    const auto word = [&](quint32 value) {
+        b.link.DriveStatus.StatusWords[1] = value;
+        b.tick();
+    };
+    word(1 | 8);
+    EXPECT_EQ(trend.Channel(1).Digit, 10);
+    EXPECT_EQ(trend.Channel(2).Digit, 30);
+    EXPECT_EQ(trend.Channel(3).Digit, 40);
+    EXPECT_EQ(trend.Channel(4).Digit, 60);
+    for (const quint32 running : {1u, 2u, 3u}) {
+        word(running);
+        EXPECT_EQ(trend.Channel(2).Digit, 30);
+    }
+    word(0);
+    EXPECT_EQ(trend.Channel(2).Digit, 20);
+    EXPECT_EQ(trend.Channel(4).Digit, 70);
+    EXPECT_EQ(trend.Channel(1).Digit, 10);  // the command lines wait for a command
+    EXPECT_EQ(trend.Channel(3).Digit, 40);
+    for (const auto& [task, digit] : {std::pair{3, 0}, {2, 10}, {3, 0}, {6, 10}, {8, 10}}) {
+        b.session.commandAnswered(static_cast<quint8>(task));
+        EXPECT_EQ(trend.Channel(1).Digit, digit);
+    }
+    b.session.commandAnswered(5);
+    EXPECT_EQ(trend.Channel(3).Digit, 40);
+    word(8);
+    b.session.commandAnswered(5);
+    EXPECT_EQ(trend.Channel(3).Digit, 50);
+}
+
+TEST(TrendSession, ChannelsTakeTheirItemsHiddenOnesToo) {
+    TrendSessionBench b;
+    b.setItem(2, 123);
+    b.setItem(9, 0xFFFB);  // a torque of -5
+    b.session.ChComboBoxCloseUp(1, 2);
+    b.session.ChComboBoxCloseUp(8, 9);
+    b.session.ChVrPowerButtonClick(8, false);
+    b.tick();
+    EXPECT_EQ(b.session.AbTrend1.Channel(1).Digit, 123);
+    EXPECT_EQ(b.session.AbTrend1.Channel(8).Digit, 65531);
+    EXPECT_EQ(b.session.AbTrend1.Channel(1).ValueUnit, "A");
+    EXPECT_EQ(b.session.AbTrend1.Channel(1).ValueFormat, "##0.0");
+    EXPECT_EQ(b.session.AbTrend1.Channel(1).DigitalTo, 132);
+    b.session.ChComboBoxCloseUp(1, 3);
+    EXPECT_EQ(b.session.AbTrend1.Channel(1).DigitalTo, 0);
+    EXPECT_EQ(b.session.AbTrend1.Channel(1).ValueTo, 0);
+    b.session.ChComboBoxCloseUp(1, -1);  // nothing chosen: as it was
+    EXPECT_EQ(b.session.ChannelItem[1], 3);
+}
+
+TEST(TrendSession, ARunRecordsBothTrendsTogetherAndSuspendsWithTheLink) {
+    TrendSessionBench b;
+    b.session.StartVrPowerButtonClick(true);  // off line, and com setup does not help
+    b.record(5);
+    EXPECT_EQ(b.total(), 0);
+    EXPECT_TRUE(b.session.StartVrPowerButton);
+    b.goOnLine();
+    b.session.StartVrPowerButtonClick(true);
+    EXPECT_FALSE(b.session.TrendScrollBar);
+    b.record(10);
+    EXPECT_EQ(b.total(), 10);
+    EXPECT_EQ(b.session.AbTrend2.TotalRecords(), 10);
+    b.session.suspend();
+    b.record(10);
+    EXPECT_EQ(b.total(), 10);
+    EXPECT_TRUE(b.session.StartVrPowerButton);
+    b.session.resume();
+    b.session.resume();
+    b.record(2);
+    EXPECT_EQ(b.total(), 17);
+    EXPECT_EQ(b.session.AbTrend2.TotalRecords(), 17);
+    b.session.StartVrPowerButtonClick(false);
+    EXPECT_TRUE(b.session.TrendScrollBar);
+    b.session.resume();
+    b.record(5);
+    EXPECT_EQ(b.total(), 17);
+    b.session.FormClose();
+    EXPECT_EQ(b.total() + b.session.AbTrend2.TotalRecords(), 0);
+    for (int c = 1; c <= 8; ++c) EXPECT_EQ(b.session.ChLabeledEdit[size_t(c)], " -- ");
+}
+
+TEST(TrendSession, OffLineStartGoesThroughComSetup) {
+    TrendSessionBench b;
+    int opened = 0;
+    b.session.openComSetup = [&](std::function<void()> then) {
+        ++opened;
+        b.goOnLine();
+        b.link.ActiveFunction = OwnerMain;
+        then();
+    };
+    b.session.StartVrPowerButtonClick(true);
+    EXPECT_EQ(opened, 1);
+    EXPECT_EQ(b.link.ActiveFunction, OwnerTrend);
+    EXPECT_TRUE(b.session.AbTrend1.recording());
+}
+
+TEST(TrendSession, NoRecordBeforeTheDriveIsReady) {
+    TrendSessionBench b;
+    b.goOnLine();
+    b.link.DriveStatus.DriveReady = 0;
+    b.session.StartVrPowerButtonClick(true);
+    b.record(20);
+    EXPECT_EQ(b.total(), 0);
+    b.link.DriveStatus.DriveReady = 1;
+    b.record(3);
+    EXPECT_EQ(b.total(), 3);
+}
+
+TEST(TrendSession, KeepsTheFormatOfItemCMinusOneAndASelectionBehindAShorterList) {
+    TrendSessionBench b(Family::Tilia);
+    b.session.ChComboBoxCloseUp(3, 12);
+    b.recognise(Family::Aspen);
+    EXPECT_EQ(b.session.items.size(), 9);
+    EXPECT_EQ(b.session.ChComboBox[3], 12);
+    EXPECT_EQ(b.session.ChannelItem[3], 12);
+    EXPECT_EQ(b.session.AbTrend1.Channel(3).ValueUnit, "A");  // of item 2
+    b.link.DriveStatus.StatusWords[14] = 77;                  // stale, and recorded without complaint
+    b.tick();
+    EXPECT_EQ(b.session.AbTrend1.Channel(3).Digit, 77);
+    b.recognise(Family::Willow);
+    b.session.ChComboBoxCloseUp(1, 3);
+    EXPECT_EQ(b.session.ChannelItem[1], 6);
+    EXPECT_EQ(b.session.AbTrend1.Channel(1).ValueUnit, "V");
+}
+
+TEST(TrendSession, CursorTextsGoThroughThePresentScale) {
+    const UsingDecimalSep point(".");
+    TrendSessionBench b;
+    b.goOnLine();
+    b.setItem(0, 6000);
+    b.setItem(10, 1450);
+    b.session.ChComboBoxCloseUp(1, 0);
+    b.session.ChComboBoxCloseUp(2, 10);
+    for (const int c : {1, 2}) b.session.ChVrPowerButtonClick(c, true);
+    EXPECT_EQ(b.session.ChLabeledEdit[1], " -- ");
+    b.tick();
+    b.session.StartVrPowerButtonClick(true);
+    b.record(3);
+    b.session.AbTrend1NewCursorPos(b.at(1));
+    EXPECT_EQ(b.session.ChLabeledEdit[1], "60.00");
+    EXPECT_EQ(b.session.ChLabeledEdit[2], "1450");
+    EXPECT_EQ(b.session.ChLabeledEdit[3], "");  // switched off
+    EXPECT_EQ(b.session.RecNoLabel, "1");
+    EXPECT_NE(b.session.RecTimeLabel, "------");
+    b.session.CursorTransparentButtonClick();
+    EXPECT_EQ(b.session.RecNoLabel, "------");
+    b.session.AbTrend1NewCursorPos(b.at(2));
+    EXPECT_EQ(b.session.RecTimeLabel, "------");
+    EXPECT_EQ(b.session.ChLabeledEdit[1], "60.00");
+    b.session.CursorTransparentButtonClick();
+
+    ValueAtCursor logic = b.at(1);
+    logic.Digit = {10, 30, 40, 60};
+    b.session.AbTrend2NewCursorPos(logic);
+    EXPECT_EQ(b.session.LogicLabel, (std::array<QString, 5>{"", "H", "H", "L", "L"}));
+    EXPECT_EQ(b.session.RecNoLabel, "1");
+    b.session.AbTrend2NewCursorPos({});
+    EXPECT_EQ(b.session.LogicLabel, (std::array<QString, 5>{}));
+    EXPECT_EQ(b.session.RecNoLabel, "------");
+    b.session.AbTrend1NewCursorPos({});
+    EXPECT_EQ(b.session.ChLabeledEdit[1], "");
+    b.session.ChComboBoxCloseUp(1, 3);  // another item: the same digits on another scale
+    b.setItem(3, 5000);
+    b.tick();
+    b.session.AbTrend1NewCursorPos(b.at(1));
+    EXPECT_EQ(b.session.ChLabeledEdit[1], "600.0");
+}
+
+TEST(TrendSession, OptionDialogSetsTheTopOfALeftScale) {
+    const UsingDecimalSep point(".");
+    TrendSessionBench b;
+    std::array<int, 9> widths{};
+    widths.fill(3);
+    widths[8] = 9;
+    b.session.ChComboBoxCloseUp(1, 0);
+    b.session.OKTransparentButtonClick(1, "80.5", widths);
+    EXPECT_EQ(b.session.AbTrend1.Channel(1).ValueTo, 80.5);
+    EXPECT_EQ(b.session.AbTrend1.Channel(1).DigitalTo, 8050);
+    EXPECT_EQ(b.session.AbTrend1.Channel(2).penWidth, 3);
+    EXPECT_EQ(b.session.AbTrend1.Channel(8).penWidth, 5);
+    EXPECT_EQ(b.session.ChLeftEdit(1), "80.5");
+    b.session.ChComboBoxCloseUp(2, 10);
+    b.session.OKTransparentButtonClick(2, "80.5", widths);
+    EXPECT_EQ(b.session.AbTrend1.Channel(2).DigitalTo, 80);
+    EXPECT_EQ(b.session.LeftScaleCh, 2);
+    EXPECT_EQ(b.session.ChLeftEdit(2), "80");
+    EXPECT_EQ(ParseFixed(2, "80.567"), 80.56);
+    EXPECT_EQ(ParseFixed(2, "80"), 80);
+    EXPECT_EQ(ParseFixed(1, ".57"), 0.5);
+    EXPECT_EQ(ParseFixed(2, "x.y"), 0);
+    EXPECT_EQ(ParseFixed(2, ""), 0);
+}
+
+TEST(TrendSession, StatusTabShowsTextsByFamily) {
+    struct Row {
+        Family family;
+        std::vector<int> column1;
+        std::vector<int> column5;
+    };
+    const std::vector<int> seven{0, 1, 2, 3, 4, 5, 6};
+    const Row rows[] = {{Family::Larch, seven, {7, 8, 9, 10, 11, 12, 13}},
+                        {Family::Aspen, seven, {7, 8}},
+                        {Family::Osier, seven, {7, 8, 9, 10, 11}},
+                        {Family::Willow, {0, 1, 2, 6, 7, 8}, {}},
+                        {Family::Yarrow, {}, {}},
+                        {Family::Sorrel, {}, {}}};
+    for (const Row& row : rows) {
+        TrendSessionBench b(row.family);
+        for (int k = 0; k < 16; ++k) b.link.DriveStatus.StatusText[size_t(k)] = QString("t%1").arg(k);
+        b.tick();
+        const auto column = [&](int at) {
+            std::vector<int> items;
+            for (int r = 1; r <= 7; ++r)
+                if (const QString text = b.session.InfoAdvStringGrid.cell(at, r); !text.isEmpty())
+                    items.push_back(text.mid(1).toInt());
+            return items;
+        };
+        EXPECT_EQ(column(1), row.column1) << familyName(row.family);
+        EXPECT_EQ(column(5), row.column5) << familyName(row.family);
+    }
+}
+
+TEST(TrendSession, SavesLoadsAndOffersTheSettingsBeside) {
+    const QString filter = "Trd - scope data|*.trd";
+    TrendSessionBench b;
+    b.goOnLine();
+    b.setItem(0, 3000);
+    b.session.ChComboBoxCloseUp(4, 1);
+    b.session.ChVrPowerButtonClick(4, true);
+    b.session.StartVrPowerButtonClick(true);
+    b.record(20);
+    b.session.addMarker(7, "load on");
+    const QString path = b.dir.filePath("a.trd");
+    b.person.expectSave(filter, "trd", path);
+    b.session.SaveScopeDataTransparentButtonClick();
+    EXPECT_TRUE(b.session.AbTrend1.recording());
+    EXPECT_EQ(readWhole(path).bytes.size(), 20 * 24);
+
+    b.person.expectOpen(filter, path);
+    b.session.LoadScopeDataTransparentButtonClick();
+    EXPECT_FALSE(b.session.AbTrend1.recording());
+    EXPECT_TRUE(b.session.StartVrPowerButton);  // kept: button and tick stay
+    EXPECT_TRUE(b.session.GetDataTimer.Enabled());
+    EXPECT_EQ(b.total(), 45);
+    EXPECT_EQ(b.session.AbTrend2.TotalRecords(), 20);
+    ASSERT_TRUE(b.session.offeredInfo);
+    EXPECT_EQ(b.session.offeredInfo->channels[3].name, "Output Frequency H");
+
+    TrendSessionBench other(Family::Tilia);
+    other.session.loadFrom(path);
+    ASSERT_TRUE(other.session.offeredInfo);
+    EXPECT_FALSE(other.session.AbTrend1.Channel(4).visible);  // nothing is taken unasked
+    other.session.takeOfferedInfo();
+    EXPECT_TRUE(other.session.AbTrend1.Channel(4).visible);
+    EXPECT_EQ(other.session.ChComboBox[4], 1);
+    EXPECT_EQ(other.session.markers, (QList<TrendMarker>{{7, "load on"}}));
+    EXPECT_FALSE(other.session.offeredInfo);
+
+    other.session.loadFrom(other.dir.filePath("none.trd"));
+    EXPECT_TRUE(other.session.notice.contains("none.trd"));
+}
+
+TEST(TrendSession, AnUnsavedRunIsOfferedAndASavedOneIsNot) {
+    TrendSessionBench b;
+    b.goOnLine();
+    b.session.StartVrPowerButtonClick(true);
+    b.record(50);
+    b.session.FormClose();
+    ASSERT_EQ(b.session.offeredRuns().size(), 1);
+    EXPECT_EQ(b.session.offeredRuns()[0].records, 50);
+    EXPECT_EQ(b.total(), 0);  // never by itself
+    b.session.openRun(b.session.offeredRuns()[0]);
+    EXPECT_EQ(b.total(), 50);
+    b.session.removeRun(b.session.offeredRuns()[0]);
+
+    b.session.StartVrPowerButtonClick(true);
+    b.record(30);
+    b.session.StartVrPowerButtonClick(false);
+    EXPECT_TRUE(b.session.saveTo(b.dir.filePath("b.trd")).ok);
+    b.session.FormClose();
+    EXPECT_TRUE(b.session.offeredRuns().isEmpty());
+}
+
+}  // namespace
+}  // namespace kelvane
