@@ -127,7 +127,9 @@ void Windows::wireComSetup(Windows& windows, QWidget&) {
     connect(&windows.comSetupForm, &QDialog::finished, &windows, &Windows::afterComSetup);
 }
 
+// The password opens the editing of captions, which a program without that window does not offer.
 void Windows::wireAbout(Windows& windows, QWidget&) {
+    if (!windowRow(QStringLiteral("TEditForm"))->built()) return;
     connect(&windows.aboutForm, &TAboutForm::thanksDoubleClicked, &windows,
             [&windows] { windows.showModal(windows.passwordForm); });
 }
