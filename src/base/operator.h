@@ -10,7 +10,8 @@
 namespace kelvane {
 
 enum class BoxIcon { None, Information, Question, Exclamation, Stop };
-enum class BoxButtons { Ok, OkCancel, YesNo, RetryCancel };
+// YesNoOrLeave shows Yes and No like YesNo; Escape and the close box answer Cancel there and No in YesNo.
+enum class BoxButtons { Ok, OkCancel, YesNo, RetryCancel, YesNoOrLeave };
 enum class BoxAnswer { Ok, Cancel, Yes, No, Retry };
 
 // What the link does after a failure that the operator was asked about.

@@ -28,7 +28,7 @@ QString valueText(Family family, quint16 ParaAttr, quint16 word, int places) {
 
 std::optional<QString> registerWordOf(const QString& value) {
     const std::optional<int> number = withoutSeparatorToInt(value);
-    if (!number) return std::nullopt;
+    if (!number || *number < LeastWord || *number > GreatestWord) return std::nullopt;
     return IntToBaseStr(*number, 16, 4);
 }
 

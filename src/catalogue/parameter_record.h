@@ -32,7 +32,9 @@ int placesOf(Family family, quint16 ParaAttr);  // 0 to 3
 QString valueText(Family family, quint16 ParaAttr, quint16 word, int places);
 
 // Register word of a value text as four hexadecimal digits: the text loses its separator, so the digits
-// behind the point decide the scale. Nothing when the rest is no integer.
+// behind the point decide the scale. Nothing when the rest is no integer or does not fit a register.
+inline constexpr int LeastWord = -32768;
+inline constexpr int GreatestWord = 65535;
 std::optional<QString> registerWordOf(const QString& value);
 
 }  // namespace kelvane

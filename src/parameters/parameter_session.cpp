@@ -66,7 +66,7 @@ void ParameterSession::connectEngines() {
     connect(&keypad, &KeypadSource::screenChanged, this, &ParameterSession::screenChanged);
     connect(&reader, &ParameterReader::started, this, [this] {
         driveHistory.closed();
-        m_driveNode = -1;
+        driveSub.leave();
         m_tableOfDriveOnLine = true;
     });
     connect(&reader, &ParameterReader::ended, this, [this] { driveHistory.tableRead(); });
@@ -95,7 +95,7 @@ std::optional<QString> ParameterSession::heldByDrive(int listRow) const {
     return driveHistory.readValue(m_driveRows->rowOf(writer.AdvStringGrid1, listRow));
 }
 
-// One backup of each drive that is written to, as it was read. A failure is told and never stops the writes.
+// One backup of each drive that is written to, as it was read. A failure is shown and never stops the writes.
 void ParameterSession::backUp() {
     if (m_files.programFolder.isEmpty() || m_backedUp) return;
     if (!screen.DriveTabSheet || !reader.DriveTableComplete || !m_tableOfDriveOnLine) {
@@ -155,7 +155,7 @@ void ParameterSession::show(ParameterTab tab) {
 void ParameterSession::fileLoaded() {
     const TableIdentity& identity = fileTable.identity;
     fileHistory.tableRead();
-    m_fileNode = -1;
+    fileSub.leave();
     screen.fileSubShown = false;
     screen.fileRoot = {treeRootText(TableSide::File, true, identity.model),
                        treeChildren(identity.family, groupNamesIn(FileAdvStringGrid)), true};
@@ -173,7 +173,6 @@ void ParameterSession::ParaTreeViewChange(TableSide side, int index) {
     const bool drive = side == TableSide::Drive;
     const QStringList& children = drive ? screen.driveRoot.children : screen.fileRoot.children;
     if (index < 0 || index >= children.size()) return;
-    (drive ? m_driveNode : m_fileNode) = index;
     (drive ? screen.driveSubShown : screen.fileSubShown) = index > 0;
     const ParameterTable& table = drive ? driveTable : fileTable;
     if (table.identity.family == Family::Hazel) columns.setForFamily(Family::Hazel);
@@ -182,8 +181,8 @@ void ParameterSession::ParaTreeViewChange(TableSide side, int index) {
 }
 
 void ParameterSession::refreshSubTables() {
-    if (m_driveNode > 0) driveSub.select(screen.driveRoot.children.value(m_driveNode), m_driveNode);
-    if (m_fileNode > 0) fileSub.select(screen.fileRoot.children.value(m_fileNode), m_fileNode);
+    driveSub.refresh();
+    fileSub.refresh();
     Q_EMIT screenChanged();
 }
 
@@ -199,8 +198,11 @@ void ParameterSession::CloseTab(const std::function<void()>& then) {
         closeTab(tab);
         if (then) then();
     };
-    const bool mayBeSaved = tab != ParameterTab::Compare;
-    if (!mayBeSaved || !bench.link.operatorAsked().yes(bench.link.lang().MsgStr(17), Cofirm)) return goOn();
+    if (tab == ParameterTab::Compare) return goOn();
+    const BoxAnswer answer = bench.link.operatorAsked().box(bench.link.lang().MsgStr(17), Cofirm,
+                                                            BoxIcon::Question, BoxButtons::YesNoOrLeave);
+    if (answer == BoxAnswer::No) return goOn();
+    if (answer != BoxAnswer::Yes) return;
     screen.FileAbLED = tab == ParameterTab::File;
     const TableSide side = screen.FileAbLED ? TableSide::File : TableSide::Drive;
     Q_EMIT sourceLit(side);
@@ -227,7 +229,7 @@ void ParameterSession::closeSide(TableSide side) {
     const bool drive = side == TableSide::Drive;
     TreeRoot& root = drive ? screen.driveRoot : screen.fileRoot;
     root = TreeRoot{treeRootText(side, false, {}), {}, false};
-    (drive ? m_driveNode : m_fileNode) = -1;
+    (drive ? driveSub : fileSub).leave();
     (drive ? driveHistory : fileHistory).closed();
     if (!drive) return;
     reader.DriveTableComplete = 0;
@@ -247,6 +249,8 @@ void ParameterSession::chooseWriteSource(WriteMode mode) {
         return;
     }
     m_wantedMode = mode;
+    screen.FileAbLED = screen.active == ParameterTab::File;
+    Q_EMIT sourceLit(screen.FileAbLED ? TableSide::File : TableSide::Drive);
     Q_EMIT writeSourceWanted(QStringLiteral("Select Parameter Source to Write"));
 }
 

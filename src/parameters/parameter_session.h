@@ -66,13 +66,15 @@ class ParameterSession : public QObject {
 
     // A file has been loaded into its grid: its tab, its tree.
     void fileLoaded();
-    // False when there is no table: a box has told so.
+    // False when there is no table: a box has said so.
     bool anyTableOpen();
     // One of compareKinds(); its tab opens when there is a result.
     ComparisonOutcome compare(const QString& kind);
 
     // Selection of a child of a root of the tree: 0 is "All Parameters", then the groups.
     void ParaTreeViewChange(TableSide side, int index);
+    // What was changed in the tables shows in the groups that stand beside them.
+    void refreshSubTables();
     // A tab was chosen by hand.
     void show(ParameterTab tab);
 
@@ -97,7 +99,7 @@ class ParameterSession : public QObject {
    Q_SIGNALS:
     void screenChanged();                             // tabs, tree, lamp, menu items
     void writeSourceWanted(const QString& VrLabel1);  // TSelParaSourceForm
-    void sourceLit(TableSide side);                   // its lamp, by a table that is saved as its tab closes
+    void sourceLit(TableSide side);                   // its lamp, which stands for the tab in front
 
    private:
     void connectGrids();
@@ -106,7 +108,6 @@ class ParameterSession : public QObject {
     void startWrite(WriteMode mode);
     void chooseWriteSource(WriteMode mode);
     void write(TableSide side, WriteMode mode, bool useDefaults);
-    void refreshSubTables();
     void closeTab(ParameterTab tab);
     void closeSide(TableSide side);
     void backUp();
@@ -115,8 +116,6 @@ class ParameterSession : public QObject {
     WriteMode m_wantedMode = WriteMode::Selected;
     Family m_writeFamily = Family::Rowan;  // of the table that the write list came from
     QString m_linkModel;                   // model label of the link, as last taken over
-    int m_driveNode = -1;                  // selected child of each root
-    int m_fileNode = -1;
     ParameterFiles m_files;
     std::optional<RowIndex> m_driveRows;  // of the table from drive, while the write list stands
     bool m_tableOfDriveOnLine = false;    // the table was read since the last identification

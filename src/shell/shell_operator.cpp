@@ -50,6 +50,7 @@ QMessageBox::StandardButtons buttonsOf(BoxButtons buttons) {
         case BoxButtons::Ok: return QMessageBox::Ok;
         case BoxButtons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
         case BoxButtons::YesNo: return QMessageBox::Yes | QMessageBox::No;
+        case BoxButtons::YesNoOrLeave: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
         case BoxButtons::RetryCancel: return QMessageBox::Retry | QMessageBox::Cancel;
     }
     return QMessageBox::Ok;
@@ -60,6 +61,7 @@ BoxAnswer answerOf(int pressed, BoxButtons buttons) {
     switch (pressed) {
         case QMessageBox::Ok: return BoxAnswer::Ok;
         case QMessageBox::Yes: return BoxAnswer::Yes;
+        case QMessageBox::No: return BoxAnswer::No;
         case QMessageBox::Retry: return BoxAnswer::Retry;
         default: break;
     }
@@ -97,6 +99,10 @@ BoxAnswer ShellOperator::box(const QString& text, const QString& title, BoxIcon 
     makeRoomForTitle(message);
     message.setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (buttons == BoxButtons::YesNo) message.setEscapeButton(QMessageBox::No);
+    if (buttons == BoxButtons::YesNoOrLeave) {
+        message.setEscapeButton(QMessageBox::Cancel);
+        message.button(QMessageBox::Cancel)->hide();
+    }
     message.exec();
     goBackTo(message.parentWidget());
     const QMessageBox::StandardButton pressed = message.standardButton(message.clickedButton());

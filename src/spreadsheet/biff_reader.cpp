@@ -195,8 +195,8 @@ class SheetReader {
             case biff::LabelSst: takeSharedText(head); break;
             case biff::Label:
             case biff::RString: takeText(); break;
-            case biff::Number: put(head, numberAsShown(head.f64(6))); break;
-            case biff::Rk: put(head, numberAsShown(rkNumber(head.u32(6)))); break;
+            case biff::Number: putNumber(head, head.f64(6)); break;
+            case biff::Rk: putNumber(head, rkNumber(head.u32(6))); break;
             case biff::BoolErr: put(head, boolOrError(head.u8(6), head.u8(7) != 0)); break;
             case biff::Blank: put(head, {}); break;
             case biff::MulRk: takeSeveral(head, 6); break;
@@ -207,7 +207,7 @@ class SheetReader {
         }
     }
 
-    void put(quint16 row, quint16 column, quint16 xf, const QString& text) {
+    void put(quint16 row, quint16 column, quint16 xf, const QString& text, bool number = false) {
         if (column >= MaxSheetColumn) return fail(QStringLiteral("a cell outside its sheet"));
         const CellFormat format = m_globals.formatOf(xf);
         if (text.isEmpty() && format == CellFormat{}) return;
@@ -219,8 +219,12 @@ class SheetReader {
         SheetCell& cell = m_sheet.at(row + 1, column + 1);
         cell.format = format;
         cell.text = text;
+        cell.number = number;
     }
     void put(const ByteView& head, const QString& text) { put(head.u16(0), head.u16(2), head.u16(4), text); }
+    void putNumber(const ByteView& head, double value) {
+        put(head.u16(0), head.u16(2), head.u16(4), numberAsShown(value), true);
+    }
 
     void takeSharedText(const ByteView& head) {
         const quint32 number = head.u32(6);
@@ -243,13 +247,13 @@ class SheetReader {
         for (std::size_t at = 4; at + bytesPerCell + 2 <= head.size(); at += bytesPerCell, ++column) {
             if (column >= MaxSheetColumn) return fail(QStringLiteral("a cell outside its sheet"));
             const QString text = bytesPerCell == 6 ? numberAsShown(rkNumber(head.u32(at + 2))) : QString();
-            put(head.u16(0), static_cast<quint16>(column), head.u16(at), text);
+            put(head.u16(0), static_cast<quint16>(column), head.u16(at), text, bytesPerCell == 6);
         }
     }
 
     void takeFormula(const ByteView& head) {
         m_waiting.reset();
-        if (head.u16(12) != 0xFFFF) return put(head, numberAsShown(head.f64(6)));
+        if (head.u16(12) != 0xFFFF) return putNumber(head, head.f64(6));
         switch (head.u8(6)) {
             case 0: m_waiting = head; break;  // its text comes in a record of its own
             case 1: put(head, boolOrError(head.u8(8), false)); break;

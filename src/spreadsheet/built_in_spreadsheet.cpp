@@ -63,6 +63,11 @@ class BuiltInSpreadsheet : public SpreadsheetApplication {
         return cell != nullptr ? cell->text : QString();
     }
 
+    bool isNumber(int row, int column) const override {
+        const SheetCell* cell = hasSheet(1) ? selected().find(row, column) : nullptr;
+        return cell != nullptr && cell->number;
+    }
+
     void setValue(int row, int column, const QString& text) override {
         if (text.size() > MaxCellText)
             return fail(QStringLiteral("the text in row %1, column %2 is too long").arg(row).arg(column));

@@ -38,6 +38,7 @@ struct SheetCell {
     int column = 0;
     CellFormat format;
     QString text;
+    bool number = false;  // the file holds a number, which the text shows without its number format
     bool operator==(const SheetCell&) const = default;
 };
 

@@ -5,8 +5,10 @@
 
 #include "ui/display_label.h"
 #include "ui/lamp.h"
+#include "ui/led_text.h"
 #include "ui/power_button.h"
 #include "ui/scanner.h"
+#include "ui/seven_segment_label.h"
 
 namespace kelvane {
 namespace {
@@ -78,6 +80,30 @@ class DisplaySpeech : public QAccessibleWidget {
     }
 };
 
+class LedSpeech : public QAccessibleWidget {
+   public:
+    explicit LedSpeech(LedText* led) : QAccessibleWidget(led, QAccessible::Indicator) {}
+
+    QString text(QAccessible::Text kind) const override {
+        const auto& led = static_cast<const LedText&>(*object());
+        if (kind == QAccessible::Name) return nameOr(led, led.text());
+        if (kind != QAccessible::Value) return QAccessibleWidget::text(kind);
+        if (led.flashing()) return QStringLiteral("flashing");
+        return led.lit() ? QStringLiteral("on") : QStringLiteral("off");
+    }
+};
+
+class SegmentSpeech : public QAccessibleWidget {
+   public:
+    explicit SegmentSpeech(SevenSegmentLabel* display)
+        : QAccessibleWidget(display, QAccessible::StaticText) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind != QAccessible::Value) return QAccessibleWidget::text(kind);
+        return static_cast<const SevenSegmentLabel&>(*object()).text();
+    }
+};
+
 // Qt asks once for each class of the widget's ancestry, the most derived first.
 QAccessibleInterface* speechFor(const QString& className, QObject* object) {
     if (!className.startsWith(QLatin1String("kelvane::"))) return nullptr;
@@ -85,6 +111,8 @@ QAccessibleInterface* speechFor(const QString& className, QObject* object) {
     if (auto* label = qobject_cast<VrLabel*>(object)) return new DisplaySpeech(label);
     if (auto* power = qobject_cast<VrPowerButton*>(object))
         return new ButtonSpeech(power, QAccessible::CheckBox);
+    if (auto* led = qobject_cast<LedText*>(object)) return new LedSpeech(led);
+    if (auto* display = qobject_cast<SevenSegmentLabel*>(object)) return new SegmentSpeech(display);
     if (auto* bar = qobject_cast<VrIndicator*>(object)) return new BarSpeech(bar);
     return nullptr;
 }

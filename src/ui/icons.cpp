@@ -139,6 +139,11 @@ QIcon icon(Icon which) {
     return QIcon(new TonedIconEngine(QLatin1String("icons/") + name + QLatin1String(".svg")));
 }
 
+QPixmap iconPicture(Icon which, const QPalette& palette, QSize size, qreal devicePixelRatio) {
+    const QByteArray svg = drawing(QLatin1String("icons/") + iconName(which) + QLatin1String(".svg"));
+    return rendered(toned(svg, tonesFor(QIcon::Normal, palette)), size, devicePixelRatio);
+}
+
 QIcon treeImage(int index) {
     if (index < 0 || index >= static_cast<int>(TreeImages.size())) return {};
     return icon(TreeImages[static_cast<size_t>(index)]);
@@ -172,11 +177,24 @@ void PictureBox::showLogo() {
     update();
 }
 
+void PictureBox::showKeypad() {
+    m_kind = Kind::Keypad;
+    update();
+}
+
 QSize PictureBox::sizeHint() const { return m_kind == Kind::Logo ? QSize(420, 124) : QSize(160, 200); }
+
+QByteArray PictureBox::wantedDrawing() const {
+    switch (m_kind) {
+        case Kind::Logo: return logoDrawing(palette());
+        case Kind::Keypad: return drawing(QStringLiteral("keypad.svg"));
+        default: return drawing(familyPath(m_family));
+    }
+}
 
 void PictureBox::paintEvent(QPaintEvent*) {
     if (m_kind == Kind::Nothing) return;
-    const QByteArray wanted = m_kind == Kind::Logo ? logoDrawing(palette()) : drawing(familyPath(m_family));
+    const QByteArray wanted = wantedDrawing();
     if (wanted != m_drawnFrom || m_drawn.size() != size() * devicePixelRatio()) {
         m_drawn = rendered(wanted, size(), devicePixelRatio());
         m_drawnFrom = wanted;

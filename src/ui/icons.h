@@ -24,6 +24,8 @@ enum class Icon : int {
 
 // Follows the palette; an icon for each number below Count_.
 QIcon icon(Icon which);
+// The same as a picture, in the colours of a palette: for windows that have their own.
+QPixmap iconPicture(Icon which, const QPalette& palette, QSize size, qreal devicePixelRatio = 1);
 // Name of the drawing ("com_setup"), as in the resource ":/kelvane/icons/com_setup.svg".
 QString iconName(Icon which);
 // The images of the parameter tree, 0 to 4; 4 is a parameter list. Any other index gives a null icon.
@@ -43,6 +45,7 @@ class PictureBox : public QWidget {
     explicit PictureBox(QWidget* parent = nullptr);
     void showFamily(quint8 DriveFamily);  // nothing for a number that is no family
     void showLogo();
+    void showKeypad();  // the body of the keypad, 244 x 389
     bool isEmpty() const { return m_kind == Kind::Nothing; }
     QSize sizeHint() const override;
 
@@ -50,7 +53,8 @@ class PictureBox : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
    private:
-    enum class Kind { Nothing, Family, Logo };
+    QByteArray wantedDrawing() const;
+    enum class Kind { Nothing, Family, Logo, Keypad };
     Kind m_kind = Kind::Nothing;
     quint8 m_family = 0;
     QByteArray m_drawnFrom;  // drawing of m_drawn

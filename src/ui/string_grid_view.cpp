@@ -176,9 +176,8 @@ void StringGridView::askBoxesOfSelection() {
     std::vector<int> rows = selectedGridRows();
     if (!std::binary_search(rows.begin(), rows.end(), current.row)) rows = {current.row};
     const bool set = !m_grid->checkBox(current.row);
-    for (const int row : rows)
-        if (m_grid && m_grid->hasCheckBox(row) && m_grid->checkBox(row) != set)
-            Q_EMIT checkBoxClicked(row, set);
+    std::erase_if(rows, [&](int row) { return !m_grid->hasCheckBox(row) || m_grid->checkBox(row) == set; });
+    if (!rows.empty()) Q_EMIT checkBoxesWanted(rows, set);
 }
 
 bool StringGridView::actsOnCurrentCell(const QKeyEvent& event) {

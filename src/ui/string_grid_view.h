@@ -64,8 +64,10 @@ class StringGridView : public QTableView {
    Q_SIGNALS:
     // Double click, Enter or F2 on a cell; double click on a header section without a check box (row 0).
     void dblClickCell(int column, int row);
-    // The person wants a check box set so; row 0 is the header's. Space asks for every selected row.
+    // The person wants a check box set so; row 0 is the header's.
     void checkBoxClicked(int row, bool set);
+    // Space: those of the selected rows that differ, all at once.
+    void checkBoxesWanted(const std::vector<int>& rows, bool set);
     void currentCellChanged(int column, int row);
     // Context menu wanted at a global place; row -1 where there is no cell.
     void cellMenuRequested(int column, int row, const QPoint& globalPos);

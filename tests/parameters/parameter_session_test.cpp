@@ -78,7 +78,12 @@ TEST(ParameterSession, WriteAsksForTheSourceWhenBothTablesAreOpen) {
     fillParameterRow(b.session.FileAdvStringGrid, 1, Family::Tilia, 1, 7, {1, 2, 0, 0, 1, R1.name, R1.unit});
     b.session.fileLoaded();
     EXPECT_EQ(b.screen.fileRoot.text, "File [ Tilia ]");
+    QList<TableSide> lit;
+    QObject::connect(&b.session, &ParameterSession::sourceLit, [&](TableSide side) { lit += side; });
     b.session.WriteAllTransparentButtonClick();
+    b.session.show(ParameterTab::Drive);
+    b.session.WriteAllTransparentButtonClick();
+    EXPECT_EQ(lit, (QList<TableSide>{TableSide::File, TableSide::Drive})) << "the side of the tab in front";
     EXPECT_EQ(label, "Select Parameter Source to Write");
     EXPECT_FALSE(b.writer.form.shown);
     b.session.writeSourceChosen(TableSide::File);
@@ -144,6 +149,9 @@ TEST(ParameterSession, ClosedAndOpenedAgainIsBare) {
     EXPECT_EQ(saved, QList<ParameterTab>{ParameterTab::Drive});
     EXPECT_TRUE(b.screen.DriveTabSheet);
     goOn();
+    EXPECT_TRUE(b.screen.DriveTabSheet) << "nothing was saved";
+    b.person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::No);
+    b.session.closeTableClick(TableSide::Drive);
     EXPECT_EQ(b.screen.driveRoot, (TreeRoot{"Drive", {}, false}));
     EXPECT_FALSE(b.screen.DriveTabSheet);
 }

@@ -45,6 +45,10 @@ class GridView : public testing::Test {
     void obey() {
         QObject::connect(&view, &StringGridView::checkBoxClicked, &view,
                          [this](int row, bool set) { grid.setCheckBox(row, set); });
+        QObject::connect(&view, &StringGridView::checkBoxesWanted, &view,
+                         [this](const std::vector<int>& rows, bool set) {
+                             for (const int row : rows) grid.setCheckBox(row, set);
+                         });
     }
     QPoint at(int column, int row) const { return view.visualRect(grid.index(row - 1, column)).center(); }
     QColor pixel(int column, int row) {

@@ -3,6 +3,8 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QDialog>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -11,10 +13,13 @@
 #include "ui/display_label.h"
 #include "ui/icons.h"
 #include "ui/lamp.h"
+#include "ui/led_text.h"
+#include "ui/panel_key.h"
 #include "ui/path_label.h"
 #include "ui/power_button.h"
 #include "ui/readable_colours.h"
 #include "ui/scanner.h"
+#include "ui/seven_segment_label.h"
 #include "ui/transparent_button.h"
 
 namespace kelvane {
@@ -177,6 +182,111 @@ TEST(PathLabel, FitsItsTextToItsWidthAndKeepsThePathWhole) {
     EXPECT_TRUE(label.text().endsWith("/pump.txt"));
     EXPECT_LE(label.fontMetrics().horizontalAdvance(label.text()), label.width());
     EXPECT_EQ(label.toolTip(), path);
+}
+
+TEST(LedText, IsSeenAndSpokenWithoutItsColour) {
+    LedText led("RUN");
+    led.resize(40, 24);
+    const QPixmap dark = led.grab();
+    EXPECT_EQ(led.property("color").value<QColor>(), QColor(Qt::white));
+    EXPECT_EQ(spoken(led, QAccessible::Value), "off");
+    led.setLit(true);
+    EXPECT_EQ(led.property("color").value<QColor>(), QColor(Qt::red));
+    EXPECT_GT(differentInGrey(dark, led.grab()), 5);
+    EXPECT_EQ(spoken(led, QAccessible::Name), "RUN");
+    EXPECT_EQ(spoken(led, QAccessible::Value), "on");
+    led.setFlashing(true);
+    led.setLit(false);
+    EXPECT_EQ(spoken(led, QAccessible::Value), "flashing");
+}
+
+TEST(SevenSegmentLabel, PutsPointsBehindTheirDigits) {
+    const auto places = segmentPlaces("-.5");
+    ASSERT_EQ(places.size(), 2U);
+    EXPECT_TRUE(places[0].point);
+    EXPECT_EQ(segmentPlaces("60.00").size(), 4U);
+    EXPECT_EQ(segmentPlaces(".").size(), 1U);
+    EXPECT_EQ(segmentPlaces("").size(), 0U);
+    EXPECT_EQ(segmentPlaces("1..").size(), 2U);
+    EXPECT_EQ(segmentPlaces("8")[0].segments & segmentPlaces("0")[0].segments,
+              segmentPlaces("0")[0].segments);
+    SevenSegmentLabel label;
+    label.resize(160, 50);
+    label.setColor(Qt::black);
+    label.setProperty("text", "oL1 ");
+    EXPECT_EQ(spoken(label, QAccessible::Value), "oL1 ");
+    const QPixmap overload = label.grab();
+    label.setText("oL2 ");
+    EXPECT_GT(differentInGrey(overload, label.grab()), 10);
+    label.setText("A fault name that no display has room for");
+    EXPECT_FALSE(label.grab().isNull());
+}
+
+struct HeldKey {
+    QWidget window;
+    PanelKey key{"JOG", &window};
+    QPushButton other{"other", &window};
+    QStringList heard;
+    HeldKey() {
+        window.resize(200, 100);
+        key.setGeometry(10, 10, 60, 40);
+        QObject::connect(&key, &PanelKey::heldDown, &window, [this] { heard += "down"; });
+        QObject::connect(&key, &PanelKey::letGo, &window, [this] { heard += "up"; });
+        window.show();
+        window.activateWindow();
+        key.setFocus();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    void press() {
+        QTest::mousePress(&key, Qt::LeftButton);
+        EXPECT_EQ(heard.join(' '), "down");
+    }
+};
+
+TEST(PanelKey, IsHeldAsLongAsAPersonHoldsIt) {
+    const QList<std::function<void(HeldKey&)>> endings = {
+        [](HeldKey& k) { QTest::mouseRelease(&k.key, Qt::LeftButton); },
+        [](HeldKey& k) { QTest::mouseRelease(&k.key, Qt::LeftButton, {}, QPoint(150, 90)); },
+        [](HeldKey& k) { k.other.setFocus(); },
+        [](HeldKey& k) { k.window.hide(); },
+        [](HeldKey& k) { k.key.setVisible(false); },
+        [](HeldKey& k) { k.key.setEnabled(false); },
+        [](HeldKey&) {
+            QDialog box;
+            box.setModal(true);
+            box.show();
+        },
+    };
+    for (qsizetype i = 0; i < endings.size(); ++i) {
+        HeldKey k;
+        k.press();
+        endings[i](k);
+        EXPECT_EQ(k.heard.join(' '), "down up") << i;
+        QTest::mouseRelease(&k.key, Qt::LeftButton);
+        EXPECT_EQ(k.heard.join(' '), "down up") << i;
+    }
+    HeldKey outAndIn;
+    outAndIn.press();
+    for (const QPoint place : {QPoint(150, 90), QPoint(5, 5)}) QTest::mouseMove(&outAndIn.key, place);
+    EXPECT_EQ(outAndIn.heard.join(' '), "down");
+}
+
+TEST(PanelKey, TakesARepeatedKeyForNoNewPress) {
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        HeldKey k;
+        QSignalSpy clicks(&k.key, &PanelKey::clicked);
+        QTest::keyPress(&k.key, key);
+        for (int i = 0; i < 3; ++i) {
+            QKeyEvent up(QEvent::KeyRelease, key, {}, {}, true);
+            QKeyEvent down(QEvent::KeyPress, key, {}, {}, true);
+            QApplication::sendEvent(&k.key, &up);
+            QApplication::sendEvent(&k.key, &down);
+        }
+        EXPECT_TRUE(k.key.isDown());
+        QTest::keyRelease(&k.key, key);
+        EXPECT_EQ(k.heard.join(' '), "down up");
+        EXPECT_EQ(clicks.count(), 1);
+    }
 }
 
 }  // namespace

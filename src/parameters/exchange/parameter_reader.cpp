@@ -1,5 +1,7 @@
 #include "parameters/exchange/parameter_reader.h"
 
+#include <utility>
+
 #include "parameters/table/sub_table.h"
 
 namespace kelvane {
@@ -59,6 +61,7 @@ void ParameterReader::ReadDriveTransparentButtonClick() {
     m_bench.goOnLine([this] {
         if (m_bench.offLine()) {
             m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(8), Cofirm);
+            forgetReservedWish();
         } else {
             startRead();
         }
@@ -73,6 +76,7 @@ void ParameterReader::startRead() {
     Q_EMIT screenChanged();
     if (!groups) {
         m_bench.link.operatorAsked().tell(QStringLiteral("There is no group to load !!"), Cofirm);
+        forgetReservedWish();
         return;
     }
     m_table.grid.setRowCount(plan.rows);
@@ -87,10 +91,18 @@ void ParameterReader::startRead() {
 }
 
 void ParameterReader::ShowReservedParametersClick() {
+    m_reservedShown = m_screen.RparaAbLED;
     ReadReservedWanted = 1;
     m_screen.RparaAbLED = true;
     Q_EMIT screenChanged();
     ReadDriveTransparentButtonClick();
+}
+
+// The read that it was meant for did not start: the next one is a plain one.
+void ParameterReader::forgetReservedWish() {
+    if (!std::exchange(ReadReservedWanted, quint8(0))) return;
+    m_screen.RparaAbLED = m_reservedShown;
+    Q_EMIT screenChanged();
 }
 
 void ParameterReader::prepareTable() {

@@ -62,6 +62,7 @@ class ParameterReader : public QObject {
 
     // Start.
     void startRead();
+    void forgetReservedWish();
     void prepareTable();
     void takeIdentity();
     bool fillGroupList(Plan& plan);
@@ -93,6 +94,7 @@ class ParameterReader : public QObject {
     ParameterTable& m_table;
     ParameterScreen& m_screen;
     ProgressDialog& m_progress;
+    bool m_reservedShown = false;  // RparaAbLED as it was before the reserved group was asked for
 };
 
 }  // namespace kelvane

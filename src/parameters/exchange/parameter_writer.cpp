@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "link/number_text.h"
+
 namespace kelvane {
 
 namespace {
@@ -22,7 +24,9 @@ ParameterWriter::ParameterWriter(ParameterBench& bench, const ParameterScreen& s
       m_bench(bench) {
     setWriteListHeaders(AdvStringGrid1);
     clearErrorRecord(ErrorAdvStringGrid);
-    AdvStringGrid1.cellColours = [this](int, int row) { return writeListColours(AdvStringGrid1, row); };
+    AdvStringGrid1.cellColours = [this](int column, int row) {
+        return writeListColours(AdvStringGrid1, column, row);
+    };
     connect(&bench.link, &RequestScheduler::cycleEnded, this, [this] { WriteTimer.kick(); });
     connect(&readBack, &WriteReadBack::rowReadBack, this, [this](int row) {
         m_rowsReadBack += row;
@@ -194,12 +198,14 @@ bool ParameterWriter::takeAnswer() {
     return finished;
 }
 
-// A row that cannot be sent: its value is no integer, which only a file can hold.
+// A row that cannot be sent, which only a file can hold: its value is no integer or none of a register.
 bool ParameterWriter::skipRow() {
-    addErrorLine(
-        ErrorAdvStringGrid,
-        {AdvStringGrid1.cell(column::PrNo, WriteRow), AdvStringGrid1.cell(column::Description, WriteRow),
-         AdvStringGrid1.cell(column::Data, WriteRow), QString(), m_bench.link.lang().MsgStr(23)});
+    const bool number = withoutSeparatorToInt(AdvStringGrid1.cell(column::Data, WriteRow)).has_value();
+    const auto doubt = doubtOf(AdvStringGrid1, WriteRow);
+    const QString why = number && doubt && !doubt->sent ? doubt->text : m_bench.link.lang().MsgStr(23);
+    addErrorLine(ErrorAdvStringGrid, {AdvStringGrid1.cell(column::PrNo, WriteRow),
+                                      AdvStringGrid1.cell(column::Description, WriteRow),
+                                      AdvStringGrid1.cell(column::Data, WriteRow), QString(), why});
     stepBar();
     WriteTimer.kick();
     return stepRow();

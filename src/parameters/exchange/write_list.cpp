@@ -9,6 +9,8 @@ namespace kelvane {
 namespace {
 
 constexpr Rgb RunningForbidsText = 0xFF0000;
+constexpr Rgb DoubtfulBackground = 0xFFE08A;
+constexpr Rgb DoubtfulText = 0x000000;
 
 bool takes(WriteMode mode, const StringGrid& source, int row) {
     if (isGroupRow(source, row)) return false;
@@ -84,7 +86,24 @@ std::optional<QString> writeCommand(const StringGrid& AdvStringGrid1, int row) {
     return QStringLiteral("FF06") % address % *word;
 }
 
-CellColours writeListColours(const StringGrid& AdvStringGrid1, int row) {
+std::optional<RowDoubt> doubtOf(const StringGrid& AdvStringGrid1, int row) {
+    if (row <= 0) return std::nullopt;
+    const QString text = AdvStringGrid1.cell(column::Data, row);
+    const std::optional<int> number = withoutSeparatorToInt(text);
+    if (!number) return RowDoubt{false, QStringLiteral("is no number, not sent")};
+    if (*number < LeastWord || *number > GreatestWord)
+        return RowDoubt{false, QStringLiteral("does not fit a register, not sent")};
+    const qsizetype separator = text.indexOf(DecimalSep);
+    const qsizetype behind = separator < 0 ? 0 : text.size() - separator - DecimalSep.size();
+    const int places = dotOf(AdvStringGrid1, row);
+    if (behind == places) return std::nullopt;
+    return RowDoubt{true,
+                    QStringLiteral("goes out as %1 (%2H)")
+                        .arg(InsertDecimalPoint(QString::number(*number), places), *registerWordOf(text))};
+}
+
+CellColours writeListColours(const StringGrid& AdvStringGrid1, int column, int row) {
+    if (column == column::Data && doubtOf(AdvStringGrid1, row)) return {DoubtfulText, DoubtfulBackground};
     if (row <= 0 || AdvStringGrid1.cell(column::RunSet, row) != QLatin1String("false")) return {};
     return {RunningForbidsText, std::nullopt};
 }
@@ -96,6 +115,7 @@ WriteSummary writeSummaryOf(const StringGrid& AdvStringGrid1, Family source, Fam
         if (!AdvStringGrid1.checkBox(row)) continue;
         ++summary.rows;
         if (!isWritable(AdvStringGrid1, row)) ++summary.readOnly;
+        if (doubtOf(AdvStringGrid1, row)) ++summary.doubtful;
         const std::optional<QString> held = heldByDrive(row);
         if (!held) {
             ++summary.unknown;
@@ -119,6 +139,7 @@ QString writeSummaryText(const WriteSummary& summary) {
     if (summary.unknown > 0)
         parts += QStringLiteral("%1 with no value read from the drive").arg(summary.unknown);
     if (summary.readOnly > 0) parts += QStringLiteral("%1 read-only").arg(summary.readOnly);
+    if (summary.doubtful > 0) parts += QStringLiteral("%1 doubtful").arg(summary.doubtful);
     if (!summary.sourceFamily.isEmpty())
         parts += QStringLiteral("the table is of the family %1, the drive of the family %2")
                      .arg(summary.sourceFamily, summary.driveFamily);

@@ -31,11 +31,19 @@ void addErrorLine(StringGrid& ErrorAdvStringGrid, const ErrorLine& line);
 int takeRows(const StringGrid& source, WriteMode mode, bool useDefaults, StringGrid& AdvStringGrid1);
 int checkedRows(const StringGrid& AdvStringGrid1);
 
-// Write command of a row; nothing when its value is no integer or its address is not four digits.
+// Write command of a row; nothing when its value is no register word or its address is not four digits.
 std::optional<QString> writeCommand(const StringGrid& AdvStringGrid1, int row);
 
-// Text of a row that may not be set in running: red; normal otherwise.
-CellColours writeListColours(const StringGrid& AdvStringGrid1, int row);
+// A row whose text does not say what would be sent, or that cannot be sent at all.
+struct RowDoubt {
+    bool sent = false;
+    QString text;  // what would be sent, or why nothing is
+};
+std::optional<RowDoubt> doubtOf(const StringGrid& AdvStringGrid1, int row);
+
+// Text of a row that may not be set in running: red; normal otherwise. A doubtful value is marked by its
+// ground.
+CellColours writeListColours(const StringGrid& AdvStringGrid1, int column, int row);
 
 // What a run over the checked rows would do.
 struct WriteSummary {
@@ -43,6 +51,7 @@ struct WriteSummary {
     int differing = 0;  // from what the drive held when it was read
     int unknown = 0;    // the drive's value is not known
     int readOnly = 0;
+    int doubtful = 0;
     QString sourceFamily;  // both are empty when the families agree
     QString driveFamily;
 };

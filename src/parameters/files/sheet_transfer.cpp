@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "link/number_text.h"
+
 namespace kelvane {
 
 namespace {
@@ -190,7 +192,7 @@ FileResult leave(SpreadsheetApplication& application) {
 
 // Reading
 
-LoadedFile failed(const QString& error) { return {{}, {}, error}; }
+LoadedFile failed(const QString& error) { return {{}, {}, error, {}}; }
 
 int numberAt(const SpreadsheetApplication& application, int row, int column, int old, int largest) {
     bool ok = false;
@@ -221,7 +223,7 @@ LoadedFile loadComparison(SpreadsheetApplication& application, const TransferPro
             tellRow(progress, cells[column::PrNo], cells[column::Description]);
     }
     loaded.rows.resize(filled);
-    return {{}, std::move(loaded), {}};
+    return {{}, std::move(loaded), {}, {}};
 }
 
 TableIdentity identityIn(const SpreadsheetApplication& application, const TableIdentity& before) {
@@ -248,13 +250,48 @@ LoadedTable::Row groupRow(const QString& name) {
     return row;
 }
 
-LoadedTable::Row parameterRow(const SpreadsheetApplication& application, int sheetRow) {
+// A number of the sheet ("50.5") with the places of its row and the machine's separator; nothing when it has
+// more places than these.
+std::optional<QString> withPlaces(const QString& number, int places) {
+    const qsizetype point = number.indexOf(u'.');
+    QString digits = number;
+    const auto behind = point < 0 ? 0 : static_cast<int>(number.size() - point - 1);
+    if (behind > places) return std::nullopt;
+    if (point >= 0) digits.remove(point, 1);
+    digits += QString(places - behind, u'0');
+    bool ok = false;
+    const qlonglong value = digits.toLongLong(&ok);
+    if (!ok) return std::nullopt;
+    return InsertDecimalPoint(QString::number(value), places);
+}
+
+// A person's spreadsheet program may have made numbers of the values, which have lost the scale that the
+// texts had.
+void giveNumbersTheirPlaces(const SpreadsheetApplication& application, int sheetRow, LoadedTable::Row& row,
+                            QStringList& remarks) {
+    const int places = std::max(0, row.cells[column::Dot].toInt());
+    for (const int c : {column::Data, column::Default, column::Min, column::Max}) {
+        QString& cell = row.cells[static_cast<size_t>(c)];
+        if (cell.isEmpty() || !application.isNumber(sheetRow, c + 1)) continue;
+        const std::optional<QString> text = withPlaces(cell, places);
+        if (!text) {
+            remarks += QStringLiteral("Pr %1: %2 does not fit %3 decimal places")
+                           .arg(row.cells[column::PrNo], cell)
+                           .arg(places);
+            row.check = false;
+        }
+        cell = text.value_or(QString());
+    }
+}
+
+LoadedTable::Row parameterRow(const SpreadsheetApplication& application, int sheetRow, QStringList& remarks) {
     LoadedTable::Row row;
     row.check = application.value(sheetRow, 1) == QLatin1String("V");
     for (int c = column::PrNo; c <= column::RunSet; ++c) {
         const QString text = application.value(sheetRow, c + 1);
         if (text != EmptyMark) row.cells[static_cast<size_t>(c)] = text;
     }
+    giveNumbersTheirPlaces(application, sheetRow, row, remarks);
     return row;
 }
 
@@ -263,6 +300,7 @@ LoadedFile loadTable(SpreadsheetApplication& application, const TableIdentity& b
     if (numberAt(application, 7, 2, -1, 255) < 0)
         return failed(QStringLiteral("The workbook holds no parameter table."));
     LoadedTable loaded;
+    QStringList remarks;
     loaded.identity = identityIn(application, before);
     const TableIdentity& identity = loaded.identity;
     const bool rowan = isRowanModel(identity) || application.sheetName(2) == ParameterSheet;
@@ -276,14 +314,15 @@ LoadedFile loadTable(SpreadsheetApplication& application, const TableIdentity& b
         if (!rowan) loaded.rows.push_back(groupRow(application.value(1, 1)));
         const int highest = std::min(int(identity.groupParamCount[static_cast<size_t>(G)]), HighestNumber);
         for (int N = 0; N <= highest; ++N) {
-            loaded.rows.push_back(parameterRow(application, rowan ? sheetRow++ : N + HeaderRowOfGroup + 1));
+            loaded.rows.push_back(
+                parameterRow(application, rowan ? sheetRow++ : N + HeaderRowOfGroup + 1, remarks));
             const auto& cells = loaded.rows.back().cells;
             tellRow(progress, cells[column::PrNo], cells[column::Description]);
         }
     }
     // Kept: the row count of Rowan allows one row more for every group behind the first.
     if (rowan && identity.groupCount > 1) loaded.rows.resize(loaded.rows.size() + identity.groupCount - 1);
-    return {std::move(loaded), {}, {}};
+    return {std::move(loaded), {}, {}, remarks};
 }
 
 }  // namespace

@@ -50,6 +50,7 @@ struct LoadedFile {
     std::optional<LoadedTable> table;
     std::optional<LoadedComparison> comparison;
     QString error;
+    QStringList remarks;  // what was left out of a table that was taken, a line each
 };
 
 // Replaces the rows, the identity and every check box of the table from file.

@@ -10,8 +10,9 @@ namespace {
 
 // Rows of a sheet are not known before it is read; the bar is as long as a usual table.
 constexpr int UsualRows = 300;
+constexpr int MostRemarks = 12;  // that a box shows
 
-LoadedFile failed(const QString& error) { return {{}, {}, error}; }
+LoadedFile failed(const QString& error) { return {{}, {}, error, {}}; }
 
 }  // namespace
 
@@ -63,11 +64,21 @@ LoadedFile TableLoader::readSheets(const QString& path) {
     return loadSheets(*application, path, m_work.fileTable.identity, dialog.progress());
 }
 
+void TableLoader::tellRemarks(const LoadedFile& file) {
+    if (file.remarks.isEmpty()) return;
+    QStringList lines = file.remarks.mid(0, MostRemarks);
+    if (file.remarks.size() > MostRemarks)
+        lines += QStringLiteral("... and %1 more").arg(file.remarks.size() - MostRemarks);
+    m_work.person.tell(QStringLiteral("Values that were left out:\n") % lines.join(u'\n'),
+                       QStringLiteral("Warning"), BoxIcon::Exclamation);
+}
+
 bool TableLoader::apply(const LoadedFile& file, const QString& path) {
     if (file.table) {
         applyTable(*file.table, m_work.fileTable);
         m_work.fileTable.TableFileName = path;
         Q_EMIT tableLoaded();
+        tellRemarks(file);
     } else if (file.comparison) {
         applyComparison(*file.comparison, m_work.comparison);
         Q_EMIT comparisonLoaded();

@@ -28,12 +28,13 @@ class TableLoader : public QObject {
     void tableLoaded();                   // into the table from file
     void comparisonLoaded();              // into the comparison
     void loaded(const QString& path);     // behind one of the two
-    void notLoaded(const QString& path);  // a box has told why
+    void notLoaded(const QString& path);  // a box has said why
 
    private:
     bool show(const QString& path);
     LoadedFile read(const QString& path, TableFileKind kind);
     LoadedFile readSheets(const QString& path);
+    void tellRemarks(const LoadedFile& file);
     bool apply(const LoadedFile& file, const QString& path);
 
     const FileWork& m_work;

@@ -28,19 +28,16 @@ bool anyTabOpen(const ParameterScreen& screen, Operator& person) {
 }
 
 void TableSaver::save(ParameterTab preselected, const std::function<void()>& then) {
-    const auto goOn = [then] {
-        if (then) then();
-    };
     SaveMemo.clear();
     const std::vector<ParameterTab> tabs = savable();
-    if (!hasSomething(tabs)) return goOn();
+    if (!hasSomething(tabs)) return;
     const auto found = std::find(tabs.begin(), tabs.end(), preselected);
     const int selected = found == tabs.end() ? 0 : static_cast<int>(found - tabs.begin());
-    const auto formatChosen = [this, goOn](ParameterTab tab, std::optional<TableFileKind> kind) {
-        if (!kind || run({tab, *kind})) goOn();
+    const auto formatChosen = [this, then](ParameterTab tab, std::optional<TableFileKind> kind) {
+        if (kind && run({tab, *kind}) && then) then();
     };
-    const auto sourceChosen = [this, goOn, formatChosen](std::optional<ParameterTab> tab) {
-        if (!tab) return goOn();
+    const auto sourceChosen = [this, formatChosen](std::optional<ParameterTab> tab) {
+        if (!tab) return;
         m_choices.chooseFormat(
             [formatChosen, tab = *tab](std::optional<TableFileKind> kind) { formatChosen(tab, kind); });
     };
@@ -61,22 +58,22 @@ bool TableSaver::hasSomething(const std::vector<ParameterTab>& tabs) {
     return false;
 }
 
-// False when the file could not be written. The tab may have gone while the questions stood.
+// True when the file is written. The tab may have gone while the questions stood.
 bool TableSaver::run(const Job& job) {
-    if (!m_work.screen.visible(job.tab)) return true;
+    if (!m_work.screen.visible(job.tab)) return false;
     return job.kind == TableFileKind::Spreadsheet ? saveSpreadsheet(job) : saveText(job);
 }
 
 bool TableSaver::saveText(const Job& job) {
     SaveMemo = textOf(job);
     const std::optional<QString> path = m_work.person.saveFile(saveFilter(job.kind), saveSuffix(job.kind));
-    return !path || told(*path, writeWhole(*path, SaveMemo));
+    return path && told(*path, writeWhole(*path, SaveMemo));
 }
 
 bool TableSaver::saveSpreadsheet(const Job& job) {
-    if (!spreadsheetPresent(m_work.spreadsheet, m_work.person)) return true;
+    if (!spreadsheetPresent(m_work.spreadsheet, m_work.person)) return false;
     const std::optional<QString> path = m_work.person.saveFile(saveFilter(job.kind), saveSuffix(job.kind));
-    return !path || told(*path, writeSheets(job.tab, *path));
+    return path && told(*path, writeSheets(job.tab, *path));
 }
 
 QByteArray TableSaver::textOf(const Job& job) {

@@ -19,7 +19,7 @@ class TableSaver : public QObject {
     QByteArray SaveMemo;  // text of the last file, also when its dialog was cancelled
 
     void SaveTransparentButtonClick() { save(ParameterTab::None, {}); }
-    // The same with a table selected at first. then runs at the end, but not when writing failed.
+    // The same with a table selected at first. then runs once a file is written.
     void save(ParameterTab preselected, const std::function<void()>& then);
 
    Q_SIGNALS:
@@ -47,7 +47,7 @@ class TableSaver : public QObject {
 
 // Tabs that are visible, in their order.
 std::vector<ParameterTab> openTabs(const ParameterScreen& screen);
-// False when no tab is visible: a box has told so.
+// False when no tab is visible: a box has said so.
 bool anyTabOpen(const ParameterScreen& screen, Operator& person);
 
 }  // namespace kelvane

@@ -1,5 +1,7 @@
 #include "parameters/files/table_text_file.h"
 
+#include <algorithm>
+
 #include "base/text_8bit.h"
 #include "link/number_text.h"
 
@@ -167,14 +169,23 @@ LoadedTable::Row tableRow(QStringView line, QChar separator) {
     return row;
 }
 
-LoadedFile failed(const QString& error) { return {{}, {}, error}; }
+LoadedFile failed(const QString& error) { return {{}, {}, error, {}}; }
+
+// The second line as a rule; a file with other lines in front is a table all the same.
+bool hasHeader(const std::vector<QStringView>& lines, QChar separator) {
+    return std::any_of(lines.begin(), lines.end(), [separator](QStringView line) {
+        const Fields fields(line, separator, 2);
+        return fields.at(0).trimmed() == QLatin1String("Pr. No") ||
+               fields.at(1).trimmed() == QLatin1String("Pr. No");
+    });
+}
 
 LoadedFile readTable(const std::vector<QStringView>& lines, QChar separator, const TableIdentity& before) {
-    if (lines.size() < 2) return failed(QStringLiteral("The file holds no parameter table."));
+    if (!hasHeader(lines, separator)) return failed(QStringLiteral("The file holds no parameter table."));
     LoadedTable table;
     table.identity = informationOf(lines[0], separator, before);
     for (size_t i = 2; i < lines.size(); ++i) table.rows.push_back(tableRow(lines[i], separator));
-    return {std::move(table), {}, {}};
+    return {std::move(table), {}, {}, {}};
 }
 
 std::array<QString, ComparisonColumns> comparisonRow(QStringView line, QChar separator) {
@@ -217,7 +228,7 @@ class ComparisonLines {
     LoadedFile readResult() {
         next();  // the header
         while (m_at < m_lines.size()) m_result.rows.push_back(comparisonRow(next(), m_separator));
-        return {{}, std::move(m_result), {}};
+        return {{}, std::move(m_result), {}, {}};
     }
 
     const std::vector<QStringView>& m_lines;
@@ -255,7 +266,8 @@ QByteArray writeComparisonText(ComparisonSheet& sheet, TextFormat format) {
 
 LoadedFile readTableText(const QByteArray& bytes, TextFormat format, const TableIdentity& before) {
     constexpr size_t MaxLines = 3 * size_t(MaxTableRows) + 32;  // a comparison has up to three rows a pair
-    const QString text = from8Bit(bytes);
+    // An editor of today may have put the mark of UTF-8 in front.
+    const QString text = from8Bit(bytes.startsWith("\xEF\xBB\xBF") ? bytes.mid(3) : bytes);
     const std::vector<QStringView> lines = linesOf(text, MaxLines + 1);
     // Kept: a comparison with anything in front of its first line is taken for a table.
     const bool comparison = !lines.empty() && lines[0] == ComparisonType;

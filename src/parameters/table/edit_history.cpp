@@ -1,32 +1,45 @@
 #include "parameters/table/edit_history.h"
 
+#include <numeric>
+
 #include "parameters/table/parameter_table.h"
 
 namespace kelvane {
 
 void EditHistory::edit(const std::function<void()>& change) {
-    const std::vector<RowState> before = stateOfAll();
+    std::vector<int> all(static_cast<size_t>(m_grid.RowCount()));
+    std::iota(all.begin(), all.end(), 0);
+    edit(all, change);
+}
+
+void EditHistory::edit(const std::vector<int>& rows, const std::function<void()>& change) {
+    std::vector<RowState> before;
+    before.reserve(rows.size());
+    for (const int row : rows) before.push_back(stateOf(row));
     const int reading = m_reading;
     change();
     if (reading != m_reading) return;  // the table went while the editor was open
     Step step;
-    for (int row = 0; row < m_grid.RowCount() && row < static_cast<int>(before.size()); ++row) {
-        const RowState& was = before[static_cast<size_t>(row)];
+    for (size_t i = 0; i < rows.size(); ++i) {
+        const int row = rows[i];
+        if (row < 0 || row >= m_grid.RowCount()) continue;
         const RowState is = stateOf(row);
-        if (was == is) continue;
-        step.push_back({row, was, is});
+        if (before[i] == is) continue;
+        step.push_back({row, before[i], is});
         mark(row);
     }
     if (step.empty()) return;
     m_steps.resize(m_done);
     m_steps.push_back(std::move(step));
     m_done = m_steps.size();
+    if (changed) changed();
 }
 
 int EditHistory::undo() {
     if (!canUndo()) return -1;
     const Step& step = m_steps[--m_done];
     for (const Change& change : step) setState(change.row, change.before);
+    if (changed) changed();
     return step.front().row;
 }
 
@@ -34,6 +47,7 @@ int EditHistory::redo() {
     if (!canRedo()) return -1;
     const Step& step = m_steps[m_done++];
     for (const Change& change : step) setState(change.row, change.after);
+    if (changed) changed();
     return step.front().row;
 }
 
@@ -48,6 +62,7 @@ void EditHistory::closed() {
     m_done = 0;
     m_read.clear();
     for (int row = 0; row < m_grid.RowCount(); ++row) m_grid.setEdited(row, false);
+    if (changed) changed();
 }
 
 std::optional<QString> EditHistory::readValue(int row) const {
@@ -63,21 +78,15 @@ void EditHistory::holds(int row, const QString& Data) {
 
 bool EditHistory::backToReadValue(int row) {
     if (row <= 0 || row >= static_cast<int>(m_read.size()) || !m_grid.edited(row)) return false;
-    edit([&] { setState(row, {m_read[static_cast<size_t>(row)], false}); });
+    edit({row}, [&] { setState(row, {m_read[static_cast<size_t>(row)], false}); });
     return true;
 }
 
 bool EditHistory::toDefault(int row) {
     const RowState wanted{m_grid.cell(column::Default, row), true};
     if (!isWritable(m_grid, row) || wanted.Data.isEmpty() || stateOf(row) == wanted) return false;
-    edit([&] { setState(row, wanted); });
+    edit({row}, [&] { setState(row, wanted); });
     return true;
-}
-
-std::vector<EditHistory::RowState> EditHistory::stateOfAll() const {
-    std::vector<RowState> states;
-    for (int row = 0; row < m_grid.RowCount(); ++row) states.push_back(stateOf(row));
-    return states;
 }
 
 EditHistory::RowState EditHistory::stateOf(int row) const {

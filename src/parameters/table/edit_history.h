@@ -18,6 +18,8 @@ class EditHistory {
 
     // Runs a change of the grid and keeps as one step what it did to values and check boxes.
     void edit(const std::function<void()>& change);
+    // The same, where the change touches these rows at most.
+    void edit(const std::vector<int>& rows, const std::function<void()>& change);
 
     bool canUndo() const { return m_done > 0; }
     bool canRedo() const { return m_done < m_steps.size(); }
@@ -37,6 +39,9 @@ class EditHistory {
     bool backToReadValue(int row);
     bool toDefault(int row);  // writable rows only
 
+    // canUndo() or canRedo() may differ from before.
+    std::function<void()> changed;
+
    private:
     struct RowState {
         QString Data;
@@ -50,7 +55,6 @@ class EditHistory {
     };
     using Step = std::vector<Change>;
 
-    std::vector<RowState> stateOfAll() const;
     RowState stateOf(int row) const;
     void setState(int row, const RowState& state);
     void mark(int row);

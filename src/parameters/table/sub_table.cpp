@@ -70,6 +70,7 @@ SubTable::SubTable(ParameterTable& main, TableSide side, EditHistory& history)
 }
 
 void SubTable::select(const QString& nodeText, int nodeIndex) {
+    m_nodeText = nodeText;
     m_nodeIndex = nodeIndex;
     grid.setRowCount(1);
     grid.setCheckBox(0, false);
@@ -106,7 +107,7 @@ void SubTable::dblClickCell(int column, int row, Operator& person) {
     if (row == 0) {
         if (column == column::Check) passOnAllCheckBoxes();
     } else if (column > column::Check && isWritable(grid, row) && grid.cell(column::PrNo, row) == PrNo) {
-        passOn(row);
+        passOn({row});
     }
 }
 
@@ -115,26 +116,37 @@ void SubTable::clickCheckBox(int row) {
     if (row == 0) {
         passOnAllCheckBoxes();
     } else {
-        passOn(row);
+        passOn({row});
     }
 }
 
-void SubTable::passOn(int row) {
-    const int target = mainRow(row);
-    if (target < 0) return;
-    m_history.edit([&] {
-        m_main.grid.setCell(column::Data, target, grid.cell(column::Data, row));
-        m_main.grid.setCheckBox(target, grid.checkBox(row));
-    });
-    grid.setEdited(row, m_main.grid.edited(target));
+void SubTable::setCheckBoxes(const std::vector<int>& rows, bool set) {
+    const std::vector<int> changed = kelvane::setCheckBoxes(grid, rows, set);
+    if (!changed.empty()) passOn(changed);
 }
 
-void SubTable::passOnAllCheckBoxes() {
-    m_history.edit([&] {
-        for (int row = 1; row < grid.RowCount(); ++row) {
-            const QString PrNo = grid.cell(column::PrNo, row);
-            if (!PrNo.isEmpty()) m_main.grid.setCheckBox(rowOfNumber(m_main.grid, PrNo), grid.checkBox(row));
+void SubTable::passOn(const std::vector<int>& rows) {
+    std::vector<int> targets;
+    for (const int row : rows) targets.push_back(mainRow(row));
+    m_history.edit(targets, [&] {
+        for (size_t i = 0; i < rows.size(); ++i) {
+            if (targets[i] < 0) continue;
+            m_main.grid.setCell(column::Data, targets[i], grid.cell(column::Data, rows[i]));
+            m_main.grid.setCheckBox(targets[i], grid.checkBox(rows[i]));
         }
+    });
+    for (size_t i = 0; i < rows.size(); ++i)
+        if (targets[i] >= 0) grid.setEdited(rows[i], m_main.grid.edited(targets[i]));
+}
+
+// By number and address, as the header's box has always been passed on.
+void SubTable::passOnAllCheckBoxes() {
+    const RowIndex rows(m_main.grid);
+    std::vector<int> all;
+    for (int row = 1; row < grid.RowCount(); ++row) all.push_back(rows.rowOf(grid, row));
+    m_history.edit(all, [&] {
+        for (size_t i = 0; i < all.size(); ++i)
+            if (all[i] > 0) m_main.grid.setCheckBox(all[i], grid.checkBox(static_cast<int>(i) + 1));
     });
 }
 

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <array>
 #include <optional>
+#include <vector>
 
 #include "base/operator.h"
 #include "parameters/table/edit_history.h"
@@ -39,20 +40,29 @@ class SubTable {
     // group's parameter count; rows that the main table does not have stay blank.
     void select(const QString& nodeText, int nodeIndex);
     bool selected() const { return m_nodeIndex > 0; }
+    // Its own group once more, whatever is selected elsewhere: what was changed in the main table shows.
+    void refresh() {
+        if (selected()) select(QString(m_nodeText), m_nodeIndex);
+    }
+    // The table has gone.
+    void leave() { m_nodeIndex = 0; }
 
-    // Double click or Enter, and click on a check box: as on a table, then passed on to the main table.
+    // Double click or Enter, click on a check box, and boxes of several rows at once: as on a table, then
+    // passed on to the main table as one step.
     void dblClickCell(int column, int row, Operator& person);
     void clickCheckBox(int row);
+    void setCheckBoxes(const std::vector<int>& rows, bool set);
 
    private:
     int groupRow(int G) const;
     int mainRow(int row) const;
-    void passOn(int row);
+    void passOn(const std::vector<int>& rows);
     void passOnAllCheckBoxes();
 
     ParameterTable& m_main;
     TableSide m_side;
     EditHistory& m_history;
+    QString m_nodeText;
     int m_nodeIndex = 0;
 };
 

@@ -47,6 +47,16 @@ bool clickCheckBox(StringGrid& grid, int row) {
     return true;
 }
 
+std::vector<int> setCheckBoxes(StringGrid& grid, const std::vector<int>& rows, bool set) {
+    std::vector<int> changed;
+    for (const int row : rows) {
+        if (!isWritable(grid, row) || grid.checkBox(row) == set) continue;
+        grid.setCheckBox(row, set);
+        changed.push_back(row);
+    }
+    return changed;
+}
+
 std::optional<ValueEdit> valueEditOf(const StringGrid& grid, int row) {
     if (!isWritable(grid, row)) return std::nullopt;
     return valueEditOf(valueTextsOf(grid, row));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "base/operator.h"
 #include "base/string_grid.h"
@@ -14,6 +15,9 @@ void ProcessAdvStringGridDblClickCell(StringGrid& grid, int column, int row, Ope
 
 // Click on a check box: toggles that of a writable row or of the header, others stay. Tells whether it did.
 bool clickCheckBox(StringGrid& grid, int row);
+
+// Sets or clears the boxes of these rows where they may be; gives the rows that changed.
+std::vector<int> setCheckBoxes(StringGrid& grid, const std::vector<int>& rows, bool set);
 
 // What the editor is given for a row; nothing for a row that is not writable.
 std::optional<ValueEdit> valueEditOf(const StringGrid& grid, int row);

@@ -207,6 +207,10 @@ void TParameterForm::connectTable(StringGridView* view, TableSide side, bool sub
         if (!sub) return clickBox(side, row, set);
         if (subTable.grid.checkBox(row) != set) subTable.clickCheckBox(row);
     });
+    connect(view, &StringGridView::checkBoxesWanted, this,
+            [this, &subTable, side, sub](const std::vector<int>& rows, bool set) {
+                sub ? subTable.setCheckBoxes(rows, set) : clickBoxes(side, rows, set);
+            });
     connect(view, &StringGridView::cellMenuRequested, this,
             [this, view](int, int row, const QPoint& pos) { rowMenu(view, row, pos); });
 }
@@ -242,14 +246,6 @@ TableSide TParameterForm::sideOf(const QTreeWidgetItem* item) const {
 void TParameterForm::ParaTreeViewChange(QTreeWidgetItem* item) {
     if (m_mirroring || !item || !item->parent()) return;
     m_session.ParaTreeViewChange(sideOf(item), item->parent()->indexOfChild(item));
-}
-
-// A group's table shows what was changed in the main one.
-void TParameterForm::reselectGroup(TableSide side) {
-    QTreeWidgetItem* item = ParaTreeView->currentItem();
-    const bool sub =
-        side == TableSide::Drive ? m_session.screen.driveSubShown : m_session.screen.fileSubShown;
-    if (sub && item && item->parent() && sideOf(item) == side) ParaTreeViewChange(item);
 }
 
 void TParameterForm::treeMenu(const QPoint& pos) {

@@ -102,12 +102,19 @@ EditHistory& TParameterForm::history(TableSide side) {
 }
 
 void TParameterForm::editCell(TableSide side, int column, int row) {
-    history(side).edit([&] { ProcessAdvStringGridDblClickCell(table(side).grid, column, row, person()); });
+    const auto change = [&] { ProcessAdvStringGridDblClickCell(table(side).grid, column, row, person()); };
+    row > 0 ? history(side).edit({row}, change) : history(side).edit(change);
 }
 
 void TParameterForm::clickBox(TableSide side, int row, bool set) {
     StringGrid& grid = table(side).grid;
-    if (grid.checkBox(row) != set) history(side).edit([&] { clickCheckBox(grid, row); });
+    if (grid.checkBox(row) == set) return;
+    if (row > 0) return clickBoxes(side, {row}, set);
+    history(side).edit([&] { clickCheckBox(grid, row); });
+}
+
+void TParameterForm::clickBoxes(TableSide side, const std::vector<int>& rows, bool set) {
+    history(side).edit(rows, [&] { setCheckBoxes(table(side).grid, rows, set); });
 }
 
 void TParameterForm::undoOrRedo(bool redo) {
@@ -115,7 +122,7 @@ void TParameterForm::undoOrRedo(bool redo) {
     if (!side) return;
     const int row = redo ? history(*side).redo() : history(*side).undo();
     if (row < 0) return;
-    reselectGroup(*side);
+    m_session.refreshSubTables();
     StringGridView* view = m_pages->frontView();
     const QString PrNo = table(*side).grid.cell(column::PrNo, row);
     view->setCurrentCell(column::Data, rowOfNumber(*view->grid(), PrNo));
@@ -126,10 +133,11 @@ void TParameterForm::rowMenu(StringGridView* view, int row, const QPoint& global
     const std::optional<TableSide> side = frontSide();
     const QString PrNo = view->grid()->cell(column::PrNo, row);
     const bool parameter = side && row > 0 && !PrNo.isEmpty() && !isGroupRow(*view->grid(), row);
-    m_menuRow = parameter ? rowOfNumber(table(*side).grid, PrNo) : -1;
-    const bool hazel = side && table(*side).identity.family == Family::Hazel;
+    m_menuRow = parameter ? RowIndex(table(*side).grid).rowOf(*view->grid(), row) : -1;
+    const Family family = side ? table(*side).identity.family : Family::Keypad;
+    const bool hasDefaults = family != Family::Hazel && family != Family::Keypad;
     m_menus->BackToReadValue->setEnabled(m_menuRow > 0 && table(*side).grid.edited(m_menuRow));
-    m_menus->ToDefault->setEnabled(m_menuRow > 0 && !hazel && isWritable(table(*side).grid, m_menuRow));
+    m_menus->ToDefault->setEnabled(m_menuRow > 0 && hasDefaults && isWritable(table(*side).grid, m_menuRow));
     m_menus->CopyRows->setEnabled(!view->selectedGridRows().empty());
     m_menus->RowPopupMenu->popup(globalPos);
 }
@@ -142,7 +150,7 @@ void TParameterForm::rowBack(bool toDefault) {
     } else {
         history(*side).backToReadValue(m_menuRow);
     }
-    reselectGroup(*side);
+    m_session.refreshSubTables();
 }
 
 // ---- Comparison, print, files ----

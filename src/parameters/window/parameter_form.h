@@ -78,10 +78,10 @@ class TParameterForm : public QMainWindow {
     TableSide sideOf(const QTreeWidgetItem* item) const;
     void rowMenu(StringGridView* view, int row, const QPoint& globalPos);
     void undoOrRedo(bool redo);
-    void reselectGroup(TableSide side);
     void rowBack(bool toDefault);
     void editCell(TableSide side, int column, int row);
     void clickBox(TableSide side, int row, bool set);
+    void clickBoxes(TableSide side, const std::vector<int>& rows, bool set);
     void fillRecentMenu();
     void print(ParameterTab tab);
     std::optional<TableSide> frontSide() const;
@@ -101,7 +101,7 @@ class TParameterForm : public QMainWindow {
     QLabel* m_panel0;
     QLabel* m_panel1;
     QLabel* m_dateTime;
-    QString m_linkPanel;                      // panel 1 as the link last told it
+    QString m_linkPanel;                      // panel 1 as the link last had it
     TableSide m_menuSide = TableSide::Drive;  // mark of the tree's menu
     int m_menuRow = -1;                       // of the main table, for the row's menu
     bool m_mirroring = false;

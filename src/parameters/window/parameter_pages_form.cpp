@@ -1,6 +1,7 @@
 #include "parameters/window/parameter_pages_form.h"
 
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -51,6 +52,18 @@ void TabSheet::setTabVisible(bool visible) { m_pages->setTabVisible(m_pages->ind
 // The mark is the tab's own: the style shows which one is in front.
 void TabSheet::setHighlighted(bool highlighted) { m_highlighted = highlighted; }
 
+void TreePages::keyPressEvent(QKeyEvent* event) { event->ignore(); }
+
+void ShownPages::keyPressEvent(QKeyEvent* event) {
+    const bool back = event->matches(QKeySequence::PreviousChild);
+    if (!back && !event->matches(QKeySequence::NextChild)) return event->ignore();
+    int page = currentIndex();
+    for (int i = 1; i < count(); ++i) {
+        page = (page + (back ? count() - 1 : 1)) % count();
+        if (isTabVisible(page)) return setCurrentIndex(page);
+    }
+}
+
 TableSheet::TableSheet(QTabWidget* pages, TableSide side, StringGrid& all, StringGrid& sub)
     : TabSheet(
           pages, side == TableSide::Drive ? "DriveTabSheet" : "FileTabSheet",
@@ -59,7 +72,7 @@ TableSheet::TableSheet(QTabWidget* pages, TableSide side, StringGrid& all, Strin
     const bool drive = side == TableSide::Drive;
     auto* column = new QVBoxLayout(this);
     buildIdentity(column);
-    m_sheets = new QTabWidget(this);
+    m_sheets = new TreePages(this);
     m_sheets->setObjectName(drive ? QStringLiteral("DrivePageControl") : QStringLiteral("FilePageControl"));
     m_sheets->setDocumentMode(true);
     m_sheets->tabBar()->hide();
@@ -158,7 +171,7 @@ CompareSheet::CompareSheet(QTabWidget* pages, ComparisonSheet& comparison)
 ParameterPages::ParameterPages(ParameterSession& session, QWidget* parent)
     : QStackedWidget(parent), m_session(session) {
     buildEmptyPage();
-    PageControl1 = new QTabWidget(this);
+    PageControl1 = new ShownPages(this);
     PageControl1->setObjectName(QStringLiteral("PageControl1"));
     DriveTabSheet = new TableSheet(PageControl1, TableSide::Drive, session.DriveAdvStringGrid,
                                    session.SubDriveAdvStringGrid);

@@ -39,6 +39,26 @@ class TabSheet : public QWidget {
     bool m_highlighted = false;
 };
 
+// Pages that only the tree changes: no key turns them.
+class TreePages : public QTabWidget {
+    Q_OBJECT
+   public:
+    using QTabWidget::QTabWidget;
+
+   protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+// Pages that the usual keys turn, over the hidden ones.
+class ShownPages : public QTabWidget {
+    Q_OBJECT
+   public:
+    using QTabWidget::QTabWidget;
+
+   protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
 // DriveTabSheet or FileTabSheet.
 class TableSheet : public TabSheet {
     Q_OBJECT
@@ -64,7 +84,7 @@ class TableSheet : public TabSheet {
     StringGridView* addSheet(const char* sheetName, const QString& caption, const char* gridName,
                              StringGrid& grid);
     TableSide m_side;
-    QTabWidget* m_sheets;
+    TreePages* m_sheets;
 };
 
 class CompareSheet : public TabSheet {
@@ -82,7 +102,7 @@ class ParameterPages : public QStackedWidget {
    public:
     explicit ParameterPages(ParameterSession& session, QWidget* parent = nullptr);
 
-    QTabWidget* PageControl1;
+    ShownPages* PageControl1;
     TableSheet* DriveTabSheet;
     TableSheet* FileTabSheet;
     CompareSheet* CompareTabSheet;

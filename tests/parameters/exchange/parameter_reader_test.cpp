@@ -82,9 +82,11 @@ TEST(ParameterReader, OffLineAsksForComSetupAndStopsWhenThatDidNotHelp) {
     };
     b.person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
     b.person.expectBox("The serial port is not yet functioning !\nCan not perform this function !", "Cofirm");
-    b.reader.ReadDriveTransparentButtonClick();
+    b.screen.ShowReservedParameters = true;
+    b.reader.ShowReservedParametersClick();
     EXPECT_EQ(b.send(), "");
     EXPECT_FALSE(b.screen.DriveTabSheet);
+    EXPECT_FALSE(b.screen.RparaAbLED || b.reader.ReadReservedWanted) << "no lamp and no wish stays behind";
 
     onLineNow = true;
     b.person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");

@@ -120,6 +120,50 @@ TEST(ParameterWriter, WhatIsTaken) {
     EXPECT_FALSE(b.writer.form.shown);
 }
 
+// A table from file may hold what no editor lets through: what is doubtful is marked before it is sent, and
+// what no register holds is not sent.
+TEST(ParameterWriter, MarksWhatWouldNotBeSentAsItReads) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00", "50", "-70000", "655.36", "abc", "1.5"});
+    b.session.WriteCheckTransparentButtonClick();
+    StringGrid& list = b.writer.AdvStringGrid1;
+    QStringList doubts;
+    for (int row = 1; row < list.RowCount(); ++row) {
+        const auto doubt = doubtOf(list, row);
+        doubts += doubt ? doubt->text : QString();
+        EXPECT_EQ(list.cellColours(column::Data, row).background.has_value(), doubt.has_value()) << row;
+    }
+    EXPECT_EQ(doubts, (QStringList{"", "goes out as 0.50 (0032H)", "does not fit a register, not sent",
+                                   "does not fit a register, not sent", "is no number, not sent",
+                                   "goes out as 0.15 (000FH)"}));
+    EXPECT_TRUE(b.session.writeSummaryLine().contains("5 doubtful"));
+    b.pressOk();
+    QStringList record;
+    QObject::connect(&b.writer, &ParameterWriter::errorRecordWanted,
+                     [&] { record = ParameterLinkBench::column(b.writer.ErrorAdvStringGrid, 5); });
+    const QStringList asked = b.writeAll();
+    EXPECT_EQ(asked,
+              (QStringList{"FF0620050003", "FF0601001770", "FF0601010032", "FF060105000F", "FF0620050005"}));
+    EXPECT_EQ(record, (QStringList{"does not fit a register, not sent", "does not fit a register, not sent",
+                                   b.link.lang().MsgStr(23), ""}));
+}
+
+// Rowan with several groups has numbers twice: a value goes back to the row that it came from.
+TEST(ParameterWriter, CopiesBackByNumberAndAddress) {
+    ParameterLinkBench b(0);
+    fillParameterRow(b.table.grid, 1, Family::Rowan, 0, 5, {1, 9, 0, 2, 1, R1.name, R1.unit});
+    fillParameterRow(b.table.grid, 2, Family::Rowan, 2, 5, {1, 9, 0, 2, 1, R1.name, R1.unit});
+    ASSERT_EQ(b.table.grid.cell(column::PrNo, 1), b.table.grid.cell(column::PrNo, 2));
+    b.session.driveHistory.tableRead();
+    b.screen.DriveTabSheet = true;
+    b.table.grid.setCheckBox(2, true);
+    b.session.WriteCheckTransparentButtonClick();
+    b.writer.AdvStringGrid1.setCell(column::Data, 1, "7");
+    b.writer.CancelTransparentButtonClick();
+    EXPECT_EQ(b.table.grid.cell(column::Data, 1), "1");
+    EXPECT_EQ(b.table.grid.cell(column::Data, 2), "7");
+}
+
 // The list goes back to the table in whatever way it closes: a cancelled reset leaves the defaults there.
 TEST(ParameterWriter, KeepsDefaultsOfACancelledReset) {
     ParameterLinkBench b(Larch);

@@ -5,9 +5,11 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "bench/decimal_sep.h"
 #include "bench/scripted_operator.h"
 #include "parameters/sample_table.h"
 #include "spreadsheet/biff_reader.h"
+#include "spreadsheet/compound_file.h"
 
 namespace kelvane {
 namespace {
@@ -113,6 +115,47 @@ TEST_F(SheetTransfer, KeepsRowanOnOneSheetWithARowMoreForItsReservedGroup) {
     EXPECT_FALSE(loaded.grid.hasCheckBox(4));
     ASSERT_TRUE(saveTableSheets(*application, path, loaded, false, {}).ok);
     EXPECT_EQ(readBiff(readWhole(path).bytes).workbook, first);
+}
+
+// What a spreadsheet program leaves of a value that a person typed anew: a number, without the places it had.
+TEST_F(SheetTransfer, NumbersGetThePlacesOfTheirRow) {
+    saved();
+    QByteArray stream = readCompoundStream(readWhole(path).bytes, {"Workbook"}).bytes;
+    // Makes the text of a cell a number, in hundredths; both records are of the same length.
+    const auto makeNumber = [&](int sheet, int row, int column, int hundredths) {
+        const auto u16 = [&](qsizetype at) { return quint8(stream[at]) | quint8(stream[at + 1]) << 8; };
+        int begun = 0;
+        for (qsizetype at = 0; at + 4 <= stream.size(); at += 4 + u16(at + 2)) {
+            if (u16(at) == 0x0809) ++begun;  // the globals, then each sheet
+            if (u16(at) != 0x00FD || begun != sheet + 1 || u16(at + 4) != row - 1 ||
+                u16(at + 6) != column - 1)
+                continue;
+            stream[at] = 0x7E;
+            stream[at + 1] = 0x02;
+            const quint32 rk = quint32(hundredths) << 2 | 3;
+            for (int i = 0; i < 4; ++i) stream[at + 10 + i] = char(rk >> 8 * i);
+            return;
+        }
+        ADD_FAILURE() << "no text in sheet " << sheet << ", row " << row << ", column " << column;
+    };
+    makeNumber(3, 4, 6, 5000);   // 01-00, two places
+    makeNumber(3, 4, 9, 655);    // its maximum
+    makeNumber(2, 5, 6, 12345);  // 00-01, one place
+    makeNumber(2, 4, 6, 3300);   // 00-00, none
+    writeWhole(path, writeCompoundFile("Workbook", stream).bytes);
+    for (const char* sep : {".", ","}) {
+        const UsingDecimalSep machine{QString(sep)};
+        const LoadedFile file = load();
+        ASSERT_TRUE(file.table) << file.error.toStdString();
+        const auto cell = [&](size_t row, int c) {
+            return QString(file.table->rows[row].cells[size_t(c)]).replace(sep, ".");
+        };
+        EXPECT_EQ(cell(4, column::Data), "50.00");
+        EXPECT_EQ(cell(4, column::Max), "6.55");
+        EXPECT_EQ(cell(1, column::Data), "33");
+        EXPECT_EQ(cell(2, column::Data), "") << "no value rather than a wrong one";
+        EXPECT_EQ(file.remarks, QStringList("Pr 00-01: 123.45 does not fit 1 decimal places"));
+    }
 }
 
 TEST_F(SheetTransfer, KeepsTheYellowMarkInHazel) {

@@ -33,6 +33,21 @@ void loadInto(ParameterTable& table, const QByteArray& bytes, TextFormat format 
     applyTable(*file.table, table);
 }
 
+const QByteArray ComparisonTextOfSample =
+    "[Comparison Type]\r\nDrive vs. default\r\n\r\n"
+    "[Drive Info]\r\nTable Source =drive\r\nDrive Series =Larch\r\nVersion      =2.05\r\nRated "
+    "Current=150A\r\n"
+    "Rated Voltage=460V\r\nkW(Hp)       =75 ( 100 )\r\n\r\n"
+    "[File Info]\r\nTable Source =\r\nDrive Series =\r\nVersion      =\r\nRated Current=\r\nRated "
+    "Voltage=\r\n"
+    "kW(Hp)       =\r\n\r\n"
+    "[Result]\r\n"
+    "Pr. No   |MODBUS   |Description     |Unit     |Data     |Default  |Min      |Max      "
+    "|Attribute|Address  |\r\n"
+    "*****    |*****    |1 - Basic|*****    |*****    |*****    |*****    |*****    |*****    |Drive    |\r\n"
+    "01-00    |0100H    |Max. Output Freq|Hz       |50.00    |60.00    |50.00    |400.00   |Writable |Drive  "
+    "  |\r\n";
+
 TEST(TableTextFile, WritesTheSampleToTheByte) {
     ParameterTable table;
     fillSample(table);
@@ -77,7 +92,7 @@ TEST(TableTextFile, KeepsCountsBehindTheFileAndFieldsThatAreNoNumber) {
     table.identity.family = Family::Tilia;
     table.identity.groupCount = 3;
     table.identity.groupParamCount = {7, 8, 9, 10};
-    loadInto(table, "M|1|2|3|4|x|99999|5|y|\r\nheader\r\n");
+    loadInto(table, "M|1|2|3|4|x|99999|5|y|\r\nCheck|Pr. No|\r\n");
     EXPECT_EQ(table.identity.family, Family::Tilia);
     EXPECT_EQ(table.identity.groupCount, 3);
     EXPECT_EQ(table.identity.groupParamCount[0], 5);
@@ -104,23 +119,30 @@ TEST(TableTextFile, KeepsTheCutBehindTheQuotes) {
 
 TEST(TableTextFile, KeepsAUnitOfFourBlanksOut) {
     ParameterTable table;
-    loadInto(table, "M|\r\nhead\r\nX|00-00|0000H|####|####     |\r\n");
+    loadInto(table, "M|\r\nCheck|Pr. No|\r\nX|00-00|0000H|####|####     |\r\n");
     EXPECT_EQ(rowTexts(table.grid, 1, 3, 4).join('|'), "|");
 }
 
 TEST(TableTextFile, KeepsJoiningTheFieldBehindAQuote) {
     ParameterTable table;
-    loadInto(table, "M|\r\nhead\r\nX|00-00|0000H|Pipe 5\" wide|mm       |5        |\r\n");
+    loadInto(table, "M|\r\nCheck|Pr. No|\r\nX|00-00|0000H|Pipe 5\" wide|mm       |5        |\r\n");
     EXPECT_EQ(rowTexts(table.grid, 1, 3, 5).join('/'), "Pipe 5 wide|mm       /5/");
-    loadInto(table, "M|\r\nhead\r\nX|00-00|0000H|last\"");
+    loadInto(table, "M|\r\nCheck|Pr. No|\r\nX|00-00|0000H|last\"");
     EXPECT_EQ(table.grid.cell(column::Description, 1), "last|");
 }
 
 TEST(TableTextFile, KeepsTakingAFileForATableThatHasALineInFrontOfItsFirst) {
-    const LoadedFile file =
-        readTableText("\r\n[Comparison Type]\r\nDrive vs. default\r\n", TextFormat::Txt, {});
+    const LoadedFile file = readTableText("\r\n" + ComparisonTextOfSample, TextFormat::Txt, {});
     EXPECT_TRUE(file.table);
     EXPECT_FALSE(file.comparison);
+    EXPECT_TRUE(readTableText("\r\n" + SampleText, TextFormat::Txt, {}).table);
+}
+
+TEST(TableTextFile, PassesTheMarkOfUtf8) {
+    const LoadedFile file = readTableText("\xEF\xBB\xBF" + SampleText, TextFormat::Txt, {});
+    ASSERT_TRUE(file.table);
+    EXPECT_EQ(file.table->identity.model, "Larch");
+    EXPECT_TRUE(readTableText("\xEF\xBB\xBF" + ComparisonTextOfSample, TextFormat::Txt, {}).comparison);
 }
 
 TEST(TableTextFile, ReadsBareAndMissingLineEnds) {
@@ -134,7 +156,11 @@ TEST(TableTextFile, RefusesWhatCannotBeATable) {
     const QByteArray endless = "a|b|\r\n" + QByteArray("\n").repeated(MaxTableRows + 2);
     for (const QByteArray& bytes :
          {QByteArray(), QByteArray("one line"), endless, QByteArray("[Comparison Type]\r\n"),
-          QByteArray("[Comparison Type]\r\n[File Info]")}) {
+          QByteArray("[Comparison Type]\r\n[File Info]"), QByteArray("to do\r\nbuy milk\r\ncall Ann\r\n"),
+          QByteArray("\x7F"
+                     "ELF\0\1|\n\xFF\xFE|x\n",
+                     15)
+              .repeated(40)}) {
         const LoadedFile file = readTableText(bytes, TextFormat::Txt, {});
         EXPECT_FALSE(file.table || file.comparison);
         EXPECT_FALSE(file.error.isEmpty());
@@ -145,7 +171,7 @@ TEST(TableTextFile, SurvivesEveryCutOfAFile) {
     for (qsizetype length = 0; length <= SampleText.size(); length += 7)
         for (const TextFormat format : {TextFormat::Txt, TextFormat::Csv}) {
             const LoadedFile file = readTableText(SampleText.left(length), format, {});
-            EXPECT_NE(file.table.has_value(), !file.error.isEmpty());
+            EXPECT_NE(file.table.has_value(), !file.error.isEmpty()) << length;
         }
 }
 
@@ -161,21 +187,6 @@ struct ComparedSample {
     ScriptedOperator person;
     LangTable lang;
 };
-
-const QByteArray ComparisonTextOfSample =
-    "[Comparison Type]\r\nDrive vs. default\r\n\r\n"
-    "[Drive Info]\r\nTable Source =drive\r\nDrive Series =Larch\r\nVersion      =2.05\r\nRated "
-    "Current=150A\r\n"
-    "Rated Voltage=460V\r\nkW(Hp)       =75 ( 100 )\r\n\r\n"
-    "[File Info]\r\nTable Source =\r\nDrive Series =\r\nVersion      =\r\nRated Current=\r\nRated "
-    "Voltage=\r\n"
-    "kW(Hp)       =\r\n\r\n"
-    "[Result]\r\n"
-    "Pr. No   |MODBUS   |Description     |Unit     |Data     |Default  |Min      |Max      "
-    "|Attribute|Address  |\r\n"
-    "*****    |*****    |1 - Basic|*****    |*****    |*****    |*****    |*****    |*****    |Drive    |\r\n"
-    "01-00    |0100H    |Max. Output Freq|Hz       |50.00    |60.00    |50.00    |400.00   |Writable |Drive  "
-    "  |\r\n";
 
 TEST(ComparisonTextFile, WritesAndLoadsTheSample) {
     ComparedSample sample;

@@ -214,8 +214,61 @@ TEST_F(ParameterWindow, EditsInASubTableReachTheWholeTableAndCanBeUndone) {
     EXPECT_EQ(sub->grid()->cell(column::Data, 1), old);
     EXPECT_FALSE(all.edited(row));
     named<QMenu>("RowPopupMenu")->close();
+
+    // The group in front follows the table whatever the tree has selected.
+    QTest::keyClick(sub, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(sub->grid()->cell(column::Data, 1), "55.00");
+    named<QTreeWidget>("ParaTreeView")->setCurrentItem(named<QTreeWidget>("ParaTreeView")->topLevelItem(0));
+    QTest::keyClick(sub, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(all.cell(column::Data, row), old);
+    EXPECT_EQ(sub->grid()->cell(column::Data, 1), old);
+    EXPECT_FALSE(sub->grid()->checkBox(1));
+    QTest::keyClick(sub, Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_TRUE(sub->isVisible()) << "inner pages are turned by the tree";
     select(0, 0);
     EXPECT_TRUE(view("DriveAdvStringGrid")->isVisible());
+    view("DriveAdvStringGrid")->setFocus();
+    QTest::keyClick(view("DriveAdvStringGrid"), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_TRUE(view("DriveAdvStringGrid")->isVisible());
+}
+
+TEST_F(ParameterWindow, SpaceOnManyRowsIsOneStep) {
+    readTable();
+    for (const char* name : {"DriveAdvStringGrid", "SubDriveAdvStringGrid"}) {
+        StringGridView* table = view(name);
+        select(0, QByteArray(name).startsWith("Sub") ? 2 : 0);
+        table->setFocus();
+        int writable = 1;
+        while (!isWritable(*table->grid(), writable)) ++writable;
+        table->setCurrentCell(column::Data, writable);
+        table->selectionModel()->select(
+            QItemSelection(table->grid()->index(0, 0),
+                           table->grid()->index(table->grid()->RowCount() - 2, 3)),
+            QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        QTest::keyClick(table, Qt::Key_Space);
+        const auto checked = [](const StringGrid& grid) {
+            int count = 0;
+            for (int row = 1; row < grid.RowCount(); ++row) {
+                count += grid.checkBox(row);
+                EXPECT_FALSE(grid.checkBox(row) && !isWritable(grid, row)) << row;
+            }
+            return count;
+        };
+        const int set = checked(*table->grid());
+        EXPECT_GT(set, 5) << name;
+        EXPECT_EQ(checked(session.DriveAdvStringGrid), set) << name;
+        QTest::keyClick(table, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(checked(session.DriveAdvStringGrid), 0) << name;
+        EXPECT_EQ(checked(*table->grid()), 0) << name;
+        EXPECT_FALSE(session.driveHistory.canUndo()) << name;
+    }
+    // What a keypad holds has no defaults to go back to.
+    Q_EMIT view("DriveAdvStringGrid")->cellMenuRequested(column::Data, 4, QPoint(1, 1));
+    EXPECT_TRUE(named<QAction>("ToDefault")->isEnabled());
+    session.driveTable.identity.family = Family::Keypad;
+    Q_EMIT view("DriveAdvStringGrid")->cellMenuRequested(column::Data, 4, QPoint(1, 1));
+    EXPECT_FALSE(named<QAction>("ToDefault")->isEnabled());
+    named<QMenu>("RowPopupMenu")->close();
 }
 
 TEST_F(ParameterWindow, SavesAsTextAndLoadsItAgain) {
@@ -281,8 +334,16 @@ TEST_F(ParameterWindow, ClosingATabSavesThatTableAndFailureKeepsIt) {
     EXPECT_TRUE(session.screen.FileAbLED);
     EXPECT_TRUE(named<TabSheet>("FileTabSheet")->tabVisible());
 
-    chosen.reset();  // the choice is closed: the tab closes all the same
+    // Only No discards: not a choice that was left, nor the box that was.
+    chosen.reset();
     person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::Yes);
+    trigger("CloseTab");
+    EXPECT_TRUE(named<TabSheet>("FileTabSheet")->tabVisible());
+    person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::Cancel);
+    trigger("CloseTab");
+    EXPECT_EQ(person.lastButtons, BoxButtons::YesNoOrLeave);
+    EXPECT_TRUE(named<TabSheet>("FileTabSheet")->tabVisible());
+    person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::No);
     trigger("CloseTab");
     EXPECT_FALSE(named<TabSheet>("FileTabSheet")->tabVisible());
     const QTreeWidgetItem* root = named<QTreeWidget>("ParaTreeView")->topLevelItem(1);

@@ -65,9 +65,8 @@ TEST_F(ParameterWiring, SourceLampIsLitByClosingATabAndGivesTheWriteList) {
     EXPECT_EQ(windows->selParaPrintForm.windowTitle(), "Select Parameter Source to Save");
     EXPECT_TRUE(fileLit());
     windows->selParaPrintForm.close();
-    EXPECT_FALSE(session.screen.FileTabSheet);
+    EXPECT_TRUE(session.screen.FileTabSheet);
 
-    loadSample();
     item("WriteSelect")->trigger();
     ASSERT_TRUE(windows->selParaSourceForm.isVisible());
     press(windows->selParaSourceForm, "OKTransparentButton");
@@ -75,6 +74,25 @@ TEST_F(ParameterWiring, SourceLampIsLitByClosingATabAndGivesTheWriteList) {
     EXPECT_EQ(session.writer.AdvStringGrid1.RowCount(), 2);  // the one checked row of the file
     EXPECT_EQ(session.writer.AdvStringGrid1.cell(column::Data, 1), "50.00");
     windows->writeCheckForm.close();
+}
+
+TEST(ShellBoxes, EscapeLeavesTheQuestionWhereNothingMayBeLost) {
+    const LangTable lang;
+    ShellOperator person{lang};
+    const auto answerTo = [&](BoxButtons buttons, Qt::Key key) {
+        QMetaObject::invokeMethod(
+            qApp,
+            [key] {
+                QWidget* box = QApplication::activeModalWidget();
+                ASSERT_NE(box, nullptr);
+                QTest::keyClick(box, key);
+            },
+            Qt::QueuedConnection);
+        return person.box("text", "title", BoxIcon::Question, buttons);
+    };
+    EXPECT_EQ(answerTo(BoxButtons::YesNo, Qt::Key_Escape), BoxAnswer::No);
+    EXPECT_EQ(answerTo(BoxButtons::YesNoOrLeave, Qt::Key_Escape), BoxAnswer::Cancel);
+    EXPECT_EQ(answerTo(BoxButtons::YesNoOrLeave, Qt::Key_N), BoxAnswer::No);
 }
 
 TEST_F(ParameterWiring, AbortInTheReadBackLeavesAListThatCanBeClosed) {
