@@ -6,6 +6,7 @@
 #include <QGridLayout>
 
 #include "shell/message_form.h"
+#include "ui/file_kinds.h"
 
 namespace kelvane {
 
@@ -115,6 +116,7 @@ std::optional<QString> ShellOperator::askFile(QFileDialog::AcceptMode mode, cons
     dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setNameFilters(nameFilters(filter));
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setIconProvider(&fileKinds());
     if (!lastFolder.isEmpty()) dialog.setDirectory(lastFolder);
     dialog.exec();
     goBackTo(dialog.parentWidget());

@@ -7,6 +7,7 @@
 #include <QListView>
 #include <QTreeView>
 
+#include "ui/file_kinds.h"
 #include "ui/icons.h"
 
 namespace kelvane {
@@ -41,6 +42,7 @@ FolderBrowser::FolderBrowser(QWidget* parent) : QSplitter(Qt::Vertical, parent) 
 
 void FolderBrowser::buildTree() {
     m_folders = new QFileSystemModel(this);
+    m_folders->setIconProvider(&fileKinds());
     m_folders->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
     LsDirTree = new QTreeView(this);
     LsDirTree->setObjectName(QStringLiteral("LsDirTree"));
@@ -58,6 +60,7 @@ void FolderBrowser::buildTree() {
 // Matching does not look at the case of letters: X.CSV is a file of the mask on every disk.
 void FolderBrowser::buildList() {
     m_files = new QFileSystemModel(this);
+    m_files->setIconProvider(&fileKinds());
     m_files->setFilter(QDir::AllDirs | QDir::Files | QDir::NoDot);
     m_files->setNameFilters(Mask.split(QLatin1Char(';')));
     m_files->setNameFilterDisables(false);
