@@ -119,7 +119,8 @@ void ComSetup::BaudComboBoxChange(const QString& text) {
 }
 
 void ComSetup::DataBitsComboBoxChange(const QString& text) {
-    if (!dataBitsItems().contains(text)) return;
+    // RTU has bytes of eight bits, whatever a file says.
+    if (!dataBitsItems().contains(text) || (!shown.dataBitsEnabled && text != QLatin1String("8"))) return;
     shown.DataBitsComboBox = text;
     setLine([&](PortSettings& line) { line.DataBits = text.toInt(); });
     notify();

@@ -74,7 +74,9 @@ QString PortDirectory::takeLine(const QString& line) {
         m_targets[ComNumber - 1] = practice(*family);
         return {};
     }
-    if (!QDir::isAbsolutePath(value)) return QStringLiteral("the device must be written with its full path");
+    // Paths from ":" on lie in the program, not on the disk.
+    if (!QDir::isAbsolutePath(value) || value.startsWith(QLatin1Char(':')))
+        return QStringLiteral("the device must be written with its full path");
     m_targets[ComNumber - 1] = device(value);
     return {};
 }

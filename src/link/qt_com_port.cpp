@@ -87,7 +87,7 @@ QtComPort::~QtComPort() {
     m_port->disconnect();
     if (!m_inHandler) return;
     m_port->close();
-    m_port.release();  // announce() is still in a call of it, and lets it go afterwards
+    static_cast<void>(m_port.release());  // announce() is still in a call of it, and lets it go afterwards
 }
 
 bool QtComPort::open() {

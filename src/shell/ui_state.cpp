@@ -23,7 +23,11 @@ QString usable(const QString& path) {
 UiState::UiState(const QString& path) : m_settings(usable(path), QSettings::IniFormat) {}
 
 void UiState::restoreWindow(QWidget& window) {
+    const QSize designed = window.size();
     window.restoreGeometry(m_settings.value(key(window, "geometry")).toByteArray());
+    // A damaged file may leave nothing to take hold of.
+    if (window.size() != window.size().expandedTo(window.minimumSizeHint()) || window.size().isEmpty())
+        window.resize(designed);
     for (QSplitter* splitter : window.findChildren<QSplitter*>())
         if (!splitter->objectName().isEmpty())
             splitter->restoreState(m_settings.value(key(*splitter, "state")).toByteArray());

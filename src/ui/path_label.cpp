@@ -18,7 +18,7 @@ template <typename Make>
 QString longestFitting(qsizetype most, int width, const std::function<int(const QString&)>& widthOf,
                        Make make) {
     for (qsizetype n = most; n >= 0; --n) {
-        const QString shorter = make(n);
+        QString shorter = make(n);
         if (widthOf(shorter) <= width) return shorter;
     }
     return {};

@@ -174,6 +174,16 @@ TEST(MainForm, HoldsTheSettingsOfAProjectBackWhileOnLine) {
     EXPECT_EQ(link.ComMode, 1);
 }
 
+// A file made by hand may say anything; the line has bytes of eight bits all the same.
+TEST(MainForm, TakesEightDataBitsForRtuFromAnyProject) {
+    DefaultProject made;
+    made.ComSetup.ModeComboBox = "RTU";
+    made.ComSetup.DataBitsComboBox = "7";
+    ShellBench bench(defaultProjectBytes(made));
+    EXPECT_EQ(bench.tool->linkPort.settings().DataBits, 8);
+    EXPECT_EQ(bench.tool->comSetup.shown.DataBitsComboBox, "8");
+}
+
 TEST(MainForm, StartsWithTheInstalledProjectUntilItHasOneOfItsOwn) {
     DefaultProject installed;
     installed.ComSetup.ComPortComboBox = "20";
