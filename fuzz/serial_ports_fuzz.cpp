@@ -13,7 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     for (int number = FirstComNumber; number <= LastComNumber; ++number) {
         const PortTarget target = directory.target(number);
         if (target.kind == PortTarget::Kind::Nothing) std::abort();
-        if (target.kind == PortTarget::Kind::Device && !target.devicePath.startsWith(QLatin1Char('/'))) std::abort();
+        if (target.kind == PortTarget::Kind::Device && !target.devicePath.startsWith(QLatin1Char('/')))
+            std::abort();
     }
     for (const QString& complaint : directory.complaints())
         if (!complaint.startsWith(QLatin1String("serial_ports.txt line "))) std::abort();

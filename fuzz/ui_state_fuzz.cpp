@@ -1,4 +1,5 @@
-// ui-state.ini of any content: windows come up somewhere on the screen, and texts and lists are taken as they are.
+// ui-state.ini of any content: windows come up somewhere on the screen, and texts and lists are taken as they
+// are.
 #include <QApplication>
 #include <QMainWindow>
 #include <QSplitter>
@@ -42,7 +43,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const QTemporaryDir folder;
     static Window window;
     const QString path = folder.filePath(QStringLiteral("ui-state.ini"));
-    if (!writeWhole(path, QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size))).ok) return 0;
+    if (!writeWhole(path, QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size))).ok)
+        return 0;
     UiState state(path);
     state.restoreWindow(window);
     if (window.size().isEmpty()) std::abort();
@@ -62,7 +64,8 @@ extern "C" bool kelvaneFuzzSeed(int index, std::vector<uint8_t>* bytes) {
         UiState state(path);
         state.keepWindow(window);
         state.setText(QStringLiteral("lastFolder"), QStringLiteral("/home/anna/drives"));
-        state.setList(QStringLiteral("recentFiles"), {QStringLiteral("/a/b.xls"), QStringLiteral("c, d.txt")});
+        state.setList(QStringLiteral("recentFiles"),
+                      {QStringLiteral("/a/b.xls"), QStringLiteral("c, d.txt")});
     }
     const QByteArray file = readWhole(path).bytes;
     bytes->assign(file.begin(), file.end());
