@@ -153,6 +153,7 @@ QVariant StringGrid::data(const QModelIndex& index, int role) const {
         case TextColourRole: return colourOf(column, row, &CellColours::text);
         case BackgroundColourRole: return colourOf(column, row, &CellColours::background);
         case EditedRole: return edited(row);
+        case BoxRestsRole: return boxRests && boxRests(row);
         default: return {};
     }
 }

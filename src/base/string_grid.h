@@ -71,6 +71,8 @@ class StringGrid : public QAbstractTableModel {
         int m_row;
     };
 
+    // A row whose box a person cannot change, asked when it is drawn: it looks disabled.
+    std::function<bool(int row)> boxRests;
     // Colours of a cell, asked when it is drawn.
     std::function<CellColours(int column, int row)> cellColours;
 
@@ -84,6 +86,7 @@ class StringGrid : public QAbstractTableModel {
     static constexpr int EditedRole = Qt::UserRole + 1;
     static constexpr int TextColourRole = Qt::UserRole + 2;
     static constexpr int BackgroundColourRole = Qt::UserRole + 3;
+    static constexpr int BoxRestsRole = Qt::UserRole + 4;
 
    Q_SIGNALS:
     void hiddenColumnsChanged();

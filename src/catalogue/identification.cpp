@@ -19,10 +19,10 @@ DriveIdentification::DriveIdentification(RequestScheduler& link, GroupNameTable&
     : m_link(link), m_groupNames(groupNames), m_lang(lang) {
     using Text = const QString&;
     using Bytes = const QByteArray&;
-    m_link.taskHandlers[0] = [this](Text, Bytes data) { onFamily(data); };
-    m_link.taskHandlers[1] = [this](Text, Bytes data) { onModelCode(data); };
-    m_link.taskHandlers[21] = [this](Text, Bytes data) { onGroupName(data); };
-    m_link.fixedParaName = [](int group, int number) { return fixedParaName(group, number); };
+    m_link.onReply(0, [this](Text, Bytes data) { onFamily(data); });
+    m_link.onReply(1, [this](Text, Bytes data) { onModelCode(data); });
+    m_link.onReply(21, [this](Text, Bytes data) { onGroupName(data); });
+    m_link.ParamRead.fixedParaName = [](int group, int number) { return fixedParaName(group, number); };
     installVariantTasks();
 }
 
@@ -51,8 +51,8 @@ void DriveIdentification::refuse(quint8 code) {
 
 void DriveIdentification::enableMenus() {
     const FamilyProfile* profile = familyProfile(m_link.DriveStatus.DriveFamily);
-    m_link.AutoTuning = profile->AutoTuning;
-    m_link.PIDControl = profile->PIDControl;
+    m_link.Labels.AutoTuning = profile->AutoTuning;
+    m_link.Labels.PIDControl = profile->PIDControl;
 }
 
 void DriveIdentification::takeVersion(quint16 word) {
@@ -72,7 +72,6 @@ void DriveIdentification::InitialDrive() {
         writeStatusItems(*profile, status);
         refreshItemNames();
     }
-    m_link.Trend.StatusTabSheet = true;
     Q_EMIT familyKnown(status.DriveFamily);
     m_link.notifyChanged();
 }
@@ -117,17 +116,16 @@ void DriveIdentification::onModelCode(const QByteArray& RxData) {
 void DriveIdentification::installVariantTasks() {
     using Text = const QString&;
     using Bytes = const QByteArray&;
-    m_link.taskHandlers[50] = [this](Text, Bytes data) {
+    m_link.onReply(50, [this](Text, Bytes data) {
         m_link.Labels.DriveVrLabel = dataText(data, 1, 16);
         m_link.Labels.HPVrLabel = dataText(data, 21, 16);
-    };
-    m_link.taskHandlers[51] = [this](Text, Bytes data) {
+    });
+    m_link.onReply(51, [this](Text, Bytes data) {
         m_link.DriveStatus.GroupIndex = static_cast<quint8>(wordAt(data, 4));
         m_link.DriveStatus.GroupCount = static_cast<quint8>(wordAt(data, 6));
-    };
-    m_link.taskHandlers[52] = [this](Text, Bytes data) {
-        m_link.Labels.VersionVrLabel = QString::number(wordAt(data, 4));
-    };
+    });
+    m_link.onReply(
+        52, [this](Text, Bytes data) { m_link.Labels.VersionVrLabel = QString::number(wordAt(data, 4)); });
 }
 
 }  // namespace kelvane

@@ -197,7 +197,7 @@ void ComSetup::failToOpen() {
     notify();
     const QString why = m_setupPort.openError();
     if (!why.isEmpty()) m_link.ShowHistoryMsg(why);
-    m_link.operatorAsked().tell(m_link.lang().MsgStr(19), QStringLiteral("Error Message"));
+    m_link.operatorAsked().tell(m_link.lang().MsgStr(Message::NoComPort), QStringLiteral("Error Message"));
 }
 
 void ComSetup::sendTest() {
@@ -231,9 +231,9 @@ void ComSetup::RxTimerTimer() {
     if (TestRxCount > 0) {
         succeed();
     } else if (shown.ManualRadioButton) {
-        failTest(21);
+        failTest(Message::ComTimeout);
     } else if (DetectCode > LastDetectCode) {
-        failTest(20);
+        failTest(Message::NoDriveDetected);
     } else {
         shown.TConnectForm = true;
         TestButtonClick();
@@ -251,10 +251,10 @@ void ComSetup::succeed() {
     notify();
     TestRxText.clear();
     TestRxCount = 0;
-    if (detecting) m_link.operatorAsked().tell(m_link.lang().MsgStr(22), Cofirm);
+    if (detecting) m_link.operatorAsked().tell(m_link.lang().MsgStr(Message::AutoDetectSuccess), Cofirm);
 }
 
-void ComSetup::failTest(int message) {
+void ComSetup::failTest(Message message) {
     DetectCode = 0;
     closeConnectForm();
     m_setupPort.close();
@@ -275,14 +275,13 @@ void ComSetup::closeConnectForm() {
 void ComSetup::OKBitBtnClick() {
     if (shown.SuccessAbLED) {
         m_setupPort.close();
-        if (m_link.ActiveFunction != OwnerAdvance &&
-            m_link.operatorAsked().yes(m_link.lang().MsgStr(18), Cofirm)) {
-            m_link.TxTimer.setEnabled(true);
-            m_link.Keypad.OnLineTransparentButton = false;
-            m_link.Keypad.InitialVrLabel = true;
+        if (!m_link.owner().console &&
+            m_link.operatorAsked().yes(m_link.lang().MsgStr(Message::GoOnLine), Cofirm)) {
+            m_link.start();
+            Q_EMIT goingOnLine();
         }
     } else {
-        m_link.Lamp = {};
+        m_link.setLamp(LampState::OffLine);
     }
     copySettingsToLink();
     m_link.ReplyTimeoutTicks = m_link.BaudTimeoutTicks;
@@ -315,7 +314,9 @@ void ComSetup::FormClose() {
 
 bool ComSetup::mayOpen() {
     m_link.ShowHistoryMsg(QStringLiteral("Setup the Com port and protocol"));
-    if (m_link.Lamp.onLine() && !m_link.operatorAsked().yes(m_link.lang().MsgStr(1), Cofirm)) return false;
+    if (m_link.Lamp.onLine() &&
+        !m_link.operatorAsked().yes(m_link.lang().MsgStr(Message::LeaveLineForComSetup), Cofirm))
+        return false;
     m_link.Initial();
     shown.OKBitBtn = false;
     notify();

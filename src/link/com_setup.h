@@ -89,6 +89,7 @@ class ComSetup : public QObject {
 
    Q_SIGNALS:
     void changed();
+    void goingOnLine();  // identification is about to begin
     void closeWanted();
 
    private:
@@ -100,7 +101,7 @@ class ComSetup : public QObject {
     void failToOpen();
     void sendTest();
     void succeed();
-    void failTest(int message);
+    void failTest(Message message);
     void setLine(const std::function<void(PortSettings&)>& change);
     void notify();
 

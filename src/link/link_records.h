@@ -1,12 +1,15 @@
-// Plain records that the link fills and that windows read: the drive's status, the last parameter read, and
-// what the link shows on the main window, the keypad, the trend and the console. Fields are the plant's.
+// Plain records that the link fills and that windows read: the drive's status, the last parameter read, what
+// the link shows on the main window, and the records of the console. Fields are the plant's.
 #pragma once
 
 #include <QByteArray>
 #include <QString>
 #include <array>
+#include <functional>
 
 #include "base/drive_family.h"
+#include "link/com_port.h"
+#include "link/frame_codec.h"
 
 namespace kelvane {
 
@@ -39,13 +42,17 @@ struct DriveStatusRecord {
     QString ExceptionText;
 };
 
-// Result of tasks 12 and 18, and the completion flags that windows poll and clear.
+// Result of tasks 12, 18 and 20, and the completion flags that windows poll and clear.
 struct ParamReadRecord {
     std::array<quint16, 5> ReadField{};  // ReadField0 to ReadField4
     QString ReadName;
     QString ReadUnit;
     quint8 ReadDone = 0;
     quint8 WriteDone = 0;
+    std::array<quint16, 20> ReadWords{};  // task 20
+    QByteArray ReadDataText;              // of the same
+    // Name of a parameter of a drive that has none in its record (Hazel); owner: catalogue.
+    std::function<QString(int group, int number)> fixedParaName;
 };
 
 // Identity labels of the main window, mirrored by the Trend, Monitor and Parameter windows.
@@ -55,6 +62,8 @@ struct DriveLabelsRecord {
     QString RatedCurrentVrLabel;
     QString RatedVoltageVrLabel;
     QString HPVrLabel;
+    bool AutoTuning = false;  // menu items that this drive has
+    bool PIDControl = false;
     bool operator==(const DriveLabelsRecord&) const = default;
 };
 
@@ -68,37 +77,13 @@ struct LampRecord {
     bool operator==(const LampRecord&) const = default;
 };
 
-// What the link does to the keypad window.
-struct KeypadLinkRecord {
-    QString ErrNameVrLabel;
-    QString ErrDescriptLabel;
-    int pageIndex = 3;  // of PageControl1: 0 main, 1 parameter, 2 error, 3 start-up
-    bool GetDataTimer = false;
-    bool OnLineTransparentButton = true;
-    bool InitialVrLabel = false;  // with InitialVrIndicator
-    bool keys = false;            // the eight keys
-    bool editing = false;         // FreqScrollBar, underLineVrLabel, InputEdit
-    bool ledsLit = false;
-    qint8 KeypadPage = 0;
-    quint8 KeypadStartMode = 0;
-
-    // The Mode key: the next display page, 0 past 4.
-    void stepPage() { KeypadPage = static_cast<qint8>(KeypadPage >= 4 ? 0 : KeypadPage + 1); }
-    bool operator==(const KeypadLinkRecord&) const = default;
+enum class LampState {
+    OffLine,
+    Silent,  // the drive does not answer: red, the panels stay
+    OnLine,
+    KeypadAsSource,  // the caption alone
 };
-
-// What the link does to the Trend window.
-struct TrendLinkRecord {
-    bool StartVrPowerButton = false;
-    bool GetDataTimer = false;
-    bool recording1 = false;  // AbTrend1
-    bool flow1 = false;
-    bool flow2 = false;
-    std::array<int, 4> AbTrend2Digit{};  // channels 1 to 4
-    bool StatusTabSheet = false;
-    bool KeypadTransparentButton = false;  // of Trend and Monitor
-    bool operator==(const TrendLinkRecord&) const = default;
-};
+LampRecord lampOnLine(LinkMode mode, const PortSettings& line);
 
 // TMessageForm's answer and the notices that the link shows and closes.
 struct NoticeRecord {

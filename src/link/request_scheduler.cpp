@@ -1,6 +1,7 @@
 #include "link/request_scheduler.h"
 
 #include <QLocale>
+#include <QScopedValueRollback>
 #include <algorithm>
 
 #include "link/number_text.h"
@@ -13,8 +14,10 @@ namespace {
 constexpr int StepInterval = 1;
 constexpr int PauseAfterTimeout = 1000;  // ms
 constexpr quint8 MaxSilentRepeats = 4;
-constexpr qint64 ConsoleLeadUs = 100000;  // the line's and the drive's share of a console wait
-constexpr qint64 ConsoleTickUs = 1000;
+constexpr quint32 SilenceAfterResend = 50;  // ticks
+constexpr quint32 LongestWait = 300;        // ticks
+constexpr int MaxUnclear = 3;
+constexpr qint64 UntilKickedUs = 3600000000;
 constexpr qint64 MinimumSilenceUs = 2000;
 constexpr int FewBytes = 3;     // fewer are not worth a rest, which costs two wake-ups itself
 constexpr int LongestRest = 3;  // ticks
@@ -31,10 +34,14 @@ QString longTimeWithoutZone(const QLocale& locale, const QTime& time) {
 }  // namespace
 
 RequestScheduler::RequestScheduler(const LinkBench& bench, int brandVariant)
-    : BrandVariant(brandVariant),
+    : Console(bench.wallClock),
       TxTimer(bench.clock, TickKind::Stepping, StepInterval, [this] { TxTimerTimer(); }),
       RxTimer(bench.clock, TickKind::Waiting, StepInterval, [this] { RxTimerTimer(); }),
-      m_bench(bench) {
+      m_bench(bench),
+      m_brandVariant(brandVariant),
+      m_trust(bench.clock, [this] {
+          if (m_sendDeferred) TxTimer.kick();
+      }) {
     installTaskTable(*this);
     port().OnTriggerAvail = [this](int count) { ApdComPort1TriggerAvail(count); };
     port().onLost = [this](const QString& reason) { ShowHistoryMsg(reason); };
@@ -45,15 +52,7 @@ RequestScheduler::~RequestScheduler() {
     port().onLost = nullptr;
 }
 
-void RequestScheduler::push(quint8 task, const QString& command) {
-    TaskQueue.push_back(task);
-    CommandQueue.push_back(command);
-}
-
-void RequestScheduler::emptyQueues() {
-    TaskQueue.clear();
-    CommandQueue.clear();
-}
+void RequestScheduler::onReply(quint8 task, TaskHandler handler) { m_handlers.at(task) = std::move(handler); }
 
 QString RequestScheduler::dateTimeText() const {
     const QLocale locale = QLocale::system();
@@ -67,76 +66,134 @@ void RequestScheduler::ShowHistoryMsg(const QString& text) {
 }
 
 void RequestScheduler::notifyChanged() {
-    ShownRecords shown{Labels, Lamp, Keypad, Trend, Notice, AutoTuning, PIDControl};
+    ShownRecords shown{Labels, Lamp, Notice};
     if (shown == m_lastShown) return;
     m_lastShown = std::move(shown);
     Q_EMIT changed();
 }
 
+// ---- Requests ----
+
+void RequestScheduler::start() {
+    if (RxTimer.Enabled() || m_ending) {
+        m_startWanted = true;
+    } else {
+        TxTimer.setEnabled(true);
+    }
+}
+
+void RequestScheduler::request(quint8 task, const QString& command) {
+    push(task, command);
+    start();
+}
+
+void RequestScheduler::pushCommand(quint8 task, const QString& command) {
+    if (task != StopTask) return request(task, command);
+    pushStop(command);
+    start();
+    if (m_ending) return;
+    if (RxTimer.Enabled()) {
+        if (m_trust.inDoubt() && m_trust.answer(mode(), CommandQueue.front())) RxTimer.kick();
+        return;
+    }
+    // The exchange in hand is about to be resent. Where that has to wait for silence, STOP does not.
+    if (stopWaits() && m_trust.silenceOwed()) promoteStop();
+    TxTimer.kick();
+}
+
+// ---- Lifecycle ----
+
 void RequestScheduler::clearReception() {
+    RxTickCount = 0;
+    TimeoutCount = 0;
     Rx.RxLogText.clear();
     Rx.RxData.clear();
 }
 
+// The answer to a cut-off request may come until its wait would have ended.
+void RequestScheduler::abandonExchange() {
+    if (!RxTimer.Enabled()) return;
+    const quint32 left = ReplyTimeoutTicks > RxTickCount ? ReplyTimeoutTicks - RxTickCount : 0;
+    const auto wire = static_cast<quint32>(m_wireTimeUs / (qint64(TickLength) * 1000) + 1);
+    m_trust.lostTrack();
+    m_trust.oweSilence(wire + left + BaudTimeoutTicks);
+    if (inHand()) dropFront();
+}
+
+void RequestScheduler::rest() {
+    abandonExchange();
+    TxTimer.setEnabled(false);
+    RxTimer.setEnabled(false);
+    m_sendDeferred = m_startWanted = false;
+    endHoldBack();
+}
+
+void RequestScheduler::setLamp(LampState state) {
+    switch (state) {
+        case LampState::OffLine: Lamp = {}; break;
+        case LampState::Silent:
+            Lamp.ComStatusAbLED = QStringLiteral("Off Line");
+            Lamp.green = false;
+            break;
+        case LampState::OnLine: Lamp = lampOnLine(mode(), port().settings()); break;
+        case LampState::KeypadAsSource: Lamp.ComStatusAbLED = QStringLiteral("On Line"); break;
+    }
+    if (!Lamp.onLine()) stepIndicator(0);
+    notifyChanged();
+}
+
 void RequestScheduler::Initial() {
+    rest();
     ActiveFunction = OwnerMain;
-    Keypad.KeypadStartMode = 0;
     DriveStatus.KeypadDataDue = 1;
     Labels = {};
-    emptyQueues();
-    if (BrandVariant == 2) {
+    clearQueues();
+    if (m_brandVariant == 2) {
         for (const int task : {50, 51, 52}) push(static_cast<quint8>(task));
     } else {
         push(0, QStringLiteral("FF0321100003"));
         push(21);
     }
-    Trend.KeypadTransparentButton = false;
     DriveStatus.GroupIndex = DriveStatus.FaultCode = DriveStatus.ExceptionPending = DriveStatus.DriveReady =
         0;
     DriveStatus.FaultTextValid = DriveStatus.ExceptionTextDone = 0;
     ParamRead.ReadDone = ParamRead.WriteDone = 0;
-    TxTimer.setEnabled(false);
-    RxTimer.setEnabled(false);
-    endRest();
     port().close();
-    Keypad.OnLineTransparentButton = true;
-    Keypad.InitialVrLabel = Keypad.keys = Keypad.editing = Keypad.ledsLit = Keypad.GetDataTimer = false;
-    Keypad.pageIndex = 3;
-    Lamp = {};
-    ComStatusVrIndicator = 0;
-    Q_EMIT indicatorStepped(0);
-    RxTickCount = 0;
-    InitFailCount = TimeoutCount = 0;
-    Rx.RxGotCR = Rx.RxFrameDone = 0;
+    m_trust.forgetPace();
     clearReception();
-    AutoTuning = PIDControl = false;
-    Trend.StatusTabSheet = false;
-    Notice.TInitialForm = false;
+    InitFailCount = 0;
+    Rx.RxGotCR = Rx.RxFrameDone = 0;
+    m_silentSince = false;
+    Notice.TInitialForm = Notice.TCEmessageForm = false;
     DriveIdentified = 1;
+    setLamp(LampState::OffLine);
     Q_EMIT initialRun();
     notifyChanged();
 }
 
+void RequestScheduler::InitialUnder(quint8 owner) {
+    Initial();
+    ActiveFunction = owner;
+}
+
 void RequestScheduler::prelude() {
-    TxTimer.setEnabled(false);
-    RxTimer.setEnabled(false);
-    endRest();
-    RxTickCount = 0;
-    TimeoutCount = 0;
+    rest();
     clearReception();
-    Keypad.GetDataTimer = false;
     emptyQueues();
+    Notice.TCEmessageForm = false;
+    Q_EMIT preludeRun();
     notifyChanged();
+    if (stopIsNext()) start();
 }
 
 void RequestScheduler::tail() {
     ActiveFunction = OwnerMain;
+    Notice.TCEmessageForm = false;
     if (Lamp.onLine()) {
-        RxTickCount = 0;
-        TimeoutCount = 0;
+        rest();
         clearReception();
-        TxTimer.setEnabled(true);
-        Keypad.GetDataTimer = true;
+        start();
+        Q_EMIT tailRun();
     }
     notifyChanged();
 }
@@ -145,73 +202,68 @@ void RequestScheduler::tail() {
 
 void RequestScheduler::TxTimerTimer() {
     TxTimer.setEnabled(false);
-    stepIndicatorForSend();
+    if (sendMustWait()) return;
+    stepIndicator(m_indicator >= 100 ? 0 : m_indicator + 10);
     pushPollIfIdle();
-    const QString generated = generatedCommand(TaskQueue.front(), DriveStatus);
-    if (!generated.isEmpty()) CommandQueue.push_back(generated);
-    // Kept: a resent generated task pushes its command again and sends the old front.
-    const bool sent = !CommandQueue.empty() && SendUsart(QString(CommandQueue.front()));
-    if (!sent && !inConsole()) emptyQueues();
-    // Kept: the console logs and counts what went out; a failed send shows as its time-out alone.
-    if (sent && inConsole()) logConsoleSend();
+    m_sentAgain = inHand();
+    // Ahead of an answer that is still on its way, its own may come as late.
+    if (m_trust.silenceOwed()) ReplyTimeoutTicks = LongestWait;
+    const QString command = takeUp(generatedCommand(TaskQueue.front(), DriveStatus));
+    const bool sent = !command.isEmpty() && SendUsart(command);
+    // A STOP that the port did not take stays and is tried again.
+    if (!sent && !inConsole() && TaskQueue.front() != StopTask) emptyQueues();
     prepareToReceive();
-    if (inConsole() && (Console.Monitor || Console.Flasher)) return;
+    if (inConsole() && Console.listens()) return;
     armFirstWait();
 }
 
-void RequestScheduler::stepIndicatorForSend() {
-    int& position = ComStatusVrIndicator;
-    position = position >= 100 ? 0 : position + 10;
+// Behind a fault nothing is sent until the line has been silent, but for a person's STOP.
+bool RequestScheduler::sendMustWait() {
+    m_sendDeferred = m_trust.silenceOwed() && !stopIsNext();
+    if (m_sendDeferred) TxTimer.enableFor(UntilKickedUs);
+    return m_sendDeferred;
+}
+
+void RequestScheduler::stepIndicator(int position) {
+    m_indicator = position;
     Q_EMIT indicatorStepped(position);
 }
 
 void RequestScheduler::pushPollIfIdle() {
     if (!TaskQueue.empty()) return;
     CommandQueue.clear();
-    push(BrandVariant == 2 ? quint8(53) : quint8(4));
-}
-
-FrameCheck RequestScheduler::frameCheck() const {
-    if (!inConsole()) return FrameCheck::Standard;
-    if (!Console.AddChksumCheckBox || Console.Flasher) return FrameCheck::None;
-    return Console.Orlan ? FrameCheck::Standard : FrameCheck::Fletcher;
+    push(m_brandVariant == 2 ? quint8(53) : quint8(4));
 }
 
 bool RequestScheduler::SendUsart(const QString& command) {
     m_wireTimeUs = 0;
+    m_sentWire.clear();
     if (!port().Open() && !port().open()) return false;
     port().dropInput();  // what came after the end of an exchange belongs to nobody
-    const TxFrame frame = buildFrame(mode(), command, frameCheck());
+    const TxFrame frame =
+        buildFrame(mode(), command, inConsole() ? Console.frameCheck() : FrameCheck::Standard);
+    m_sentWire = frame.wire;
     TxFrameText = frame.TxFrameText;
     m_wireTimeUs = port().settings().wireTimeUs(frame.wire.size());
-    return mode() == LinkMode::Rtu ? port().PutBlock(frame.wire) : port().PutString(frame.wire);
-}
-
-void RequestScheduler::logConsoleSend() {
-    const QDateTime now = m_bench.wallClock.now();
-    SendTime = {now.time().hour(), now.time().minute(), now.time().second(), now.time().msec() / 10};
-    ConsoleLog.topLine = QLatin1Char('[') % QLocale::system().toString(now.date(), QLocale::ShortFormat) %
-                         QString::asprintf(" %02d:%02d:%02d:%02d] ", SendTime.hour, SendTime.minute,
-                                           SendTime.second, SendTime.hundredth) %
-                         QStringLiteral("Send > ") % TxFrameText % QStringLiteral(" .......  ");
-    ConsoleLog.topLineColour = ConsoleBlack;
-    ++ConsoleLog.totalRecords;
-    if (Console.Flasher) ConsoleLog.FmonitorMemo += TxFrameText;
-    Q_EMIT consoleLineStarted();
+    const bool sent = mode() == LinkMode::Rtu ? port().PutBlock(frame.wire) : port().PutString(frame.wire);
+    // Kept: the console logs and counts what went out; a failed send shows as its time-out alone.
+    if (sent && inConsole()) Console.sent(TxFrameText);
+    return sent;
 }
 
 void RequestScheduler::prepareToReceive() {
     RxTickCount = 0;
-    FirstWaitOver = 0;
+    Console.FirstWaitOver = 0;
     m_wholeReply = false;
-    endRest();
+    endHoldBack();
     Rx.prepare(mode());
+    m_trust.sent(m_wireTimeUs, m_sentAgain);
 }
 
 // Nothing is counted while the request is still on the wire. In RTU it ends with its silence: without that, a
 // short reply that an adapter's buffer holds back at 1200 baud comes after the wait.
 void RequestScheduler::armFirstWait() {
-    if (inConsole()) return RxTimer.enableFor(m_wireTimeUs + ConsoleLeadUs + ConsoleTickUs);
+    if (inConsole()) return RxTimer.enableFor(Console.firstTickUs(m_wireTimeUs));
     const qint64 silence = mode() == LinkMode::Rtu ? port().settings().silenceUs() : 0;
     RxTimer.enableFor(m_wireTimeUs + silence + qint64(TickLength) * 1000);
 }
@@ -227,20 +279,18 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
         if (byte) burst += *byte;
     }
     if (readError) operatorAsked().tell(QStringLiteral("I got you (com)!!"), Cofirm);
-    if (burst.isEmpty()) return;
-    if (inConsole() && Console.Monitor) {
-        Q_EMIT listenerBurst(burst);
-        return;
-    }
+    if (burst.isEmpty() || (inConsole() && Console.takeBurst(burst))) return;
     Rx.takeBurst(mode(), burst);
+    m_trust.heard(mode(), burst);
     RxTickCount = 0;
     if (!RxTimer.Enabled()) return;
-    m_wholeReply = mode() == LinkMode::Rtu && !inConsole() && !CommandQueue.empty() &&
+    const bool mayEndEarly = !inConsole() && !m_trust.inDoubt();
+    m_wholeReply = mayEndEarly && mode() == LinkMode::Rtu && !CommandQueue.empty() &&
                    isWholeRtuReply(CommandQueue.front(), Rx);
     if (m_wholeReply) {
         const PortSettings& line = port().settings();
         RxTimer.tickIn(rtuSilenceUs(line.silenceUs(), line.Baud, MinimumSilenceUs));
-    } else if (Rx.RxFrameDone && mode() == LinkMode::Ascii && !inConsole()) {
+    } else if ((mayEndEarly && Rx.RxFrameDone && mode() == LinkMode::Ascii) || echoIsHeard()) {
         RxTimer.kick();
     } else if (!restUntilNearlyWhole()) {
         goOnWaiting();
@@ -253,28 +303,43 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
 // that breaks off is noticed hardly later. The rest is no tick.
 bool RequestScheduler::restUntilNearlyWhole() {
     if (inConsole() || CommandQueue.empty()) return false;
-    const int told = replyLength(mode(), CommandQueue.front(), Rx);
-    const int length = told > 0 || mode() == LinkMode::Rtu ? told : ShortestAsciiReply;
-    const int missing = length - Rx.RxByteCount;
+    const int missing = knownLength() - Rx.RxByteCount;
     if (missing < FewBytes || !port().holdBack(true)) return false;
     m_resting = true;
     RxTimer.tickIn(std::min(port().settings().wireTimeUs(missing), qint64(LongestRest) * TickLength * 1000));
     return true;
 }
 
-void RequestScheduler::endRest() {
+// What looks like the request may be just that, on a line that hears itself; its function tells no length
+// then.
+int RequestScheduler::knownLength() const {
+    const bool echo = m_sentWire.startsWith(Rx.RxData);
+    const int known = replyLength(mode(), CommandQueue.front(), Rx);
+    if (known > 0 && !echo) return known;
+    if (mode() == LinkMode::Ascii) return ShortestAsciiReply;
+    return known > 0 ? static_cast<int>(m_sentWire.size()) : 0;
+}
+
+// No other request's answer looks like the echo of a write, so in doubt it ends the wait of one that was sent
+// once.
+bool RequestScheduler::echoIsHeard() const {
+    return !inConsole() && !m_sentAgain && m_trust.inDoubt() && !CommandQueue.empty() &&
+           m_trust.heardEcho(mode(), CommandQueue.front());
+}
+
+void RequestScheduler::endHoldBack() {
     if (std::exchange(m_resting, false)) port().holdBack(false);
 }
 
 // ---- Wait step ----
 
 void RequestScheduler::goOnWaiting() {
-    RxTimer.enableFor(inConsole() ? ConsoleTickUs : qint64(TickLength) * 1000);
+    RxTimer.enableFor(inConsole() ? Console.tickUs() : qint64(TickLength) * 1000);
 }
 
 void RequestScheduler::RxTimerTimer() {
     if (m_resting) {
-        endRest();
+        endHoldBack();
         goOnWaiting();
         return;
     }
@@ -289,59 +354,93 @@ void RequestScheduler::RxTimerTimer() {
 }
 
 bool RequestScheduler::waitIsOver() {
-    if (inConsole()) return consoleWaitIsOver();
+    if (inConsole()) return Console.waitIsOver(RxTickCount, ReplyTimeoutTicks, Rx);
     // One tick of silence behind a whole reply stands for all that remain.
     if (m_wholeReply) return true;
-    return RxTickCount >= ReplyTimeoutTicks || Rx.RxFrameDone;
-}
-
-bool RequestScheduler::consoleWaitIsOver() {
-    const bool longWait = Console.TimeOut1 > ReplyTimeoutTicks;
-    if (!FirstWaitOver) {
-        const quint32 limit = longWait ? Console.TimeOut1 : ReplyTimeoutTicks;
-        if (RxTickCount < limit) return Rx.RxFrameDone && !longWait;
-        if (Rx.RxByteCount != 0) return true;
-        RxTickCount = 0;
-        FirstWaitOver = 1;
-    }
-    return RxTickCount >= Console.TimeOut2;
+    const bool doubt = m_trust.inDoubt();
+    if (Rx.RxFrameDone && !doubt) return true;
+    if (echoIsHeard()) return true;
+    if (!stopWaits()) return RxTickCount >= ReplyTimeoutTicks;
+    if (doubt && m_trust.answer(mode(), CommandQueue.front())) return true;
+    return RxTickCount >= std::min(ReplyTimeoutTicks, BaudTimeoutTicks);
 }
 
 void RequestScheduler::endCycle() {
-    if (Rx.RxByteCount == 0) {
-        inConsole() ? handleConsoleTimeout() : handleTimeout();
-    } else {
-        handleReply();
+    {
+        const QScopedValueRollback ending(m_ending, true);
+        judgeCycle();
     }
     finishByLinkAction();
     notifyChanged();
     Q_EMIT cycleEnded();
 }
 
+void RequestScheduler::judgeCycle() {
+    const bool doubt = !inConsole() && m_trust.inDoubt() && m_trust.heardAnything();
+    if (doubt && !takeTrustedAnswer() && m_trust.othersMayCome() && m_trust.heardWholeReply(mode()) &&
+        m_unclear < MaxUnclear) {
+        ++m_unclear;
+        askOnceMore();
+        return;
+    }
+    m_unclear = 0;
+    if (Rx.RxByteCount != 0) {
+        handleReply();
+    } else if (stopWaits() || stopIsNext()) {
+        yieldToStop();
+    } else {
+        handleTimeout();
+    }
+}
+
+// In doubt the one reply that fits is the answer, whatever came beside it.
+bool RequestScheduler::takeTrustedAnswer() {
+    const std::optional<QByteArray> reply =
+        CommandQueue.empty() ? std::nullopt : m_trust.answer(mode(), CommandQueue.front());
+    if (!reply) return false;
+    Rx.prepare(mode());
+    Rx.takeBurst(mode(), *reply);
+    m_trust.answered(*reply);
+    return true;
+}
+
+void RequestScheduler::askOnceMore() {
+    ShowHistoryMsg(QStringLiteral("An answer to another request came. The request is sent again."));
+    TxTimer.setInterval(StepInterval);
+    m_trust.lostTrack();
+    m_trust.oweSilence(SilenceAfterResend);
+    Notice.LinkAction = 1;
+}
+
 // ---- Time-out path ----
 
+// Not counted as a time-out: the request was not waited for as long as it may be.
+void RequestScheduler::yieldToStop() {
+    m_trust.lostTrack();
+    m_trust.oweSilence(SilenceAfterResend);
+    Notice.LinkAction = 1;
+}
+
 void RequestScheduler::handleTimeout() {
-    showErrorOnKeypad();
+    m_silentSince = true;
+    if (!inConsole()) {
+        m_trust.lostTrack();
+        m_trust.oweSilence(BaudTimeoutTicks);
+        Q_EMIT timedOut();
+    } else if (!Console.timedOut()) {
+        return;
+    }
     ++TimeoutCount;
     if (TimeoutCount <= MaxSilentRepeats) {
         announceRetry();
     } else {
-        Lamp.ComStatusAbLED = QStringLiteral("Off Line");
-        Lamp.green = false;
-        ComStatusVrIndicator = 0;
-        Q_EMIT indicatorStepped(0);
         askAfterFifthTimeout();
     }
-    ShowHistoryMsg(QStringLiteral("Communication Timeout"));
-    suspendTrend();
+    if (!inConsole()) {
+        ShowHistoryMsg(QStringLiteral("Communication Timeout"));
+        Q_EMIT timeoutTold();
+    }
     TxTimer.setInterval(PauseAfterTimeout);
-}
-
-void RequestScheduler::showErrorOnKeypad() {
-    Keypad.ErrNameVrLabel = QStringLiteral("CE 10");
-    Keypad.ErrDescriptLabel = QStringLiteral("Time Out");
-    Keypad.pageIndex = 2;
-    Keypad.GetDataTimer = false;
 }
 
 void RequestScheduler::announceRetry() {
@@ -349,50 +448,16 @@ void RequestScheduler::announceRetry() {
     Notice.CEmessageText = QStringLiteral("Can not get any response from derive. Try to communicate ...");
     Notice.CEmessageTitle = QStringLiteral("Communication TimeOut");
     Notice.LinkAction = 1;
-    ReplyTimeoutTicks = TimeoutCount == 1 ? 50 : 300;
+    ReplyTimeoutTicks = TimeoutCount == 1 ? 50 : LongestWait;
     notifyChanged();
 }
 
 void RequestScheduler::askAfterFifthTimeout() {
     Notice.TCEmessageForm = false;
-    notifyChanged();
-    const bool ignoreShown = !(ActiveFunction == OwnerParameter && Notice.TProgressForm);
+    inConsole() ? notifyChanged() : setLamp(LampState::Silent);
     Notice.LinkAction = static_cast<quint8>(
-        operatorAsked().linkFailure(QStringLiteral("Communication Timeout"), ignoreShown));
+        operatorAsked().linkFailure(QStringLiteral("Communication Timeout"), !readIsRunning()));
     TimeoutCount = 0;
-}
-
-void RequestScheduler::suspendTrend() {
-    if (!Trend.StartVrPowerButton) return;
-    Trend.GetDataTimer = false;
-    Trend.recording1 = false;
-}
-
-void RequestScheduler::completeConsoleLine(const QString& addition, quint32 colour) {
-    ConsoleLog.topLine += addition;
-    ConsoleLog.topLineColour = colour;
-    Q_EMIT consoleLineCompleted();
-}
-
-void RequestScheduler::handleConsoleTimeout() {
-    ++ConsoleLog.timeoutRecords;
-    completeConsoleLine(QStringLiteral("Receive > No response"), ConsoleRed);
-    if (Console.ListRunning) {
-        ConsoleLog.RepliedMessage = QStringLiteral("Time Out");
-        ConsoleLog.RepliedData = QString();
-        Q_EMIT consoleRowReplied();
-    }
-    if (Console.TimeOutCheckBox) {
-        Q_EMIT consoleStopWanted();
-        return;
-    }
-    if (Console.ListRunning) {
-        ConsoleLog.CanSend = 1;
-        return;
-    }
-    ++TimeoutCount;
-    TimeoutCount <= MaxSilentRepeats ? announceRetry() : askAfterFifthTimeout();
-    TxTimer.setInterval(PauseAfterTimeout);
 }
 
 // ---- Reply path ----
@@ -403,91 +468,90 @@ void RequestScheduler::handleReply() {
     notifyChanged();
     TimeoutCount = 0;
     ReplyTimeoutTicks = BaudTimeoutTicks;
-    resumeTrend();
-    if (!Lamp.green && !inConsole()) goOnLine();
-    stepIndicatorForReply();
+    if (std::exchange(m_silentSince, false)) Q_EMIT answeredAgain();
+    if (!Lamp.green && !inConsole()) {
+        setLamp(LampState::OnLine);
+        Q_EMIT wentOnLine();
+    }
+    stepIndicator(m_indicator == 90 ? 0 : std::min(m_indicator + 10, 100));  // the bar ends at 100
 
     // Fronts are copied: a box below may let other windows touch the queues.
     const QString command = CommandQueue.empty() ? QString() : CommandQueue.front();
     const quint8 task = TaskQueue.empty() ? quint8(0xFF) : TaskQueue.front();
-    const bool rules = !inConsole() || Console.CheckRuleCheckBox;
-    const JudgedReply reply = judgeReply(mode(), command, Rx, rules);
+    // In doubt a piece of a reply is damaged, even if its check happens to be good.
+    const bool pieces = !inConsole() && m_trust.inDoubt() && !m_trust.heardWholeReply(mode());
+    const JudgedReply reply =
+        pieces ? JudgedReply{} : judgeReply(mode(), command, Rx, !inConsole() || Console.rules());
     Rx.RxData = reply.RxData;
     actOn(reply, command, task);
-    if (inConsole() && reply.verdict != ReplyVerdict::Good) finishConsoleFailure(reply);
-}
-
-void RequestScheduler::stepIndicatorForReply() {
-    int& position = ComStatusVrIndicator;
-    position = position == 90 ? 0 : std::min(position + 10, 100);  // the bar ends at 100
-    Q_EMIT indicatorStepped(position);
-}
-
-void RequestScheduler::resumeTrend() {
-    if (!Trend.StartVrPowerButton || Trend.GetDataTimer) return;
-    Trend.GetDataTimer = Trend.flow1 = Trend.flow2 = Trend.recording1 = true;
-}
-
-void RequestScheduler::goOnLine() {
-    const PortSettings& line = port().settings();
-    Lamp.green = true;
-    Lamp.ComStatusAbLED = QStringLiteral("On Line");
-    Lamp.mainPanel1 = QStringLiteral("%1 %2 < %3, %4, %5 >")
-                          .arg(mode() == LinkMode::Rtu ? QStringLiteral("RTU") : QStringLiteral("ASCII"))
-                          .arg(line.Baud)
-                          .arg(line.DataBits)
-                          .arg(parityLetter(line.Parity))
-                          .arg(line.StopBits);
-    Lamp.parameterPanel1 = QStringLiteral("On - Line");
+    if (inConsole() && reply.verdict != ReplyVerdict::Good) Console.failed(reply, Rx.RxLogText);
 }
 
 void RequestScheduler::actOn(const JudgedReply& reply, const QString& command, quint8 task) {
     switch (reply.verdict) {
+        case ReplyVerdict::Good: return onGoodReply(command, reply.RxData, task);
+        case ReplyVerdict::Exception: return onException(reply.ExceptionCode, task);
         case ReplyVerdict::BadChecksum:
             if (!inConsole()) onBadChecksum();
             return;
-        case ReplyVerdict::Exception: onException(reply.ExceptionCode, task); return;
         case ReplyVerdict::LengthError:
-            if (inConsole()) return;
-            ShowHistoryMsg(QStringLiteral("Receive data length is not correct !!"));
-            countRule();
-            return;
-        case ReplyVerdict::FunctionError:
-            if (inConsole()) return;
-            ShowHistoryMsg(QStringLiteral("Function code error !! -> "));
-            countRule();
-            return;
-        case ReplyVerdict::Good: break;
+        case ReplyVerdict::FunctionError: break;
     }
+    if (inConsole()) return;
+    ShowHistoryMsg(reply.verdict == ReplyVerdict::LengthError
+                       ? QStringLiteral("Receive data length is not correct !!")
+                       : QStringLiteral("Function code error !! -> "));
+    if (task == ExceptionTextTask) onExceptionTextFailed();
+    countRule();
+}
+
+void RequestScheduler::onGoodReply(const QString& command, const QByteArray& RxData, quint8 task) {
     if (!DriveStatus.DriveReady) InitFailCount = 0;
     DriveStatus.ExceptionPending = 0;
-    if (task < taskHandlers.size() && taskHandlers[task]) taskHandlers[task](command, reply.RxData);
+    credit(task, command, RxData);
+}
+
+void RequestScheduler::credit(quint8 task, const QString& command, const QByteArray& RxData) {
+    if (task < m_handlers.size() && m_handlers[task]) m_handlers[task](command, RxData);
+    Q_EMIT answered(task, command, RxData);
 }
 
 void RequestScheduler::onBadChecksum() {
     ShowHistoryMsg(QStringLiteral("Checksum Error !! Receive Data > ") % Rx.RxLogText);
+    m_trust.lostTrack();
+    m_trust.oweSilence(BaudTimeoutTicks);
     if (DriveStatus.DriveReady) {
         // Kept: no limit on these repeats.
         Notice.LinkAction = 1;
-        Keypad.GetDataTimer = false;
+        Q_EMIT badCheck();
         return;
     }
-    const BoxAnswer answer =
-        operatorAsked().box(lang().MsgStr(3), Cofirm, BoxIcon::Stop, BoxButtons::RetryCancel);
+    const BoxAnswer answer = operatorAsked().box(lang().MsgStr(Message::ChecksumError), Cofirm, BoxIcon::Stop,
+                                                 BoxButtons::RetryCancel);
     Notice.LinkAction = answer == BoxAnswer::Retry ? 1 : 3;
-    if (answer != BoxAnswer::Retry) operatorAsked().tell(lang().MsgStr(4), QStringLiteral("Error"));
+    if (answer != BoxAnswer::Retry)
+        operatorAsked().tell(lang().MsgStr(Message::OnLineFail), QStringLiteral("Error"));
 }
 
 void RequestScheduler::onException(quint8 code, quint8 task) {
+    // A drive without text registers would be asked for the text of its own refusal for ever.
+    if (task == ExceptionTextTask && !inConsole()) {
+        onExceptionTextFailed();
+        countRule();
+        return;
+    }
     DriveStatus.ExceptionPending = 1;
     DriveStatus.ExceptionCode = code;
     if (inConsole()) return;
-    if (task == 10) DriveStatus.KeypadDataDue = 1;
-    // A drive without text registers would be asked for the text of its own refusal for ever.
-    if (task != 15)
-        push(15, QStringLiteral("FF0333") % IntToBaseStr(code, 16, 2) %
-                     (DriveStatus.DriveFamily == 0 ? QStringLiteral("000A") : QStringLiteral("0008")));
+    Q_EMIT refused(task, code);
+    push(ExceptionTextTask, exceptionTextCommand(DriveStatus.DriveFamily, code));
     countRule();
+}
+
+// Whoever waits for the text goes on without it.
+void RequestScheduler::onExceptionTextFailed() {
+    DriveStatus.ExceptionPending = 0;
+    storeExceptionText(*this, QString());
 }
 
 void RequestScheduler::countRule() {
@@ -503,35 +567,10 @@ void RequestScheduler::countRule() {
     operatorAsked().tell(QStringLiteral("Initial drive failed !!"), QStringLiteral("Error"));
 }
 
-void RequestScheduler::finishConsoleFailure(const JudgedReply& reply) {
-    ++ConsoleLog.errorRecords;
-    completeConsoleLine(QStringLiteral("Receive > ") % Rx.RxLogText, ConsolePurple);
-    if (Console.ListRunning) {
-        ConsoleLog.RepliedMessage = Rx.RxLogText;
-        switch (reply.verdict) {
-            case ReplyVerdict::BadChecksum: ConsoleLog.RepliedData = QStringLiteral("Checksum Error"); break;
-            case ReplyVerdict::Exception:
-                ConsoleLog.RepliedData = QStringLiteral("CE") % QString::number(reply.ExceptionCode);
-                break;
-            case ReplyVerdict::LengthError:
-                ConsoleLog.RepliedData = QStringLiteral("Receive data length is not correct!!");
-                break;
-            default: ConsoleLog.RepliedData = QStringLiteral("Function code error!!"); break;
-        }
-        Q_EMIT consoleRowReplied();
-    }
-    ConsoleLog.CanSend = 1;
-    if (Console.ErrorCheckBox) Q_EMIT consoleStopWanted();
-}
-
 // ---- End of the cycle ----
 
 void RequestScheduler::finishByLinkAction() {
-    if (Notice.LinkAction == 1) {
-        TxTimer.setEnabled(true);
-        Notice.LinkAction = 0;
-        return;
-    }
+    if (Notice.LinkAction == 1) return sendAgain();
     if (Notice.LinkAction == 3) {
         giveUp();
     } else {
@@ -542,6 +581,7 @@ void RequestScheduler::finishByLinkAction() {
                 Notice.LinkAction = 0;
             }
         }
+        if (m_sentAgain && !inConsole()) m_trust.oweSilence(SilenceAfterResend);
         dropFront();
         if (inConsole()) ParamRead.ReadDone = ParamRead.WriteDone = 1;
         decideWhetherToGoOn();
@@ -549,46 +589,44 @@ void RequestScheduler::finishByLinkAction() {
     if (!(Notice.TWriteCheckForm && !Notice.TProgressForm)) Notice.LinkAction = 0;
 }
 
-bool RequestScheduler::readIsRunning() const {
-    return ActiveFunction == OwnerParameter && Notice.TProgressForm;
+void RequestScheduler::sendAgain() {
+    Notice.LinkAction = 0;
+    m_startWanted = false;
+    TxTimer.setEnabled(true);
+    if (stopWaits()) promoteStop();
+    if (stopIsNext()) TxTimer.kick();
 }
 
 void RequestScheduler::stopReadIfRunning() {
     if (!readIsRunning()) return;
-    if (stopParameterRead) stopParameterRead();
+    Q_EMIT parameterReadStopped();
     Notice.TProgressForm = false;
     notifyChanged();
-    operatorAsked().tell(lang().MsgStr(4), QStringLiteral("Error"));
-    Q_EMIT focusWanted(OwnerParameter);
+    operatorAsked().tell(lang().MsgStr(Message::OnLineFail), QStringLiteral("Error"));
+    Q_EMIT focusWanted(ActiveFunction);
 }
 
 void RequestScheduler::giveUp() {
-    emptyQueues();
+    clearQueues();
     if (readIsRunning()) {
         stopReadIfRunning();
     } else if (inConsole()) {
-        Q_EMIT consoleStopWanted();
+        Q_EMIT Console.stopWanted();
     } else {
         Initial();
     }
     if (Notice.TWriteCheckForm) DriveStatus.ExceptionTextDone = 1;
 }
 
-void RequestScheduler::dropFront() {
-    if (!TaskQueue.empty()) TaskQueue.pop_front();
-    if (!CommandQueue.empty()) CommandQueue.pop_front();
-}
-
 void RequestScheduler::decideWhetherToGoOn() {
     const bool exceptionPending = DriveStatus.ExceptionPending == 1;
-    if (!ownedByWindow() && DriveIdentified) {
-        TxTimer.setEnabled(true);
-    } else if ((!DriveStatus.DriveReady || exceptionPending) && ActiveFunction != OwnerAdvance &&
-               ActiveFunction != OwnerPid && !Notice.TWriteCheckForm && DriveIdentified) {
-        TxTimer.setEnabled(true);
-    }
+    const bool runsOutsideThePoll = (!DriveStatus.DriveReady || exceptionPending) &&
+                                    owner().goesOnForIdentification && !Notice.TWriteCheckForm;
+    if (DriveIdentified && (owner().polls || runsOutsideThePoll)) TxTimer.setEnabled(true);
     if (exceptionPending && Notice.TWriteCheckForm) TxTimer.setEnabled(true);
-    if (ActiveFunction == OwnerAutoTuning || ActiveFunction == OwnerPid) emptyQueues();
+    if (owner().emptiesQueues) emptyQueues();
+    if (std::exchange(m_startWanted, false) && !TaskQueue.empty()) TxTimer.setEnabled(true);
+    if (stopIsNext()) TxTimer.setEnabled(true);
 }
 
 }  // namespace kelvane

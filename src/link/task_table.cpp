@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "link/fault_names.h"
 #include "link/number_text.h"
 #include "link/request_scheduler.h"
 
@@ -12,7 +11,6 @@ namespace kelvane {
 namespace {
 
 constexpr quint8 Hazel = static_cast<quint8>(Family::Hazel);
-constexpr quint8 Aspen = static_cast<quint8>(Family::Aspen);
 constexpr quint8 Keypad = static_cast<quint8>(Family::Keypad);
 
 // Generated commands by family index. "G" stands for the group name read, empty for no entry.
@@ -78,19 +76,16 @@ void decodeStatus(RequestScheduler& link, const QByteArray& RxData) {
     status.JogActive = (status.StatusWords[1] >> 2) & 1;
     status.ReservedEnabled = (status.StatusWords[1] >> 5) & 1;
     status.DriveReady = 1;
-    if (link.ActiveFunction == OwnerMain) link.Notice.TInitialForm = false;
-    link.Trend.KeypadTransparentButton = true;
-    const bool keypadRests = link.ActiveFunction == OwnerParameter ||
-                             link.ActiveFunction == OwnerAutoTuning || link.ActiveFunction == OwnerPid;
-    if (!keypadRests && status.KeypadDataDue) link.Keypad.GetDataTimer = true;
-    if (link.Keypad.KeypadPage == 2) link.push(7, ratedWordsCommand(status.DriveFamily));
+    if (link.owner().endsWaitNotice) link.Notice.TInitialForm = false;
     Q_EMIT link.statusDecoded();
 }
 
 // ---- Group counts ----
 
 void storeGroupParamCount(RequestScheduler& link, const QByteArray& RxData) {
-    setAt(link.DriveStatus.GroupParamCount, link.DriveStatus.GroupIndex, wordAt(RxData, 4));
+    // An address has one byte for the number.
+    setAt(link.DriveStatus.GroupParamCount, link.DriveStatus.GroupIndex,
+          std::min<int>(wordAt(RxData, 4), 0xFF));
 }
 
 // True while another group follows, whose read is then pushed.
@@ -101,21 +96,11 @@ bool pushNextGroup(RequestScheduler& link, quint8 task) {
     return true;
 }
 
-void showKeypad(RequestScheduler& link) {
-    link.Keypad.keys = true;
-    const int page = link.Keypad.KeypadStartMode - 1;
-    link.Keypad.KeypadPage = static_cast<qint8>(page < 0 || page > 3 ? 4 : page);
-    link.Keypad.stepPage();
-    if (link.Keypad.KeypadPage == 2) link.push(7, ratedWordsCommand(link.DriveStatus.DriveFamily));
-    link.Keypad.pageIndex = 0;
-    Q_EMIT link.keypadModeClick();
-}
-
 void onGroupCount(RequestScheduler& link, const QByteArray& RxData) {
     storeGroupParamCount(link, RxData);
     if (pushNextGroup(link, 11)) return;
     link.push(9, maxFreqCommand(link.DriveStatus.DriveFamily));
-    showKeypad(link);
+    Q_EMIT link.identificationEnded();
 }
 
 void onKeypadGroupCount(RequestScheduler& link, const QByteArray& RxData) {
@@ -146,60 +131,27 @@ void onParameterRead(RequestScheduler& link, const QString& command, const QByte
     read.ReadUnit.clear();
     const int group = BaseStrToInt(command.mid(4, 2), 16);
     const int number = BaseStrToInt(command.mid(6, 2), 16);
-    read.ReadName = link.fixedParaName ? link.fixedParaName(group, number) : QString();
+    read.ReadName = link.ParamRead.fixedParaName ? link.ParamRead.fixedParaName(group, number) : QString();
 }
 
 void onGeneralRead(RequestScheduler& link, const QByteArray& RxData) {
     const int bytes = byteAt(RxData, 3);
-    link.ReadDataText = RxData.mid(3, bytes);
-    for (int i = 0; i < bytes / 2; ++i) setAt(link.ReadWords, i, wordAt(RxData, 4 + 2 * i));
-    if (link.ActiveFunction == OwnerAdvance)
-        link.completeConsoleLine(QStringLiteral("Receive > ") % link.Rx.RxLogText,
-                                 link.ConsoleLog.topLineColour);
+    link.ParamRead.ReadDataText = RxData.mid(3, bytes);
+    for (int i = 0; i < bytes / 2; ++i) setAt(link.ParamRead.ReadWords, i, wordAt(RxData, 4 + 2 * i));
+    if (link.owner().console) link.Console.completeReply(link.Rx.RxLogText);
     link.ParamRead.ReadDone = 1;
 }
 
 void onWritten(RequestScheduler& link) {
-    if (link.ActiveFunction == OwnerAdvance)
-        link.completeConsoleLine(QStringLiteral("Receive > ") % link.Rx.RxLogText,
-                                 link.ConsoleLog.topLineColour);
+    if (link.owner().console) link.Console.completeReply(link.Rx.RxLogText);
     link.ParamRead.WriteDone = 1;
 }
 
-// ---- Faults and refusals ----
-
-void onFaultText(RequestScheduler& link, const QByteArray& RxData) {
-    DriveStatusRecord& status = link.DriveStatus;
-    status.FaultTextValid = 1;
-    status.ExceptionText = dataText(RxData, 1, 16);
-    status.FaultName = dataText(RxData, 17, 4);
-    const QString name = status.DriveFamily == Aspen ? FaultNamesAspen(status.FaultCode) : status.FaultName;
-    link.ShowHistoryMsg(name % QStringLiteral(" : ") % status.ExceptionText);
-}
-
-void onExceptionText(RequestScheduler& link, const QByteArray& RxData) {
-    DriveStatusRecord& status = link.DriveStatus;
-    status.ExceptionText = dataText(RxData, 1, 16);
-    link.ShowHistoryMsg(QStringLiteral("CE ") % QString::number(status.ExceptionCode) %
-                        QStringLiteral(" : ") % status.ExceptionText);
-    status.ExceptionTextDone = 1;
-    if (link.ActiveFunction == OwnerQuickSetup) link.ParamRead.WriteDone = 1;
-}
-
-void storeRatedWords(RequestScheduler& link, const QByteArray& RxData) {
-    DriveStatusRecord& status = link.DriveStatus;
-    status.RatedWords[0] = wordAt(RxData, 4);
-    status.RatedWords[1] = wordAt(RxData, 6);
-    if (status.DriveFamily != Hazel) status.RatedWords[2] = wordAt(RxData, 8);
-}
-
-// Digit of the direction command line: the status still shows the direction before the change.
-int directionDigit(const DriveStatusRecord& status) { return status.StatusWords[1] & 8 ? 50 : 40; }
+// ---- Console ----
 
 void onConsoleReply(RequestScheduler& link, const QString& command, const QByteArray& RxData) {
-    link.completeConsoleLine(QStringLiteral("Receive > ") % link.Rx.RxLogText, link.ConsoleLog.topLineColour);
-    link.ConsoleLog.CanSend = 1;
-    Q_EMIT link.consoleGoodReply(command, RxData);
+    link.Console.completeReply(link.Rx.RxLogText);
+    link.Console.goodReply(command, RxData);
 }
 
 }  // namespace
@@ -221,6 +173,20 @@ QString generatedCommand(quint8 task, const DriveStatusRecord& DriveStatus) {
     }
 }
 
+QString exceptionTextCommand(quint8 DriveFamily, quint8 code) {
+    return QStringLiteral("FF0333") % IntToBaseStr(code, 16, 2) %
+           (DriveFamily == 0 ? QStringLiteral("000A") : QStringLiteral("0008"));
+}
+
+void storeExceptionText(RequestScheduler& link, const QString& text) {
+    DriveStatusRecord& status = link.DriveStatus;
+    status.ExceptionText = text;
+    link.ShowHistoryMsg(QStringLiteral("CE ") % QString::number(status.ExceptionCode) %
+                        QStringLiteral(" : ") % text);
+    status.ExceptionTextDone = 1;
+    if (link.owner().refusalMarksWritten) link.ParamRead.WriteDone = 1;
+}
+
 QString ratedWordsCommand(quint8 DriveFamily) {
     return DriveFamily == Hazel ? QStringLiteral("FF03210B0002") : QStringLiteral("FF0321160003");
 }
@@ -230,33 +196,25 @@ QString maxFreqCommand(quint8 DriveFamily) {
 }
 
 void installTaskTable(RequestScheduler& link) {
-    auto& on = link.taskHandlers;
     using Text = const QString&;
     using Bytes = const QByteArray&;
-    on[2] = on[6] = [&link](Text, Bytes) { link.Trend.AbTrend2Digit[0] = 10; };
-    on[3] = [&link](Text, Bytes) { link.Trend.AbTrend2Digit[0] = 0; };
-    on[4] = [&link](Text, Bytes data) { decodeStatus(link, data); };
-    on[5] = [&link](Text, Bytes) { link.Trend.AbTrend2Digit[2] = directionDigit(link.DriveStatus); };
-    on[7] = [&link](Text, Bytes data) { storeRatedWords(link, data); };
-    on[9] = [&link](Text, Bytes data) { link.DriveStatus.MaxFreqWord = wordAt(data, 4); };
-    on[10] = [&link](Text, Bytes) { link.DriveStatus.KeypadDataDue = 1; };
-    on[11] = [&link](Text, Bytes data) { onGroupCount(link, data); };
-    on[12] = [&link](Text command, Bytes data) { onParameterRead(link, command, data); };
-    on[13] = [&link](Text, Bytes) { onWritten(link); };
-    on[14] = [&link](Text, Bytes data) { onFaultText(link, data); };
-    on[15] = [&link](Text, Bytes data) { onExceptionText(link, data); };
-    on[17] = [&link](Text, Bytes data) { link.DriveStatus.StatusWords[1] = wordAt(data, 4); };
-    on[18] = [&link](Text, Bytes data) {
+    link.onReply(4, [&link](Text, Bytes data) { decodeStatus(link, data); });
+    link.onReply(11, [&link](Text, Bytes data) { onGroupCount(link, data); });
+    link.onReply(12, [&link](Text command, Bytes data) { onParameterRead(link, command, data); });
+    link.onReply(13, [&link](Text, Bytes) { onWritten(link); });
+    link.onReply(15, [&link](Text, Bytes data) { storeExceptionText(link, dataText(data, 1, 16)); });
+    link.onReply(17, [&link](Text, Bytes data) { link.DriveStatus.StatusWords[1] = wordAt(data, 4); });
+    link.onReply(18, [&link](Text, Bytes data) {
         link.ParamRead.ReadField[0] = wordAt(data, 4);
         link.ParamRead.ReadDone = 1;
-    };
-    on[19] = [&link](Text command, Bytes data) { onConsoleReply(link, command, data); };
-    on[20] = [&link](Text, Bytes data) { onGeneralRead(link, data); };
-    on[80] = [&link](Text, Bytes data) {
+    });
+    link.onReply(19, [&link](Text command, Bytes data) { onConsoleReply(link, command, data); });
+    link.onReply(20, [&link](Text, Bytes data) { onGeneralRead(link, data); });
+    link.onReply(80, [&link](Text, Bytes data) {
         link.DriveStatus.GroupCount = byteAt(data, 5);
         link.DriveStatus.GroupIndex = 0;
-    };
-    on[81] = [&link](Text, Bytes data) { onKeypadGroupCount(link, data); };
+    });
+    link.onReply(81, [&link](Text, Bytes data) { onKeypadGroupCount(link, data); });
 }
 
 }  // namespace kelvane

@@ -1,6 +1,7 @@
 #include "parameters/parameter_session.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace kelvane {
 
@@ -34,6 +35,10 @@ ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, con
 }
 
 void ParameterSession::connectGrids() {
+    for (StringGrid* grid :
+         {&DriveAdvStringGrid, &SubDriveAdvStringGrid, &FileAdvStringGrid, &SubFileAdvStringGrid})
+        grid->boxRests = [grid](int row) { return !isWritable(*grid, row); };
+    driveHistory.changed = fileHistory.changed = [this] { Q_EMIT historyChanged(); };
     DriveAdvStringGrid.cellColours = [this](int column, int row) {
         return ProcessAdvStringGridGetCellColor(DriveAdvStringGrid, driveTable.identity.family, column, row);
     };
@@ -68,8 +73,26 @@ void ParameterSession::connectEngines() {
         driveHistory.closed();
         driveSub.leave();
         m_tableOfDriveOnLine = true;
+        Q_EMIT told({});
     });
-    connect(&reader, &ParameterReader::ended, this, [this] { driveHistory.tableRead(); });
+    connect(&reader, &ParameterReader::ended, this, [this](bool complete) {
+        driveHistory.tableRead();
+        const ProgressDialog& done = progress;
+        Q_EMIT told(complete ? QStringLiteral("%1 parameters read.").arg(done.count)
+                             : QStringLiteral("Reading stopped: %1 of %2 parameters read.")
+                                   .arg(done.count)
+                                   .arg(done.total));
+    });
+    connect(&writer, &ParameterWriter::runEnded, this, [this](int written, int refused) {
+        Q_EMIT told(QStringLiteral("%1 written, %2 refused.").arg(written).arg(refused));
+    });
+    connect(&saver, &TableSaver::saved, this, [this](const QString& path) {
+        Q_EMIT told(QStringLiteral("Saved %1.").arg(QFileInfo(path).fileName()));
+    });
+    connect(&loader, &TableLoader::loaded, this, [this](const QString& path) {
+        Q_EMIT told(QStringLiteral("Loaded %1.").arg(QFileInfo(path).fileName()));
+    });
+    connect(&loader, &TableLoader::notLoaded, this, [this] { Q_EMIT told({}); });
     connect(&writer, &ParameterWriter::writesBegin, this, &ParameterSession::backUp);
     connect(&writer, &ParameterWriter::rowReadBack, this, [this](int row) {
         if (m_driveRows && m_tableOfDriveOnLine)
@@ -199,8 +222,9 @@ void ParameterSession::CloseTab(const std::function<void()>& then) {
         if (then) then();
     };
     if (tab == ParameterTab::Compare) return goOn();
-    const BoxAnswer answer = bench.link.operatorAsked().box(bench.link.lang().MsgStr(17), Cofirm,
-                                                            BoxIcon::Question, BoxButtons::YesNoOrLeave);
+    const BoxAnswer answer =
+        bench.link.operatorAsked().box(bench.link.lang().MsgStr(Message::SaveBeforeClose), Cofirm,
+                                       BoxIcon::Question, BoxButtons::YesNoOrLeave);
     if (answer == BoxAnswer::No) return goOn();
     if (answer != BoxAnswer::Yes) return;
     screen.FileAbLED = tab == ParameterTab::File;
@@ -265,6 +289,7 @@ void ParameterSession::ResetParameterClick() {
 void ParameterSession::write(TableSide side, WriteMode mode, bool useDefaults) {
     const bool drive = side == TableSide::Drive;
     ParameterTable& table = drive ? driveTable : fileTable;
+    Q_EMIT told({});
     m_writeFamily = table.identity.family;
     m_driveRows.emplace(DriveAdvStringGrid);
     writer.SelectWriteSource({&table, drive ? &driveHistory : &fileHistory}, mode, useDefaults);

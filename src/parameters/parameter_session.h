@@ -98,6 +98,8 @@ class ParameterSession : public QObject {
 
    Q_SIGNALS:
     void screenChanged();                             // tabs, tree, lamp, menu items
+    void historyChanged();                            // what can be undone or redone
+    void told(const QString& result);                 // of the last action; empty when a new one has begun
     void writeSourceWanted(const QString& VrLabel1);  // TSelParaSourceForm
     void sourceLit(TableSide side);                   // its lamp, which stands for the tab in front
 

@@ -58,7 +58,7 @@ const char* brandTitle(int BrandVariant) {
 
 TMainForm::TMainForm(Tool& tool, QWidget* parent) : QMainWindow(parent), m_tool(tool) {
     setObjectName(QStringLiteral("TMainForm"));
-    setWindowTitle(QString::fromLatin1(brandTitle(tool.link.BrandVariant)));
+    setWindowTitle(QString::fromLatin1(brandTitle(tool.link.BrandVariant())));
     setWindowIcon(applicationIcon());
     buildMenus();
     buildCentre();
@@ -347,7 +347,7 @@ void TMainForm::showPicture() {
 void TMainForm::enableWindows() {
     for (const WindowRow* row : windowEntries()) {
         const WindowEntry& entry = row->entry;
-        const bool on = row->built() && (!entry.offered || m_tool.link.*entry.offered);
+        const bool on = row->built() && (!entry.offered || m_tool.link.Labels.*entry.offered);
         findChild<QAction*>(QLatin1String(entry.menuItem))->setEnabled(on);
         if (entry.button) findChild<QWidget*>(QLatin1String(entry.button))->setEnabled(on);
     }

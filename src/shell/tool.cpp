@@ -161,14 +161,11 @@ void Tool::OpenTransparentButtonClick() {
 }
 
 void Tool::FormClose() {
-    link.Keypad.GetDataTimer = false;
     SaveProject();
     comSetup.FormClose();
-    link.TxTimer.setEnabled(false);
-    link.RxTimer.setEnabled(false);
+    link.rest();
     linkPort.close();
-    link.Lamp = {};
-    link.ComStatusVrIndicator = 0;
+    link.setLamp(LampState::OffLine);
     // With the timers off nobody else would close these, and the program would stay for them.
     link.Notice.TCEmessageForm = link.Notice.TInitialForm = false;
     link.notifyChanged();

@@ -19,11 +19,10 @@ bool WindowRules::begin(const WindowRule& rule) {
     if (rule.prelude) m_link.prelude();
     if (refusedOffLine(rule)) return false;
     if (rule.ActiveFunction == OwnerKeypad) return true;
-    if (rule.stopsKeypad) m_link.Keypad.GetDataTimer = false;
+    if (rule.stopsKeypad) Q_EMIT stopKeypad();
     if (rule.closesKeypad) Q_EMIT closeKeypad();
     if (rule.marksRead) m_link.ParamRead.ReadDone = 1;
     if (rule.marksWritten) m_link.ParamRead.WriteDone = 1;
-    if (!rule.takesLine()) m_link.Trend.KeypadTransparentButton = m_link.Lamp.onLine();
     m_link.ActiveFunction = rule.ActiveFunction;
     m_link.notifyChanged();
     return true;
@@ -34,10 +33,8 @@ void WindowRules::finished(const WindowRule& rule) {
     const auto keypadAsSource = static_cast<quint8>(Family::Keypad);
     if (rule.ActiveFunction == OwnerParameter && m_link.DriveStatus.DriveFamily == keypadAsSource) {
         m_link.DriveStatus.DriveReady = 0;
-        m_link.TxTimer.setEnabled(false);
-        m_link.RxTimer.setEnabled(false);
-        m_link.Lamp.ComStatusAbLED = QStringLiteral("Off Line");
-        m_link.Lamp.green = false;
+        m_link.rest();
+        m_link.setLamp(LampState::Silent);
     }
     if (rule.takesLine()) {
         m_link.tail();
@@ -47,8 +44,8 @@ void WindowRules::finished(const WindowRule& rule) {
 }
 
 void WindowRules::giveBack(const WindowRule& rule) {
-    m_link.ActiveFunction = rule.ActiveFunction;
     if (rule.takesLine()) m_link.prelude();
+    m_link.ActiveFunction = rule.ActiveFunction;
     m_link.notifyChanged();
 }
 

@@ -46,6 +46,7 @@ class WindowRules : public QObject {
 
    Q_SIGNALS:
     void closeKeypad();
+    void stopKeypad();                     // its timer
     void focusWanted(int ActiveFunction);  // ShowFocusForm
 
    private:

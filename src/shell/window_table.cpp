@@ -18,7 +18,7 @@ Made makeConnect(Windows& w) { return std::make_unique<TConnectForm>(w.tool.comS
 Made makeCEmessage(Windows& w) { return std::make_unique<TCEmessageForm>(w.tool.link); }
 Made makeInitial(Windows& w) { return std::make_unique<TInitialForm>(w.tool.link, w.tool.bench.clock); }
 Made makeAbout(Windows& w) {
-    return std::make_unique<TAboutForm>(w.tool.link.BrandVariant, w.tool.bench.folder.path());
+    return std::make_unique<TAboutForm>(w.tool.link.BrandVariant(), w.tool.bench.folder.path());
 }
 Made makePassword(Windows& w) { return std::make_unique<TPasswordForm>(w.tool.link); }
 Made makeInput(Windows& w) { return std::make_unique<TInputForm>(w.tool.comSetup); }
@@ -102,13 +102,13 @@ const WindowRow Rows[] = {
               .closesKeypad = true, .marksRead = true, .marksWritten = true, .tail = true},
      .entry = {.place = 9, .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Auto Tuning"),
                .menu = "DiagnosticMenu", .menuItem = "AutoTuning", .icon = Icon::AutoTuning,
-               .offered = &RequestScheduler::AutoTuning}},
+               .offered = &DriveLabelsRecord::AutoTuning}},
     {.form = "TPIDForm",
      .rule = {.ActiveFunction = OwnerPid, .offLine = OffLineBox::OnLineFirst, .stopsKeypad = true,
               .closesKeypad = true, .marksRead = true, .marksWritten = true, .tail = true},
      .entry = {.place = 8, .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "PID Control"),
                .menu = "DiagnosticMenu", .menuItem = "PIDControl", .icon = Icon::Pid,
-               .offered = &RequestScheduler::PIDControl}},
+               .offered = &DriveLabelsRecord::PIDControl}},
     {.form = "TEditForm"},
     {.form = "TPasswordForm", .make = makePassword},
     {.form = "TErrHistoryForm"},

@@ -25,7 +25,7 @@ struct WindowEntry {
     const char* menuCaption = nullptr;
     Icon icon = Icon::Count_;
     Qt::Key key = Qt::Key_unknown;
-    bool RequestScheduler::*offered = nullptr;  // the families that have it switch it on; null: always
+    bool DriveLabelsRecord::*offered = nullptr;  // the families that have it switch it on; null: always
     bool visible = true;
 };
 

@@ -2,7 +2,6 @@
 
 #include <QEvent>
 #include <QFontDatabase>
-#include <QPainter>
 #include <optional>
 
 #include "ui/accessible_kit.h"
@@ -13,9 +12,10 @@ namespace kelvane {
 VrLabel::VrLabel(QWidget* parent) : VrLabel(QString(), parent) {}
 
 VrLabel::VrLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
-    setTextFormat(Qt::PlainText);
     installAccessibleKit();
-    setMargin(3);
+    setTextFormat(Qt::PlainText);
+    setMargin(2);
+    applyColours();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
@@ -54,15 +54,6 @@ QSize VrLabel::sizeHint() const {
     return {std::max(m_characters > 0 ? room + frame : own.width(), frame), std::max(own.height(), line)};
 }
 
-// Nobody can type here, so it is no field: a line says where a value stands.
-void VrLabel::paintEvent(QPaintEvent* event) {
-    QLabel::paintEvent(event);
-    if (autoFillBackground()) return;
-    QPainter painter(this);
-    painter.setPen(mix(palette().color(QPalette::WindowText), palette().color(QPalette::Window), 0.7));
-    painter.drawLine(0, height() - 1, width() - 1, height() - 1);
-}
-
 void VrLabel::changeEvent(QEvent* event) {
     QLabel::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && !m_applying) applyColours();
@@ -72,11 +63,12 @@ void VrLabel::applyColours() {
     m_applying = true;
     const auto told = [](const QColor& c) { return c.isValid() ? std::optional(c) : std::nullopt; };
     QPalette colours;
-    const bool coloured = m_color.isValid() || m_background.isValid();
-    setAutoFillBackground(coloured);
-    setBackgroundRole(coloured ? QPalette::Base : QPalette::NoRole);
-    setForegroundRole(coloured ? QPalette::Text : QPalette::NoRole);
-    if (coloured) {
+    const bool ownColours = m_color.isValid() || m_background.isValid();
+    setFrameStyle(ownColours ? QFrame::StyledPanel | QFrame::Sunken : QFrame::NoFrame);
+    setAutoFillBackground(ownColours);
+    setBackgroundRole(ownColours ? QPalette::Base : QPalette::Window);
+    setForegroundRole(ownColours ? QPalette::Text : QPalette::WindowText);
+    if (ownColours) {
         setPalette(QPalette());
         const ColourPair pair = readablePair(told(m_color), told(m_background), palette());
         colours.setColor(QPalette::Text, pair.text);

@@ -1,5 +1,5 @@
-// VrLabel, the display label that shows a value of the drive: plain text on a line (a drive's text never
-// becomes mark-up), its own colours where they are set.
+// VrLabel, the display label that shows a value of the drive: plain text only (a drive's text never becomes
+// mark-up), flat, since nobody can edit it; sunken in its own colours where they are set.
 #pragma once
 
 #include <QColor>
@@ -33,7 +33,6 @@ class VrLabel : public QLabel {
 
    protected:
     void changeEvent(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
    private:
     void applyColours();

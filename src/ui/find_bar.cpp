@@ -35,6 +35,10 @@ FindBar::FindBar(QWidget* parent)
       m_nextAction(new QAction(icon(Icon::Next), tr("Find &Next"), this)),
       m_previousAction(new QAction(icon(Icon::Previous), tr("Find &Previous"), this)) {
     build();
+    connect(m_edit, &QLineEdit::textEdited, this, [this] {
+        search();
+        if (m_current < 0 && !m_hits.empty()) step(1);
+    });
     connect(m_edit, &QLineEdit::textChanged, this, &FindBar::search);
     connect(m_close, &QToolButton::clicked, this, &FindBar::closeBar);
     connect(m_findAction, &QAction::triggered, this, &FindBar::openBar);

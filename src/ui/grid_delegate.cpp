@@ -83,17 +83,23 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const bool told = toldText || toldBackground;
     const bool selected = cell.state.testFlag(QStyle::State_Selected);
     ColourPair pair = readablePair(toldText, toldBackground, cell.palette);
+    if (toldText) pair.text = readableText(pair.text, pair.background);
     const QPalette::ColorGroup group = m_view->hasFocus() ? QPalette::Active : QPalette::Inactive;
     const QColor highlight = cell.palette.color(group, QPalette::Highlight);
     if (selected && !told) pair = {cell.palette.color(group, QPalette::HighlightedText), highlight};
     if (!m_view->isEnabled()) pair.text = mix(pair.text, pair.background, 0.45);
 
     painter->save();
+    const bool hit = m_view->isHit(index.column(), index.row() + 1);
+    if (hit && !selected && !told) pair.background = mix(pair.background, highlight, 0.25);
     painter->fillRect(cell.rect, pair.background);
     if (selected && told) drawSelectionBars(painter, cell.rect, pair, highlight);
     const QVariant check = index.data(Qt::CheckStateRole);
     if (check.isValid())
-        drawGridBox(painter, cell.rect, check.toInt() == Qt::Checked, pair.text, pair.background);
+        drawGridBox(
+            painter, cell.rect, check.toInt() == Qt::Checked,
+            index.data(StringGrid::BoxRestsRole).toBool() ? mix(pair.text, pair.background, 0.7) : pair.text,
+            pair.background);
     painter->setFont(cell.font);
     painter->setPen(pair.text);
     const QRect room = textRect(cell.rect);

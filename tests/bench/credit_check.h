@@ -10,32 +10,15 @@
 
 namespace kelvane {
 
-// Calls then with every good reply, behind what the link does with it.
-template <class Link, class Then>
-void onAnswers(Link& link, Then then) {
-    if constexpr (requires { &Link::answered; }) {
-        QObject::connect(&link, &Link::answered, then);
-    } else {
-        for (size_t task = 0; task < link.taskHandlers.size(); ++task) {
-            auto& handler = link.taskHandlers[task];
-            if (!handler) continue;
-            handler = [handler, then, task](const QString& command, const QByteArray& RxData) {
-                handler(command, RxData);
-                then(quint8(task), command, RxData);
-            };
-        }
-    }
-}
-
 struct CreditCheck {
     QStringList miscredited;    // replies that were taken for the answer of another request
     bool compareState = false;  // status registers too; not while the motor moves
 
-    template <class Link>
-    CreditCheck(Link& link, std::function<drive::PracticeDrive*()> drive) {
-        onAnswers(link, [this, drive](quint8 task, const QString& command, const QByteArray& RxData) {
-            compare(task, command, RxData, *drive());
-        });
+    CreditCheck(RequestScheduler& link, std::function<drive::PracticeDrive*()> drive) {
+        QObject::connect(&link, &RequestScheduler::answered, &link,
+                         [this, drive](quint8 task, const QString& command, const QByteArray& RxData) {
+                             compare(task, command, RxData, *drive());
+                         });
     }
     CreditCheck(const CreditCheck&) = delete;
     CreditCheck& operator=(const CreditCheck&) = delete;

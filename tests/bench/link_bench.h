@@ -32,14 +32,19 @@ struct SchedulerBench {
     // Sends the next request and gives the command that went out ("FF0321100003").
     QString send() {
         const qsizetype before = port.written.size();
-        clock.advanceUntil([&] { return port.written.size() > before; }, 1500);
+        clock.advanceUntil([&] { return port.written.size() > before; }, 3000);
         return port.written.size() > before ? commandOf(port.written.back()) : QString();
+    }
+    // The time that the request takes on the wire: what comes sooner cannot be its answer.
+    void passRequest() {
+        if (!port.written.isEmpty()) clock.advanceUs(port.line.wireTimeUs(port.written.back().size()));
     }
     // The other end answers with the frame of a command-like text, as good as it can be.
     void answer(const QString& text) {
+        passRequest();
         port.arrive(buildFrame(link.mode(), text, FrameCheck::Standard).wire);
         const int before = cycles;
-        clock.advanceUntil([&] { return cycles > before; }, 1000);
+        clock.advanceUntil([&] { return cycles > before; }, 10000);
     }
     void staySilent() {
         const int before = cycles;

@@ -98,8 +98,8 @@ TEST_P(Identification, SpeaksItsTranscriptAndKnowsTheDrive) {
         EXPECT_EQ(labels.DriveVrLabel.toStdString(), familyName(golden.family));
         EXPECT_EQ(labels.VersionVrLabel.toStdString(), golden.version);
         EXPECT_EQ(labels.HPVrLabel.toStdString(), golden.power);
-        EXPECT_EQ(session.link.AutoTuning, golden.AutoTuning);
-        EXPECT_EQ(session.link.PIDControl, golden.PIDControl);
+        EXPECT_EQ(session.link.Labels.AutoTuning, golden.AutoTuning);
+        EXPECT_EQ(session.link.Labels.PIDControl, golden.PIDControl);
         EXPECT_TRUE(session.link.Lamp.onLine());
         EXPECT_TRUE(session.person.asked.isEmpty());
         // The version is known when the windows hear of the family, Hazel's comes later; no name is read
@@ -130,7 +130,7 @@ TEST(IdentificationEnd, OsierWithTenGroupsIsAHazel) {
     EXPECT_EQ(session.link.DriveStatus.DriveFamily, quint8(Family::Hazel));
     EXPECT_EQ(lines(session.transcript()), lines(expand(goldens[3].commands)));
     EXPECT_EQ(session.link.Labels.DriveVrLabel, QStringLiteral("Hazel"));
-    EXPECT_FALSE(session.link.AutoTuning || session.link.PIDControl);
+    EXPECT_FALSE(session.link.Labels.AutoTuning || session.link.Labels.PIDControl);
 }
 
 TEST(IdentificationEnd, KeepsTheVersionOfWillowWithoutItsLastDigit) {
@@ -140,7 +140,7 @@ TEST(IdentificationEnd, KeepsTheVersionOfWillowWithoutItsLastDigit) {
         QByteArray reply = QByteArray::fromHex("FF0306060000030000");
         reply[7] = char(word >> 8);
         reply[8] = char(word & 0xFF);
-        session.link.taskHandlers[0]({}, reply);
+        session.link.credit(0, {}, reply);
         EXPECT_EQ(session.link.Labels.VersionVrLabel.toStdString(), text) << word;
     }
 }

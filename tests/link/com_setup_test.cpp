@@ -190,10 +190,11 @@ TEST_F(ComSetupAccept, AsksToGoOnLineAfterASuccess) {
         SetupBench bench;
         bench.setup.shown.SuccessAbLED = true;
         bench.expectMessage(18, "Cofirm", yes ? BoxAnswer::Yes : BoxAnswer::No);
+        bool goingOnLine = false;
+        QObject::connect(&bench.setup, &ComSetup::goingOnLine, [&] { goingOnLine = true; });
         bench.setup.OKBitBtnClick();
         EXPECT_EQ(bench.link.TxTimer.Enabled(), yes);
-        EXPECT_EQ(bench.link.Keypad.OnLineTransparentButton, !yes);
-        EXPECT_EQ(bench.link.Keypad.InitialVrLabel, yes);
+        EXPECT_EQ(goingOnLine, yes);
         EXPECT_EQ(bench.link.Console.TimeOut1, 20u) << "only raised, never lowered";
         EXPECT_TRUE(bench.closed);
         EXPECT_TRUE(bench.port.written.isEmpty());

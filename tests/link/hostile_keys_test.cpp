@@ -36,21 +36,14 @@ struct Keyboard : OnLineBench {
 
     explicit Keyboard(const LineChoice& choice) : OnLineBench(choice) {
         credits.compareState = false;
-        onAnswers(link, [this](quint8 task, const QString& command, const QByteArray&) {
-            for (const Key& key : keys)
-                if (key.task == task) answeredAs += QStringLiteral("%1 %2").arg(task).arg(command);
-        });
+        QObject::connect(&link, &RequestScheduler::answered,
+                         [this](quint8 task, const QString& command, const QByteArray&) {
+                             for (const Key& key : keys)
+                                 if (key.task == task)
+                                     answeredAs += QStringLiteral("%1 %2").arg(task).arg(command);
+                         });
     }
-    void press(const Key& key) {
-        const QString command = QString::fromLatin1(key.command);
-        const auto give = [&](auto& to) {
-            if constexpr (requires { to.pushCommand(key.task, command); })
-                to.pushCommand(key.task, command);
-            else
-                to.push(key.task, command);
-        };
-        give(link);
-    }
+    void press(const Key& key) { link.pushCommand(key.task, QString::fromLatin1(key.command)); }
     bool calm() {
         return clock.advanceUntil(
             [this, until = polls + 2] {

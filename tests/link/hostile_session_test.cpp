@@ -33,9 +33,10 @@ struct RandomSession {
         QObject::connect(&b.link, &RequestScheduler::cycleEnded, [this] {
             did(QStringLiteral("    > %1 < %2").arg(b.transcript().last(), b.link.Rx.RxLogText));
         });
-        onAnswers(b.link, [this](quint8 task, const QString& command, const QByteArray&) {
-            if (task == 10) ++answeredKeys[command];
-        });
+        QObject::connect(&b.link, &RequestScheduler::answered,
+                         [this](quint8 task, const QString& command, const QByteArray&) {
+                             if (task == 10) ++answeredKeys[command];
+                         });
         QObject::connect(&b.session.reader, &ParameterReader::ended, [this](bool complete) {
             if (complete) note("a complete table", b.wrongRows());
         });

@@ -17,6 +17,7 @@ struct OnLine : testing::Test, SchedulerBench {
     OnLine() { start(); }
     void start(quint8 ComMode = 0, quint8 DriveFamily = 4) {
         beOnLine(DriveFamily);
+        clock.advance(6000);  // no answer to anything before is on its way any more
         link.ComMode = ComMode;
         link.TxTimer.setInterval(1);
         link.TxTimer.setEnabled(true);
@@ -120,21 +121,26 @@ TEST_F(WaitStep, EndsAnAsciiReplyByItsLineEndAndAWholeRtuReplyByOneShortSilence)
         return buildFrame(link.mode(), "FF0320" + QString(64, '0'), FrameCheck::Standard).wire;
     };
     send();
+    passRequest();
     port.arrive(reply());
     clock.advance(0);
     EXPECT_EQ(cycles, 1);
 
     start(1);
     send();
+    passRequest();
     port.arrive(reply());
     clock.advanceUs(1000);
     port.arrive("x");  // a byte in the short silence takes the early end back
     clock.advance(20);
     EXPECT_EQ(cycles, 1);
-    staySilent();
+    staySilent();  // too long, and so damaged: what follows has no quick end
     send();
+    passRequest();
     port.arrive(reply());
     clock.advance(5);
+    EXPECT_EQ(cycles, 2);
+    staySilent();
     EXPECT_EQ(cycles, 3);
 }
 
@@ -144,6 +150,7 @@ TEST_F(WaitStep, LetsTheKnownRestOfAReplyGatherInAPortThatCan) {
     for (const LinkMode mode : {LinkMode::Ascii, LinkMode::Rtu}) {
         start(static_cast<quint8>(mode));
         send();
+        passRequest();
         cycles = port.bursts = 0;
         const QByteArray reply = buildFrame(mode, "FF0320" + QString(64, '0'), FrameCheck::Standard).wire;
         for (const char byte : reply) {
@@ -163,16 +170,17 @@ TEST_F(WaitStep, CountsTheSilenceOfABrokenOffReplyFromTheEndOfTheRest) {
     start(1);
     port.canHoldBack = true;
     send();
-    port.arrive(QByteArray::fromHex("FF03"));
+    passRequest();
+    port.arrive(QByteArray::fromHex("FF0320"));
     EXPECT_TRUE(port.isHeldBack);
-    clock.advanceUs(port.line.wireTimeUs(35) + 7 * TickLength * 1000 - 1);  // to the last of 37 bytes
+    clock.advanceUs(port.line.wireTimeUs(34) + 7 * TickLength * 1000 - 1);  // to the last of 37 bytes
     EXPECT_FALSE(port.isHeldBack);
     EXPECT_EQ(cycles, 0);
     clock.advanceUs(1);
     EXPECT_EQ(cycles, 1);
     // A window takes the link in the middle of a rest.
     send();
-    port.arrive(QByteArray::fromHex("FF03"));
+    port.arrive(QByteArray::fromHex("FF0320"));
     link.prelude();
     EXPECT_FALSE(port.isHeldBack);
 }
@@ -189,6 +197,8 @@ TEST_F(TimeOut, WaitsLongerEachTimeAndAsksAtTheFifth) {
     link.push(12, "FF030100000F");
     const qint64 wire = port.line.wireTimeUs(8);
     std::vector<qint64> waits;
+    int timedOut = 0;
+    QObject::connect(&link, &RequestScheduler::timedOut, [&] { ++timedOut; });
     for (int i = 0; i < 5; ++i) {
         if (i == 4) {
             person.expectLinkFailure(DeadText, true, LinkAnswer::Retry, [&] {
@@ -202,8 +212,7 @@ TEST_F(TimeOut, WaitsLongerEachTimeAndAsksAtTheFifth) {
         const qint64 sentAt = clock.nowUs();
         staySilent();
         waits.push_back((clock.nowUs() - sentAt - wire) / (TickLength * 1000));
-        EXPECT_EQ(link.Keypad.ErrNameVrLabel, "CE 10");
-        EXPECT_EQ(link.Keypad.pageIndex, 2);
+        EXPECT_EQ(timedOut, i + 1);
         EXPECT_EQ(link.TxTimer.Interval(), 1000);
         EXPECT_EQ(link.Notice.TCEmessageForm, i < 4);
     }
@@ -221,10 +230,10 @@ TEST_F(TimeOut, WaitsLongerEachTimeAndAsksAtTheFifth) {
 
 TEST_F(TimeOut, IgnoreDropsTheRequestAndAbortTakesTheLinkDown) {
     link.push(2, "FF0620000002");
-    link.push(3, "FF0620000001");
+    link.push(5, "FF0620000030");
     failFiveTimes(LinkAnswer::Ignore);
-    EXPECT_EQ(tasks(), std::vector<int>{3});
-    EXPECT_EQ(send(), "FF0620000001");
+    EXPECT_EQ(tasks(), std::vector<int>{5});
+    EXPECT_EQ(send(), "FF0620000030");
 
     start();
     link.Notice.TInitialForm = true;
@@ -240,7 +249,7 @@ TEST_F(TimeOut, AbortDuringAParameterReadClosesItsProgressAndKeepsTheLink) {
     link.Notice.TProgressForm = true;
     bool stopped = false;
     int focus = 0;
-    link.stopParameterRead = [&] { stopped = true; };
+    QObject::connect(&link, &RequestScheduler::parameterReadStopped, [&] { stopped = true; });
     QObject::connect(&link, &RequestScheduler::focusWanted, [&](int code) { focus = code; });
     link.Labels.DriveVrLabel = "Tilia";
     link.push(12, "FF030100000F");
@@ -271,17 +280,20 @@ TEST_F(TimeOut, IgnoreAndAbortReachARunningWriteList) {
 }
 
 TEST_F(TimeOut, SuspendsATrendUntilTheNextReply) {
-    TrendLinkRecord& trend = link.Trend;
-    trend.StartVrPowerButton = trend.GetDataTimer = trend.recording1 = true;
+    QStringList told;
+    QObject::connect(&link, &RequestScheduler::timeoutTold, [&] { told += "suspend"; });
+    QObject::connect(&link, &RequestScheduler::answeredAgain, [&] { told += "resume"; });
     staySilent();
-    EXPECT_FALSE(trend.GetDataTimer || trend.recording1);
     send();
     answerWords(Sixteen);
-    EXPECT_TRUE(trend.GetDataTimer && trend.recording1 && trend.flow1 && trend.flow2);
+    send();
+    answerWords(Sixteen);
+    EXPECT_EQ(told, (QStringList{"suspend", "resume"}));
 }
 
 TEST_F(Reply, TakesTheLinkOnLineBeforeTheFrameIsChecked) {
     send();
+    passRequest();
     port.arrive(":garbage\r\n");
     clock.advance(1);
     EXPECT_EQ(link.Lamp.ComStatusAbLED, "On Line");
@@ -292,25 +304,34 @@ TEST_F(Reply, TakesTheLinkOnLineBeforeTheFrameIsChecked) {
 }
 
 TEST_F(Reply, StepsTheBarByARuleOfItsOwn) {
-    const int rows[][3] = {
-        {70, 80, 90}, {80, 90, 0}, {90, 100, 100}, {100, 0, 10}};  // before, sent, answered
-    for (const auto& row : rows) {
-        link.ComStatusVrIndicator = row[0];
+    QList<int> steps;
+    QObject::connect(&link, &RequestScheduler::indicatorStepped, [&](int position) { steps += position; });
+    for (int i = 0; i < 5; ++i) {
         send();
-        EXPECT_EQ(link.ComStatusVrIndicator, row[1]);
         answerWords(Sixteen);
-        EXPECT_EQ(link.ComStatusVrIndicator, row[2]);
     }
+    EXPECT_EQ(steps, (QList<int>{10, 20, 30, 40, 50, 60, 70, 80, 90, 0}));
+    steps.clear();
+    send();
+    staySilent();  // one step without an answer: from now on the odd tens
+    for (int i = 0; i < 5; ++i) {
+        send();
+        answerWords(Sixteen);
+    }
+    EXPECT_EQ(steps, (QList<int>{10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 100}));
+    send();
+    EXPECT_EQ(link.ComStatusVrIndicator(), 0);
 }
 
 TEST_F(Reply, KeepsResendingWithoutLimitAfterBadChecksumsOnLine) {
     link.push(12, "FF030100000F");
+    int badChecks = 0;
+    QObject::connect(&link, &RequestScheduler::badCheck, [&] { ++badChecks; });
     for (int i = 0; i < 20; ++i) {
-        link.Keypad.GetDataTimer = true;
         EXPECT_EQ(send(), "FF030100000F");
         port.arrive(BadFrame);
-        clock.advanceUntil([&] { return cycles == i + 1; }, 10);
-        EXPECT_FALSE(link.Keypad.GetDataTimer);
+        clock.advanceUntil([&] { return cycles == i + 1; }, 1000);
+        EXPECT_EQ(badChecks, i + 1);
     }
     EXPECT_EQ(history.size(), 20);
     EXPECT_EQ(send(), "FF030100000F");
@@ -328,7 +349,7 @@ TEST_F(Reply, AsksAfterABadChecksumDuringIdentification) {
     person.expectBox(question, "Cofirm", BoxAnswer::Cancel);
     person.expectBox("On-Line Fail !!", "Error");
     port.arrive(BadFrame);
-    clock.advance(5);
+    clock.advance(500);
     EXPECT_EQ(tasks(), (std::vector<int>{0, 21}));
     EXPECT_FALSE(link.TxTimer.Enabled());
 }
@@ -451,11 +472,11 @@ struct ConsoleLink : OnLine {
 
 TEST_F(ConsoleLink, LogsEachExchangeAndSetsBothFlags) {
     request();
-    EXPECT_TRUE(link.ConsoleLog.topLine.endsWith("09:08:07:06] Send > :FF0321010001DB\\x0D\\x0A .......  "));
-    EXPECT_EQ(link.ConsoleLog.totalRecords, 1);
+    EXPECT_TRUE(link.Console.Log.topLine.endsWith("09:08:07:06] Send > :FF0321010001DB\\x0D\\x0A .......  "));
+    EXPECT_EQ(link.Console.Log.totalRecords, 1);
     answer("FF03020005");
-    EXPECT_TRUE(link.ConsoleLog.topLine.endsWith("Receive > :FF03020005F7\\x0D\\x0A"));
-    EXPECT_EQ(link.ConsoleLog.topLineColour, ConsoleBlack);
+    EXPECT_TRUE(link.Console.Log.topLine.endsWith("Receive > :FF03020005F7\\x0D\\x0A"));
+    EXPECT_EQ(link.Console.Log.topLineColour, ConsoleBlack);
     EXPECT_EQ(link.ParamRead.ReadDone, 1);
     EXPECT_EQ(link.ParamRead.WriteDone, 1);
     EXPECT_EQ(link.Lamp.ComStatusAbLED, "Off Line");  // the console does not touch the lamp
@@ -463,9 +484,9 @@ TEST_F(ConsoleLink, LogsEachExchangeAndSetsBothFlags) {
     link.Console.ListRunning = 1;
     request();
     answer("FF8302");
-    EXPECT_EQ(link.ConsoleLog.RepliedData, "CE2");
-    EXPECT_EQ(link.ConsoleLog.topLineColour, ConsolePurple);
-    EXPECT_EQ(link.ConsoleLog.errorRecords, 1);
+    EXPECT_EQ(link.Console.Log.RepliedData, "CE2");
+    EXPECT_EQ(link.Console.Log.topLineColour, ConsolePurple);
+    EXPECT_EQ(link.Console.Log.errorRecords, 1);
     EXPECT_TRUE(link.TaskQueue.empty());  // no text is fetched
 }
 
@@ -476,10 +497,10 @@ TEST_F(ConsoleLink, KeepsAFailedSendOutOfTheLogAndItsQueues) {
     link.push(19, "FF0321010001");
     link.TxTimer.setEnabled(true);
     clock.advance(1);
-    EXPECT_EQ(link.ConsoleLog.totalRecords, 0);
+    EXPECT_EQ(link.Console.Log.totalRecords, 0);
     EXPECT_EQ(link.TaskQueue.size(), 1U);
     staySilent();
-    EXPECT_EQ(link.ConsoleLog.timeoutRecords, 1);
+    EXPECT_EQ(link.Console.Log.timeoutRecords, 1);
 }
 
 TEST_F(ConsoleLink, FramesByItsSettings) {
@@ -505,9 +526,9 @@ TEST_F(ConsoleLink, WaitsTwiceInTrueMilliseconds) {
     link.Console.TimeOut2 = 30;
     request();
     EXPECT_EQ(waitMs(), 50);
-    EXPECT_EQ(link.ConsoleLog.timeoutRecords, 2);
-    EXPECT_TRUE(link.ConsoleLog.topLine.endsWith("Receive > No response"));
-    EXPECT_EQ(link.ConsoleLog.topLineColour, ConsoleRed);
+    EXPECT_EQ(link.Console.Log.timeoutRecords, 2);
+    EXPECT_TRUE(link.Console.Log.topLine.endsWith("Receive > No response"));
+    EXPECT_EQ(link.Console.Log.topLineColour, ConsoleRed);
     EXPECT_EQ(link.TxTimer.Interval(), 1);
 }
 
@@ -536,14 +557,14 @@ TEST_F(ConsoleLink, CountsTimeOutsOfASingleSendAndTakesAnythingAsGoodWithoutRule
     request();
     port.arrive(":nonsense\r\n");
     clock.advance(30);
-    EXPECT_EQ(link.ConsoleLog.errorRecords, 0);
-    EXPECT_EQ(link.ConsoleLog.CanSend, 1);
+    EXPECT_EQ(link.Console.Log.errorRecords, 0);
+    EXPECT_EQ(link.Console.Log.CanSend, 1);
 }
 
 TEST_F(ConsoleLink, DoesNotWaitWhileItListens) {
     link.Console.Monitor = true;
     QByteArray heard;
-    QObject::connect(&link, &RequestScheduler::listenerBurst, [&](const QByteArray& b) { heard = b; });
+    QObject::connect(&link.Console, &ConsoleExchange::listenerBurst, [&](const QByteArray& b) { heard = b; });
     request();
     EXPECT_FALSE(link.RxTimer.Enabled());
     port.arrive("abc");

@@ -34,6 +34,8 @@ TEST_F(StatusPoll, DecodesItemsAsUnsignedTexts) {
     link.DriveStatus.FaultTextValid = 1;
     link.DriveStatus.DriveReady = 0;
     link.Notice.TInitialForm = true;
+    int decoded = 0;
+    QObject::connect(&link, &RequestScheduler::statusDecoded, [&] { ++decoded; });
     poll();
     send();
     answerWords({0x0100, 0x0024, 6000, 5000, 523, 3105, 2200, 0, 0, 0, 0, 0xFFFB, 0, 0, 0, 0});
@@ -48,8 +50,7 @@ TEST_F(StatusPoll, DecodesItemsAsUnsignedTexts) {
     EXPECT_EQ(status.FaultTextValid, 0);
     EXPECT_EQ(status.DriveReady, 1);
     EXPECT_FALSE(link.Notice.TInitialForm);
-    EXPECT_TRUE(link.Trend.KeypadTransparentButton);
-    EXPECT_TRUE(link.Keypad.GetDataTimer);
+    EXPECT_EQ(decoded, 1);
 }
 
 TEST_F(StatusPoll, KeepsTheSecondStateWordOfRowanAndLarchApart) {
@@ -69,22 +70,11 @@ TEST_F(StatusPoll, KeepsTheSecondStateWordOfRowanAndLarchApart) {
     }
 }
 
-TEST_F(StatusPoll, AsksForTheUserDisplayOnItsPage) {
-    be(Family::Hazel, 9);
-    link.ActiveFunction = OwnerMain;
-    link.Keypad.KeypadPage = 2;
-    link.DriveStatus.RatedWords[2] = 99;
-    link.TxTimer.setEnabled(true);
-    send();
-    answerWords(QList<int>(11, 0));
-    EXPECT_EQ(send(), "FF03210B0002");
-    answerWords({1, 2});
-    EXPECT_EQ(link.DriveStatus.RatedWords, (std::array<quint16, 3>{1, 2, 99}));
-}
-
 TEST_F(ParameterRead, NamesHazelByTheCommandAndKeepsAllButTheValueOfAKeypad) {
     be(Family::Hazel, 9);
-    link.fixedParaName = [](int group, int number) { return QStringLiteral("%1/%2").arg(group).arg(number); };
+    link.ParamRead.fixedParaName = [](int group, int number) {
+        return QStringLiteral("%1/%2").arg(group).arg(number);
+    };
     ask(12, "FF030A1F0004");
     answerWords({6000, 40000, 5000, 0x0200});
     const ParamReadRecord& read = link.ParamRead;
@@ -117,19 +107,7 @@ TEST_F(GroupCounts, OfAKeypadEndWithTheTableRead) {
     EXPECT_EQ(link.DriveStatus.GroupParamCount[1], 4);
 }
 
-TEST_F(Task, TextsOfFaultsAndRefusalsGoToTheHistory) {
-    const QByteArray fault = QByteArray("Over current    oc  ").toHex().toUpper();
-    link.DriveStatus.FaultCode = 5;
-    ask(14, "FF033205000A");
-    answer("FF0314" + QString::fromLatin1(fault));
-    EXPECT_EQ(history.back(), "oc   : Over current    ");
-    EXPECT_EQ(link.DriveStatus.FaultName, "oc  ");
-    EXPECT_EQ(link.DriveStatus.FaultTextValid, 1);
-    link.DriveStatus.DriveFamily = 1;
-    ask(14, "FF033205000A");
-    answer("FF0314" + QString::fromLatin1(fault));
-    EXPECT_EQ(history.back(), "oL1 : Over current    ");
-
+TEST_F(Task, TextsOfRefusalsGoToTheHistory) {
     link.DriveStatus.ExceptionCode = 10;
     link.ActiveFunction = OwnerQuickSetup;
     ask(15, "FF03330A0008");
@@ -138,39 +116,15 @@ TEST_F(Task, TextsOfFaultsAndRefusalsGoToTheHistory) {
     EXPECT_EQ(link.ParamRead.WriteDone, 1);
 }
 
-TEST_F(Task, CommandLinesOfTheTrendFollowKeypadCommands) {
-    struct Row {
-        quint8 task;
-        const char* command;
-        quint16 state;
-        size_t line;
-        int digit;
-    };
-    for (const Row& row : {Row{2, "FF0620000002", 0, 0, 10}, Row{3, "FF0620000001", 0, 0, 0},
-                           Row{5, "FF0620000030", 8, 2, 50}, Row{5, "FF0620000030", 0, 2, 40}}) {
-        link.DriveStatus.StatusWords[1] = row.state;
-        ask(row.task, row.command);
-        answer(row.command);
-        EXPECT_EQ(link.Trend.AbTrend2Digit[row.line], row.digit);
-    }
-}
-
 TEST_F(Task, KeepsBytesAndWordsOfAGeneralReadWithinItsRoom) {
     ask(20, "FF0321000003");
     answerWords({1, 2, 0xFFFF});
-    EXPECT_EQ(link.ReadDataText, QByteArray::fromHex("00010002FFFF"));
-    EXPECT_EQ(link.ReadWords[2], 0xFFFF);
+    EXPECT_EQ(link.ParamRead.ReadDataText, QByteArray::fromHex("00010002FFFF"));
+    EXPECT_EQ(link.ParamRead.ReadWords[2], 0xFFFF);
     ask(20, "FF0321000018");
     answerWords(QList<int>(24, 3));
-    EXPECT_EQ(link.ReadWords[19], 3);
+    EXPECT_EQ(link.ParamRead.ReadWords[19], 3);
     EXPECT_EQ(link.ParamRead.ReadDone, 1);
-}
-
-TEST_F(Task, RefusedFrequencyLetsTheKeypadGoOn) {
-    link.DriveStatus.KeypadDataDue = 0;
-    ask(10, "FF0620011388");
-    answer("FF8603");
-    EXPECT_EQ(link.DriveStatus.KeypadDataDue, 1);
 }
 
 }  // namespace

@@ -33,7 +33,7 @@ struct ParameterLinkBench : SchedulerBench {
         link.ActiveFunction = OwnerParameter;
         link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
         link.Lamp.green = true;
-        link.fixedParaName = fixedParaName;
+        link.ParamRead.fixedParaName = fixedParaName;
         link.DriveStatus.GroupCount = 2;
         link.DriveStatus.GroupParamCount[0] = 1;
         link.DriveStatus.GroupParamCount[1] = 2;

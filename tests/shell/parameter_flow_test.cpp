@@ -44,6 +44,7 @@ TEST(ParameterFlow, ReadsTheWholeTableBehindItsProgress) {
     bench.goOnLine(Family::Hazel);
     bench.trigger("ParameterManagement");
     bench.press("ReadDriveTransparentButton");
+    bench.clock.advance(300);
     EXPECT_TRUE(bench.windows->progressForm.isVisible());
     ASSERT_TRUE(bench.readToTheEnd());
     EXPECT_FALSE(bench.windows->progressForm.isVisible());

@@ -1,5 +1,5 @@
-// What holds for every window of the table: its name, its title, names that stand once, and a keyboard that gets
-// everywhere.
+// What holds for every window of the table: its name, its title, names that stand once, and a keyboard that
+// gets everywhere.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -40,7 +40,8 @@ bool sharesItsPlace(const QWidget& control) {
 }
 
 std::string nameOf(const QWidget& control) {
-    return control.objectName().isEmpty() ? control.metaObject()->className() : control.objectName().toStdString();
+    return control.objectName().isEmpty() ? control.metaObject()->className()
+                                          : control.objectName().toStdString();
 }
 
 TEST_P(EveryWindow, HasItsNameItsTitleAndNamesThatStandOnce) {
@@ -49,7 +50,8 @@ TEST_P(EveryWindow, HasItsNameItsTitleAndNamesThatStandOnce) {
     QSet<QString> seen;
     for (const QObject* object : window().findChildren<QObject*>()) {
         const QString name = object->objectName();
-        if (name.isEmpty() || name.startsWith("qt_") || name.startsWith("_q_") || name.startsWith("_layout")) continue;
+        if (name.isEmpty() || name.startsWith("qt_") || name.startsWith("_q_") || name.startsWith("_layout"))
+            continue;
         EXPECT_FALSE(seen.contains(name) && object->parent() == &window()) << name.toStdString();
         seen.insert(name);
     }
@@ -80,17 +82,20 @@ TEST_P(EveryWindow, NamesEveryControlThatTakesTheFocus) {
         if (label->buddy()) labelled.insert(label->buddy());
     for (const QWidget* control : window().findChildren<QWidget*>()) {
         if (!takesTab(*control, window()) || labelled.contains(control)) continue;
-        const bool named = !control->accessibleName().isEmpty() || !control->property("text").toString().isEmpty() ||
+        const bool named = !control->accessibleName().isEmpty() ||
+                           !control->property("text").toString().isEmpty() ||
                            !control->property("title").toString().isEmpty() || !control->toolTip().isEmpty();
         const bool isPart = control->objectName().startsWith("qt_") || control->inherits("QTabBar") ||
                             control->inherits("QHeaderView") || control->inherits("QMenuBar");
         const bool isField = control->objectName().startsWith("qt_spinbox") || control->inherits("QComboBox");
-        EXPECT_TRUE(named || isPart || (isField && labelled.contains(control->parentWidget()))) << nameOf(*control);
+        EXPECT_TRUE(named || isPart || (isField && labelled.contains(control->parentWidget())))
+            << nameOf(*control);
     }
     window().hide();
 }
 
-// 1366 x 768 at 150 % and 1920 x 1080 at 200 % leave this much; what is larger could not be reached with the mouse.
+// 1366 x 768 at 150 % and 1920 x 1080 at 200 % leave this much; what is larger could not be reached with the
+// mouse.
 TEST_P(EveryWindow, FitsIntoASmallScreen) {
     window().ensurePolished();
     const QSize least = window().minimumSizeHint().expandedTo(window().minimumSize());

@@ -38,7 +38,9 @@ TInputValueForm::TInputValueForm(Operator& person, const LangTable& lang, QWidge
       InputEdit(new QLineEdit(this)),
       InputComboBox(new QComboBox(this)),
       OKTransparentButton(new TransparentButton(icon(Icon::Accept), QStringLiteral("OK"), this,
-                                                TransparentButton::Layout::IconLeft)) {
+                                                TransparentButton::Layout::IconLeft)),
+      CancelTransparentButton(new TransparentButton(icon(Icon::Cancel), QStringLiteral("Cancel"), this,
+                                                    TransparentButton::Layout::IconLeft)) {
     setObjectName(QStringLiteral("TInputValueForm"));
     setWindowTitle(QStringLiteral("Input Value"));
     setWindowModality(Qt::ApplicationModal);
@@ -48,6 +50,7 @@ TInputValueForm::TInputValueForm(Operator& person, const LangTable& lang, QWidge
     InputEdit->installEventFilter(this);
     InputComboBox->installEventFilter(this);
     connect(OKTransparentButton, &QToolButton::clicked, this, &TInputValueForm::OKTransparentButtonClick);
+    connect(CancelTransparentButton, &QToolButton::clicked, this, &QDialog::reject);
     connect(this, &QDialog::finished, this, [this] { m_edit = nullptr; });
 }
 
@@ -62,6 +65,7 @@ void TInputValueForm::build() {
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[-0-9.,]*")), InputEdit));
     InputComboBox->setObjectName(QStringLiteral("InputComboBox"));
     OKTransparentButton->setObjectName(QStringLiteral("OKTransparentButton"));
+    CancelTransparentButton->setObjectName(QStringLiteral("CancelTransparentButton"));
 
     auto* row = new QHBoxLayout;
     row->addWidget(ValueLabel);
@@ -72,7 +76,11 @@ void TInputValueForm::build() {
     column->setSpacing(fontMetrics().height() / 2);
     column->addWidget(PrInforVrLabel);
     column->addLayout(row);
-    column->addWidget(OKTransparentButton, 0, Qt::AlignRight);
+    auto* foot = new QHBoxLayout;
+    foot->addStretch();
+    foot->addWidget(OKTransparentButton);
+    foot->addWidget(CancelTransparentButton);
+    column->addLayout(foot);
 }
 
 QDialog* TInputValueForm::prepare(ValueEdit& edit) {

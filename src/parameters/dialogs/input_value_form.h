@@ -43,6 +43,7 @@ class TInputValueForm : public QDialog {
     QLineEdit* InputEdit;
     QComboBox* InputComboBox;
     TransparentButton* OKTransparentButton;
+    TransparentButton* CancelTransparentButton;
 };
 
 }  // namespace kelvane

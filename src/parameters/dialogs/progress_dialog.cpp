@@ -9,6 +9,7 @@ void ProgressDialog::show(const QString& info, int barMaximum, int parameters, i
     maximum = std::max(barMaximum, 0);
     position = 0;
     cancelMark = false;
+    noAnswer.clear();
     width = dialogWidth;
     count = 0;
     total = parameters;
@@ -43,6 +44,7 @@ void ProgressDialog::setPosition(int barPosition) {
 
 void ProgressDialog::parameterDone(const QString& text) {
     ParaLabel = text;
+    noAnswer.clear();
     ++count;
     Q_EMIT changed();
 }
@@ -51,6 +53,15 @@ void ProgressDialog::CancelTransparentButtonClick() {
     cancelMark = true;
     Q_EMIT changed();
     Q_EMIT cancelled();
+}
+
+void ProgressDialog::tellNoAnswer(const QString& text) {
+    noAnswer = text;
+    Q_EMIT changed();
+}
+
+void ProgressDialog::StopWaitingTransparentButtonClick() {
+    if (shown && !noAnswer.isEmpty()) Q_EMIT stopWaiting();
 }
 
 qint64 ProgressDialog::msLeft() const {

@@ -28,12 +28,14 @@ class ProgressDialog : public QObject {
     int position = 0;  // never past the maximum
     ProgressGlyph glyph = ProgressGlyph::ReadDrive;
     bool cancelMark = false;  // of CancelTransparentButton
+    QString noAnswer;         // why nothing comes any more; StopWaitingTransparentButton is shown with it
     bool shown = false;
     int count = 0;  // parameters done
     int total = 0;  // parameters to do
     // Draws what is due, for work that keeps the event loop waiting. Set by the window; may be empty.
     std::function<void()> pump;
 
+    TickClock& clock() const { return m_clock; }
     // Shows the dialog with its bar at 0 and no cancel mark.
     void show(const QString& info, int barMaximum, int parameters, int dialogWidth);
     void showAgain();  // after a question that stood over it
@@ -42,6 +44,9 @@ class ProgressDialog : public QObject {
     void parameterDone(const QString& text);  // counts one and shows its text
     // Cancel, and the close box: sets the mark, nothing else.
     void CancelTransparentButtonClick();
+    // The work waits for an answer that is not coming: says so and offers the way out. Empty: it goes on.
+    void tellNoAnswer(const QString& text);
+    void StopWaitingTransparentButtonClick();
     // Estimate from the time that was needed so far; -1 as long as there is none.
     qint64 msLeft() const;
 
@@ -49,6 +54,7 @@ class ProgressDialog : public QObject {
     void changed();
     void shownChanged(bool shown);
     void cancelled();
+    void stopWaiting();
 
    private:
     void setShown(bool on);

@@ -1,5 +1,6 @@
 #include "parameters/dialogs/progress_form.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -48,12 +49,16 @@ QLabel* plainLabel(const char* name, QWidget* parent) {
 TProgressForm::TProgressForm(ProgressDialog& progress, QWidget* parent)
     : QDialog(parent),
       m_progress(progress),
+      m_appearing(progress.clock(), TickKind::RealTime, AppearsAfterMs, [this] { appear(); }),
       TransparentButton1(new TransparentButton(this)),
       InfoLabel(plainLabel("InfoLabel", this)),
       ParaLabel(plainLabel("ParaLabel", this)),
       CountLabel(plainLabel("CountLabel", this)),
       LeftLabel(plainLabel("LeftLabel", this)),
       ReadingProgressBar(new QProgressBar(this)),
+      NoAnswerLabel(plainLabel("NoAnswerLabel", this)),
+      StopWaitingTransparentButton(new TransparentButton(icon(Icon::Stop), QStringLiteral("Stop waiting"),
+                                                         this, TransparentButton::Layout::IconLeft)),
       CancelTransparentButton(new TransparentButton(icon(Icon::Cancel), QStringLiteral("Cancel"), this,
                                                     TransparentButton::Layout::IconLeft)) {
     setObjectName(QStringLiteral("TProgressForm"));
@@ -62,6 +67,8 @@ TProgressForm::TProgressForm(ProgressDialog& progress, QWidget* parent)
     build();
     connect(CancelTransparentButton, &QToolButton::clicked, &m_progress,
             &ProgressDialog::CancelTransparentButtonClick);
+    connect(StopWaitingTransparentButton, &QToolButton::clicked, &m_progress,
+            &ProgressDialog::StopWaitingTransparentButtonClick);
     connect(&m_progress, &ProgressDialog::changed, this, &TProgressForm::showRecordSoon);
     connect(&m_progress, &ProgressDialog::shownChanged, this, &TProgressForm::follow);
     showRecord();
@@ -76,6 +83,10 @@ void TProgressForm::build() {
     ReadingProgressBar->setObjectName(QStringLiteral("ReadingProgressBar"));
     ReadingProgressBar->setAccessibleName(QStringLiteral("Progress"));
     CancelTransparentButton->setObjectName(QStringLiteral("CancelTransparentButton"));
+    StopWaitingTransparentButton->setObjectName(QStringLiteral("StopWaitingTransparentButton"));
+    NoAnswerLabel->setWordWrap(true);
+    NoAnswerLabel->hide();
+    StopWaitingTransparentButton->hide();
     ParaLabel->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
 
     auto* texts = new QVBoxLayout;
@@ -88,10 +99,12 @@ void TProgressForm::build() {
     foot->addWidget(CountLabel);
     foot->addSpacing(fontMetrics().height());
     foot->addWidget(LeftLabel, 1);
+    foot->addWidget(StopWaitingTransparentButton);
     foot->addWidget(CancelTransparentButton);
     auto* column = new QVBoxLayout(this);
     column->addLayout(head);
     column->addWidget(ReadingProgressBar);
+    column->addWidget(NoAnswerLabel);
     column->addLayout(foot);
 }
 
@@ -111,17 +124,56 @@ void TProgressForm::showRecord() {
     ReadingProgressBar->setRange(0, std::max(1, m_progress.maximum));
     ReadingProgressBar->setValue(m_progress.position);
     CountLabel->setText(countText(m_progress));
-    LeftLabel->setText(timeLeftText(m_progress.msLeft()));
+    const bool stuck = !m_progress.noAnswer.isEmpty();
+    LeftLabel->setText(stuck ? QString() : timeLeftText(m_progress.msLeft()));
+    if (stuck == StopWaitingTransparentButton->isVisibleTo(this)) return;
+    NoAnswerLabel->setText(m_progress.noAnswer);
+    NoAnswerLabel->setVisible(stuck);
+    StopWaitingTransparentButton->setVisible(stuck);
+    if (stuck) StopWaitingTransparentButton->setFocus();
+    adjustSize();
 }
 
 void TProgressForm::follow(bool shown) {
+    qApp->removeEventFilter(this);
+    m_appearing.setEnabled(false);
     if (shown) {
-        TransparentButton1->setIcon(icon(iconOf(m_progress.glyph)));
-        showRecord();
-        adjustSize();
-        CancelTransparentButton->setFocus();
+        m_below = QApplication::activeModalWidget();
+        qApp->installEventFilter(this);
+        m_appearing.setEnabled(true);
+        return;
     }
-    setVisible(shown);
+    setVisible(false);
+}
+
+void TProgressForm::appear() {
+    m_appearing.setEnabled(false);
+    qApp->removeEventFilter(this);
+    TransparentButton1->setIcon(icon(iconOf(m_progress.glyph)));
+    showRecord();
+    adjustSize();
+    CancelTransparentButton->setFocus();
+    setVisible(true);
+}
+
+// A question that stands over the window below is answered as ever.
+bool TProgressForm::eventFilter(QObject* watched, QEvent* event) {
+    if (!m_below || QApplication::activeModalWidget() != m_below) return QDialog::eventFilter(watched, event);
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::KeyPress:
+        case QEvent::Shortcut:
+        case QEvent::ContextMenu:
+        case QEvent::Wheel:
+        case QEvent::Drop: return true;
+        case QEvent::Close:
+            if (!event->spontaneous()) break;
+            event->ignore();
+            return true;
+        default: break;
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 }  // namespace kelvane

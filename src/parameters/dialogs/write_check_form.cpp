@@ -21,10 +21,12 @@ namespace {
 
 constexpr int LinesHigh = 34;
 
-// A row that may not be set in running is slanted and bears a lock as well as its red font.
+// A row that may not be set in running is slanted and bears a lock as well as its red font. Before a value
+// stands what the drive held, if that is known and another; behind a doubtful one what would be sent.
 class WriteListDelegate : public GridDelegate {
    public:
-    explicit WriteListDelegate(StringGridView* view) : GridDelegate(view) {}
+    WriteListDelegate(StringGridView* view, const ParameterSession& session)
+        : GridDelegate(view), m_session(session) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
@@ -41,9 +43,17 @@ class WriteListDelegate : public GridDelegate {
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         GridDelegate::initStyleOption(option, index);
         if (runningForbids(index)) option->font.setItalic(true);
+        if (index.column() == column::Data) option->text = valueText(index.row() + 1, option->text);
     }
 
    private:
+    QString valueText(int row, const QString& Data) const {
+        QString text = Data;
+        if (const auto doubt = doubtOf(m_session.writer.AdvStringGrid1, row)) text += u' ' % doubt->text;
+        const std::optional<QString> held = m_session.heldByDrive(row);
+        return held && *held != Data ? *held % QStringLiteral(" \u2192 ") % text : text;
+    }
+    const ParameterSession& m_session;
     static bool runningForbids(const QModelIndex& index) {
         return index.siblingAtColumn(column::RunSet).data().toString() == QLatin1String("false");
     }
@@ -95,10 +105,10 @@ void TWriteCheckForm::buildList() {
         m_writer.AdvStringGrid1.setColumnHidden(hidden, true);
     AdvStringGrid1->setObjectName(QStringLiteral("AdvStringGrid1"));
     AdvStringGrid1->setAccessibleName(QStringLiteral("Parameters to write"));
-    AdvStringGrid1->setItemDelegate(new WriteListDelegate(AdvStringGrid1));
+    AdvStringGrid1->setItemDelegate(new WriteListDelegate(AdvStringGrid1, m_session));
     AdvStringGrid1->setGrid(&m_writer.AdvStringGrid1);
     AdvStringGrid1->setKeysAct(false);
-    AdvStringGrid1->setColumnCharacters({4, 11, 9, 24, 7, 11, 11, 11, 11, 11});
+    AdvStringGrid1->setColumnCharacters({4, 11, 9, 24, 7, 22, 11, 11, 11, 11});
     AdvStringGrid1->setStretchColumn(column::Description);
     AdvStringGrid1->setRightAligned({column::Data, column::Default, column::Min, column::Max});
 }

@@ -28,7 +28,7 @@ void KeypadSource::goOn() {
     becomeKeypad();
     m_bench.link.push(80);
     m_bench.link.push(81);
-    m_bench.link.TxTimer.setEnabled(true);
+    m_bench.link.start();
 }
 
 bool KeypadSource::keypadIsConnected() {
@@ -48,7 +48,7 @@ void KeypadSource::takeLineSettings() {
 void KeypadSource::becomeKeypad() {
     RequestScheduler& link = m_bench.link;
     m_screen.ModelVrLabel = QStringLiteral("Keypad");
-    link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
+    link.setLamp(LampState::KeypadAsSource);
     link.DriveStatus.DriveReady = 0;
     link.DriveStatus.DriveFamily = static_cast<quint8>(Family::Keypad);
     // A keypad tells values only; what an earlier drive said of its parameters must not stand beside them.

@@ -7,7 +7,8 @@ void ParameterBench::goOnLine(const std::function<void()>& then) const {
         then();
         return;
     }
-    link.operatorAsked().tell(link.lang().MsgStr(7), QStringLiteral("Cofirm"), BoxIcon::Information);
+    link.operatorAsked().tell(link.lang().MsgStr(Message::SetUpPortFirst), QStringLiteral("Cofirm"),
+                              BoxIcon::Information);
     if (openComSetup) {
         openComSetup(then);
     } else {
@@ -21,14 +22,21 @@ void ParameterBench::whenOnLine(const std::function<void()>& go) const {
     });
 }
 
-void ParameterBench::request(quint8 task, const QString& command) const {
-    link.push(task, command);
-    link.TxTimer.setEnabled(true);
-}
+void ParameterBench::request(quint8 task, const QString& command) const { link.request(task, command); }
 
 bool ParameterBench::requestThrownAway() const {
-    return link.ActiveFunction == OwnerParameter && link.TaskQueue.empty() && link.TxTimer.Enabled() &&
+    return link.owner().reads && link.TaskQueue.empty() && link.TxTimer.Enabled() &&
            (!link.port().Open() || !link.DriveStatus.ExceptionPending);
+}
+
+QString ParameterBench::noAnswerText(const QString& PrNo) const {
+    const DriveStatusRecord& status = link.DriveStatus;
+    const QString why = status.ExceptionTextDone ? QStringLiteral("refused, CE %1 %2")
+                                                       .arg(status.ExceptionCode)
+                                                       .arg(status.ExceptionText.trimmed())
+                                                       .trimmed()
+                                                 : QStringLiteral("the reply was lost or could not be used");
+    return QStringLiteral("No answer is coming for Pr %1: %2.").arg(PrNo, why);
 }
 
 }  // namespace kelvane

@@ -27,6 +27,8 @@ struct ParameterBench {
     // The queues were emptied since the port could not be opened, and the link is about to try again: what
     // this window waits for has to be pushed anew, or the wait would never end.
     bool requestThrownAway() const;
+    // Why the parameter that is waited for will not come, in a person's words.
+    QString noAnswerText(const QString& PrNo) const;
 };
 
 }  // namespace kelvane

@@ -37,7 +37,11 @@ ParameterReader::ParameterReader(ParameterBench& bench, ParameterTable& table, P
       m_bench(bench),
       m_table(table),
       m_screen(screen),
-      m_progress(progress) {
+      m_progress(progress),
+      m_restWatch(
+          bench.clock, bench.link, [this] { return ReadPending && !m_bench.link.ParamRead.ReadDone; },
+          [this] { tellNoAnswer(); }) {
+    connect(&progress, &ProgressDialog::stopWaiting, this, &ParameterReader::stopWaiting);
     connect(&bench.link, &RequestScheduler::cycleEnded, this, [this] { RxTimer.kick(); });
     connect(&bench.link, &RequestScheduler::keypadTableReady, this,
             [this] { ReadDriveTransparentButtonClick(); });
@@ -45,10 +49,8 @@ ParameterReader::ParameterReader(ParameterBench& bench, ParameterTable& table, P
     connect(&bench.link, &RequestScheduler::initialRun, this, [this] {
         if (RxTimer.Enabled()) stop();
     });
-    bench.link.stopParameterRead = [this] { stop(); };
+    connect(&bench.link, &RequestScheduler::parameterReadStopped, this, &ParameterReader::stop);
 }
-
-ParameterReader::~ParameterReader() { m_bench.link.stopParameterRead = nullptr; }
 
 int ParameterReader::highestNumber(int G) const {
     const auto& counts = m_bench.link.DriveStatus.GroupParamCount;
@@ -60,7 +62,7 @@ int ParameterReader::highestNumber(int G) const {
 void ParameterReader::ReadDriveTransparentButtonClick() {
     m_bench.goOnLine([this] {
         if (m_bench.offLine()) {
-            m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(8), Cofirm);
+            m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(Message::PortNotReady), Cofirm);
             forgetReservedWish();
         } else {
             startRead();
@@ -87,6 +89,7 @@ void ParameterReader::startRead() {
     m_bench.link.ParamRead.ReadDone = 0;
     ReadPending = 0;
     RxTimer.setEnabled(true);
+    m_restWatch.start();
     showProgress(plan);
 }
 
@@ -177,6 +180,7 @@ void ParameterReader::sendNext() {
     if (ReadGroup + 1 == static_cast<int>(GrpNameCheckListBox.size()) && !groupChecked(ReadGroup))
         endAtUncheckedGroup();
     if (!ReadPending) return;
+    m_bench.link.DriveStatus.ExceptionTextDone = 0;
     m_bench.request(ReadTask, readCommand());
     fillAddressCells(m_table.grid, ReadRow, ReadGroup, ReadNumber);
 }
@@ -271,8 +275,22 @@ void ParameterReader::askWhenCancelled() {
     if (!terminate && m_progress.shown) m_progress.showAgain();
 }
 
+// Kept: a refused or unusable reply ends no wait and is not asked for again. But nobody is locked in behind
+// it.
+void ParameterReader::tellNoAnswer() {
+    m_progress.tellNoAnswer(m_bench.noAnswerText(parameterNumberText(family(), ReadGroup, ReadNumber)));
+}
+
+// As Abort ends a read, but the link stays as it is.
+void ParameterReader::stopWaiting() {
+    if (!RxTimer.Enabled()) return;
+    m_bench.link.emptyQueues();
+    stop();
+}
+
 void ParameterReader::endRead(int rows) {
     RxTimer.setEnabled(false);
+    m_restWatch.stop();
     ReadReservedWanted = 0;
     m_progress.close();
     m_progress.ParaLabel.clear();
@@ -283,6 +301,7 @@ void ParameterReader::endRead(int rows) {
 void ParameterReader::stop() {
     const bool reading = RxTimer.Enabled();
     RxTimer.setEnabled(false);
+    m_restWatch.stop();
     ReadPending = 0;
     ReadReservedWanted = 0;
     m_progress.close();

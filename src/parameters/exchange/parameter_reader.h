@@ -9,6 +9,7 @@
 
 #include "parameters/dialogs/progress_dialog.h"
 #include "parameters/exchange/parameter_bench.h"
+#include "parameters/exchange/rest_watch.h"
 #include "parameters/parameter_screen.h"
 #include "parameters/table/parameter_table.h"
 
@@ -26,7 +27,6 @@ class ParameterReader : public QObject {
     // All of them outlive the reader.
     ParameterReader(ParameterBench& bench, ParameterTable& table, ParameterScreen& screen,
                     ProgressDialog& progress);
-    ~ParameterReader() override;
 
     quint8 ReadGroup = 0;
     quint16 ReadNumber = 0;
@@ -82,6 +82,8 @@ class ParameterReader : public QObject {
     void storeRow();
     void stepOn();
     void askWhenCancelled();
+    void tellNoAnswer();
+    void stopWaiting();
     void endRead(int rows);
 
     Family family() const { return static_cast<Family>(m_bench.link.DriveStatus.DriveFamily); }
@@ -94,6 +96,7 @@ class ParameterReader : public QObject {
     ParameterTable& m_table;
     ParameterScreen& m_screen;
     ProgressDialog& m_progress;
+    RestWatch m_restWatch;
     bool m_reservedShown = false;  // RparaAbLED as it was before the reserved group was asked for
 };
 

@@ -44,7 +44,7 @@ bool ParameterWriter::isAspen() const {
 
 void ParameterWriter::SelectWriteSource(const WriteSource& source, WriteMode mode, bool useDefaults) {
     if (takeRows(source.table->grid, mode, useDefaults, AdvStringGrid1) == 0) {
-        m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(9), Cofirm);
+        m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(Message::NothingSelected), Cofirm);
         return;
     }
     m_source = source;
@@ -73,7 +73,7 @@ void ParameterWriter::OKTransparentButtonClick() {
     if (checked == 0) {
         form.barPosition = 0;
         Q_EMIT changed();
-        person.tell(m_bench.link.lang().MsgStr(9), Cofirm);
+        person.tell(m_bench.link.lang().MsgStr(Message::NothingSelected), Cofirm);
         return;
     }
     m_bench.whenOnLine([this, checked] { startWrites(checked); });
@@ -81,13 +81,14 @@ void ParameterWriter::OKTransparentButtonClick() {
 
 void ParameterWriter::startWrites(int checked) {
     Operator& person = m_bench.link.operatorAsked();
-    if (!person.yes(m_bench.link.lang().MsgStr(25), Cofirm) || !form.shown) return;
+    if (!person.yes(m_bench.link.lang().MsgStr(Message::WriteParameters), Cofirm) || !form.shown) return;
     WriteCount = static_cast<quint16>(checked);
     m_bench.link.ParamRead.WriteDone = 0;
     m_bench.link.DriveStatus.ExceptionTextDone = 0;  // of an exception before this run
     WriteRow = 0;
     WriteWaiting = 0;
     m_rowsReadBack.clear();
+    m_rowsDone = m_rowsRefused = 0;
     clearErrorRecord(ErrorAdvStringGrid);
     form.barMaximum = WriteCount;
     form.barPosition = 0;
@@ -183,6 +184,7 @@ void ParameterWriter::recordRefusal() {
         ErrorAdvStringGrid,
         {AdvStringGrid1.cell(column::PrNo, WriteRow), AdvStringGrid1.cell(column::Description, WriteRow),
          AdvStringGrid1.cell(column::Data, WriteRow), code, status.ExceptionText});
+    ++m_rowsRefused;
 }
 
 // True when the run is over.
@@ -192,6 +194,7 @@ bool ParameterWriter::takeAnswer() {
     if (!WriteDone && !ExceptionTextDone) return false;
     WriteTimer.setEnabled(false);
     WriteWaiting = WriteDone = ExceptionTextDone = 0;
+    if (WriteRow != 0 && WriteRow != rowCount()) ++m_rowsDone;
     stepBar();
     const bool finished = stepRow();
     WriteTimer.setEnabled(true);
@@ -202,10 +205,13 @@ bool ParameterWriter::takeAnswer() {
 bool ParameterWriter::skipRow() {
     const bool number = withoutSeparatorToInt(AdvStringGrid1.cell(column::Data, WriteRow)).has_value();
     const auto doubt = doubtOf(AdvStringGrid1, WriteRow);
-    const QString why = number && doubt && !doubt->sent ? doubt->text : m_bench.link.lang().MsgStr(23);
+    const QString why =
+        number && doubt && !doubt->sent ? doubt->text : m_bench.link.lang().MsgStr(Message::ValueNotLegal);
     addErrorLine(ErrorAdvStringGrid, {AdvStringGrid1.cell(column::PrNo, WriteRow),
                                       AdvStringGrid1.cell(column::Description, WriteRow),
                                       AdvStringGrid1.cell(column::Data, WriteRow), QString(), why});
+    ++m_rowsDone;
+    ++m_rowsRefused;
     stepBar();
     WriteTimer.kick();
     return stepRow();
@@ -229,6 +235,7 @@ void ParameterWriter::stepBar() {
 void ParameterWriter::finishWrites() {
     WriteTimer.setEnabled(false);
     m_readBackDue = true;
+    Q_EMIT runEnded(m_rowsDone - m_rowsRefused, m_rowsRefused);
     if (ErrorAdvStringGrid.RowCount() > 2) {
         errorRecordShown = true;
         Q_EMIT errorRecordWanted();

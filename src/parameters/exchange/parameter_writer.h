@@ -56,10 +56,12 @@ class ParameterWriter : public QObject {
    Q_SIGNALS:
     void changed();
     void shownChanged(bool shown);
-    void writesBegin();         // the first request of a run is about to be pushed
-    void errorRecordWanted();   // show it; errorRecordClosed() goes on
-    void rowReadBack(int row);  // of the write list
-    void closed();              // the values are back in the table
+    void writesBegin();  // the first request of a run is about to be pushed
+    void runEnded(int written,
+                  int refused);  // behind the last write; rows, without the opening and closing command
+    void errorRecordWanted();    // show it; errorRecordClosed() goes on
+    void rowReadBack(int row);   // of the write list
+    void closed();               // the values are back in the table
 
    private:
     void startWrites(int checked);
@@ -84,7 +86,9 @@ class ParameterWriter : public QObject {
 
     ParameterBench& m_bench;
     WriteSource m_source;
-    QString m_command;  // what is waited for
+    QString m_command;      // what is waited for
+    int m_rowsDone = 0;     // checked rows that were answered or refused
+    int m_rowsRefused = 0;  // of these, and those that could not be sent
     QList<int> m_rowsReadBack;
     bool m_readBackDue = false;  // when the error record is closed
 };

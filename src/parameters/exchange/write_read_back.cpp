@@ -20,9 +20,16 @@ WriteReadBack::WriteReadBack(ParameterBench& bench, const ParameterScreen& scree
       m_screen(screen),
       m_progress(progress),
       m_list(AdvStringGrid1),
-      m_WriteWaiting(WriteWaiting) {
+      m_WriteWaiting(WriteWaiting),
+      m_restWatch(
+          bench.clock, bench.link, [this] { return m_WriteWaiting && !m_bench.link.ParamRead.ReadDone; },
+          [this] {
+              m_progress.tellNoAnswer(
+                  m_bench.noAnswerText(m_list.cell(column::PrNo, static_cast<int>(RefreshRow))));
+          }) {
     connect(&bench.link, &RequestScheduler::cycleEnded, this, [this] { ReflahDtataTimer.kick(); });
     connect(&progress, &ProgressDialog::cancelled, this, &WriteReadBack::onCancel);
+    connect(&progress, &ProgressDialog::stopWaiting, this, &WriteReadBack::abandon);
 }
 
 void WriteReadBack::start(int rows) {
@@ -31,6 +38,7 @@ void WriteReadBack::start(int rows) {
     RefreshRow = 0;
     m_bench.link.emptyQueues();
     ReflahDtataTimer.setEnabled(true);
+    m_restWatch.start();
     m_progress.glyph = ProgressGlyph::ReadDrive;
     m_progress.show(
         QStringLiteral("Reading parameters from ") % m_screen.ModelVrLabel % QStringLiteral(" ..."), rows,
@@ -40,6 +48,7 @@ void WriteReadBack::start(int rows) {
 void WriteReadBack::stop() {
     if (!ReflahDtataTimer.Enabled()) return;
     ReflahDtataTimer.setEnabled(false);
+    m_restWatch.stop();
     m_progress.close();
     m_progress.setPosition(0);
 }
@@ -66,6 +75,7 @@ void WriteReadBack::nextRow() {
 }
 
 void WriteReadBack::send() {
+    m_bench.link.DriveStatus.ExceptionTextDone = 0;
     m_bench.request(ReadBackTask, QStringLiteral("FF03") %
                                       m_list.cell(column::Address, static_cast<int>(RefreshRow)) %
                                       QStringLiteral("0001"));
@@ -89,7 +99,12 @@ void WriteReadBack::takeReply() {
 void WriteReadBack::onCancel() {
     const auto& tasks = m_bench.link.TaskQueue;
     const bool awaited = std::find(tasks.begin(), tasks.end(), ReadBackTask) != tasks.end();
-    if (!ReflahDtataTimer.Enabled() || !m_WriteWaiting || awaited) return;
+    if (m_WriteWaiting && !awaited) abandon();
+}
+
+void WriteReadBack::abandon() {
+    if (!ReflahDtataTimer.Enabled()) return;
+    m_bench.link.emptyQueues();
     stop();
     Q_EMIT abandoned();
 }

@@ -6,6 +6,7 @@
 
 #include "parameters/dialogs/progress_dialog.h"
 #include "parameters/exchange/parameter_bench.h"
+#include "parameters/exchange/rest_watch.h"
 #include "parameters/parameter_screen.h"
 #include "parameters/table/parameter_table.h"
 
@@ -27,7 +28,7 @@ class WriteReadBack : public QObject {
    Q_SIGNALS:
     void rowReadBack(int row);
     void ended();
-    void abandoned();  // Cancel, while no reply can come any more
+    void abandoned();  // left by the person, while no reply can come any more
 
    private:
     void ReflahDtataTimerTimer();
@@ -35,12 +36,14 @@ class WriteReadBack : public QObject {
     void send();
     void takeReply();
     void onCancel();
+    void abandon();
 
     ParameterBench& m_bench;
     const ParameterScreen& m_screen;
     ProgressDialog& m_progress;
     StringGrid& m_list;
     quint8& m_WriteWaiting;
+    RestWatch m_restWatch;
 };
 
 }  // namespace kelvane

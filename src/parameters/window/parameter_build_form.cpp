@@ -66,7 +66,8 @@ void TParameterForm::buildCentre() {
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_pages, 1);
     column->addWidget(m_findBar);
-    auto* splitter = new QSplitter(this);
+    auto* splitter = m_splitter = new QSplitter(this);
+    connect(splitter, &QSplitter::splitterMoved, this, [this] { m_splitterMoved = true; });
     splitter->setObjectName(QStringLiteral("ParameterSplitter"));
     splitter->addWidget(buildLeftSide());
     splitter->addWidget(right);
@@ -120,6 +121,9 @@ void TParameterForm::buildStatusLine() {
 
 void TParameterForm::connectEngines() {
     connect(&m_session, &ParameterSession::screenChanged, this, &TParameterForm::showScreen);
+    connect(&m_session, &ParameterSession::told, this, &TParameterForm::tellInStatusLine);
+    connect(&m_session, &ParameterSession::historyChanged, this, &TParameterForm::showHistoryItems);
+    connect(&m_session.reader, &ParameterReader::ended, this, &TParameterForm::focusTable);
     connect(&m_session.DriveAdvStringGrid, &StringGrid::hiddenColumnsChanged, this,
             &TParameterForm::showMenuItems);
     connect(&m_session.bench.link, &RequestScheduler::changed, this, [this] {
@@ -129,7 +133,7 @@ void TParameterForm::connectEngines() {
     connect(&m_session.loader, &TableLoader::loaded, this, [this](const QString& path) {
         recent.add(path);
         m_pages->showScreen();
-        tellInStatusLine({});
+        focusTable();
     });
     connect(&m_session.loader, &TableLoader::notLoaded, this, [this](const QString& path) {
         if (!QFileInfo::exists(path)) recent.remove(path);
@@ -236,6 +240,18 @@ void TParameterForm::showRoot(QTreeWidgetItem* root, const TreeRoot& shown) {
         child->setData(0, Qt::UserRole, TreeChildImage);
     }
     root->setExpanded(shown.expanded);
+    fitTreePane();
+}
+
+// The names have room; a person who drags the splitter has the last word.
+void TParameterForm::fitTreePane() {
+    const QList<int> sizes = m_splitter->sizes();
+    ParaTreeView->resizeColumnToContents(0);
+    const int wanted = ParaTreeView->columnWidth(0) + 3 * ParaTreeView->indentation();
+    const int widest = (sizes[0] + sizes[1]) / 3;
+    if (m_splitterMoved || std::min(wanted, widest) <= sizes[0]) return;
+    const int left = std::min(wanted, widest);
+    m_splitter->setSizes({left, sizes[0] + sizes[1] - left});
 }
 
 TableSide TParameterForm::sideOf(const QTreeWidgetItem* item) const {

@@ -52,6 +52,7 @@ void TParameterForm::showScreen() {
     showMenuItems();
     m_mirroring = false;
     followFrontView();
+    showHistoryItems();
 }
 
 void TParameterForm::showMenuItems() {
@@ -61,6 +62,20 @@ void TParameterForm::showMenuItems() {
     m_menus->ReadfromKeypad->setChecked(screen.ReadfromKeypad);
     for (size_t i = 0; i < m_menus->hideItems.size(); ++i)
         m_menus->hideItems[i]->setChecked(m_session.columns.isChecked(static_cast<int>(i) + 1));
+}
+
+void TParameterForm::showHistoryItems() {
+    const std::optional<TableSide> side = frontSide();
+    m_menus->Undo->setEnabled(side && history(*side).canUndo());
+    m_menus->Redo->setEnabled(side && history(*side).canRedo());
+}
+
+// What was read or loaded can be walked through by keyboard at once.
+void TParameterForm::focusTable() {
+    StringGridView* view = m_pages->frontView();
+    if (!view) return;
+    if (view->currentCell().row < 1) view->setCurrentCell(column::Data, 1);
+    view->setFocus();
 }
 
 // Kept: link and NUM key write the same panel, and the last one wins.
@@ -225,8 +240,8 @@ void TParameterForm::hideEvent(QHideEvent* event) {
 }
 
 void TParameterForm::closeEvent(QCloseEvent* event) {
-    tellInStatusLine({});
     m_session.FormClose();
+    tellInStatusLine({});
     event->accept();
     Q_EMIT finished(0);
 }

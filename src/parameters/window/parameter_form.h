@@ -11,6 +11,7 @@
 #include "parameters/report/print_records.h"
 
 class QLabel;
+class QSplitter;
 class QTabWidget;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -66,6 +67,9 @@ class TParameterForm : public QMainWindow {
     // Showing.
     void showScreen();
     void showMenuItems();
+    void showHistoryItems();
+    void focusTable();
+    void fitTreePane();
     void showLinkPanel();
     void showTree();
     void showRoot(QTreeWidgetItem* root, const TreeRoot& shown);
@@ -96,6 +100,8 @@ class TParameterForm : public QMainWindow {
     FindBar* m_findBar;
     FolderBrowser* m_browser;
     QTreeWidget* ParaTreeView;
+    QSplitter* m_splitter;
+    bool m_splitterMoved = false;
     QTreeWidgetItem* m_driveRoot;
     QTreeWidgetItem* m_fileRoot;
     QLabel* m_panel0;

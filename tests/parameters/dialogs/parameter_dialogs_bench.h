@@ -93,7 +93,7 @@ struct DialogBench {
         link.BaudTimeoutTicks = link.ReplyTimeoutTicks = 5;
         link.ActiveFunction = OwnerParameter;
         link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
-        link.fixedParaName = fixedParaName;
+        link.ParamRead.fixedParaName = fixedParaName;
         link.Labels.DriveVrLabel = QString::fromLatin1(familyName(family));
         link.notifyChanged();
         link.DriveStatus.DriveReady = 1;

@@ -57,15 +57,19 @@ class DialogSession : public testing::TestWithParam<Family> {
 TEST_P(DialogSession, ReadEditWriteReadBack) {
     const QString model = QString::fromLatin1(familyName(GetParam()));
     b.session.reader.ReadDriveTransparentButtonClick();
+    EXPECT_FALSE(b.progress.isVisible()) << "no window for what takes a moment";
+    b.clock.advance(300);
     EXPECT_TRUE(b.progress.isVisible() && b.progress.isModal());
     EXPECT_EQ(b.progress.windowTitle(), "Processing");
     EXPECT_EQ(textOf(b.progress, "InfoLabel"), "Reading parameters from " + model + " ...");
     EXPECT_EQ(b.progress.minimumWidth(), 400);
-    ASSERT_TRUE(b.readRows(2));
-    EXPECT_EQ(textOf(b.progress, "ParaLabel"), "Process Pr 00-01:  Rated Current   ");
-    EXPECT_EQ(textOf(b.progress, "CountLabel"), QStringLiteral("2 of %1").arg(b.session.progress.total));
+    const int rows = b.session.progress.count + 1;
+    ASSERT_TRUE(b.readRows(rows));
+    EXPECT_EQ(textOf(b.progress, "ParaLabel"), b.session.progress.ParaLabel);
+    EXPECT_EQ(textOf(b.progress, "CountLabel"),
+              QStringLiteral("%1 of %2").arg(rows).arg(b.session.progress.total));
     EXPECT_TRUE(textOf(b.progress, "LeftLabel").endsWith(" s left"));
-    EXPECT_EQ(part<QProgressBar>(b.progress, "ReadingProgressBar").value(), 2);
+    EXPECT_EQ(part<QProgressBar>(b.progress, "ReadingProgressBar").value(), b.session.progress.position);
     ASSERT_TRUE(b.runUntil([&] { return !b.progress.isVisible(); }));
     EXPECT_EQ(b.session.reader.DriveTableComplete, 1);
 
@@ -104,8 +108,8 @@ TEST_P(DialogSession, ReadEditWriteReadBack) {
     press(b.errorRecord, "CloseTransparentButton");
     EXPECT_EQ(record.RowCount(), 2);
 
-    EXPECT_TRUE(b.progress.isVisible());
-    EXPECT_EQ(b.progress.minimumWidth(), 329);
+    EXPECT_TRUE(b.session.progress.shown);
+    EXPECT_EQ(b.session.progress.width, 329);
     ASSERT_TRUE(b.runUntil([&] { return !b.writeCheck.isVisible(); }));
     EXPECT_FALSE(b.progress.isVisible());
     EXPECT_EQ(b.data("00-03"), "2");
@@ -130,7 +134,7 @@ INSTANTIATE_TEST_SUITE_P(Families, DialogSession, testing::Values(Family::Larch,
 TEST(ProgressForm, OnlyTheAnswerYesClosesIt) {
     DialogBench b;
     b.session.reader.ReadDriveTransparentButtonClick();
-    b.readRows(1);
+    b.clock.advance(300);
     const auto cancelAndAnswer = [&](const std::function<void()>& cancel, BoxAnswer answer) {
         cancel();
         EXPECT_TRUE(b.progress.isVisible());  // it only sets the mark
@@ -142,7 +146,7 @@ TEST(ProgressForm, OnlyTheAnswerYesClosesIt) {
     cancelAndAnswer([&] { press(b.progress, "CancelTransparentButton"); }, BoxAnswer::No);
     EXPECT_TRUE(b.progress.isVisible());
     cancelAndAnswer([&] { QTest::keyClick(&b.progress, Qt::Key_Escape); }, BoxAnswer::No);
-    ASSERT_TRUE(b.readRows(10));
+    ASSERT_TRUE(b.readRows(std::max(10, b.session.progress.count)));
     cancelAndAnswer([&] { b.progress.close(); }, BoxAnswer::Yes);
     EXPECT_FALSE(b.progress.isVisible());
     EXPECT_EQ(textOf(b.progress, "ParaLabel"), "");
@@ -154,12 +158,55 @@ TEST(ProgressForm, OnlyTheAnswerYesClosesIt) {
 TEST(ProgressForm, ShowsTimeLeftInMinutesAndABarWithoutLengthAsEmpty) {
     DialogBench b;
     b.session.progress.show("Saving ...", 0, 100, 400);
+    b.clock.advance(300);
     EXPECT_EQ(part<QProgressBar>(b.progress, "ReadingProgressBar").maximum(), 1);
     EXPECT_EQ(textOf(b.progress, "LeftLabel"), "");
-    b.clock.advance(1000);
+    b.clock.advance(700);
     b.session.progress.parameterDone("Process Pr 00-00:  x");
     EXPECT_EQ(textOf(b.progress, "LeftLabel"), "about 1 min 39 s left");
     b.session.progress.close();
+}
+
+// What takes no longer than a moment shows no window; until one is there the window below is deaf.
+TEST(ProgressForm, NeverFlashes) {
+    DialogBench b;
+    b.readTable();
+    b.table.setCheckBox(rowOfNumber(b.table, "01-00"), true);
+    b.session.WriteCheckTransparentButtonClick();
+    b.session.progress.show("Saving ...", 10, 10, 400);
+    b.clock.advance(299);
+    EXPECT_FALSE(b.progress.isVisible());
+    press(b.writeCheck, "CancelTransparentButton");
+    QTest::keyClick(&b.writeCheck, Qt::Key_Escape);
+    EXPECT_TRUE(b.writeCheck.isVisible()) << "a key or click on the window below does nothing";
+    b.session.progress.close();
+    b.clock.advance(1000);
+    EXPECT_FALSE(b.progress.isVisible());
+    QTest::keyClick(&b.writeCheck, Qt::Key_Escape);
+    EXPECT_FALSE(b.writeCheck.isVisible());
+}
+
+// A refusal ends no wait; after three seconds at rest the dialog says so and lets the person out.
+TEST(ProgressForm, LeavesNobodyBehindAnAnswerThatIsNotComing) {
+    DialogBench b;
+    b.station.line.faults().failAt(6, drive::LineFault::Exception);
+    b.session.reader.ReadDriveTransparentButtonClick();
+    ASSERT_TRUE(b.runUntil([&] { return !b.session.progress.noAnswer.isEmpty(); }));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(
+        textOf(b.progress, "NoAnswerLabel").startsWith("No answer is coming for Pr 00-05: refused, CE 4"))
+        << textOf(b.progress, "NoAnswerLabel").toStdString();
+    press(b.progress, "CancelTransparentButton");
+    EXPECT_TRUE(b.progress.isVisible());
+    ASSERT_TRUE(part(b.progress, "StopWaitingTransparentButton").isVisible());
+    press(b.progress, "StopWaitingTransparentButton");
+    EXPECT_FALSE(b.progress.isVisible());
+    EXPECT_EQ(b.session.reader.DriveTableComplete, 0);
+    EXPECT_EQ(b.table.cell(column::PrNo, 6), "00-04") << "what was read stays";
+    EXPECT_TRUE(b.link.Lamp.onLine() && b.link.TaskQueue.empty());
+    b.session.reader.ReadDriveTransparentButtonClick();
+    ASSERT_TRUE(b.runUntil([&] { return b.session.reader.DriveTableComplete == 1; }));
+    EXPECT_FALSE(part(b.progress, "StopWaitingTransparentButton").isVisibleTo(&b.progress));
 }
 
 // ---- Write list ----

@@ -49,7 +49,7 @@ struct PracticeBench {
         link.BaudTimeoutTicks = link.ReplyTimeoutTicks = 5;
         link.ActiveFunction = OwnerParameter;
         link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
-        link.fixedParaName = fixedParaName;
+        link.ParamRead.fixedParaName = fixedParaName;
         link.DriveStatus.DriveReady = 1;
         link.DriveStatus.DriveFamily = static_cast<quint8>(family);
         link.DriveStatus.ReservedEnabled = 1;

@@ -48,7 +48,7 @@ TEST(ParameterReader, ProgressStepsWithinGroupsAndTellsNameAndTimeLeft) {
     EXPECT_EQ(b.progress.position, 1);
     EXPECT_EQ(b.progress.count, 2);
     EXPECT_EQ(b.progress.total, 5);
-    EXPECT_EQ(b.progress.msLeft(), 4);  // three more at 1.5 ms each
+    EXPECT_EQ(b.progress.msLeft(), 57);  // three more at 19 ms each
     b.answerRecord();
     b.send();
     EXPECT_EQ(b.progress.position, 2);
@@ -184,6 +184,7 @@ TEST(ParameterReader, KeepsWaitingAfterAnException) {
     b.progress.CancelTransparentButtonClick();
     b.clock.advance(60000);
     EXPECT_TRUE(b.progress.shown && b.reader.ReadPending);
+    EXPECT_EQ(b.progress.noAnswer, "No answer is coming for Pr 00-01: refused, CE 4 Illegal value.");
     EXPECT_EQ(b.history.last(), "CE 4 : Illegal value   ");
 }
 

@@ -44,7 +44,7 @@ class ParameterWindow : public testing::Test {
         link.ComMode = 1;
         station.port.setSettings(line().wire);
         link.ActiveFunction = OwnerParameter;
-        link.fixedParaName = fixedParaName;
+        link.ParamRead.fixedParaName = fixedParaName;
         beOnLine(Family::Larch);
         session.choices.chooseTab = [this](const QString& title, const std::vector<ParameterTab>& tabs,
                                            int selected, const TableChoices::ThenTab& then) {

@@ -27,6 +27,7 @@ struct ParameterWiring : ShellBench, testing::Test {
     bool fileLit() { return find<AbLED>("FileAbLED", &windows->selParaSourceForm)->isChecked(); }
     void readTable() {
         item("ReadfromDrive")->trigger();
+        clock.advance(300);
         EXPECT_TRUE(windows->progressForm.isVisible());
         ASSERT_TRUE(clock.advanceUntil([this] { return session.reader.DriveTableComplete == 1; }, 600000));
     }
@@ -102,7 +103,7 @@ TEST_F(ParameterWiring, AbortInTheReadBackLeavesAListThatCanBeClosed) {
     item("WriteSelect")->trigger();
     person.expectBox("Do you want to write the parameter(s) to drive ?", "Cofirm", BoxAnswer::Yes);
     press(windows->writeCheckForm, "OKTransparentButton");
-    ASSERT_TRUE(clock.advanceUntil([this] { return windows->progressForm.isVisible(); }, 60000));
+    ASSERT_TRUE(clock.advanceUntil([this] { return session.progress.shown; }, 60000));
     auto* port = dynamic_cast<drive::PracticePort*>(tool->linkPort.behind());
     ASSERT_NE(port, nullptr);
     port->unplug();
@@ -133,7 +134,7 @@ TEST_F(ParameterWiring, ComSetupAfterAnAbortedWriteGivesTheLineBackToTheWindow) 
     windows->writeCheckErrRecordForm.close();
 
     // The read-back runs all the same; nobody is locked in behind it.
-    ASSERT_TRUE(windows->progressForm.isVisible());
+    ASSERT_TRUE(session.progress.shown);
     person.expectLinkFailure("Communication Timeout", true, LinkAnswer::Abort);
     clock.advanceUntil([this] { return person.allAsked(); }, 600000);
     press(windows->progressForm, "CancelTransparentButton");

@@ -1,0 +1,107 @@
+#include "link/console_exchange.h"
+
+#include <QDateTime>
+#include <QLocale>
+
+namespace kelvane {
+
+namespace {
+
+constexpr qint64 LeadUs = 100000;  // the line's and the drive's share of a wait
+constexpr qint64 TickUs = 1000;
+
+QString failureText(const JudgedReply& reply) {
+    switch (reply.verdict) {
+        case ReplyVerdict::BadChecksum: return QStringLiteral("Checksum Error");
+        case ReplyVerdict::Exception: return QStringLiteral("CE") % QString::number(reply.ExceptionCode);
+        case ReplyVerdict::LengthError: return QStringLiteral("Receive data length is not correct!!");
+        default: return QStringLiteral("Function code error!!");
+    }
+}
+
+}  // namespace
+
+FrameCheck ConsoleExchange::frameCheck() const {
+    if (!AddChksumCheckBox || Flasher) return FrameCheck::None;
+    return Orlan ? FrameCheck::Standard : FrameCheck::Fletcher;
+}
+
+void ConsoleExchange::sent(const QString& TxFrameText) {
+    const QDateTime now = m_wallClock.now();
+    SendTime = {now.time().hour(), now.time().minute(), now.time().second(), now.time().msec() / 10};
+    Log.topLine = QLatin1Char('[') % QLocale::system().toString(now.date(), QLocale::ShortFormat) %
+                  QString::asprintf(" %02d:%02d:%02d:%02d] ", SendTime.hour, SendTime.minute, SendTime.second,
+                                    SendTime.hundredth) %
+                  QStringLiteral("Send > ") % TxFrameText % QStringLiteral(" .......  ");
+    Log.topLineColour = ConsoleBlack;
+    ++Log.totalRecords;
+    if (Flasher) Log.FmonitorMemo += TxFrameText;
+    Q_EMIT lineStarted();
+}
+
+bool ConsoleExchange::takeBurst(const QByteArray& burst) {
+    if (!Monitor) return false;
+    Q_EMIT listenerBurst(burst);
+    return true;
+}
+
+qint64 ConsoleExchange::firstTickUs(qint64 wireTimeUs) const { return wireTimeUs + LeadUs + TickUs; }
+
+qint64 ConsoleExchange::tickUs() const { return TickUs; }
+
+bool ConsoleExchange::waitIsOver(quint32& RxTickCount, quint32 ReplyTimeoutTicks, const RxBuffer& Rx) {
+    const bool longWait = TimeOut1 > ReplyTimeoutTicks;
+    if (!FirstWaitOver) {
+        const quint32 limit = longWait ? TimeOut1 : ReplyTimeoutTicks;
+        if (RxTickCount < limit) return Rx.RxFrameDone && !longWait;
+        if (Rx.RxByteCount != 0) return true;
+        RxTickCount = 0;
+        FirstWaitOver = 1;
+    }
+    return RxTickCount >= TimeOut2;
+}
+
+void ConsoleExchange::completeLine(const QString& addition, quint32 colour) {
+    Log.topLine += addition;
+    Log.topLineColour = colour;
+    Q_EMIT lineCompleted();
+}
+
+void ConsoleExchange::completeReply(const QString& RxLogText) {
+    completeLine(QStringLiteral("Receive > ") % RxLogText, Log.topLineColour);
+}
+
+bool ConsoleExchange::timedOut() {
+    ++Log.timeoutRecords;
+    completeLine(QStringLiteral("Receive > No response"), ConsoleRed);
+    if (ListRunning) {
+        Log.RepliedMessage = QStringLiteral("Time Out");
+        Log.RepliedData = QString();
+        Q_EMIT rowReplied();
+    }
+    if (TimeOutCheckBox) {
+        Q_EMIT stopWanted();
+        return false;
+    }
+    if (ListRunning) Log.CanSend = 1;
+    return !ListRunning;
+}
+
+void ConsoleExchange::failed(const JudgedReply& reply, const QString& RxLogText) {
+    ++Log.errorRecords;
+    completeLine(QStringLiteral("Receive > ") % RxLogText, ConsolePurple);
+    if (ListRunning) {
+        Log.RepliedMessage = RxLogText;
+        Log.RepliedData = failureText(reply);
+        Q_EMIT rowReplied();
+    }
+    Log.CanSend = 1;
+    if (ErrorCheckBox) Q_EMIT stopWanted();
+}
+
+void ConsoleExchange::goodReply(const QString& command, const QByteArray& RxData) {
+    Log.CanSend = 1;
+    Q_EMIT replied(command, RxData);
+}
+
+}  // namespace kelvane

@@ -1,0 +1,132 @@
+#include "link/reply_trust.h"
+
+#include <algorithm>
+
+#include "link/number_text.h"
+
+namespace kelvane {
+
+namespace {
+
+constexpr qint64 LongestLateness = 5000000;  // us; an answer that comes later is not reckoned with
+constexpr qsizetype MostHeard = 2048;        // bytes; a line that chatters on has no answer in it
+constexpr qsizetype ShortestRtuReply = 5;
+
+QByteArray asciiBinary(const QByteArray& frame) { return QByteArray::fromHex(frame.mid(1).trimmed()); }
+
+QByteArrayList asciiReplies(const QByteArray& heard) {
+    QByteArrayList found;
+    for (qsizetype end = heard.indexOf("\r\n"); end >= 0; end = heard.indexOf("\r\n", end + 2)) {
+        const qsizetype colon = heard.lastIndexOf(':', end);
+        if (colon < 0) continue;
+        const QByteArray frame = heard.mid(colon, end + 2 - colon);
+        const QByteArray binary = asciiBinary(frame);
+        if (binary.size() >= 4 && binary.size() * 2 + 3 == frame.size() && CalcLRC(binary) == 0)
+            found += frame;
+    }
+    return found;
+}
+
+// Length of the reply that begins like this; 0 where none does.
+qsizetype rtuLength(const QByteArray& bytes) {
+    if (bytes.size() < ShortestRtuReply) return 0;
+    const auto function = static_cast<quint8>(bytes[1]);
+    if (function == 0x03) return 5 + static_cast<quint8>(bytes[2]);
+    if (function == 0x06) return 8;
+    return function & 0x80 ? ShortestRtuReply : 0;
+}
+
+QByteArrayList rtuReplies(const QByteArray& heard) {
+    QByteArrayList found;
+    for (qsizetype at = 0; at < heard.size();) {
+        const QByteArray rest = heard.mid(at, 260);
+        const qsizetype length = rtuLength(rest);
+        const bool whole = length > 0 && length <= rest.size() &&
+                           CalcCRC16(rest.first(length - 2)) == wordAt(rest, static_cast<int>(length) - 1);
+        if (whole) found += rest.first(length);
+        at += whole ? length : 1;
+    }
+    return found;
+}
+
+}  // namespace
+
+QByteArrayList wholeReplies(LinkMode mode, const QByteArray& heard) {
+    return mode == LinkMode::Ascii ? asciiReplies(heard) : rtuReplies(heard);
+}
+
+bool fitsCommand(LinkMode mode, const QByteArray& reply, const QString& command) {
+    const QByteArray sent = StrTo8bitInt(command);
+    const QByteArray binary = mode == LinkMode::Ascii ? asciiBinary(reply).chopped(1) : reply.chopped(2);
+    if (sent.size() < 6 || binary.size() < 3) return false;
+    const quint8 asked = byteAt(sent, 2);
+    const quint8 came = byteAt(binary, 2);
+    if (came == (asked | 0x80)) return binary.size() == 3;
+    if (came != asked) return false;
+    if (asked == 0x06) return binary.mid(1) == sent.mid(1, 5);
+    return binary.size() == 3 + byteAt(binary, 3) && byteAt(binary, 3) == 2 * wordAt(sent, 5);
+}
+
+ReplyTrust::ReplyTrust(TickClock& clock, std::function<void()> onSilent)
+    : m_clock(clock),
+      m_onSilent(std::move(onSilent)),
+      m_silence(clock, TickKind::Waiting, 1, [this] { silentTick(); }) {}
+
+void ReplyTrust::sent(qint64 wireTimeUs, bool again) {
+    m_heard.clear();
+    m_earliestUs = m_clock.nowUs() + wireTimeUs;
+    m_again = again;
+    m_early = m_more = false;
+}
+
+void ReplyTrust::heard(LinkMode mode, const QByteArray& burst) {
+    if (m_silenceLeft > 0) m_silenceLeft = m_silenceOwed;
+    if (m_heard.isEmpty() && m_clock.nowUs() < m_earliestUs) m_early = true;
+    m_heard += burst;
+    if (m_heard.size() > MostHeard) m_heard.remove(0, m_heard.size() - MostHeard);
+    const qsizetype end = mode == LinkMode::Ascii ? m_heard.indexOf("\r\n") : -1;
+    if (end >= 0 && end + 2 < m_heard.size()) m_more = true;
+}
+
+bool ReplyTrust::othersMayCome() const {
+    return m_more || (m_early && !m_paceless) || m_clock.nowUs() < m_lostUntilUs;
+}
+
+std::optional<QByteArray> ReplyTrust::answer(LinkMode mode, const QString& command) const {
+    QByteArrayList fitting;
+    for (const QByteArray& reply : wholeReplies(mode, m_heard))
+        if (fitsCommand(mode, reply, command)) fitting += reply;
+    const bool same =
+        std::all_of(fitting.begin(), fitting.end(), [&](const auto& one) { return one == fitting[0]; });
+    if (fitting.isEmpty() || !same) return std::nullopt;
+    return fitting.front();
+}
+
+bool ReplyTrust::heardEcho(LinkMode mode, const QString& command) const {
+    if (command.mid(2, 2) != QLatin1String("06")) return false;
+    const QByteArray echo = buildFrame(mode, command, FrameCheck::Standard).wire;
+    return wholeReplies(mode, m_heard).contains(echo);
+}
+
+void ReplyTrust::answered(const QByteArray& reply) {
+    if (m_early && m_heard == reply && !m_again && !m_more && m_clock.nowUs() >= m_lostUntilUs)
+        m_paceless = true;
+}
+
+void ReplyTrust::lostTrack() { m_lostUntilUs = m_clock.nowUs() + LongestLateness; }
+
+void ReplyTrust::oweSilence(quint32 ticks) {
+    if (ticks == 0) return;
+    m_silenceOwed = std::max(ticks, m_silenceLeft);
+    m_silenceLeft = m_silenceOwed;
+    m_silence.setEnabled(false);
+    m_silence.setEnabled(true);
+}
+
+void ReplyTrust::silentTick() {
+    if (m_silenceLeft > 0 && --m_silenceLeft > 0) return;
+    m_silence.setEnabled(false);
+    m_onSilent();
+}
+
+}  // namespace kelvane

@@ -1,0 +1,65 @@
+// What may be taken for an answer. A reply is not the answer of the request in front just because it came:
+// after a time-out, a resend, a bad check or a cut-off exchange the answers of earlier requests may still be
+// on their way. While that is possible (doubt) no exchange ends early, all that was heard in it is looked at
+// as a whole, and nothing is sent until the line has been silent. Owned by the scheduler.
+#pragma once
+
+#include <QByteArrayList>
+#include <optional>
+
+#include "base/tick_clock.h"
+#include "link/frame_codec.h"
+
+namespace kelvane {
+
+// Every whole reply with a good check in what was heard, as it stood on the wire, also between foreign bytes.
+QByteArrayList wholeReplies(LinkMode mode, const QByteArray& heard);
+// It has the shape of an answer to command: the words that were asked for, the echo of a write, or a refusal
+// of that function.
+bool fitsCommand(LinkMode mode, const QByteArray& reply, const QString& command);
+
+class ReplyTrust {
+   public:
+    // onSilent is called when the line has been silent for as long as it was owed.
+    ReplyTrust(TickClock& clock, std::function<void()> onSilent);
+
+    // ---- One exchange
+    void sent(qint64 wireTimeUs, bool again);
+    void heard(LinkMode mode, const QByteArray& burst);
+    // Answers to other requests may be among what is heard.
+    bool othersMayCome() const;
+    bool inDoubt() const { return m_again || othersMayCome(); }
+    bool heardAnything() const { return !m_heard.isEmpty(); }
+    // The one reply that fits; nothing when there is none, or when two that fit are not the same.
+    std::optional<QByteArray> answer(LinkMode mode, const QString& command) const;
+    bool heardEcho(LinkMode mode, const QString& command) const;  // of a write
+    bool heardWholeReply(LinkMode mode) const { return !wholeReplies(mode, m_heard).isEmpty(); }
+    // The exchange ended with a good answer. A line that answers before the request can have left it has no
+    // pace; there, being early is no sign of a late answer.
+    void answered(const QByteArray& reply);
+
+    // ---- After it
+    // An answer may still come for a request that was sent.
+    void lostTrack();
+    // Nothing is sent until no byte has come for so many waiting ticks; counts at once.
+    void oweSilence(quint32 ticks);
+    bool silenceOwed() const { return m_silenceLeft > 0; }
+    void forgetPace() { m_paceless = false; }
+
+   private:
+    void silentTick();
+    TickClock& m_clock;
+    std::function<void()> m_onSilent;
+    TickTimer m_silence;
+    quint32 m_silenceOwed = 0;  // ticks
+    quint32 m_silenceLeft = 0;
+    QByteArray m_heard;       // since the request was sent
+    qint64 m_earliestUs = 0;  // before it no answer can begin
+    qint64 m_lostUntilUs = 0;
+    bool m_again = false;
+    bool m_early = false;
+    bool m_more = false;  // bytes behind the end of a frame
+    bool m_paceless = false;
+};
+
+}  // namespace kelvane
