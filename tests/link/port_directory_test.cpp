@@ -60,7 +60,8 @@ TEST(PortDirectory, ReadsTheFileOfAFolderAndDescribesWhatItFinds) {
     writeWhole(device, "x");
     EXPECT_TRUE(directory.isPresent(2));
     EXPECT_EQ(PortDirectory::describe(directory.target(2)).text(), device);
-    EXPECT_EQ(PortDirectory::describe(directory.target(20)).text(), QStringLiteral("practice drive Larch"));
+    EXPECT_EQ(PortDirectory::describe(directory.target(20)).text(),
+              QStringLiteral("practice drive Larch, answers at ASCII, 9600, 7, N, 2"));
     EXPECT_EQ(PortDirectory::describe(directory.target(99)).text(), QStringLiteral("no such port"));
 
     const QTemporaryDir damaged;
