@@ -195,7 +195,13 @@ void Windows::openingGivenUp() {
     if (const WindowRow* row = std::exchange(m_open, nullptr)) tool.rules.finished(row->rule);
 }
 
-void Windows::showLanguage() { ChangeLanguage(tool.bench.language.table, m_all); }
+// The language file has the last word where it has one.
+void Windows::showLanguage() {
+    m_translations.choose(tool.bench.language.LanguageIndex,
+                          tool.bench.folder.findData(QStringLiteral("Language file")));
+    m_translations.show(m_all);
+    ChangeLanguage(tool.bench.language.table, m_all);
+}
 
 void Windows::showModal(QWidget& window) {
     window.setWindowModality(Qt::ApplicationModal);

@@ -34,6 +34,7 @@
 #include "shell/password_form.h"
 #include "shell/shell_operator.h"
 #include "shell/tool.h"
+#include "shell/translations.h"
 #include "shell/window_table.h"
 
 namespace kelvane {
@@ -126,6 +127,7 @@ class Windows : public QObject {
     void finishComSetup();
 
     QList<QWidget*> m_all;
+    Translations m_translations;
     QHash<const QWidget*, QPointer<QWidget>> m_below;  // over which window a visible one was opened
     QHash<const QWidget*, QPoint> m_placed;            // where we have put it
     const WindowRow* m_open = nullptr;                 // that owns the link
