@@ -15,7 +15,8 @@ namespace kelvane {
 namespace {
 
 // Of Qt's catalogues, by LanguageIndex from 1.
-constexpr std::array<const char*, 10> QtNames{"zh_TW", "zh_CN", "de", "en", "fr", "ja", "ko", "pt_BR", "ru", "es"};
+constexpr std::array<const char*, 10> QtNames{"zh_TW", "zh_CN", "de",    "en", "fr",
+                                              "ja",    "ko",    "pt_BR", "ru", "es"};
 
 // What a control shows, by the properties that hold it, and where its English is kept meanwhile.
 struct Shown {
@@ -50,6 +51,17 @@ void TextCatalogue::read(const QByteArray& bytes) {
     }
 }
 
+QString TextCatalogue::text(const QString& english) const {
+    const qsizetype mark = english.indexOf(QLatin1Char('&'));
+    if (mark < 0 || mark + 1 == english.size() || m_texts.contains(english)) return m_texts.value(english);
+    QString found = m_texts.value(QString(english).remove(mark, 1));
+    if (found.isEmpty()) return found;
+    constexpr char16_t FirstIdeograph = 0x2E80;
+    if (found[0].unicode() < FirstIdeograph) return QLatin1Char('&') % found;
+    const qsizetype end = found.endsWith(QLatin1String("...")) ? found.size() - 3 : found.size();
+    return found.insert(end, QStringLiteral("(&%1)").arg(english[mark + 1].toUpper()));
+}
+
 QString TextCatalogue::translate(const char*, const char* sourceText, const char*, int) const {
     return text(QString::fromUtf8(sourceText));
 }
@@ -64,7 +76,8 @@ void Translations::choose(quint8 LanguageIndex, const QString& languageFolder) {
                   QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&m_qt);
     const QString name = QStringLiteral("Texts_%1.txt").arg(languageCode(LanguageIndex));
-    const FileContent file = readWhole(languageFolder.isEmpty() ? QString() : QDir(languageFolder).filePath(name));
+    const FileContent file =
+        readWhole(languageFolder.isEmpty() ? QString() : QDir(languageFolder).filePath(name));
     if (!file.ok) return;
     m_ours.read(file.bytes);
     QCoreApplication::installTranslator(&m_ours);

@@ -1,6 +1,6 @@
-// Texts that no language file has a key for: Qt's own (Yes, No, OK, file dialogs) from Qt's catalogue, and ours
-// from "Texts_RU.txt" and the like beside the language files, by LanguageIndex. Chosen at start and by the language
-// menu; what windows show already is translated in place.
+// Texts that no language file has a key for: Qt's own (Yes, No, OK, file dialogs) from Qt's catalogue, and
+// ours from "Texts_RU.txt" and the like beside the language files, by LanguageIndex. Chosen at start and by
+// the language menu; what windows show already is translated in place.
 #pragma once
 
 #include <QHash>
@@ -11,8 +11,8 @@ class QWidget;
 
 namespace kelvane {
 
-// A catalogue of lines "English text=text", in UTF-8, with \n for a line end. A text is one in all windows, so the
-// context in which Qt asks is not looked at.
+// A catalogue of lines "English text=text", in UTF-8, with \n for a line end. A text is one in all windows,
+// so the context in which Qt asks is not looked at.
 class TextCatalogue : public QTranslator {
     Q_OBJECT
    public:
@@ -20,8 +20,9 @@ class TextCatalogue : public QTranslator {
 
     // Lines of a file; empty ones, those from "#" on and those without "=" are left out.
     void read(const QByteArray& bytes);
-    // Empty when the catalogue does not have it.
-    QString text(const QString& english) const { return m_texts.value(english); }
+    // Empty when the catalogue does not have it. A mark for the keyboard in the English text stands in the
+    // other, before its first letter or, where letters have no key, behind it in parentheses.
+    QString text(const QString& english) const;
     bool isEmpty() const override { return m_texts.isEmpty(); }
     QString translate(const char* context, const char* sourceText, const char* disambiguation,
                       int n) const override;

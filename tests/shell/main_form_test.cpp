@@ -209,6 +209,30 @@ TEST(MainForm, ShowsHintsWithMarkUpAsPlainText) {
     EXPECT_EQ(bench.find<QWidget>("ComSetupTransparentButton")->toolTip(), "<p>&lt;h1&gt;Com&lt;/h1&gt;");
 }
 
+// Texts without a key in the language file, and Qt's own, follow the language and come back.
+TEST(Translations, TranslateWhatNoKeyNamesAndComeBackToEnglish) {
+    Translations translations;
+    QWidget window;
+    QLabel stop("Stop bits", &window);
+    QAction find("&Find...", &window);
+    QLabel value("12.50", &window);
+    const QString folder = QStringLiteral(KELVANE_SOURCE_DIR) + "/Language file";
+    translations.choose(9, folder);
+    translations.show({&window});
+    EXPECT_EQ(stop.text(), QString::fromUtf8("Стоп-биты"));
+    EXPECT_EQ(find.text(), QString::fromUtf8("&Найти..."));
+    EXPECT_EQ(value.text(), "12.50");
+    stop.setText("Parity");  // set by code meanwhile
+    translations.choose(2, folder);
+    translations.show({&window});
+    EXPECT_EQ(stop.text(), QString::fromUtf8("校验"));
+    EXPECT_EQ(find.text(), QString::fromUtf8("查找(&F)..."));
+    translations.choose(4, folder);
+    translations.show({&window});
+    EXPECT_EQ(stop.text(), "Parity");
+    EXPECT_EQ(find.text(), "&Find...");
+}
+
 TEST(ShellOperator, GivesASuffixToANameThatHasNone) {
     EXPECT_EQ(withSuffix("/home/anna/mine", ".prj"), "/home/anna/mine.prj");
     EXPECT_EQ(withSuffix("/home/anna.b/mine", ".prj"), "/home/anna.b/mine.prj");
