@@ -262,6 +262,18 @@ void PracticeDrive::takeMotorSettings() {
     s.baseHz = m_parameters.number(m_traits.baseFrequency, 60);
     s.accelSeconds = m_parameters.number(m_traits.accelTime, 10);
     s.decelSeconds = m_parameters.number(m_traits.decelTime, 10);
+    if (m_traits.pid.source) takePidSettings();
+}
+
+void PracticeDrive::takePidSettings() {
+    const PidRegisters& at = m_traits.pid;
+    PidSettings& s = m_pid.settings;
+    s.gain = m_parameters.number(at.gain, 1) * at.gainScale;
+    s.integralSeconds = m_parameters.number(at.integralTime, 1);
+    s.derivativeSeconds = m_parameters.number(at.derivativeTime, 0);
+    s.integralLimit = m_parameters.number(at.integralLimit, 100);
+    s.filterSeconds = m_parameters.number(at.filterTime, 0);
+    s.outputLimit = at.outputLimit ? m_parameters.number(at.outputLimit, 100) : 100;
 }
 
 void PracticeDrive::startTuning() {
@@ -301,8 +313,30 @@ void PracticeDrive::advanceUs(qint64 us) {
     tick(left);
 }
 
-void PracticeDrive::tick(double seconds) {
+bool PracticeDrive::controls() const {
+    return m_traits.pid.source && m_parameters.value(m_traits.pid.source, 0) != 0 && !tuning();
+}
+
+// While the control runs, the set point is the frequency that is commanded, in per cent of the highest.
+void PracticeDrive::move(double seconds) {
+    constexpr double Step = 0.02;
+    const double full = std::max(m_motor.settings.maxHz, 1.0) / 100;
+    while (seconds > 0 && controls() && m_motor.runState() == RunState::Running) {
+        const double step = std::min(seconds, Step);
+        m_motor.leadControl(m_pid.control(step, m_motor.commandHz() / full) * full);
+        m_motor.advance(step);
+        m_pid.follow(step, m_motor.outputHz() / full);
+        seconds -= step;
+    }
+    if (seconds <= 0) return;
+    m_pid.rest();
+    m_motor.leadControl({});
     m_motor.advance(seconds);
+    m_pid.follow(seconds, m_motor.outputHz() / full);
+}
+
+void PracticeDrive::tick(double seconds) {
+    move(seconds);
     if (m_motor.runState() == RunState::Running) m_runSeconds += seconds;
 }
 

@@ -12,6 +12,7 @@
 
 #include "drive/motor_model.h"
 #include "drive/parameter_store.h"
+#include "drive/pid_model.h"
 
 namespace kelvane::drive {
 
@@ -86,15 +87,19 @@ class PracticeDrive {
     Refusal copyOrKey(uint16_t word);
     Refusal writeParameter(uint16_t reg, uint16_t word);
     void takeMotorSettings();
+    void takePidSettings();
     void startTuning();
     void endTuning(uint8_t result);
     void tick(double seconds);
+    void move(double seconds);
+    bool controls() const;
 
     FamilyData m_data;
     const FamilyTraits& m_traits;
     DriveOptions m_options;
     ParameterStore m_parameters;
     MotorModel m_motor;
+    PidModel m_pid;
     uint16_t m_lastOrder = 0;  // word last written to 2000h
     bool m_copyMode = false;
     size_t m_display = 0;  // presses of the arrow key, which step the user display on

@@ -106,7 +106,7 @@ double PracticeDrive::quantity(Quantity which) const {
         case Quantity::EncoderHigh: return std::floor(pulses / 65536);
         case Quantity::OutputKw: return m.kilowatts();
         case Quantity::Temperature: return m.celsius();
-        case Quantity::PidFeedback: return share;
+        case Quantity::PidFeedback: return m_pid.feedback();
         case Quantity::PidTarget: return 100 * m.commandHz() / std::max(m.settings.maxHz, 1.0);
         case Quantity::ScaledHzLow: return m.outputHz();
         case Quantity::AnalogVolts: return share / 10;

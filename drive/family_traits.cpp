@@ -127,6 +127,22 @@ constexpr auto YarrowItems = std::to_array<StatusItem>({
     {OutputKw, 100},
 });
 
+// Most series have their PID in group 10.
+constexpr PidRegisters TenthGroup{.source = 0x0A00,
+                                  .gain = 0x0A02,
+                                  .integralTime = 0x0A03,
+                                  .derivativeTime = 0x0A04,
+                                  .integralLimit = 0x0A05,
+                                  .filterTime = 0x0A06,
+                                  .outputLimit = 0x0A07,
+                                  .gainScale = 1};
+constexpr PidRegisters tenthGroupFrom(uint16_t source, double gainScale = 1) {
+    PidRegisters registers = TenthGroup;
+    registers.source = source;
+    registers.gainScale = gainScale;
+    return registers;
+}
+
 constexpr FamilyTraits Usual{
     .family = Family::Larch,
     .modelRegister = 0x0000,
@@ -150,6 +166,7 @@ constexpr FamilyTraits Usual{
     .tunedRows = {},
     .motorSelector = 0,
     .tunedRowsOfMotor2 = {},
+    .pid = {},
     .signedItems = false,
     .items = LarchItems,
 };
@@ -166,6 +183,7 @@ constexpr FamilyTraits usualBut(Family family, std::span<const StatusItem> items
 constexpr auto Traits = std::to_array<FamilyTraits>({
     usualBut(Family::Rowan, RowanItems,
              [](FamilyTraits& t) {
+                 t.pid = {0x0074, 0x0076, 0x0077, 0x0078, 0x0079, 0x007A, 0x0080, 1};
                  t.modelRegister = 0x0050;
                  t.namesGroups = false;
                  t.plainState = true;
@@ -178,11 +196,13 @@ constexpr auto Traits = std::to_array<FamilyTraits>({
              }),
     usualBut(Family::Aspen, AspenItems,
              [](FamilyTraits& t) {
+                 t.pid = TenthGroup;
                  t.namesGroups = false;
                  t.hasCopyMode = false;
              }),
     usualBut(Family::Larch, LarchItems,
              [](FamilyTraits& t) {
+                 t.pid = tenthGroupFrom(0x0A00, 0.01);
                  t.plainState = true;
                  t.tuneCommand = 0x0705;
                  t.tuneResult = 0x2304;
@@ -200,6 +220,7 @@ constexpr auto Traits = std::to_array<FamilyTraits>({
              }),
     usualBut(Family::Tilia, TiliaItems,
              [](FamilyTraits& t) {
+                 t.pid = {0x0800, 0x0801, 0x0802, 0x0803, 0x0804, 0x0807, 0x0805, 0.01};
                  t.accelTime = 0x010C;
                  t.decelTime = 0x010D;
                  t.tuneCommand = 0x0500;
@@ -212,16 +233,18 @@ constexpr auto Traits = std::to_array<FamilyTraits>({
              }),
     usualBut(Family::Osier, OsierItems,
              [](FamilyTraits& t) {
+                 t.pid = {0x0A01, 0x0A03, 0x0A04, 0x0A05, 0x0A06, 0x0A07, 0, 1};
                  t.modelRegister = 0x0700;
                  // Kept: the PID rows are also read at 1001h to 1007h, where this series has them.
                  t.pidGroupAgain = 0x10;
              }),
     usualBut(Family::Willow, WillowItems,
              [](FamilyTraits& t) {
+                 t.pid = tenthGroupFrom(0x0A01);
                  t.tuneCommand = 0x0704;
                  t.tunedRows = {0x0705, 0x0701};
              }),
-    usualBut(Family::Yarrow, YarrowItems, [](FamilyTraits&) {}),
+    usualBut(Family::Yarrow, YarrowItems, [](FamilyTraits& t) { t.pid = tenthGroupFrom(0x0A01); }),
     usualBut(Family::Sorrel, TiliaItems,
              [](FamilyTraits& t) {
                  t.accelTime = 0x010C;

@@ -44,6 +44,18 @@ struct StatusItem {
     int scale;  // word = quantity x scale
 };
 
+// Registers of the PID; 0 for one that the family does not have.
+struct PidRegisters {
+    uint16_t source;  // not 0: the control runs
+    uint16_t gain;
+    uint16_t integralTime;
+    uint16_t derivativeTime;
+    uint16_t integralLimit;
+    uint16_t filterTime;
+    uint16_t outputLimit;
+    double gainScale;  // of a gain in per cent
+};
+
 struct FamilyTraits {
     Family family;
     uint16_t modelRegister;
@@ -70,6 +82,7 @@ struct FamilyTraits {
     std::array<uint16_t, 2> tunedRows;
     uint16_t motorSelector;
     std::array<uint16_t, 2> tunedRowsOfMotor2;
+    PidRegisters pid;
     bool signedItems;  // negative items go out as two's complement
     std::span<const StatusItem> items;
 };

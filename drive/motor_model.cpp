@@ -39,7 +39,9 @@ void MotorModel::injectFault(uint8_t code) {
 
 double MotorModel::targetHz() const {
     if (m_order == Order::Stop) return 0;
-    const double wanted = m_tuneHz ? *m_tuneHz : m_order == Order::Jog ? settings.jogHz : m_commandHz;
+    const double wanted = m_tuneHz                ? *m_tuneHz
+                          : m_order == Order::Jog ? settings.jogHz
+                                                  : m_controlHz.value_or(m_commandHz);
     const double hz = std::clamp(wanted, 0.0, settings.maxHz);
     return m_reverse ? -hz : hz;
 }

@@ -43,6 +43,8 @@ class MotorModel {
     void setCommandHz(double hz) { m_commandHz = hz; }
     // While tuning the drive itself leads the motor at this frequency; 0 is a locked shaft under current.
     void leadTuning(std::optional<double> hz) { m_tuneHz = hz; }
+    // The drive's own control leads the motor at this frequency in place of the command.
+    void leadControl(std::optional<double> hz) { m_controlHz = hz; }
     // Trips: the output goes off at once and stays off until reset().
     void injectFault(uint8_t code);
     void reset() { m_fault = 0; }
@@ -81,6 +83,7 @@ class MotorModel {
     uint8_t m_fault = 0;
     double m_commandHz = 0;
     std::optional<double> m_tuneHz;
+    std::optional<double> m_controlHz;
     double m_hz = 0;     // negative in reverse
     int m_rampSign = 0;  // 1 speeding up, -1 slowing down
     double m_celsius = 25;

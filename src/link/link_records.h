@@ -92,6 +92,7 @@ struct NoticeRecord {
     QString CEmessageText;
     QString CEmessageTitle;
     bool TInitialForm = false;
+    bool waitMayBeLeft = false;  // a person may close TInitialForm; whoever opened it goes on without
     bool TProgressForm = false;
     bool TWriteCheckForm = false;
     bool operator==(const NoticeRecord&) const = default;

@@ -31,7 +31,7 @@ bool RequestChain::thrownAway() const { return m_link.TaskQueue.empty() && m_lin
 
 void RequestChain::tick() {
     if (m_out && !takeAnswer()) {
-        if (thrownAway()) m_link.request(m_out->task, m_out->command);
+        if (asksAnew && thrownAway()) m_link.request(m_out->task, m_out->command);
         return;
     }
     if (running() && !m_out) ask();

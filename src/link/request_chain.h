@@ -37,6 +37,10 @@ class RequestChain : public QObject {
     // refused.
     std::function<bool()> alsoAnswered;
 
+    // Asks anew when the queues were thrown away under a request that is out. Off where a refusal throws
+    // them away too, or where a command must never go out twice.
+    bool asksAnew = true;
+
     // Starts at the next turn of the event loop. Starting a running chain changes nothing.
     void start();
     // No more requests. What is out may still be answered; nobody takes it.

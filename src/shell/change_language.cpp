@@ -46,9 +46,11 @@ void setText(QObject* control, const QString& text) {
 void setGroupTexts(const QObject& window, const KeyGroup& keys, const TextGroup& texts) {
     for (int number = 1; number <= keys.count() && number <= texts.filled; ++number) {
         const KeyTarget& target = keys.targets[static_cast<size_t>(number - 1)];
-        if (target.kind != TargetKind::Control) continue;
-        if (auto* control = window.findChild<QObject*>(QString::fromLatin1(target.control)))
+        auto* control = window.findChild<QObject*>(QString::fromLatin1(target.control));
+        if (control && target.kind == TargetKind::Control)
             setText(control, shownText(target, texts.at(number)));
+        if (control && target.kind == TargetKind::MemoLine)
+            control->setProperty("plainText", texts.at(number));
     }
 }
 

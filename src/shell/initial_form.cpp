@@ -21,8 +21,8 @@ TInitialForm::TInitialForm(RequestScheduler& link, TickClock& clock, QWidget* pa
       m_link(link),
       m_patience(clock, TickKind::RealTime, PatienceMs, [this] { offerToLeave(true); }),
       m_waitsFor(plainLabel("WaitsForLabel", {}, this)),
-      m_stop(named<TransparentButton>("StopWaitingTransparentButton", icon(Icon::Cancel), tr("Stop waiting"),
-                                      this, TransparentButton::Layout::IconLeft)) {
+      m_stop(named<TransparentButton>("CloseTransparentButton", icon(Icon::Cancel), tr("Stop waiting"), this,
+                                      TransparentButton::Layout::IconLeft)) {
     setObjectName(QStringLiteral("TInitialForm"));
     auto* column = new QVBoxLayout(this);
     const int room = fontMetrics().height();
@@ -42,6 +42,7 @@ void TInitialForm::follow() {
     const bool wanted = m_link.Notice.TInitialForm;
     if (wanted == isVisible()) return;
     offerToLeave(false);
+    m_stop->setVisible(m_link.Notice.waitMayBeLeft);
     m_patience.setEnabled(wanted);
     if (!wanted) m_wait = {};
     setVisible(wanted);
@@ -65,7 +66,7 @@ void TInitialForm::leave() {
     const Wait wait = std::exchange(m_wait, {});
     if (wait.leave)
         wait.leave();
-    else
+    else if (!m_link.Notice.waitMayBeLeft)
         m_link.Initial();
     m_link.Notice.TInitialForm = false;
     m_link.notifyChanged();

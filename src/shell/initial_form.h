@@ -20,7 +20,8 @@ class TInitialForm : public WaitForm {
     TInitialForm(RequestScheduler& link, TickClock& clock, QWidget* parent = nullptr);
 
     // What a wait is for, and its end when the person leaves it; to be set before it is shown. Without one it
-    // is identification, which Initial ends.
+    // is identification, which Initial ends, or a wait that may be left at once (waitMayBeLeft), whose owner
+    // sees the notice go.
     struct Wait {
         QString what;
         std::function<void()> leave;

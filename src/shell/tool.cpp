@@ -27,7 +27,9 @@ Tool::Tool(const ToolBench& toolBench)
       watcher(presence),
       rules(link),
       parameters(link, bench.clock, groupNames,
-                 {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}) {
+                 {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
+      pid({link, bench.clock, bench.person, bench.language.table}),
+      autoTuning({link, bench.clock, bench.person, bench.language.table}) {
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };

@@ -10,6 +10,8 @@
 #include "base/program_folder.h"
 #include "base/whole_file.h"
 #include "catalogue/identification.h"
+#include "commissioning/auto_tuning.h"
+#include "commissioning/pid_control.h"
 #include "link/com_setup.h"
 #include "link/port_directory.h"
 #include "link/port_presence.h"
@@ -50,6 +52,8 @@ class Tool : public QObject {
     PortWatcher watcher;
     WindowRules rules;
     ParameterSession parameters;
+    PidControl pid;
+    AutoTuning autoTuning;
 
     // Values of default.prj that belong to windows; a window takes its section when it is built and puts it
     // back before a save.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "shell/commissioning_windows.h"
 #include "shell/parameter_windows.h"
 #include "shell/windows.h"
 
@@ -97,22 +98,24 @@ const WindowRow Rows[] = {
     {.form = "TMultiStepForm",
      .entry = {.place = 10, .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Multi Step"),
                .menu = "DiagnosticMenu", .menuItem = "MultiStep", .icon = Icon::MultiStep, .visible = false}},
-    {.form = "TAutoTuningForm",
+    {.form = "TAutoTuningForm", .make = makeAutoTuning, .wire = wireAutoTuning,
      .rule = {.ActiveFunction = OwnerAutoTuning, .offLine = OffLineBox::OnLineFirst, .stopsKeypad = true,
               .closesKeypad = true, .marksRead = true, .marksWritten = true, .tail = true},
      .entry = {.place = 9, .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Auto Tuning"),
                .menu = "DiagnosticMenu", .menuItem = "AutoTuning", .icon = Icon::AutoTuning,
-               .offered = &DriveLabelsRecord::AutoTuning}},
-    {.form = "TPIDForm",
+               .offered = &DriveLabelsRecord::AutoTuning},
+     .open = openAutoTuning},
+    {.form = "TPIDForm", .make = makePid,
      .rule = {.ActiveFunction = OwnerPid, .offLine = OffLineBox::OnLineFirst, .stopsKeypad = true,
               .closesKeypad = true, .marksRead = true, .marksWritten = true, .tail = true},
      .entry = {.place = 8, .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "PID Control"),
                .menu = "DiagnosticMenu", .menuItem = "PIDControl", .icon = Icon::Pid,
-               .offered = &DriveLabelsRecord::PIDControl}},
+               .offered = &DriveLabelsRecord::PIDControl},
+     .open = openPid},
     {.form = "TEditForm"},
     {.form = "TPasswordForm", .make = makePassword},
     {.form = "TErrHistoryForm"},
-    {.form = "TMotorSelForm"},
+    {.form = "TMotorSelForm", .make = makeMotorSel},
     {.form = "TInputForm", .make = makeInput},
     {.form = "TSelParaPrintForm", .make = makeForm<TSelParaPrintForm>},
     {.form = "TSelGroupLoadForm", .make = makeSelGroupLoad},

@@ -6,6 +6,7 @@
 #include "ui/display_label.h"
 #include "ui/lamp.h"
 #include "ui/led_text.h"
+#include "ui/meters.h"
 #include "ui/power_button.h"
 #include "ui/scanner.h"
 #include "ui/seven_segment_label.h"
@@ -80,6 +81,19 @@ class DisplaySpeech : public QAccessibleWidget {
     }
 };
 
+class MeterSpeech : public QAccessibleWidget {
+   public:
+    explicit MeterSpeech(QWidget* meter) : QAccessibleWidget(meter, QAccessible::Dial) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind != QAccessible::Value) return QAccessibleWidget::text(kind);
+        if (const auto* dial = qobject_cast<const DialMeter*>(object()))
+            return dial->valueText() + QLatin1Char(' ') + dial->text();
+        const auto* scale = qobject_cast<const ScaleMeter*>(object());
+        return QString::number(scale->value()) + QLatin1Char(' ') + scale->ValueUnit();
+    }
+};
+
 class LedSpeech : public QAccessibleWidget {
    public:
     explicit LedSpeech(LedText* led) : QAccessibleWidget(led, QAccessible::Indicator) {}
@@ -114,6 +128,8 @@ QAccessibleInterface* speechFor(const QString& className, QObject* object) {
     if (auto* led = qobject_cast<LedText*>(object)) return new LedSpeech(led);
     if (auto* display = qobject_cast<SevenSegmentLabel*>(object)) return new SegmentSpeech(display);
     if (auto* bar = qobject_cast<VrIndicator*>(object)) return new BarSpeech(bar);
+    if (qobject_cast<DialMeter*>(object) || qobject_cast<ScaleMeter*>(object))
+        return new MeterSpeech(qobject_cast<QWidget*>(object));
     return nullptr;
 }
 

@@ -28,16 +28,67 @@ namespace kelvane {
 namespace {
 
 constexpr auto IconCount = static_cast<size_t>(Icon::Count_);
-constexpr std::array<const char*, IconCount> IconNames{
-    "com_setup", "parameter",    "quick_setup",    "advance",    "keypad",    "trend",        "monitor",
-    "open",      "save",         "exit",           "read_drive", "read_file", "write_select", "write_all",
-    "compare",   "print",        "language",       "find",       "previous",  "next",         "undo",
-    "redo",      "backup",       "help",           "about",      "pid",       "auto_tuning",  "multi_step",
-    "copy",      "close",        "folder",         "folder_up",  "file",      "accept",       "cancel",
-    "test",      "connect",      "disconnect",     "start",      "stop",      "clear",        "option",
-    "cursor",    "picture",      "zoom",           "add",        "remove",    "edit",         "run",
-    "fault",     "lock",         "motor",          "more",       "refused",   "tree_drive",   "tree_file",
-    "tree_open", "tree_compare", "tree_parameters"};
+constexpr std::array<const char*, IconCount> IconNames{"com_setup",
+                                                       "parameter",
+                                                       "quick_setup",
+                                                       "advance",
+                                                       "keypad",
+                                                       "trend",
+                                                       "monitor",
+                                                       "open",
+                                                       "save",
+                                                       "exit",
+                                                       "read_drive",
+                                                       "read_file",
+                                                       "write_select",
+                                                       "write_all",
+                                                       "compare",
+                                                       "print",
+                                                       "language",
+                                                       "find",
+                                                       "previous",
+                                                       "next",
+                                                       "undo",
+                                                       "redo",
+                                                       "backup",
+                                                       "help",
+                                                       "about",
+                                                       "pid",
+                                                       "auto_tuning",
+                                                       "multi_step",
+                                                       "copy",
+                                                       "close",
+                                                       "folder",
+                                                       "folder_up",
+                                                       "file",
+                                                       "accept",
+                                                       "cancel",
+                                                       "test",
+                                                       "connect",
+                                                       "disconnect",
+                                                       "start",
+                                                       "stop",
+                                                       "clear",
+                                                       "option",
+                                                       "cursor",
+                                                       "picture",
+                                                       "zoom",
+                                                       "add",
+                                                       "remove",
+                                                       "edit",
+                                                       "run",
+                                                       "fault",
+                                                       "lock",
+                                                       "motor",
+                                                       "more",
+                                                       "refused",
+                                                       "tree_drive",
+                                                       "tree_file",
+                                                       "tree_open",
+                                                       "tree_compare",
+                                                       "tree_parameters",
+                                                       "motor_1",
+                                                       "motor_2"};
 static_assert(IconNames.back() != nullptr, "one name for each icon");
 
 constexpr std::array TreeImages{Icon::TreeDrive, Icon::TreeFile, Icon::TreeOpen, Icon::TreeCompare,
@@ -122,6 +173,11 @@ QString familyPath(quint8 DriveFamily) {
     return name.isEmpty() ? QString() : QLatin1String("families/") + name + QLatin1String(".svg");
 }
 
+QByteArray pidDiagram(quint8 DriveFamily) {
+    const QString name = QString::fromLatin1(familyName(DriveFamily)).toLower();
+    return name.isEmpty() ? QByteArray() : drawing(QLatin1String("pid/") + name + QLatin1String(".svg"));
+}
+
 QByteArray logoDrawing(const QPalette& palette) {
     return toned(drawing(QStringLiteral("logo.svg")), tonesFor(QIcon::Normal, palette));
 }
@@ -182,12 +238,23 @@ void PictureBox::showKeypad() {
     update();
 }
 
-QSize PictureBox::sizeHint() const { return m_kind == Kind::Logo ? QSize(420, 124) : QSize(160, 200); }
+void PictureBox::showPidDiagram(quint8 DriveFamily) {
+    m_family = DriveFamily;
+    m_kind = pidDiagram(DriveFamily).isEmpty() ? Kind::Nothing : Kind::PidDiagram;
+    setAccessibleName(QStringLiteral("PID of ") + QString::fromLatin1(familyName(DriveFamily)));
+    update();
+}
+
+QSize PictureBox::sizeHint() const {
+    if (m_kind == Kind::PidDiagram) return {640, 220};
+    return m_kind == Kind::Logo ? QSize(420, 124) : QSize(160, 200);
+}
 
 QByteArray PictureBox::wantedDrawing() const {
     switch (m_kind) {
         case Kind::Logo: return logoDrawing(palette());
         case Kind::Keypad: return drawing(QStringLiteral("keypad.svg"));
+        case Kind::PidDiagram: return toned(pidDiagram(m_family), tonesFor(QIcon::Normal, palette()));
         default: return drawing(familyPath(m_family));
     }
 }

@@ -18,6 +18,7 @@ enum class Icon : int {
     Accept, Cancel, Test, Connect, Disconnect, Start, Stop, Clear, Option, Cursor, Picture, Zoom,
     Add, Remove, Edit, Run, Fault, Lock, Motor, More, Refused,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
+    Motor1, Motor2,
     Count_,
 };
 // clang-format on
@@ -46,6 +47,8 @@ class PictureBox : public QWidget {
     void showFamily(quint8 DriveFamily);  // nothing for a number that is no family
     void showLogo();
     void showKeypad();  // the body of the keypad, 244 x 389
+    // Block diagram of a family's PID; nothing for a family without one.
+    void showPidDiagram(quint8 DriveFamily);
     bool isEmpty() const { return m_kind == Kind::Nothing; }
     QSize sizeHint() const override;
 
@@ -54,7 +57,7 @@ class PictureBox : public QWidget {
 
    private:
     QByteArray wantedDrawing() const;
-    enum class Kind { Nothing, Family, Logo, Keypad };
+    enum class Kind { Nothing, Family, Logo, Keypad, PidDiagram };
     Kind m_kind = Kind::Nothing;
     quint8 m_family = 0;
     QByteArray m_drawnFrom;  // drawing of m_drawn

@@ -12,6 +12,10 @@ QIcon ToolStyle::standardIcon(StandardPixmap which, const QStyleOption* option, 
         case SP_MessageBoxQuestion: return icon(Icon::Help);
         case SP_MessageBoxWarning: return icon(Icon::Fault);
         case SP_MessageBoxCritical: return icon(Icon::Refused);
+        case SP_DialogOkButton:
+        case SP_DialogYesButton: return icon(Icon::Accept);
+        case SP_DialogCancelButton:
+        case SP_DialogNoButton: return icon(Icon::Cancel);
         default: return QProxyStyle::standardIcon(which, option, widget);
     }
 }

@@ -367,13 +367,13 @@ TEST(InitialForm, CanBeLeftAfterFiveSeconds) {
         room.link.Notice.TInitialForm = true;
         room.link.notifyChanged();
         room.clock.advance(4900);
-        EXPECT_FALSE(named<QWidget>(wait, "StopWaitingTransparentButton").isVisible());
+        EXPECT_FALSE(named<QWidget>(wait, "CloseTransparentButton").isVisible());
         room.clock.advance(200);
     };
     begin();
     EXPECT_TRUE(named<QLabel>(wait, "WaitsForLabel").isVisible());
     room.link.TxTimer.setEnabled(true);
-    click(wait, "StopWaitingTransparentButton");
+    click(wait, "CloseTransparentButton");
     EXPECT_FALSE(wait.isVisible() || room.link.TxTimer.Enabled()) << "Initial has run";
     EXPECT_EQ(left.size(), 1);
 

@@ -1,0 +1,76 @@
+// Motor auto tuning: reads the motor's data into a grid, writes corrections back, and lets the drive measure
+// the motor. Engine behind TAutoTuningForm and TMotorSelForm. While the window is open it drives the line
+// itself, one request at a time, and never repeats one.
+#pragma once
+
+#include "commissioning/parameter_rows.h"
+#include "commissioning/tuning_sequence.h"
+
+namespace kelvane {
+
+class AutoTuning : public QObject {
+    Q_OBJECT
+   public:
+    explicit AutoTuning(const CommissioningBench& bench);
+
+    CommissioningLink line;
+    ParameterRows rows;
+    quint8 TuneRow = 0;  // row being read or written
+    TuningSequence sequence;
+    RequestChain RdTimer;
+    RequestChain WrTimer;
+    QString SelectorData;  // "Data" of row 13, the motor selector of Tilia: "1" or "2"
+    int TuneParaComboBox = 0;
+
+    // What a person may use.
+    struct Enabled {
+        bool buttons = true;  // motor, read, write, exit
+        bool TuneTransparentButton = false;
+        bool entry = true;  // TuneParaComboBox and the grid
+        bool operator==(const Enabled&) const = default;
+    } enabled;
+
+    // nullptr for a family without auto tuning.
+    const TuneFamily* family() const { return tuneFamily(line.DriveFamily()); }
+    int TuneRowCount() const { return rows.count(); }
+    bool firstMotor() const { return SelectorData == QLatin1String("1"); }
+
+    // The window has been given the link: fills the grid's numbers and starts to read, behind the wait
+    // notice.
+    void opened();
+    void ReadTransparentButtonClick();
+    void WriteTransparentButtonClick();
+    void ParaAdvStringGridDblClickCell(int row);
+    void TuneParaComboBoxChange(int index);
+    void TuneTransparentButtonClick();
+    // TMotorSelForm has closed; chosen is 1 or 2, or nothing when it was left without OK.
+    void motorSelFormClosed(std::optional<int> chosen);
+    // Asks when a run would be left alone. Nothing is sent by closing.
+    bool mayClose();
+    void FormClose();
+
+   Q_SIGNALS:
+    void changed();  // enabled, which chain runs, why the window stands
+    void motorChanged();
+    void speedRead(int digit);
+
+   private:
+    void fillTable();
+    QString registerOf(int row) const;
+    void stopTimers();
+    void startReading(quint8 firstRow);
+    void readEnded();
+    void waitLeft();
+    void wentToRest();
+    std::optional<LinkRequest> nextRead();
+    void storeRead();
+    std::optional<LinkRequest> nextWrite();
+    std::optional<LinkRequest> nextOfMotor();
+    void motorWritten();
+
+    const CommissioningBench m_bench;
+    RequestChain m_motorChain;
+    bool m_motorSent = false;
+};
+
+}  // namespace kelvane

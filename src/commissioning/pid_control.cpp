@@ -1,0 +1,169 @@
+#include "commissioning/pid_control.h"
+
+namespace kelvane {
+
+namespace {
+
+constexpr quint8 ParameterTask = 12;
+constexpr quint8 GeneralTask = 20;
+const QString RunCommand = QStringLiteral("FF0620000002");
+const QString StopCommand = QStringLiteral("FF0620000001");
+// Kept: the coded state word, of all families.
+const QString StateCommand = QStringLiteral("FF0321190001");
+
+}  // namespace
+
+PidControl::PidControl(const CommissioningBench& bench)
+    : line(bench),
+      RdTimer(bench.clock, bench.link),
+      WrTimer(bench.clock, bench.link),
+      MonitorTimer(bench.clock, bench.link),
+      m_bench(bench) {
+    for (RequestChain* chain : {&RdTimer, &WrTimer, &MonitorTimer}) line.setUp(*chain);
+    RdTimer.next = [this] { return nextRead(); };
+    RdTimer.answered = [this](const LinkRequest&) { storeRead(); };
+    WrTimer.next = [this] { return nextWrite(); };
+    WrTimer.answered = [this](const LinkRequest&) { rows.ParaAdvStringGrid.setEdited(ParamRow, false); };
+    RdTimer.ended = WrTimer.ended = [this] { watch(); };
+    MonitorTimer.mayAsk = [this] {
+        return !line.waitShown() && line.standing == CommissioningLink::Standing::No && line.isFree();
+    };
+    MonitorTimer.next = [this] { return nextOfMonitor(); };
+    connect(&line, &CommissioningLink::changed, this, &PidControl::changed);
+    // Left before its end, a read or write goes no further; RUN and STOP work again.
+    connect(&line, &CommissioningLink::waitLeft, this, [this] { watch(); });
+    connect(&line, &CommissioningLink::wentToRest, this, [this] {
+        stopTimers();
+        RunRequest = RequestSent;
+        leds = {};
+        Q_EMIT changed();
+    });
+}
+
+void PidControl::opened() {
+    const PidFamily& pid = family();
+    rows.setCount(pid.ParamCount());
+    int row = 0;
+    for (const ListedParameter& parameter : pid.parameters)
+        rows.setAddress(++row, QLatin1String(parameter.number), QLatin1String(parameter.modbus));
+    leds = {};
+    RunRequest = RequestSent;
+    line.open();
+    startReading();
+}
+
+void PidControl::stopTimers() {
+    RdTimer.stop();
+    WrTimer.stop();
+    MonitorTimer.stop();
+}
+
+// A RUN that could not be sent must not start the motor when a later read brings the line to life again.
+void PidControl::dropUnsentRun() {
+    if (RunRequest == RunPressed) RunRequest = RequestSent;
+}
+
+// ---- Reading ----
+
+void PidControl::ReadTransparentButtonClick() {
+    if (line.refusesOffLine()) return;
+    dropUnsentRun();
+    line.startAnew();
+    startReading();
+}
+
+void PidControl::startReading() {
+    stopTimers();
+    ParamRow = 0;
+    RdTimer.start();
+    line.showWait();
+    Q_EMIT changed();
+}
+
+std::optional<LinkRequest> PidControl::nextRead() {
+    if (ParamRow >= ParamCount()) return std::nullopt;
+    ++ParamRow;
+    return line.read(ParameterTask,
+                     QStringLiteral("FF03") % rows.registerText(ParamRow) % QStringLiteral("000F"));
+}
+
+void PidControl::storeRead() {
+    const bool tilia = line.DriveFamily() == static_cast<quint8>(Family::Tilia);
+    rows.store(ParamRow, m_bench.link.ParamRead, line.DriveFamily(),
+               tilia ? ParameterRows::Signs::ByAttribute : ParameterRows::Signs::Never);
+}
+
+// ---- Writing ----
+
+void PidControl::WriteTransparentButtonClick() {
+    if (line.refusesOffLine()) return;
+    dropUnsentRun();
+    line.startAnew();
+    stopTimers();
+    ParamRow = 0;
+    WrTimer.start();
+    line.showWait();
+    Q_EMIT changed();
+}
+
+// All rows are written, changed or not, but for those without a number.
+std::optional<LinkRequest> PidControl::nextWrite() {
+    while (ParamRow < ParamCount()) {
+        ++ParamRow;
+        if (const auto word = rows.word(ParamRow))
+            return line.write(QStringLiteral("FF06") % rows.registerText(ParamRow) % *word);
+    }
+    return std::nullopt;
+}
+
+void PidControl::ParaAdvStringGridDblClickCell(int row) { rows.edit(row, m_bench.person); }
+
+// ---- Running and watching ----
+
+void PidControl::RUNTransparentButtonClick() {
+    if (!line.refusesOffLine()) RunRequest = RunPressed;
+}
+
+void PidControl::STOPTransparentButtonClick() {
+    if (!line.refusesOffLine()) RunRequest = StopPressed;
+}
+
+void PidControl::watch() {
+    RdTimer.stop();
+    WrTimer.stop();
+    line.closeWait();
+    MonitorTimer.start();
+    Q_EMIT changed();
+}
+
+std::optional<LinkRequest> PidControl::nextOfMonitor() {
+    if (RunRequest == RunPressed || RunRequest == StopPressed) {
+        const bool run = RunRequest == RunPressed;
+        RunRequest = RequestSent;
+        return line.write(run ? RunCommand : StopCommand);
+    }
+    showLeds();
+    return line.read(GeneralTask, StateCommand);
+}
+
+void PidControl::showLeds() {
+    const StateLeds now = codedStateLeds(m_bench.link.ParamRead.ReadWords[0]);
+    if (now == leds) return;
+    leds = now;
+    Q_EMIT changed();
+}
+
+void PidControl::FormClose() {
+    if (!line.isOpen()) return;
+    stopTimers();
+    // A STOP that a person has pressed leaves all the same.
+    if (RunRequest == StopPressed && m_bench.link.Lamp.onLine())
+        m_bench.link.pushCommand(StopTask, StopCommand);
+    if (leds.RUN.on)
+        m_bench.link.ShowHistoryMsg(QStringLiteral("PID Control was closed while the drive was running"));
+    RunRequest = RequestSent;
+    line.close();
+    rows.clear();
+}
+
+}  // namespace kelvane

@@ -1,0 +1,52 @@
+// The order of a motor auto tuning run: stop the drive, wait until it stands, write the mode, run, wait until
+// the drive has stopped by itself, read the result and report it. No step has a time limit: a run takes as
+// long as the drive says. One step goes out when the one before was answered.
+#pragma once
+
+#include <functional>
+
+#include "commissioning/commissioning_link.h"
+#include "commissioning/commissioning_tables.h"
+
+namespace kelvane {
+
+class TuningSequence {
+   public:
+    TuningSequence(const CommissioningBench& bench, CommissioningLink& line);
+
+    quint8 TuneStep = 0;   // 1 to 8 as in nextStep(); 0 before a run
+    quint8 TunePhase = 0;  // step at which the present one was entered
+    quint16 speed = 0;     // register 211Ch while the drive is being waited for
+    RequestChain MonitorTimer;
+
+    std::function<void()> ended;  // the result has been shown
+    std::function<void()> speedRead;
+
+    // entry is what the command register gets.
+    void start(const TuneFamily& family, int entry);
+    void stop();
+    bool running() const { return MonitorTimer.running(); }
+    // The drive may be turning the motor by itself, or would at the next RUN.
+    bool leavesDriveTuning() const { return running() && TuneStep >= 1 && TuneStep <= 6; }
+    // The mode has been sent and not yet been used up by a run.
+    bool modeIsSet() const { return TuneStep == 3; }
+
+   private:
+    using Request = std::optional<LinkRequest>;
+    Request nextStep();
+    Request stopDrive();
+    Request waitForStop();
+    Request writeMode();
+    Request judgeResult();
+    Request tellFailure();
+    Request readState(quint8 step, quint8 phase);
+    Request enter(quint8 step, quint8 phase, const LinkRequest& request);
+    quint8 resultCode() const;
+
+    const CommissioningBench m_bench;
+    CommissioningLink& m_line;
+    const TuneFamily* m_family = nullptr;
+    int m_entry = 0;
+};
+
+}  // namespace kelvane

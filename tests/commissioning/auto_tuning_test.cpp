@@ -1,0 +1,273 @@
+// Auto tuning over practice drives: the order of a run on the wire, its good and bad ends, the two motors of
+// Tilia, and what is left when the window is closed in the middle.
+#include <gtest/gtest.h>
+
+#include "commissioning_bench.h"
+
+namespace kelvane {
+namespace {
+
+using drive::LineFault;
+
+const QString StopFrame = QStringLiteral("FF0620000001");
+const QString RunFrame = QStringLiteral("FF0620000002");
+const QString State = QStringLiteral("FF0321190004");
+
+// One state read in place of many in a row.
+QStringList withoutRepeats(QStringList frames) {
+    for (int i = int(frames.size()) - 1; i > 0; --i)
+        if (frames[i] == State && frames[i - 1] == State) frames.removeAt(i);
+    return frames;
+}
+
+struct TuneStand : CommissioningStand {
+    AutoTuning tuning{{link, clock, user, lang}};
+
+    explicit TuneStand(Family family, drive::LineMode mode = drive::LineMode::Ascii)
+        : CommissioningStand(family, mode) {
+        station.drive.options().tuneSeconds = 2;
+    }
+    void open() {
+        begin(OwnerAutoTuning);
+        tuning.opened();
+        ASSERT_TRUE(idle(tuning.line));
+        frames();
+    }
+    void close() { CommissioningStand::close(tuning); }
+    void tune(int entry) {
+        tuning.TuneParaComboBoxChange(entry);
+        tuning.TuneTransparentButtonClick();
+    }
+    bool runs() const { return tuning.sequence.running(); }
+    void untilEnd() {
+        clock.advanceUntil([&] { return !runs(); }, 600000);
+        idle(tuning.line);
+    }
+    const TuneFamily& family() const { return *tuneFamily(link.DriveStatus.DriveFamily); }
+    // The reads of a whole table, the command register behind it included.
+    QStringList tableReads(int motor = 0) const {
+        QStringList reads;
+        for (const ListedParameter& row : family().motors[size_t(motor)])
+            if (QLatin1String(row.modbus) != QLatin1String("null"))
+                reads += "FF03" + QString(row.modbus) + "000F";
+        if (*family().commandRegister) reads += "FF03" + QString(family().commandRegister) + "000F";
+        return reads;
+    }
+    QStringList shape() { return withoutRepeats(frames()); }
+};
+
+class TuneFamilyTest : public testing::TestWithParam<Family> {};
+INSTANTIATE_TEST_SUITE_P(Families, TuneFamilyTest,
+                         testing::Values(Family::Rowan, Family::Larch, Family::Tilia, Family::Willow),
+                         [](const auto& drive) { return std::string(familyName(drive.param)); });
+
+TEST_P(TuneFamilyTest, RunsInOrderAndReadsWhatWasFound) {
+    for (const drive::LineMode mode : {drive::LineMode::Ascii, drive::LineMode::Rtu}) {
+        TuneStand b(GetParam(), mode);
+        b.open();
+        const int entry = b.family().turningEntry;
+        const QString modeWrite =
+            "FF06" + QString(b.family().commandRegister) + QString::asprintf("%04X", entry);
+        b.tune(entry);
+        EXPECT_EQ(b.user.asked.takeFirst(),
+                  "Caution: Motor will run after press OK !!\nAre you ready to AutoTuning ?");
+        EXPECT_FALSE(b.tuning.enabled.buttons || b.tuning.enabled.TuneTransparentButton ||
+                     b.tuning.enabled.entry);
+        int fastest = 0;
+        QObject::connect(&b.tuning, &AutoTuning::speedRead,
+                         [&](int digit) { fastest = std::max(fastest, digit); });
+        b.untilEnd();
+        EXPECT_EQ(b.user.asked, QStringList("Confirm: Auto Tuning Finish !!"));
+        const QStringList run{StopFrame, State, modeWrite,
+                              RunFrame,  State, QLatin1String(b.family().resultCommand)};
+        EXPECT_EQ(b.shape(), run + b.tableReads());
+        EXPECT_GT(fastest, 0);
+        EXPECT_EQ(b.value(QString(b.family().commandRegister).toInt(nullptr, 16)), 0);
+        EXPECT_EQ(b.tuning.enabled, (AutoTuning::Enabled{.buttons = true, .TuneTransparentButton = false}));
+        b.close();
+    }
+}
+
+// A code in another place of another word, its text from another register, and another way to reset, by
+// family.
+TEST_P(TuneFamilyTest, ReportsABadResultAndResetsOnRequest) {
+    for (const BoxAnswer answer : {BoxAnswer::Yes, BoxAnswer::No}) {
+        TuneStand b(GetParam());
+        b.open();
+        b.station.drive.setNextTuneResult(drive::TuneFault);
+        b.user.onBox = [=](const QString& title) { return title == "Caution" ? answer : BoxAnswer::Ok; };
+        const int entry = GetParam() == Family::Tilia ? 2 : 1;  // the shaft stands, so nothing is asked first
+        b.tune(entry);
+        b.untilEnd();
+        ASSERT_EQ(b.user.asked.size(), 1);
+        EXPECT_EQ(b.user.asked.front(),
+                  "Caution: Auto tune failedAUE , \nWould you want to reset the drive?");
+        const QStringList sent = b.shape();
+        const auto at = sent.indexOf(QLatin1String(b.family().resultCommand));
+        EXPECT_EQ(sent.value(at + 1), "FF03" + QString(b.family().textRegister) + "28000A");
+        EXPECT_EQ(sent.value(at + 2),
+                  answer == BoxAnswer::Yes ? QString(b.family().resetCommand) : b.tableReads()[0]);
+        EXPECT_EQ(sent.mid(sent.size() - b.tableReads().size()), b.tableReads());
+    }
+}
+
+TEST_P(TuneFamilyTest, WritesEveryRowAndReadsItBack) {
+    TuneStand b(GetParam());
+    b.open();
+    QStringList writes;
+    for (int row = 1; row <= b.tuning.TuneRowCount(); ++row)
+        if (const auto word = b.tuning.rows.word(row))
+            writes += "FF06" + b.tuning.rows.registerText(row) + *word;
+    EXPECT_EQ(writes.size(), GetParam() == Family::Tilia ? 11 : GetParam() == Family::Willow ? 6 : 7);
+    b.tuning.WriteTransparentButtonClick();
+    EXPECT_FALSE(b.tuning.enabled.buttons);
+    b.idle(b.tuning.line);
+    EXPECT_TRUE(b.tuning.enabled.buttons);
+    EXPECT_EQ(b.frames(), writes + b.tableReads());
+}
+
+// Rowan, a golden transcript: the drive runs at the start and has to be waited for.
+TEST(AutoTuning, StopsARunningDriveFirst) {
+    TuneStand b(Family::Rowan);
+    b.open();
+    b.station.drive.motor().setCommandHz(20);
+    b.station.drive.motor().run();
+    b.clock.advance(3000);
+    b.tune(1);
+    EXPECT_TRUE(b.user.asked.isEmpty());
+    b.untilEnd();
+    const QStringList sent = b.frames();
+    EXPECT_GT(sent.indexOf("FF0600670001"), 4) << "the drive runs down";
+    EXPECT_EQ(
+        withoutRepeats(sent),
+        QStringList({StopFrame, State, "FF0600670001", RunFrame, State, "FF0321180001"}) + b.tableReads());
+}
+
+TEST(AutoTuning, ShowsItsTables) {
+    TuneStand willow(Family::Willow);
+    willow.open();
+    EXPECT_EQ(willow.tuning.rows.text(ParameterRows::PrNo, 4), "-----");
+    EXPECT_EQ(willow.tuning.rows.text(ParameterRows::Data, 4), QString());
+    EXPECT_NE(willow.tuning.rows.text(ParameterRows::Data, 5), QString());
+    willow.tuning.ParaAdvStringGridDblClickCell(4);
+    willow.tuning.ParaAdvStringGridDblClickCell(0);
+    willow.user.onEdit = [](ValueEdit& edit) {
+        EXPECT_TRUE(edit.PrInforVrLabel.startsWith("01-01: "));
+        edit.Text = edit.InputOldText;
+        edit.InputAccepted = true;
+    };
+    willow.tuning.ParaAdvStringGridDblClickCell(1);
+    EXPECT_EQ(tuneFamily(quint8(Family::Aspen)), nullptr);
+}
+
+// Kept: without a command register the mode goes out as function and value alone; the drive refuses it, one
+// poll follows, and the run stands before RUN.
+TEST(AutoTuning, KeepsSendingTheModeOfSorrelWithoutARegister) {
+    TuneStand b(Family::Sorrel);
+    b.open();
+    EXPECT_EQ(b.tuning.rows.text(ParameterRows::PrNo, 11), "05-09");
+    b.tune(1);
+    b.clock.advance(20000);
+    EXPECT_EQ(b.frames(), QStringList({StopFrame, State, "FF060001", "FF0321000010"}));
+    EXPECT_EQ(b.tuning.line.standing, CommissioningLink::Standing::Refused);
+    EXPECT_EQ(b.tuning.sequence.TuneStep, 3);
+    EXPECT_FALSE(b.station.drive.motor().running());
+}
+
+TEST(AutoTuning, ReadsTheTableOfTheSelectedMotor) {
+    TuneStand b(Family::Tilia);
+    b.begin(OwnerAutoTuning);
+    b.tuning.opened();
+    b.idle(b.tuning.line);
+    QStringList sent = b.frames();
+    while (!sent.isEmpty() && sent.front() == "FF0321000010") sent.removeFirst();
+    EXPECT_EQ(sent, QStringList("FF03050A000F") + b.tableReads());
+    const auto untilRead = [&] { b.clock.advanceUntil([&] { return !b.tuning.RdTimer.running(); }, 60000); };
+    b.tuning.motorSelFormClosed(2);
+    b.clock.advance(100);
+    untilRead();
+    EXPECT_EQ(b.frames(), QStringList({"FF06050A0002", "FF03050A000F"}) + b.tableReads(1));
+    EXPECT_EQ(b.tuning.rows.text(ParameterRows::PrNo, 1), "01-35");
+    EXPECT_FALSE(b.tuning.firstMotor());
+    // Kept: left without OK the old value is sent again.
+    b.tuning.motorSelFormClosed({});
+    b.clock.advance(100);
+    untilRead();
+    EXPECT_EQ(b.frames().value(0), "FF06050A0002");
+    // A motor that is refused: the table is that of the motor which the drive has.
+    b.faults().failNext(LineFault::Exception);
+    b.tuning.motorSelFormClosed(1);
+    b.clock.advance(500);
+    untilRead();
+    EXPECT_EQ(b.frames().filter("FF03").mid(0, 3),
+              QStringList({"FF0321000010", "FF03050A000F", "FF030123000F"}));
+    EXPECT_FALSE(b.tuning.firstMotor());
+}
+
+// Each step refused: the run stands there, sends one poll and nothing more, and the way out is to close.
+TEST(AutoTuning, StandsWhereItWasRefused) {
+    for (int step = 1; step <= 7; ++step) {
+        SCOPED_TRACE(step);
+        TuneStand b(Family::Larch);
+        b.open();
+        b.station.drive.options().tuneSeconds = 0.01;
+        b.station.drive.setNextTuneResult(drive::TuneFault);
+        b.user.onBox = [](const QString& title) {
+            return title == "Caution" ? BoxAnswer::Ok : BoxAnswer::Ok;
+        };
+        b.faults().failAt(step, LineFault::Exception);
+        b.tune(1);
+        b.clock.advance(20000);
+        EXPECT_EQ(b.tuning.line.standing, CommissioningLink::Standing::Refused);
+        EXPECT_TRUE(b.runs());
+        EXPECT_EQ(b.frames().back(), "FF0321000010");
+        b.clock.advance(20000);
+        EXPECT_EQ(b.frames(), QStringList());
+        b.close();
+        EXPECT_FALSE(b.runs());
+        EXPECT_TRUE(b.awaitPolls(1));
+    }
+}
+
+// No time limit; closing in the middle asks, sends nothing, and says so in the history.
+TEST(AutoTuning, LeavesARunAloneWhenItsWindowCloses) {
+    TuneStand b(Family::Tilia);
+    b.station.drive.options().tuneSeconds = 1200;
+    b.open();
+    EXPECT_TRUE(b.tuning.mayClose());
+    b.tune(1);
+    b.clock.advance(600000);
+    EXPECT_TRUE(b.runs());
+    EXPECT_EQ(b.tuning.sequence.TuneStep, 1);
+    EXPECT_EQ(b.user.asked.size(), 1);
+    b.user.onBox = [](const QString&) { return BoxAnswer::No; };
+    EXPECT_FALSE(b.tuning.mayClose());
+    b.user.onBox = [](const QString&) { return BoxAnswer::Yes; };
+    EXPECT_TRUE(b.tuning.mayClose());
+    EXPECT_TRUE(b.user.asked.back().startsWith("Caution: The drive goes on tuning"));
+    b.frames();
+    b.close();
+    EXPECT_TRUE(b.awaitPolls(5));
+    EXPECT_EQ(b.frames().filter("FF06"), QStringList());
+    EXPECT_FALSE(b.history.filter("goes on by itself").isEmpty()) << b.history.join("\n").toStdString();
+    EXPECT_FALSE(b.tuning.RdTimer.running() || b.tuning.WrTimer.running() || b.runs());
+    EXPECT_TRUE(b.tuning.enabled.TuneTransparentButton);
+}
+
+TEST(AutoTuning, AsksBeforeTheMotorTurnsAndTakesNo) {
+    TuneStand b(Family::Larch);
+    b.open();
+    b.user.onBox = [](const QString&) { return BoxAnswer::Cancel; };
+    b.tune(0);
+    EXPECT_FALSE(b.tuning.enabled.TuneTransparentButton);
+    EXPECT_TRUE(b.user.asked.isEmpty());
+    b.tune(2);
+    EXPECT_EQ(b.user.asked.size(), 1);
+    EXPECT_FALSE(b.runs());
+    EXPECT_EQ(b.tuning.enabled, (AutoTuning::Enabled{.TuneTransparentButton = true}));
+    b.clock.advance(1000);
+    EXPECT_EQ(b.frames(), QStringList());
+}
+
+}  // namespace
+}  // namespace kelvane

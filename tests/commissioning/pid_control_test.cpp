@@ -1,0 +1,243 @@
+// PID control over practice drives: what goes on the wire, what the grid shows, and that RUN and STOP are
+// sent when a person pressed them and never else.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "commissioning_bench.h"
+
+namespace kelvane {
+namespace {
+
+using drive::LineFault;
+
+struct PidStand : CommissioningStand {
+    PidControl pid{{link, clock, user, lang}};
+
+    explicit PidStand(Family family, drive::LineMode mode = drive::LineMode::Ascii)
+        : CommissioningStand(family, mode) {}
+    void open() {
+        begin(OwnerPid);
+        pid.opened();
+    }
+    void openAndRead() {
+        open();
+        ASSERT_TRUE(idle(pid.line));
+    }
+    void close() { CommissioningStand::close(pid); }
+    void passPolls(int times) {
+        for (int i = 0; i < times; ++i) {
+            const int before = cycles;
+            clock.advanceUntil([&] { return cycles > before; }, 60000);
+        }
+    }
+    QString cell(ParameterRows::Column column, int row) { return pid.rows.text(column, row); }
+};
+
+class PidFamilyTest : public testing::TestWithParam<Family> {};
+INSTANTIATE_TEST_SUITE_P(Families, PidFamilyTest,
+                         testing::Values(Family::Rowan, Family::Aspen, Family::Larch, Family::Tilia,
+                                         Family::Osier, Family::Willow, Family::Yarrow),
+                         [](const auto& drive) { return std::string(familyName(drive.param)); });
+
+// Reads every row once, one request at a time, closes the notice and then only watches the state word; a
+// write sends every row from the top and changes nothing in a drive whose grid was not touched.
+TEST_P(PidFamilyTest, ReadsWatchesAndWritesBack) {
+    for (const drive::LineMode mode : {drive::LineMode::Ascii, drive::LineMode::Rtu}) {
+        PidStand b(GetParam(), mode);
+        b.open();
+        EXPECT_TRUE(b.link.Notice.TInitialForm);
+        ASSERT_TRUE(b.idle(b.pid.line));
+        const PidFamily& family = pidFamily(quint8(GetParam()));
+        QStringList reads, writes;
+        std::vector<int> values;
+        for (int row = 1; row <= family.ParamCount(); ++row) {
+            const QString reg = QLatin1String(family.parameters[size_t(row - 1)].modbus);
+            reads += "FF03" + reg + "000F";
+            values.push_back(b.value(reg.toInt(nullptr, 16)));
+            writes += "FF06" + reg + QString::asprintf("%04X", quint16(values.back()));
+            EXPECT_EQ(b.cell(ParameterRows::PrNo, row),
+                      QLatin1String(family.parameters[size_t(row - 1)].number));
+            EXPECT_EQ(withoutSeparatorToInt(b.cell(ParameterRows::Data, row)), values.back()) << row;
+        }
+        QStringList sent = b.frames();
+        while (!sent.isEmpty() && sent.front().startsWith("FF0321")) sent.removeFirst();  // the poll in hand
+        EXPECT_EQ(sent.mid(0, reads.size()), reads);
+        b.passPolls(5);
+        EXPECT_EQ(b.frames(PidState), QStringList());
+        b.pid.WriteTransparentButtonClick();
+        ASSERT_TRUE(b.idle(b.pid.line));
+        sent = b.frames(PidState);
+        EXPECT_EQ(sent, writes);
+        b.passPolls(2);
+        EXPECT_EQ(b.frames(PidState), QStringList()) << "no read-back";
+        for (size_t i = 0; i < values.size(); ++i)
+            EXPECT_EQ(b.value(QString::fromLatin1(family.parameters[i].modbus).toInt(nullptr, 16)),
+                      values[i]);
+        b.close();
+        EXPECT_TRUE(b.awaitPolls(1));
+        EXPECT_EQ(b.cell(ParameterRows::Modbus, 1), QString());
+        EXPECT_EQ(b.cell(ParameterRows::Modbus, 0), "MODBUS");
+    }
+}
+
+// What task 12 left: value, maximum, minimum, attribute, default.
+ParamReadRecord recordOf(const std::array<quint16, 5>& fields) {
+    ParamReadRecord read;
+    read.ReadField = fields;
+    read.ReadName = "PID Set Point";
+    read.ReadUnit = "%";
+    return read;
+}
+
+// Value, limits and default of the record with their places; signed on Tilia alone.
+TEST(PidControl, ShowsRecordsWithTheirPlaces) {
+    ParameterRows rows;
+    rows.setCount(1);
+    ParamReadRecord read = recordOf({1234, 9999, 0, 0x0200, 500});
+    rows.store(1, read, quint8(Family::Larch), ParameterRows::Signs::Never);
+    const auto cells = [&] {
+        QStringList all;
+        for (int c = 1; c <= ParameterRows::Dot; ++c) all += rows.text(ParameterRows::Column(c), 1);
+        return all;
+    };
+    EXPECT_EQ(cells(), QStringList({"PID Set Point", "%", "12.34", "5.00", "0.00", "99.99", "2"}));
+    read.ReadField = {0xFFE7, 1000, 0xFC18, 0x0181, 0};
+    rows.store(1, read, quint8(Family::Tilia), ParameterRows::Signs::ByAttribute);
+    EXPECT_EQ(cells().mid(2), QStringList({"-2.5", "0.0", "-100.0", "100.0", "1"}));
+    EXPECT_EQ(rows.word(1), "FFE7");
+    rows.store(1, read, quint8(Family::Larch), ParameterRows::Signs::Never);
+    EXPECT_EQ(rows.text(ParameterRows::Data, 1), "6551.1");
+    rows.store(1, read, quint8(Family::Aspen), ParameterRows::Signs::Never);
+    EXPECT_EQ(rows.text(ParameterRows::Dot, 1), "2");
+    for (const char* text : {"", "abc", "1.2.3", "70000", "-40000"}) {
+        rows.setData(1, text);
+        EXPECT_EQ(rows.word(1), std::nullopt) << text;
+    }
+    rows.setData(1, "-.5");
+    EXPECT_EQ(rows.word(1), "FFFB");
+}
+
+TEST(PidControl, EditsAValueWithoutSendingIt) {
+    PidStand b(Family::Aspen);
+    b.openAndRead();
+    b.frames();
+    ParamReadRecord read = recordOf({3, 9, 0, 0, 1});
+    b.pid.rows.store(1, read, quint8(Family::Aspen), ParameterRows::Signs::Never);
+    QStringList lists;
+    b.user.onEdit = [&](ValueEdit& edit) {
+        EXPECT_EQ(edit.PrInforVrLabel, "10-00: PID Set Point (0 ~ 9 )");
+        lists += edit.fromList ? "list" : "free";
+        edit.Text = "7";
+        edit.InputAccepted = lists.size() == 2;
+    };
+    b.pid.ParaAdvStringGridDblClickCell(0);
+    b.pid.ParaAdvStringGridDblClickCell(1);
+    EXPECT_EQ(b.cell(ParameterRows::Data, 1), "3") << "cancelled";
+    b.pid.ParaAdvStringGridDblClickCell(1);
+    EXPECT_EQ(b.cell(ParameterRows::Data, 1), "7");
+    EXPECT_EQ(lists, QStringList({"list", "list"}));
+    EXPECT_EQ(b.pid.rows.ParaAdvStringGrid.edited(1), true);
+    read.ReadField = {3, 10, 0, 0, 1};
+    b.pid.rows.store(1, read, quint8(Family::Aspen), ParameterRows::Signs::Never);
+    EXPECT_FALSE(valueEditOf(*b.pid.rows.texts(1)).fromList) << "the maximum is not below 10";
+    read.ReadField = {0, 5, 0xFFFF, 0x0080, 0};
+    b.pid.rows.store(1, read, quint8(Family::Tilia), ParameterRows::Signs::ByAttribute);
+    EXPECT_FALSE(valueEditOf(*b.pid.rows.texts(1)).fromList) << "the minimum is negative";
+    b.passPolls(2);
+    EXPECT_EQ(b.frames(PidState), QStringList());
+}
+
+TEST(PidControl, SendsRunAndStopOnceBehindTheExchangeInHand) {
+    PidStand b(Family::Larch);
+    b.open();
+    b.pid.RUNTransparentButtonClick();  // during the read: after its end
+    b.idle(b.pid.line);
+    b.passPolls(4);
+    EXPECT_EQ(b.frames(PidState).mid(9 - 1), QStringList({"FF0620000002"}));
+    b.clock.advance(500);
+    EXPECT_TRUE(b.pid.leds.RUN.on);
+    EXPECT_TRUE(b.station.drive.motor().running());
+    b.clock.advanceUntil([&] { return b.link.RxTimer.Enabled(); }, 1000);
+    b.frames();
+    b.pid.STOPTransparentButtonClick();
+    b.passPolls(3);
+    EXPECT_EQ(b.frames().value(0), "FF0620000001") << "the next frame";
+    b.close();
+    EXPECT_EQ(b.history.last(), "PID Control was closed while the drive was running");
+    EXPECT_TRUE(b.awaitPolls(3));
+    EXPECT_EQ(b.frames().filter("FF06"), QStringList());
+}
+
+// Kept: after a refusal the window stands and STOP does nothing, until Read has brought it to life again. A
+// RUN that was pressed meanwhile is forgotten.
+TEST(PidControl, KeepsStandingAfterARefusalUntilItIsReadAnew) {
+    PidStand b(Family::Tilia);
+    b.openAndRead();
+    b.frames();
+    b.faults().failNext(LineFault::Exception);
+    b.clock.advance(3000);
+    EXPECT_EQ(b.pid.line.standing, CommissioningLink::Standing::Refused);
+    EXPECT_EQ(b.pid.line.refusalCode, 4);
+    b.frames();
+    b.pid.STOPTransparentButtonClick();
+    b.pid.RUNTransparentButtonClick();
+    b.clock.advance(5000);
+    EXPECT_EQ(b.frames(), QStringList()) << "no text is fetched and nothing is polled";
+    b.pid.ReadTransparentButtonClick();
+    ASSERT_TRUE(b.idle(b.pid.line));
+    b.passPolls(3);
+    EXPECT_EQ(b.frames().filter("FF06"), QStringList());
+    EXPECT_EQ(b.pid.line.standing, CommissioningLink::Standing::No);
+}
+
+// A STOP that was pressed leaves, even if the window closes before its turn or stands.
+TEST(PidControl, SendsAPressedStopWhenItCloses) {
+    for (const bool stands : {false, true}) {
+        PidStand b(Family::Aspen);
+        b.openAndRead();
+        if (stands) {
+            b.faults().failNext(LineFault::Exception);
+            b.clock.advance(3000);
+        }
+        b.frames();
+        b.pid.STOPTransparentButtonClick();
+        b.close();
+        b.awaitPolls(2);
+        EXPECT_EQ(b.frames().filter("FF06"), QStringList("FF0620000001"));
+    }
+}
+
+// Every way out of a dead line: Ignore stands, Abort goes to rest; the notice can be left in between.
+TEST(PidControl, CanBeLeftWhateverTheLineDoes) {
+    for (const LinkAnswer answer : {LinkAnswer::Ignore, LinkAnswer::Abort}) {
+        PidStand b(Family::Willow);
+        b.user.onLinkFailure = [=] { return answer; };
+        b.open();
+        b.clock.advanceUntil([&] { return b.pid.ParamRow == 3; }, 5000);
+        b.faults().setChance(LineFault::Silent, 100);
+        b.clock.advanceUntil([&] { return b.link.Lamp.onLine() == false; }, 120000);
+        b.clock.advance(100);
+        const bool stands = answer == LinkAnswer::Ignore;
+        EXPECT_EQ(b.pid.line.waitShown(), stands);
+        EXPECT_EQ(b.pid.line.standing,
+                  stands ? CommissioningLink::Standing::Lost : CommissioningLink::Standing::No);
+        b.frames();
+        if (stands) {
+            b.link.Notice.TInitialForm = false;  // as its close box does
+            b.link.notifyChanged();
+            EXPECT_FALSE(b.pid.RdTimer.running());
+        }
+        for (const auto click :
+             {&PidControl::ReadTransparentButtonClick, &PidControl::WriteTransparentButtonClick,
+              &PidControl::RUNTransparentButtonClick, &PidControl::STOPTransparentButtonClick})
+            (b.pid.*click)();
+        EXPECT_EQ(b.user.asked.filter("Off-Line now").size(), 4);
+        b.clock.advance(5000);
+        EXPECT_EQ(b.frames(), QStringList());
+        b.close();
+    }
+}
+
+}  // namespace
+}  // namespace kelvane
