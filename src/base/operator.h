@@ -50,6 +50,8 @@ class Operator {
     virtual LinkAnswer linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) = 0;
     virtual void editValue(ValueEdit& edit) = 0;
 
+    QString suggestedName;  // for the next saveFile(), without suffix; used once
+
     void tell(const QString& text, const QString& title, BoxIcon icon = BoxIcon::None) {
         box(text, title, icon, BoxButtons::Ok);
     }

@@ -570,6 +570,7 @@ void RequestScheduler::countRule() {
 // ---- End of the cycle ----
 
 void RequestScheduler::finishByLinkAction() {
+    const bool writesWait = Notice.TWriteCheckForm && !Notice.TProgressForm;  // for the answer, to act on it
     if (Notice.LinkAction == 1) return sendAgain();
     if (Notice.LinkAction == 3) {
         giveUp();
@@ -586,7 +587,7 @@ void RequestScheduler::finishByLinkAction() {
         if (inConsole()) ParamRead.ReadDone = ParamRead.WriteDone = 1;
         decideWhetherToGoOn();
     }
-    if (!(Notice.TWriteCheckForm && !Notice.TProgressForm)) Notice.LinkAction = 0;
+    if (!writesWait) Notice.LinkAction = 0;
 }
 
 void RequestScheduler::sendAgain() {
@@ -612,6 +613,8 @@ void RequestScheduler::giveUp() {
         stopReadIfRunning();
     } else if (inConsole()) {
         Q_EMIT Console.stopWanted();
+    } else if (Notice.TWriteCheckForm) {
+        InitialUnder(ActiveFunction);  // the read-back of an aborted run has the line as the run had
     } else {
         Initial();
     }

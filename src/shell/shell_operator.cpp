@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <utility>
 
 #include "shell/message_form.h"
 #include "ui/file_kinds.h"
@@ -118,8 +119,11 @@ std::optional<QString> ShellOperator::askFile(QFileDialog::AcceptMode mode, cons
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setIconProvider(&fileKinds());
     if (!lastFolder.isEmpty()) dialog.setDirectory(lastFolder);
+    if (const QString name = std::exchange(suggestedName, {}); !name.isEmpty()) dialog.selectFile(name);
+    if (mode == QFileDialog::AcceptOpen) dialog.selectNameFilter(m_lastOpened.value(filter));
     dialog.exec();
     goBackTo(dialog.parentWidget());
+    if (mode == QFileDialog::AcceptOpen) m_lastOpened[filter] = dialog.selectedNameFilter();
     if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     lastFolder = dialog.directory().absolutePath();
     return dialog.selectedFiles().first();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QFileDialog>
+#include <QHash>
 #include <QMessageBox>
 #include <functional>
 
@@ -35,6 +36,7 @@ class ShellOperator final : public Operator {
     using Rename = std::function<QString(const QString& chosen)>;
     std::optional<QString> askToSave(const QString& filter, const Rename& finalName);
     const LangTable& m_lang;
+    QHash<QString, QString> m_lastOpened;  // the kind that was chosen last, by the dialog's filter
 };
 
 // path, with suffix (".prj") when its name has none.

@@ -160,7 +160,7 @@ TEST(ParameterSession, ClosingWhileReadingStopsTheRead) {
     ParameterLinkBench b;
     b.readSome(2);
     b.session.FormClose();
-    EXPECT_FALSE(b.progress.shown || b.reader.RxTimer.Enabled());
+    EXPECT_FALSE(b.progress.shown || b.reader.reading());
     EXPECT_EQ(b.table.grid.RowCount(), 2);
 }
 

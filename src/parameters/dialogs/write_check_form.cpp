@@ -1,7 +1,6 @@
 #include "parameters/dialogs/write_check_form.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
@@ -198,12 +197,6 @@ void TWriteCheckForm::sumUpLater() {
             if (m_writer.form.shown) SummaryLabel->setText(m_session.writeSummaryLine());
         },
         Qt::QueuedConnection);
-}
-
-// Escape is Cancel, which rests while a run goes on.
-void TWriteCheckForm::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape) return CancelTransparentButton->click();
-    QDialog::keyPressEvent(event);
 }
 
 }  // namespace kelvane

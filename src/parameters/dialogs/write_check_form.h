@@ -20,8 +20,7 @@ class TWriteCheckForm : public QDialog {
     explicit TWriteCheckForm(ParameterSession& session, QWidget* parent = nullptr);
 
    protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void reject() override { m_writer.FormClose(); }  // the close box, also in a run
+    void reject() override { m_writer.closeWanted(); }  // the close box and Escape, also in a run
 
    private:
     void buildList();

@@ -22,13 +22,6 @@ void ParameterBench::whenOnLine(const std::function<void()>& go) const {
     });
 }
 
-void ParameterBench::request(quint8 task, const QString& command) const { link.request(task, command); }
-
-bool ParameterBench::requestThrownAway() const {
-    return link.owner().reads && link.TaskQueue.empty() && link.TxTimer.Enabled() &&
-           (!link.port().Open() || !link.DriveStatus.ExceptionPending);
-}
-
 QString ParameterBench::noAnswerText(const QString& PrNo) const {
     const DriveStatusRecord& status = link.DriveStatus;
     const QString why = status.ExceptionTextDone ? QStringLiteral("refused, CE %1 %2")

@@ -22,11 +22,6 @@ struct ParameterBench {
     void goOnLine(const std::function<void()>& then) const;
     // The same, but go is called only if the lamp reads "On Line" in the end.
     void whenOnLine(const std::function<void()>& go) const;
-    // Pushes a request and starts the link, which runs no poll for this window.
-    void request(quint8 task, const QString& command) const;
-    // The queues were emptied since the port could not be opened, and the link is about to try again: what
-    // this window waits for has to be pushed anew, or the wait would never end.
-    bool requestThrownAway() const;
     // Why the parameter that is waited for will not come, in a person's words.
     QString noAnswerText(const QString& PrNo) const;
 };

@@ -33,21 +33,20 @@ ParameterRecord recordOf(const ParamReadRecord& read) {
 
 ParameterReader::ParameterReader(ParameterBench& bench, ParameterTable& table, ParameterScreen& screen,
                                  ProgressDialog& progress)
-    : RxTimer(bench.clock, TickKind::Stepping, 1, [this] { RxTimerTimer(); }),
-      m_bench(bench),
+    : m_bench(bench),
       m_table(table),
       m_screen(screen),
       m_progress(progress),
-      m_restWatch(
-          bench.clock, bench.link, [this] { return ReadPending && !m_bench.link.ParamRead.ReadDone; },
-          [this] { tellNoAnswer(); }) {
+      m_chain(bench.clock, bench.link),
+      m_restWatch(bench.clock, m_chain, [this] { tellNoAnswer(); }) {
+    m_chain.next = [this] { return nextRequest(); };
+    m_chain.answered = [this](const LinkRequest&) { takeReply(); };
     connect(&progress, &ProgressDialog::stopWaiting, this, &ParameterReader::stopWaiting);
-    connect(&bench.link, &RequestScheduler::cycleEnded, this, [this] { RxTimer.kick(); });
     connect(&bench.link, &RequestScheduler::keypadTableReady, this,
             [this] { ReadDriveTransparentButtonClick(); });
     // A link that goes to rest answers no more, also when it was not this window's.
     connect(&bench.link, &RequestScheduler::initialRun, this, [this] {
-        if (RxTimer.Enabled()) stop();
+        if (reading()) stop();
     });
     connect(&bench.link, &RequestScheduler::parameterReadStopped, this, &ParameterReader::stop);
 }
@@ -86,9 +85,8 @@ void ParameterReader::startRead() {
     ReadNumber = 0;
     ReadRow = 1;
     showTree();
-    m_bench.link.ParamRead.ReadDone = 0;
     ReadPending = 0;
-    RxTimer.setEnabled(true);
+    m_chain.start();
     m_restWatch.start();
     showProgress(plan);
 }
@@ -160,29 +158,19 @@ void ParameterReader::showProgress(const Plan& plan) {
         plan.total - groupCount(), plan.total, ReadProgressWidth);
 }
 
-// ---- Tick ----
-
-void ParameterReader::RxTimerTimer() {
-    if (!ReadPending) {
-        sendNext();
-    } else if (!m_bench.link.ParamRead.ReadDone && m_bench.requestThrownAway()) {
-        m_bench.request(ReadTask, readCommand());
-    }
-    if (m_bench.link.ParamRead.ReadDone) takeReply();
-}
-
 // ---- Sending half ----
 
-void ParameterReader::sendNext() {
-    ReadPending = 1;
+std::optional<LinkRequest> ParameterReader::nextRequest() {
     passUncheckedGroups();
     if (ReadNumber == 0 && family() != Family::Rowan) writeGroupRow();
-    if (ReadGroup + 1 == static_cast<int>(GrpNameCheckListBox.size()) && !groupChecked(ReadGroup))
+    if (ReadGroup + 1 == static_cast<int>(GrpNameCheckListBox.size()) && !groupChecked(ReadGroup)) {
         endAtUncheckedGroup();
-    if (!ReadPending) return;
+        return std::nullopt;
+    }
+    ReadPending = 1;
     m_bench.link.DriveStatus.ExceptionTextDone = 0;
-    m_bench.request(ReadTask, readCommand());
     fillAddressCells(m_table.grid, ReadRow, ReadGroup, ReadNumber);
+    return LinkRequest{ReadTask, readCommand(), Awaits::ReadDone};
 }
 
 bool ParameterReader::groupChecked(int G) const {
@@ -230,14 +218,11 @@ QString ParameterReader::readCommand() const {
 // ---- Receiving half ----
 
 void ParameterReader::takeReply() {
-    RxTimer.setEnabled(false);
-    m_bench.link.ParamRead.ReadDone = 0;
     ReadPending = 0;
     storeRow();
     stepOn();
     askWhenCancelled();
-    if (!m_progress.shown) return;  // closed while the question stood
-    RxTimer.setEnabled(true);
+    if (!reading()) return;  // ended while the question stood
     if (ReadGroup != limit() && !m_progress.cancelMark) return;
     const bool complete = !m_progress.cancelMark;
     endRead(ReadRow);
@@ -283,13 +268,13 @@ void ParameterReader::tellNoAnswer() {
 
 // As Abort ends a read, but the link stays as it is.
 void ParameterReader::stopWaiting() {
-    if (!RxTimer.Enabled()) return;
+    if (!reading()) return;
     m_bench.link.emptyQueues();
     stop();
 }
 
 void ParameterReader::endRead(int rows) {
-    RxTimer.setEnabled(false);
+    m_chain.stop();
     m_restWatch.stop();
     ReadReservedWanted = 0;
     m_progress.close();
@@ -299,13 +284,13 @@ void ParameterReader::endRead(int rows) {
 }
 
 void ParameterReader::stop() {
-    const bool reading = RxTimer.Enabled();
-    RxTimer.setEnabled(false);
+    const bool wasReading = reading();
+    m_chain.stop();
     m_restWatch.stop();
     ReadPending = 0;
     ReadReservedWanted = 0;
     m_progress.close();
-    if (reading) Q_EMIT ended(false);
+    if (wasReading) Q_EMIT ended(false);
 }
 
 }  // namespace kelvane

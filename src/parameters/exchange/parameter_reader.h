@@ -1,10 +1,11 @@
 // Reads the table from a drive, or from a keypad: one request a parameter, group by group, behind the
-// progress dialog. It never touches the port: it queues a task, starts the link and looks at ReadDone when an
-// exchange has ended. Owned by the Parameter window's session, which hands it the table and the screen.
+// progress dialog. It never touches the port: its list of requests goes through a chain. Owned by the
+// Parameter window's session, which hands it the table and the screen.
 #pragma once
 
 #include <QObject>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "parameters/dialogs/progress_dialog.h"
@@ -35,8 +36,8 @@ class ParameterReader : public QObject {
     quint8 ReadReservedWanted = 0;
     quint8 DriveTableComplete = 0;
     std::vector<GroupCheck> GrpNameCheckListBox;
-    TickTimer RxTimer;
 
+    bool reading() const { return m_chain.running(); }
     // Starts a read of the whole table. Off line it asks for com setup first.
     void ReadDriveTransparentButtonClick();
     // The same with the reserved group.
@@ -58,8 +59,6 @@ class ParameterReader : public QObject {
         int total = 0;  // parameters
         int rows = 0;   // estimate, header and group rows included
     };
-    void RxTimerTimer();
-
     // Start.
     void startRead();
     void forgetReservedWish();
@@ -70,7 +69,7 @@ class ParameterReader : public QObject {
     void showProgress(const Plan& plan);
 
     // Sending half.
-    void sendNext();
+    std::optional<LinkRequest> nextRequest();
     bool groupChecked(int G) const;
     void passUncheckedGroups();
     void writeGroupRow();
@@ -96,6 +95,7 @@ class ParameterReader : public QObject {
     ParameterTable& m_table;
     ParameterScreen& m_screen;
     ProgressDialog& m_progress;
+    RequestChain m_chain;
     RestWatch m_restWatch;
     bool m_reservedShown = false;  // RparaAbLED as it was before the reserved group was asked for
 };

@@ -1,6 +1,7 @@
 #include "parameters/exchange/parameter_writer.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "link/number_text.h"
 
@@ -19,15 +20,20 @@ const QString NoRow = QStringLiteral("- -");
 
 ParameterWriter::ParameterWriter(ParameterBench& bench, const ParameterScreen& screen,
                                  ProgressDialog& progress)
-    : WriteTimer(bench.clock, TickKind::Stepping, 1, [this] { WriteTimerTimer(); }),
-      readBack(bench, screen, progress, AdvStringGrid1, WriteWaiting),
-      m_bench(bench) {
+    : readBack(bench, screen, progress, AdvStringGrid1), m_bench(bench), m_chain(bench.clock, bench.link) {
+    m_chain.next = [this] { return nextRequest(); };
+    m_chain.answered = [this](const LinkRequest&) { takeAnswer(); };
+    m_chain.ended = [this] { finishWrites(); };
+    m_chain.alsoAnswered = [this] {
+        if (m_bench.link.DriveStatus.ExceptionTextDone) return true;
+        m_unanswered = m_stopWanted && m_chain.waitsForNothing();
+        return m_unanswered;
+    };
     setWriteListHeaders(AdvStringGrid1);
     clearErrorRecord(ErrorAdvStringGrid);
     AdvStringGrid1.cellColours = [this](int column, int row) {
         return writeListColours(AdvStringGrid1, column, row);
     };
-    connect(&bench.link, &RequestScheduler::cycleEnded, this, [this] { WriteTimer.kick(); });
     connect(&readBack, &WriteReadBack::rowReadBack, this, [this](int row) {
         m_rowsReadBack += row;
         Q_EMIT rowReadBack(row);
@@ -83,36 +89,39 @@ void ParameterWriter::startWrites(int checked) {
     Operator& person = m_bench.link.operatorAsked();
     if (!person.yes(m_bench.link.lang().MsgStr(Message::WriteParameters), Cofirm) || !form.shown) return;
     WriteCount = static_cast<quint16>(checked);
-    m_bench.link.ParamRead.WriteDone = 0;
     m_bench.link.DriveStatus.ExceptionTextDone = 0;  // of an exception before this run
     WriteRow = 0;
-    WriteWaiting = 0;
+    m_stopWanted = m_aborted = false;
     m_rowsReadBack.clear();
     m_rowsDone = m_rowsRefused = 0;
+    m_wanted.assign(static_cast<size_t>(rowCount()), false);
+    for (int row = 1; row < rowCount(); ++row)
+        m_wanted[static_cast<size_t>(row)] = AdvStringGrid1.checkBox(row);
     clearErrorRecord(ErrorAdvStringGrid);
     form.barMaximum = WriteCount;
     form.barPosition = 0;
     setEnabled(false);
     Q_EMIT writesBegin();
-    if (!form.shown) return;  // closed behind a box
-    WriteTimer.setEnabled(true);
+    if (form.shown) m_chain.start();  // else closed behind a box
 }
 
-// ---- Tick ----
+// ---- The run ----
 
-void ParameterWriter::WriteTimerTimer() {
-    bool finished = false;
-    if (passesOver()) {
-        finished = stepRow();
-        WriteTimer.kick();
-    } else if (!WriteWaiting && !sendCommand()) {
-        finished = skipRow();
-    } else {
-        askAgainIfThrownAway();
-        finished = takeRefusal();
-        if (takeAnswer()) finished = true;
+// The opening command, the checked rows, the closing command; nothing behind the last.
+std::optional<LinkRequest> ParameterWriter::nextRequest() {
+    for (;;) {
+        if (m_stopWanted) {
+            leaveTheRest();
+            if (WriteRow == 0 || isAspen()) return std::nullopt;
+            WriteRow = static_cast<quint16>(rowCount());
+        }
+        if (!passesOver()) {
+            if (const auto command = nextCommand())
+                return LinkRequest{WriteTask, *command, Awaits::WriteDone};
+            skipRow();
+        }
+        if (stepRow()) return std::nullopt;
     }
-    if (finished) finishWrites();
 }
 
 // Rows that are not checked, and the opening command where there is none.
@@ -121,25 +130,8 @@ bool ParameterWriter::passesOver() const {
     return !checked && (WriteRow != 0 || isAspen());
 }
 
-bool ParameterWriter::sendCommand() {
-    const std::optional<QString> command = nextCommand();
-    if (!command) return false;
-    WriteTimer.setEnabled(false);
-    m_command = *command;
-    WriteWaiting = 1;
-    m_bench.request(WriteTask, m_command);
-    WriteTimer.setEnabled(true);
-    return true;
-}
-
-void ParameterWriter::askAgainIfThrownAway() {
-    const bool answered = m_bench.link.ParamRead.WriteDone || m_bench.link.DriveStatus.ExceptionTextDone;
-    if (!answered && m_bench.requestThrownAway()) m_bench.request(WriteTask, m_command);
-}
-
 std::optional<QString> ParameterWriter::nextCommand() {
     if (!isAspen() && WriteRow == 0) return QString::fromLatin1(OpeningCommand);
-    if (WriteRow == 0) WriteRow = 1;
     if (!isAspen() && WriteRow == rowCount()) return QString::fromLatin1(ClosingCommand);
     const std::optional<QString> command = writeCommand(AdvStringGrid1, WriteRow);
     if (!command) return std::nullopt;
@@ -149,26 +141,29 @@ std::optional<QString> ParameterWriter::nextCommand() {
     return command;
 }
 
-// True when the run is over.
-bool ParameterWriter::takeRefusal() {
+// The rows that were not reached stay unwritten and are not read back.
+void ParameterWriter::leaveTheRest() {
+    for (int row = std::max<int>(WriteRow, 1); row < rowCount(); ++row)
+        m_wanted[static_cast<size_t>(row)] = false;
+}
+
+// An acknowledgement, a refusal, or the end of the link's patience.
+void ParameterWriter::takeAnswer() {
     DriveStatusRecord& status = m_bench.link.DriveStatus;
-    if (!status.ExceptionTextDone && !m_bench.link.Notice.TCEmessageForm) return false;
+    const bool aborted = std::exchange(m_bench.link.Notice.LinkAction, quint8(0)) == 3;
+    if (!std::exchange(m_unanswered, false) && WriteRow != 0 && WriteRow != rowCount()) ++m_rowsDone;
     if (status.ExceptionTextDone) recordRefusal();
-    status.ExceptionPending = 0;
-    bool finished = false;
-    quint8& LinkAction = m_bench.link.Notice.LinkAction;
-    if (LinkAction == 2) {  // the link has taken it back by now; its WriteDone does the same
-        WriteWaiting = 0;
-        m_bench.link.ParamRead.WriteDone = 0;
-        stepBar();
-        finished = stepRow();
-        WriteTimer.kick();
-    } else if (LinkAction == 3) {
-        status.ExceptionTextDone = 0;
-        finished = true;
+    status.ExceptionTextDone = status.ExceptionPending = 0;
+    if (aborted) {
+        m_aborted = true;
+        m_chain.stop();
+        finishWrites();
+        return;
     }
-    LinkAction = 0;
-    return finished;
+    stepBar();
+    if (!stepRow()) return;
+    m_chain.stop();
+    finishWrites();
 }
 
 void ParameterWriter::recordRefusal() {
@@ -187,22 +182,8 @@ void ParameterWriter::recordRefusal() {
     ++m_rowsRefused;
 }
 
-// True when the run is over.
-bool ParameterWriter::takeAnswer() {
-    quint8& WriteDone = m_bench.link.ParamRead.WriteDone;
-    quint8& ExceptionTextDone = m_bench.link.DriveStatus.ExceptionTextDone;
-    if (!WriteDone && !ExceptionTextDone) return false;
-    WriteTimer.setEnabled(false);
-    WriteWaiting = WriteDone = ExceptionTextDone = 0;
-    if (WriteRow != 0 && WriteRow != rowCount()) ++m_rowsDone;
-    stepBar();
-    const bool finished = stepRow();
-    WriteTimer.setEnabled(true);
-    return finished;
-}
-
 // A row that cannot be sent, which only a file can hold: its value is no integer or none of a register.
-bool ParameterWriter::skipRow() {
+void ParameterWriter::skipRow() {
     const bool number = withoutSeparatorToInt(AdvStringGrid1.cell(column::Data, WriteRow)).has_value();
     const auto doubt = doubtOf(AdvStringGrid1, WriteRow);
     const QString why =
@@ -213,8 +194,6 @@ bool ParameterWriter::skipRow() {
     ++m_rowsDone;
     ++m_rowsRefused;
     stepBar();
-    WriteTimer.kick();
-    return stepRow();
 }
 
 // True behind the last: that is the last row for Aspen, the closing command for all others.
@@ -233,7 +212,6 @@ void ParameterWriter::stepBar() {
 // ---- After the run ----
 
 void ParameterWriter::finishWrites() {
-    WriteTimer.setEnabled(false);
     m_readBackDue = true;
     Q_EMIT runEnded(m_rowsDone - m_rowsRefused, m_rowsRefused);
     if (ErrorAdvStringGrid.RowCount() > 2) {
@@ -255,17 +233,29 @@ void ParameterWriter::startReadBack() {
     form.barPosition = 0;
     form.PrLabel = NoRow;
     Q_EMIT changed();
-    readBack.start(WriteCount);
+    readBack.start(m_wanted);
+}
+
+void ParameterWriter::closeWanted() {
+    if (!writing()) return FormClose();
+    const bool stop = m_bench.link.operatorAsked().yes(
+        QStringLiteral("Parameters are being written. Stop now and read back what was sent ?"), Cofirm);
+    if (!stop || !writing()) return;
+    m_stopWanted = true;
+    m_chain.step();
 }
 
 void ParameterWriter::FormClose() {
     if (!form.shown) return;
-    const bool running = WriteTimer.Enabled() || readBack.ReflahDtataTimer.Enabled();
-    WriteTimer.setEnabled(false);
-    readBack.stop();
-    if (running) m_bench.link.prelude();  // nothing of the run may be answered later
+    const bool running = writing() || readBack.running();
+    m_chain.stop();
+    if (readBack.running()) readBack.stop();
+    if (running || m_aborted) m_bench.link.prelude();  // nothing of the run may be answered later
+    // The read-back of an aborted run used the line once more; the link is Off Line until com setup takes it
+    // up.
+    if (std::exchange(m_aborted, false)) m_bench.link.setLamp(LampState::OffLine);
+    m_bench.link.Notice.LinkAction = 0;
     m_readBackDue = false;
-    WriteWaiting = 0;
     form.barPosition = 0;
     setEnabled(true);
     setShown(false);

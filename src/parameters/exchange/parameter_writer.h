@@ -40,15 +40,16 @@ class ParameterWriter : public QObject {
     WriteCheckRecord form;
     bool errorRecordShown = false;  // TWriteCheckErrRecordForm
     quint16 WriteRow = 0;
-    quint8 WriteWaiting = 0;
     quint16 WriteCount = 0;
-    TickTimer WriteTimer;
     WriteReadBack readBack;
+    bool writing() const { return m_chain.running(); }
 
     // Fills the write list and shows it; a box tells when no row is taken.
     void SelectWriteSource(const WriteSource& source, WriteMode mode, bool useDefaults);
     void OKTransparentButtonClick();
     void CancelTransparentButtonClick() { FormClose(); }
+    // Close box and Escape: a run is asked about first, ended in order, and what was sent is read back.
+    void closeWanted();
     // The window closes, in whatever way: everything stops, values go back to the table.
     void FormClose();
     void errorRecordClosed();
@@ -65,14 +66,12 @@ class ParameterWriter : public QObject {
 
    private:
     void startWrites(int checked);
-    void WriteTimerTimer();
+    std::optional<LinkRequest> nextRequest();
     bool passesOver() const;
-    bool sendCommand();
     std::optional<QString> nextCommand();
-    void askAgainIfThrownAway();
-    bool takeRefusal();
-    bool takeAnswer();
-    bool skipRow();
+    void leaveTheRest();
+    void takeAnswer();
+    void skipRow();
     bool stepRow();
     void recordRefusal();
     void stepBar();
@@ -86,11 +85,15 @@ class ParameterWriter : public QObject {
 
     ParameterBench& m_bench;
     WriteSource m_source;
-    QString m_command;      // what is waited for
     int m_rowsDone = 0;     // checked rows that were answered or refused
     int m_rowsRefused = 0;  // of these, and those that could not be sent
     QList<int> m_rowsReadBack;
+    std::vector<bool> m_wanted;  // rows to read back
     bool m_readBackDue = false;  // when the error record is closed
+    bool m_stopWanted = false;   // by the person, in a run
+    bool m_unanswered = false;   // what was sent last; the run is stopped all the same
+    bool m_aborted = false;      // the link gave up in a run
+    RequestChain m_chain;
 };
 
 }  // namespace kelvane

@@ -1,5 +1,5 @@
-// After a run of writes: reads every checked row of the write list back from the drive, behind the progress
-// dialog, and puts what the drive holds into the list. Owned by the writer.
+// After a run of writes: reads rows of the write list back from the drive, behind the progress dialog, and
+// puts what the drive holds into the list. Owned by the writer.
 #pragma once
 
 #include <QObject>
@@ -15,25 +15,22 @@ namespace kelvane {
 class WriteReadBack : public QObject {
     Q_OBJECT
    public:
-    // WriteWaiting is the writer's: one command is outstanding, be it a write or a read-back.
     WriteReadBack(ParameterBench& bench, const ParameterScreen& screen, ProgressDialog& progress,
-                  StringGrid& AdvStringGrid1, quint8& WriteWaiting);
+                  StringGrid& AdvStringGrid1);
 
     quint32 RefreshRow = 0;
-    TickTimer ReflahDtataTimer;
 
-    void start(int rows);  // so many rows are checked
+    void start(const std::vector<bool>& wanted);  // by row of the list
     void stop();
+    bool running() const { return m_chain.running(); }
 
    Q_SIGNALS:
     void rowReadBack(int row);
     void ended();
-    void abandoned();  // left by the person, while no reply can come any more
+    void abandoned();  // left by the person, or the link gave up
 
    private:
-    void ReflahDtataTimerTimer();
-    void nextRow();
-    void send();
+    std::optional<LinkRequest> nextRequest();
     void takeReply();
     void onCancel();
     void abandon();
@@ -42,7 +39,8 @@ class WriteReadBack : public QObject {
     const ParameterScreen& m_screen;
     ProgressDialog& m_progress;
     StringGrid& m_list;
-    quint8& m_WriteWaiting;
+    std::vector<bool> m_wanted;
+    RequestChain m_chain;
     RestWatch m_restWatch;
 };
 

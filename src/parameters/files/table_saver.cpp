@@ -1,5 +1,6 @@
 #include "parameters/files/table_saver.h"
 
+#include <QFileInfo>
 #include <algorithm>
 
 #include "parameters/files/sheet_transfer.h"
@@ -64,15 +65,25 @@ bool TableSaver::run(const Job& job) {
     return job.kind == TableFileKind::Spreadsheet ? saveSpreadsheet(job) : saveText(job);
 }
 
+// A name to begin with: of the file that was loaded, else of the drive.
+std::optional<QString> TableSaver::askName(const Job& job) {
+    const ParameterTable& from = table(job.tab);
+    QString name = QFileInfo(from.TableFileName).completeBaseName();
+    if (name.isEmpty()) name = from.identity.model;
+    if (job.tab == ParameterTab::Compare) name = QStringLiteral("Comparison");
+    m_work.person.suggestedName = name;
+    return m_work.person.saveFile(saveFilter(job.kind), saveSuffix(job.kind));
+}
+
 bool TableSaver::saveText(const Job& job) {
     SaveMemo = textOf(job);
-    const std::optional<QString> path = m_work.person.saveFile(saveFilter(job.kind), saveSuffix(job.kind));
+    const std::optional<QString> path = askName(job);
     return path && told(*path, writeWhole(*path, SaveMemo));
 }
 
 bool TableSaver::saveSpreadsheet(const Job& job) {
     if (!spreadsheetPresent(m_work.spreadsheet, m_work.person)) return false;
-    const std::optional<QString> path = m_work.person.saveFile(saveFilter(job.kind), saveSuffix(job.kind));
+    const std::optional<QString> path = askName(job);
     return path && told(*path, writeSheets(job.tab, *path));
 }
 

@@ -33,6 +33,7 @@ class TableSaver : public QObject {
     std::vector<ParameterTab> savable() const;
     bool hasSomething(const std::vector<ParameterTab>& tabs);
     bool run(const Job& job);
+    std::optional<QString> askName(const Job& job);
     bool saveText(const Job& job);
     bool saveSpreadsheet(const Job& job);
     QByteArray textOf(const Job& job);

@@ -246,8 +246,11 @@ void TParameterForm::showRoot(QTreeWidgetItem* root, const TreeRoot& shown) {
 // The names have room; a person who drags the splitter has the last word.
 void TParameterForm::fitTreePane() {
     const QList<int> sizes = m_splitter->sizes();
-    ParaTreeView->resizeColumnToContents(0);
-    const int wanted = ParaTreeView->columnWidth(0) + 3 * ParaTreeView->indentation();
+    int longest = 0;
+    for (const QTreeWidgetItem* root : {m_driveRoot, m_fileRoot})
+        for (int i = 0; i < root->childCount(); ++i)
+            longest = std::max(longest, fontMetrics().horizontalAdvance(root->child(i)->text(0)));
+    const int wanted = longest + 4 * ParaTreeView->indentation() + ParaTreeView->iconSize().width();
     const int widest = (sizes[0] + sizes[1]) / 3;
     if (m_splitterMoved || std::min(wanted, widest) <= sizes[0]) return;
     const int left = std::min(wanted, widest);

@@ -181,6 +181,7 @@ void TParameterForm::CompareTransparentButtonClick() {
         m_pages->showScreen();
         const bool compared = outcome.shown || outcome.notComparedDrive + outcome.notComparedFile > 0;
         if (compared) tellInStatusLine(outcomeText(outcome));
+        if (outcome.shown) focusTable();
     });
 }
 

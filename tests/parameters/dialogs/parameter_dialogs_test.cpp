@@ -270,17 +270,24 @@ TEST_F(WriteList, RowsThatRunningForbidsDifferByMoreThanTheirColour) {
     EXPECT_EQ(picture(2), picture(3));
 }
 
-TEST_F(WriteList, InARunEscapeRestsAndTheCloseBoxStopsIt) {
+TEST_F(WriteList, InARunCloseBoxAndEscapeAsk) {
     b.person.script.expectBox(WriteQuestion, "Cofirm", BoxAnswer::No);
     press(b.writeCheck, "OKTransparentButton");
     EXPECT_TRUE(part(b.writeCheck, "OKTransparentButton").isEnabled());
     b.person.script.expectBox(WriteQuestion, "Cofirm", BoxAnswer::Yes);
     press(b.writeCheck, "OKTransparentButton");
     b.runUntil([&] { return b.session.writer.form.barPosition == 1; });
+    const char* const StopWriting = "Parameters are being written. Stop now and read back what was sent ?";
+    b.person.script.expectBox(StopWriting, "Cofirm", BoxAnswer::No);
     QTest::keyClick(&b.writeCheck, Qt::Key_Escape);
-    EXPECT_TRUE(b.writeCheck.isVisible() && b.session.writer.WriteTimer.Enabled());
+    EXPECT_TRUE(b.writeCheck.isVisible() && b.session.writer.writing());
+    b.person.script.expectBox(StopWriting, "Cofirm", BoxAnswer::Yes);
     b.writeCheck.close();
-    EXPECT_FALSE(b.writeCheck.isVisible() || b.session.writer.WriteTimer.Enabled());
+    EXPECT_TRUE(b.writeCheck.isVisible());
+    ASSERT_TRUE(b.runUntil([&] { return b.errorRecord.isVisible(); }));
+    press(b.errorRecord, "CloseTransparentButton");
+    ASSERT_TRUE(b.runUntil([&] { return !b.writeCheck.isVisible(); }));
+    EXPECT_FALSE(b.session.writer.writing());
     EXPECT_FALSE(b.link.Notice.TWriteCheckForm);
 
     b.session.WriteCheckTransparentButtonClick();

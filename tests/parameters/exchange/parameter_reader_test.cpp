@@ -144,7 +144,7 @@ TEST(ParameterReader, CancelIsAskedAfterTheReplyAndNoGoesOn) {
     EXPECT_TRUE(b.progress.shown);
     b.person.expectBox("Are you sure terminate ?", "Cofirm", BoxAnswer::No, [&] {
         EXPECT_EQ(b.table.grid.cell(column::PrNo, 3), "00-01");
-        EXPECT_FALSE(b.reader.RxTimer.Enabled());
+        EXPECT_FALSE(b.reader.ReadPending);
     });
     b.answerRecord();
     b.clock.advanceUntil([&] { return b.person.allAsked(); }, 10);
@@ -211,7 +211,7 @@ TEST(ParameterReader, AbortKeepsTheRowsAndStopsEverything) {
     b.readSome(2);
     b.person.expectLinkFailure("Communication Timeout", false, LinkAnswer::Abort);
     b.person.expectBox("On-Line Fail !!", "Error", BoxAnswer::Ok,
-                       [&] { EXPECT_FALSE(b.progress.shown || b.reader.RxTimer.Enabled()); });
+                       [&] { EXPECT_FALSE(b.progress.shown || b.reader.reading()); });
     for (int i = 0; i < 5; ++i) b.staySilent();
     EXPECT_EQ(b.send(), "");
     EXPECT_TRUE(b.link.TaskQueue.empty());

@@ -296,7 +296,72 @@ TEST(ParameterWriter, AbortEndsTheRunWithALineAndStillReadsBack) {
     EXPECT_EQ(b.writer.ErrorAdvStringGrid.cell(2, 1), "Copy Mode");
     EXPECT_EQ(b.link.Notice.LinkAction, 0);
     b.writer.errorRecordClosed();
+    // The read-back has the line as the run had: no poll comes between, rows get their own values.
+    EXPECT_EQ(b.link.ActiveFunction, OwnerParameter);
     EXPECT_EQ(b.send(), "FF0301000001");
+    b.answerWords({1200});
+    EXPECT_EQ(b.send(), "FF0301010001");
+    b.answerWords({1500});
+    EXPECT_EQ(b.send(), "");
+    EXPECT_EQ(ParameterLinkBench::column(b.table.grid, column::Data),
+              (QStringList{"*****", "12.00", "15.00"}));
+    // Behind it the link is at rest and Off Line, and the window asks for com setup first.
+    EXPECT_FALSE(b.writer.form.shown);
+    EXPECT_TRUE(b.link.idle() && b.link.TaskQueue.empty());
+    EXPECT_EQ(b.link.Lamp.ComStatusAbLED, "Off Line");
+    EXPECT_EQ(b.link.ActiveFunction, OwnerParameter);
+    b.person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
+    b.session.WriteAllTransparentButtonClick();
+    EXPECT_EQ(b.send(), "");
+}
+
+const char* const StopWriting = "Parameters are being written. Stop now and read back what was sent ?";
+
+TEST(ParameterWriter, ClosingARunAsksAndEndsItInOrder) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00", "15.00", "3.00"});
+    b.session.WriteCheckTransparentButtonClick();
+    b.pressOk();
+    b.send();
+    b.answer("FF0620050003");
+    EXPECT_EQ(b.send(), "FF0601001770");
+    b.person.expectBox(StopWriting, "Cofirm", BoxAnswer::No);
+    b.writer.closeWanted();
+    b.answer("FF0601001770");
+    EXPECT_EQ(b.send(), "FF06010105DC");
+    b.person.expectBox(StopWriting, "Cofirm", BoxAnswer::Yes);
+    b.writer.closeWanted();
+    EXPECT_TRUE(b.writer.form.shown);
+    int written = -1;
+    QObject::connect(&b.writer, &ParameterWriter::runEnded, [&](int rows, int) { written = rows; });
+    b.answer("FF06010105DC");
+    EXPECT_EQ(b.writeAll(), (QStringList{"FF0620050005", "FF0301000001", "FF0301010001"}));
+    EXPECT_EQ(written, 2);
+    EXPECT_FALSE(b.writer.form.shown);
+    EXPECT_EQ(b.table.grid.cell(column::Data, 4), "3.00");
+}
+
+// A drive that refuses to tell why it refuses costs a line without a text, not the run.
+TEST(ParameterWriter, ARefusedOrBrokenRefusalTextLetsTheRunGoOn) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00", "15.00", "3.00"});
+    b.session.WriteCheckTransparentButtonClick();
+    b.pressOk();
+    b.send();
+    b.answer("FF0620050003");
+    for (const char* text : {"FF8302",
+                             "FF0304"
+                             "00010002"}) {
+        b.send();
+        b.answer("FF8604");
+        EXPECT_EQ(b.send(), "FF0333040008");
+        b.answer(text);
+    }
+    QStringList codes;
+    QObject::connect(&b.writer, &ParameterWriter::errorRecordWanted,
+                     [&] { codes = ParameterLinkBench::column(b.writer.ErrorAdvStringGrid, 4); });
+    EXPECT_EQ(b.writeAll(), (QStringList{"FF060102012C", "FF0620050005"}));
+    EXPECT_EQ(codes, (QStringList{"4", "4", ""}));
 }
 
 TEST(ParameterWriter, ReadBackThatCannotGoOnLetsThePersonOut) {
@@ -322,9 +387,10 @@ TEST(ParameterWriter, ReadBackThatCannotGoOnLetsThePersonOut) {
             b.progress.CancelTransparentButtonClick();
         }
         EXPECT_FALSE(b.progress.shown);
+        EXPECT_EQ(b.link.Notice.LinkAction, 0) << "it would be the next reply's";
         b.writer.FormClose();
         EXPECT_TRUE(b.writer.form.enabled);
-        EXPECT_FALSE(b.writer.form.shown || b.writer.readBack.ReflahDtataTimer.Enabled());
+        EXPECT_FALSE(b.writer.form.shown || b.writer.readBack.running());
         EXPECT_EQ(b.send(), "");
     }
 }

@@ -65,6 +65,7 @@ TEST_F(Saving, ACancelledDialogLeavesTheTextAndNoFile) {
     person.expectSave("CSV Fiels(*.csv)|*.CSV", ".CSV", std::nullopt);
     kind = TableFileKind::Csv;
     saver.SaveTransparentButtonClick();
+    EXPECT_EQ(person.suggestedName, "Larch");
     EXPECT_EQ(saver.SaveMemo, writeTableText(session.driveTable, false, TextFormat::Csv));
     session.screen.DriveTabSheet = false;
     person.expectBox("There is no parameter table be opened !", "Cofirm");
