@@ -526,11 +526,10 @@ void RequestScheduler::onBadChecksum() {
         Q_EMIT badCheck();
         return;
     }
-    const BoxAnswer answer = operatorAsked().box(lang().MsgStr(Message::ChecksumError), Cofirm, BoxIcon::Stop,
-                                                 BoxButtons::RetryCancel);
+    const BoxAnswer answer =
+        operatorAsked().box(lang().MsgStr(3), Cofirm, BoxIcon::Stop, BoxButtons::RetryCancel);
     Notice.LinkAction = answer == BoxAnswer::Retry ? 1 : 3;
-    if (answer != BoxAnswer::Retry)
-        operatorAsked().tell(lang().MsgStr(Message::OnLineFail), QStringLiteral("Error"));
+    if (answer != BoxAnswer::Retry) operatorAsked().tell(lang().MsgStr(4), QStringLiteral("Error"));
 }
 
 void RequestScheduler::onException(quint8 code, quint8 task) {
@@ -603,7 +602,7 @@ void RequestScheduler::stopReadIfRunning() {
     Q_EMIT parameterReadStopped();
     Notice.TProgressForm = false;
     notifyChanged();
-    operatorAsked().tell(lang().MsgStr(Message::OnLineFail), QStringLiteral("Error"));
+    operatorAsked().tell(lang().MsgStr(4), QStringLiteral("Error"));
     Q_EMIT focusWanted(ActiveFunction);
 }
 
