@@ -6,8 +6,10 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QMessageBox>
 #include <QTemporaryDir>
 #include <cstdio>
+#include <span>
 
 #include "drive/parameter_data.h"
 #include "link/number_text.h"
@@ -22,6 +24,7 @@ using namespace kelvane::bench;
 constexpr double ReadBound = 1.03;
 constexpr double PollingPercent = 2;
 constexpr double OffLinePercent = 0.1;
+constexpr double RecordingPercent = 3;
 constexpr int OnLineLimitMs = 60000;
 constexpr int ReadLimitMs = 120000;
 constexpr int LookEveryMs = 50;
@@ -207,6 +210,55 @@ void measureResting(LinkMode mode, const QString& flow) {
     std::fflush(stdout);
 }
 
+// Median of the time between two records, in ms, and how far it is from what it should be.
+double medianInterval(std::span<const TrendRecord> records) {
+    std::vector<double> intervals;
+    for (size_t i = 1; i < records.size(); ++i)
+        intervals.push_back((records[i].Time - records[i - 1].Time) * 86400000);
+    std::sort(intervals.begin(), intervals.end());
+    return intervals.empty() ? 0 : intervals[intervals.size() / 2];
+}
+
+// Eight channels of a running motor, with Trend and keypad open; then the same under a modal box.
+void measureRecording(LinkMode mode, const QString& flow) {
+    const LineCase line{mode, 9600};
+    const DriveProcess drive(line, flow);
+    WholeProgram whole(line, drive.device());
+    if (!whole.goOnLine()) ++missed;
+    whole.windows.openWindow(OwnerTrend);
+    TrendSession& trend = whole.tool.trend;
+    for (int c = 1; c <= TrendSession::Channels; ++c) {
+        trend.ChVrPowerButtonClick(c, true);
+        trend.ChComboBoxCloseUp(c, c - 1);
+    }
+    trend.StartVrPowerButtonClick(true);
+    whole.windows.openWindow(OwnerKeypad);
+    whole.tool.link.request(10, QStringLiteral("FF0620011388"));
+    whole.tool.link.request(2, QStringLiteral("FF0620000002"));
+    runFor(3000);
+    const auto first = static_cast<size_t>(trend.AbTrend1.TotalRecords());
+    const double cpuBefore = cpuUs();
+    const double before = nowUs();
+    runFor(20000);
+    const double percent = (cpuUs() - cpuBefore) / (nowUs() - before) * 100;
+    const double median = medianInterval(trend.AbTrend1.data.records.all().subspan(first));
+    const auto boxed = static_cast<size_t>(trend.AbTrend1.TotalRecords());
+    QMessageBox box(QMessageBox::Information, QStringLiteral("Box"), QStringLiteral("A box that stands."));
+    box.open();
+    runFor(5000);
+    const double underBox = medianInterval(trend.AbTrend1.data.records.all().subspan(boxed));
+    box.close();
+    const bool ok =
+        percent <= RecordingPercent && std::abs(median - 100) <= 2 && std::abs(underBox - 100) <= 2;
+    if (!ok) ++missed;
+    std::printf(
+        "%s %-6s  %.2f %% of a core (bound %.0f), a record every %.2f ms, under a box %.2f ms (100 within 2) "
+        " %s\n",
+        qPrintable(line.name()), qPrintable(flow), percent, RecordingPercent, median, underBox,
+        ok ? "within" : "MISSED");
+    std::fflush(stdout);
+}
+
 // Identification with one reply that is lost, damaged or late at every place of it: never stuck.
 void identifyWithOneFaultEverywhere(Family family, LinkMode mode) {
     const LineCase line{mode, 38400};
@@ -245,8 +297,8 @@ int main(int argc, char** argv) {
     QCommandLineParser parser;
     parser.addHelpOption();
     parser.addOption({QStringLiteral("tables"),
-                      QStringLiteral("Which tables (reading,rest,faults,identify)."), QStringLiteral("names"),
-                      QStringLiteral("reading,rest,faults,identify")});
+                      QStringLiteral("Which tables (reading,rest,recording,faults,identify)."),
+                      QStringLiteral("names"), QStringLiteral("reading,rest,recording,faults,identify")});
     parser.addOption(
         {QStringLiteral("family"), QStringLiteral("Only this family."), QStringLiteral("name"), {}});
     parser.addOption({QStringLiteral("runs"), QStringLiteral("Runs a row of reading; the best counts (1)."),
@@ -266,6 +318,12 @@ int main(int argc, char** argv) {
         for (const char* flow : {"single", "fifo"})
             for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii})
                 measureResting(mode, QLatin1String(flow));
+    }
+    if (tables.contains(QStringLiteral("recording"))) {
+        std::printf("\nA trend of eight channels being recorded, keypad open.\n");
+        for (const char* flow : {"single", "fifo"})
+            for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii})
+                measureRecording(mode, QLatin1String(flow));
     }
     const QString only = parser.value(QStringLiteral("family"));
     std::vector<Family> families;

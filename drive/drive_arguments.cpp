@@ -101,6 +101,10 @@ void describe(Reader& reader) {
                text("fault:reply"), {});
     reader.add("seed", "Seed of the shares above (1).", text("number"), text("1"));
     reader.add("address", "Address answered beside 255 (1).", text("number"), text("1"));
+    reader.add("load", "Load of the motor: steady, or working as a machine does (working).", text("load"),
+               text("working"));
+    reader.add("trip", "Seconds of running behind which the drive trips with an overload; 0: never (0).",
+               text("seconds"), text("0"));
     reader.addFlag("keypad", "Play a keypad that holds the family's values instead of a drive.");
     reader.addFlag("until-eof", "Stop when the standard input ends.");
     reader.addFlag("help", "This text.");
@@ -139,6 +143,9 @@ DriveArguments readArguments(const QStringList& arguments) {
     result.latePercent = reader.number("late", 0, 100);
     reader.planned("fail");
     result.seed = uint32_t(reader.number("seed", 0, 4294967295.0));
+    result.drive.workingLoad =
+        reader.choice("load", {QStringLiteral("steady"), QStringLiteral("working")}) == 1;
+    result.drive.tripSeconds = reader.number("trip", 0, 100000);
     result.drive.asKeypad = reader.isSet("keypad");
     result.drive.address = uint8_t(reader.number("address", 1, 255));
     return result;

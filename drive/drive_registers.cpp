@@ -56,6 +56,7 @@ PracticeDrive::PracticeDrive(const FamilyData& data, const DriveOptions& options
     m_motor.plate = plateFor(data.modelCode);
     m_parameters.setValue(m_traits.modelRegister, data.modelCode);
     if (m_traits.versionRegister) m_parameters.setValue(m_traits.versionRegister, data.version);
+    m_motor.workingLoad = options.workingLoad;
     takeMotorSettings();
 }
 
@@ -337,7 +338,13 @@ void PracticeDrive::move(double seconds) {
 
 void PracticeDrive::tick(double seconds) {
     move(seconds);
-    if (m_motor.runState() == RunState::Running) m_runSeconds += seconds;
+    if (m_motor.runState() != RunState::Running) return;
+    m_runSeconds += seconds;
+    if (m_options.tripSeconds <= 0) return;
+    m_untilTrip += seconds;
+    if (m_untilTrip < m_options.tripSeconds) return;
+    m_untilTrip = 0;
+    m_motor.injectFault(MotorOverload);
 }
 
 }  // namespace kelvane::drive

@@ -27,6 +27,8 @@ struct DriveOptions {
     std::optional<uint8_t> familyCode{};  // answered at 2110h in place of the family's own
     bool asKeypad = false;                // plays a keypad that holds the family's values: no drive behind it
     double tuneSeconds = 5;
+    bool workingLoad = false;  // the motor's load changes as a machine's does
+    double tripSeconds = 0;    // of running, behind which the drive trips with an overload; 0: never
 };
 
 class PracticeDrive {
@@ -108,6 +110,7 @@ class PracticeDrive {
     uint8_t m_tuneResult = 0;
     uint8_t m_nextTuneResult = 0;
     double m_runSeconds = 0;
+    double m_untilTrip = 0;
 };
 
 }  // namespace kelvane::drive

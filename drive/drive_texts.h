@@ -25,6 +25,7 @@ enum FaultCode : uint8_t {
     OverVoltage = 2,
     OverHeat = 3,
     OverLoad = 4,
+    MotorOverload = 5,
     ExternalFault = 6,
     LowVoltage = 14,
     TuneFault = 40,

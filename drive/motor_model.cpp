@@ -15,6 +15,27 @@ constexpr double NoLoadCurrent = 0.35;  // of the rated current
 constexpr double AccelTorquePercent = 30;
 constexpr double SlipAtRatedLoad = 0.03;
 
+constexpr double LoadSeconds = 0.25;  // in which a step of the load arrives at the shaft
+
+// One round of the machine: idle, a cut, a heavy cut, idle.
+struct LoadStep {
+    double until;  // s of the round
+    double percent;
+};
+constexpr LoadStep Round[] = {{6, 0}, {11, 30}, {13, 55}, {16, 12}, {20, 0}};
+constexpr double RoundSeconds = 20;
+
+double workPercent(double seconds) {
+    const double t = std::fmod(seconds, RoundSeconds);
+    double percent = 0;
+    for (const LoadStep& step : Round) {
+        percent = step.percent;
+        if (t < step.until) break;
+    }
+    const double turn = 2 * std::numbers::pi * seconds;
+    return percent + 2.5 * std::sin(turn * 0.31) + 1.2 * std::sin(turn * 1.7);
+}
+
 double rateOf(double maxHz, double seconds) { return maxHz / std::max(seconds, 0.01); }
 
 }  // namespace
@@ -77,9 +98,22 @@ void MotorModel::ramp(double seconds) {
 void MotorModel::advance(double seconds) {
     if (seconds <= 0) return;
     ramp(seconds);
+    followLoad(seconds);
     const double load = amps() / std::max(plate.ratedAmps, 0.1);
     const double settled = AmbientCelsius + RiseAtRatedCurrent * load * load;
     m_celsius += (settled - m_celsius) * (1 - std::exp(-seconds / HeatSeconds));
+}
+
+void MotorModel::followLoad(double seconds) {
+    if (!workingLoad || m_hz == 0) {
+        m_workSeconds = 0;
+        m_working.reset();
+        return;
+    }
+    m_workSeconds += seconds;
+    const double wanted = loadPercent + workPercent(m_workSeconds);
+    const double before = m_working.value_or(loadPercent);
+    m_working = before + (wanted - before) * (1 - std::exp(-seconds / LoadSeconds));
 }
 
 bool MotorModel::powered() const { return m_hz != 0 || (m_tuneHz && m_order != Order::Stop); }
@@ -99,7 +133,7 @@ double MotorModel::outputHz() const { return std::abs(m_hz); }
 
 double MotorModel::torquePercent() const {
     if (!powered()) return 0;
-    const double percent = loadPercent + m_rampSign * AccelTorquePercent;
+    const double percent = m_working.value_or(loadPercent) + m_rampSign * AccelTorquePercent;
     return m_turnsReverse ? -percent : percent;
 }
 

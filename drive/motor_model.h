@@ -34,6 +34,9 @@ class MotorModel {
     MotorPlate plate;
     MotorSettings settings;
     double loadPercent = 40;
+    // The load of a working machine instead of a steady one: it swells, takes hold in steps and lets go
+    // again.
+    bool workingLoad = false;
 
     void run();
     void stop();
@@ -74,6 +77,7 @@ class MotorModel {
     enum class Order : uint8_t { Stop, Run, Jog };
     double targetHz() const;
     bool powered() const;
+    void followLoad(double seconds);
     void ramp(double seconds);
     double rampTowards(double target, double hzPerSecond, double seconds);
 
@@ -87,6 +91,8 @@ class MotorModel {
     double m_hz = 0;     // negative in reverse
     int m_rampSign = 0;  // 1 speeding up, -1 slowing down
     double m_celsius = 25;
+    double m_workSeconds = 0;         // since the shaft began to turn
+    std::optional<double> m_working;  // percent, of a working load
 };
 
 }  // namespace kelvane::drive

@@ -7,7 +7,7 @@ packages=(
   qt6-base-dev qt6-serialport-dev qt6-svg-dev           # windows, serial port, drawings
   libgtest-dev libgmock-dev                             # tests
   libfreexl-dev python3-xlrd                            # outside judges of written spreadsheets
-  libbenchmark-dev libmodbus-dev                        # benchmarks and their outside peer
+  libbenchmark-dev libmodbus-dev libqcustomplot-dev     # benchmarks and their outside peers
   clang                                                 # fuzz targets, second compiler
   clang-format clang-tidy                               # format and habits of the sources
   xvfb openbox xfwm4 xdotool imagemagick                # windows under real window managers, pictures

@@ -51,6 +51,11 @@ void Walk::run() {
     print();
     closeTab();
     closeParameters();
+    recordTrend();
+    saveTrend();
+    watchMeters();
+    controlByPid();
+    tuneMotor();
     changeLanguage();
     saveProject();
     exit();

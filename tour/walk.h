@@ -43,6 +43,15 @@ class Walk {
     void closeTab();
     void closeParameters();
 
+    // Trend.
+    void recordTrend();
+    void saveTrend();
+
+    // Monitor, PID control, auto tuning.
+    void watchMeters();
+    void controlByPid();
+    void tuneMotor();
+
     void check(bool right, const QString& wrong);
     void edit(int row, const QString& picture = {});
     void chooseTable(const char* button, const QString& picture = {});

@@ -40,12 +40,9 @@ class Operator {
     // Cancel.
     virtual std::optional<QString> openFile(const QString& filter) = 0;
     // suffix (".txt", ".CSV") is appended to the chosen name whatever it ends in; overwriting is asked for
-    // the name with its suffix. The answer has the suffix.
+    // the name with its suffix. The answer has the suffix. Without a dot (trd) it is the extension of a name
+    // that has none; ".bmp|.jpg" has one for each part of the filter, of which the person picks one.
     virtual std::optional<QString> saveFile(const QString& filter, const QString& suffix) = 0;
-    // The same for a name that gets suffix only when it has none: "mine" is "mine.prj".
-    virtual std::optional<QString> saveFileAs(const QString& filter, const QString& suffix) {
-        return saveFile(filter, suffix);
-    }
     // TMessageForm: ErrNameVrLabel is its text; Ignore is offered only when ignoreShown.
     virtual LinkAnswer linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) = 0;
     virtual void editValue(ValueEdit& edit) = 0;

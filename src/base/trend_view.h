@@ -44,6 +44,11 @@ class TrendView {
     void pan(qint64 columns, qint64 total);
     // Shows factor times as many records, the one under x staying where it is.
     void zoomAbout(double x, double factor, qint64 total);
+    // The same columns at the same scale as another plot.
+    void showSame(const TrendView& other) {
+        m_perPixel = other.m_perPixel;
+        m_fromColumn = other.m_fromColumn;
+    }
     double recordsPerPixel() const { return m_perPixel; }
     qint64 fromColumn() const { return m_fromColumn; }
 

@@ -191,6 +191,8 @@ QString TAutoTuningForm::statusText() const {
                   : tr("Close this window, or read again.");
         return m_tuning.line.standingText() % QLatin1Char(' ') % after;
     }
+    if (!m_tuning.line.bench.link.Lamp.onLine())
+        return tr("Off Line. A drive that was tuning goes on by itself.");
     if (tunes) return tr("Tuning. The drive ends it by itself; nothing here limits its time.");
     if (m_tuning.RdTimer.running()) return tr("Reading the motor parameters ...");
     if (m_tuning.WrTimer.running()) return tr("Writing the motor parameters ...");

@@ -80,6 +80,8 @@ void CommissioningLink::cycleEnded() {
 void CommissioningLink::setStanding(Standing why) {
     if (standing == why) return;
     standing = why;
+    bench.link.Notice.waitTrouble = m_waitShown ? standingText() : QString();
+    bench.link.notifyChanged();
     Q_EMIT changed();
 }
 
@@ -95,6 +97,7 @@ QString CommissioningLink::standingText() const {
 
 void CommissioningLink::showWait() {
     m_waitShown = true;
+    bench.link.Notice.waitTrouble.clear();
     bench.link.Notice.TInitialForm = bench.link.Notice.waitMayBeLeft = true;
     bench.link.notifyChanged();
 }

@@ -93,6 +93,7 @@ struct NoticeRecord {
     QString CEmessageTitle;
     bool TInitialForm = false;
     bool waitMayBeLeft = false;  // a person may close TInitialForm; whoever opened it goes on without
+    QString waitTrouble;         // why it waits for nothing; empty while it may still end
     bool TProgressForm = false;
     bool TWriteCheckForm = false;
     bool operator==(const NoticeRecord&) const = default;

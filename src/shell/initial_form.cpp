@@ -20,6 +20,7 @@ TInitialForm::TInitialForm(RequestScheduler& link, TickClock& clock, QWidget* pa
     : WaitForm(tr("Please wait"), parent),
       m_link(link),
       m_patience(clock, TickKind::RealTime, PatienceMs, [this] { offerToLeave(true); }),
+      m_trouble(plainLabel("TroubleLabel", {}, this)),
       m_waitsFor(plainLabel("WaitsForLabel", {}, this)),
       m_stop(named<TransparentButton>("CloseTransparentButton", icon(Icon::Cancel), tr("Stop waiting"), this,
                                       TransparentButton::Layout::IconLeft)) {
@@ -30,8 +31,10 @@ TInitialForm::TInitialForm(RequestScheduler& link, TickClock& clock, QWidget* pa
     column->setSizeConstraint(QLayout::SetFixedSize);
     column->addWidget(
         plainLabel("Label1", QStringLiteral("Config the settings. Please wait a moment ..."), this));
+    column->addWidget(m_trouble);
     column->addWidget(m_waitsFor);
     column->addWidget(m_stop, 0, Qt::AlignRight);
+    m_trouble->hide();
     m_waitsFor->setWordWrap(true);
     offerToLeave(false);
     connect(m_stop, &QAbstractButton::clicked, this, &TInitialForm::leave);
@@ -40,6 +43,8 @@ TInitialForm::TInitialForm(RequestScheduler& link, TickClock& clock, QWidget* pa
 
 void TInitialForm::follow() {
     const bool wanted = m_link.Notice.TInitialForm;
+    m_trouble->setText(m_link.Notice.waitTrouble);
+    m_trouble->setVisible(!m_link.Notice.waitTrouble.isEmpty());
     if (wanted == isVisible()) return;
     offerToLeave(false);
     m_stop->setVisible(m_link.Notice.waitMayBeLeft);

@@ -41,6 +41,7 @@ class TInitialForm : public WaitForm {
     RequestScheduler& m_link;
     TickTimer m_patience;
     Wait m_wait;
+    QLabel* m_trouble;  // what the owner of the wait has to say
     QLabel* m_waitsFor;
     TransparentButton* m_stop;
 };

@@ -25,7 +25,7 @@ class PracticeDrives {
    private:
     struct Station {
         Station(Family family, const drive::LineOptions& options)
-            : drive(drive::familyData(family)), line(drive, options) {}
+            : drive(drive::familyData(family), {.workingLoad = true}), line(drive, options) {}
         drive::PracticeDrive drive;
         drive::LineModel line;
     };

@@ -90,8 +90,18 @@ QString ShellOperator::adviceFor(const QString& text) const {
 QStringList nameFilters(const QString& filter) {
     const QStringList parts = filter.split(QLatin1Char('|'));
     QStringList names;
-    for (qsizetype i = 0; i < parts.size(); i += 2) names += parts[i];
+    for (qsizetype i = 0; i < parts.size(); i += 2) {
+        // A dialog takes its pattern from the brackets.
+        const bool bracketed = parts[i].contains(QLatin1Char('('));
+        names +=
+            bracketed ? parts[i] : parts[i] % QStringLiteral(" (") % parts.value(i + 1) % QLatin1Char(')');
+    }
     return names;
+}
+
+QString withSuffix(const QString& name, const QString& suffix) {
+    if (suffix.isEmpty() || suffix.startsWith(QLatin1Char('.'))) return name % suffix;
+    return QFileInfo(name).suffix().isEmpty() ? name % QLatin1Char('.') % suffix : name;
 }
 
 BoxAnswer ShellOperator::box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) {
@@ -111,7 +121,8 @@ BoxAnswer ShellOperator::box(const QString& text, const QString& title, BoxIcon 
     return answerOf(pressed, buttons);
 }
 
-std::optional<QString> ShellOperator::askFile(QFileDialog::AcceptMode mode, const QString& filter) {
+std::optional<ShellOperator::ChosenFile> ShellOperator::askFile(QFileDialog::AcceptMode mode,
+                                                                const QString& filter) {
     QFileDialog dialog(windowInFront());
     dialog.setAcceptMode(mode);
     dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -126,31 +137,21 @@ std::optional<QString> ShellOperator::askFile(QFileDialog::AcceptMode mode, cons
     if (mode == QFileDialog::AcceptOpen) m_lastOpened[filter] = dialog.selectedNameFilter();
     if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     lastFolder = dialog.directory().absolutePath();
-    return dialog.selectedFiles().first();
+    return ChosenFile{dialog.selectedFiles().first(),
+                      dialog.nameFilters().indexOf(dialog.selectedNameFilter())};
 }
 
 std::optional<QString> ShellOperator::openFile(const QString& filter) {
-    return askFile(QFileDialog::AcceptOpen, filter);
-}
-
-QString withSuffix(const QString& path, const QString& suffix) {
-    return QFileInfo(path).suffix().isEmpty() ? path + suffix : path;
+    const std::optional<ChosenFile> chosen = askFile(QFileDialog::AcceptOpen, filter);
+    return chosen ? std::optional(chosen->path) : std::nullopt;
 }
 
 std::optional<QString> ShellOperator::saveFile(const QString& filter, const QString& suffix) {
-    return askToSave(filter, [&](const QString& chosen) { return chosen + suffix; });
-}
-
-std::optional<QString> ShellOperator::saveFileAs(const QString& filter, const QString& suffix) {
-    return askToSave(filter, [&](const QString& chosen) { return withSuffix(chosen, suffix); });
-}
-
-// Whether a file may be overwritten is asked about the name that it gets in the end.
-std::optional<QString> ShellOperator::askToSave(const QString& filter, const Rename& finalName) {
     for (;;) {
-        const std::optional<QString> name = askFile(QFileDialog::AcceptSave, filter);
-        if (!name) return {};
-        const QString path = finalName(*name);
+        const std::optional<ChosenFile> chosen = askFile(QFileDialog::AcceptSave, filter);
+        if (!chosen) return {};
+        const QStringList suffixes = suffix.split(QLatin1Char('|'));
+        const QString path = withSuffix(chosen->path, suffixes.value(chosen->filter, suffixes.first()));
         if (!QFileInfo::exists(path)) return path;
         if (yes(m_lang.MsgStr(Message::OverwriteFile), QStringLiteral("Cofirm"), BoxIcon::Exclamation))
             return path;

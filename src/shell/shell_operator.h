@@ -21,7 +21,6 @@ class ShellOperator final : public Operator {
     BoxAnswer box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) override;
     std::optional<QString> openFile(const QString& filter) override;
     std::optional<QString> saveFile(const QString& filter, const QString& suffix) override;
-    std::optional<QString> saveFileAs(const QString& filter, const QString& suffix) override;
     LinkAnswer linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) override;
     void editValue(ValueEdit& edit) override;
 
@@ -32,15 +31,17 @@ class ShellOperator final : public Operator {
 
    private:
     QString adviceFor(const QString& text) const;
-    std::optional<QString> askFile(QFileDialog::AcceptMode mode, const QString& filter);
-    using Rename = std::function<QString(const QString& chosen)>;
-    std::optional<QString> askToSave(const QString& filter, const Rename& finalName);
+    struct ChosenFile {
+        QString path;
+        qsizetype filter = 0;
+    };
+    std::optional<ChosenFile> askFile(QFileDialog::AcceptMode mode, const QString& filter);
     const LangTable& m_lang;
     QHash<QString, QString> m_lastOpened;  // the kind that was chosen last, by the dialog's filter
 };
 
-// path, with suffix (".prj") when its name has none.
-QString withSuffix(const QString& path, const QString& suffix);
+// A name with what saveFile() puts behind it.
+QString withSuffix(const QString& name, const QString& suffix);
 
 // "Text(*.txt)|*.txt|All(*.*)|*.*" as the name filters of a dialog: every first part.
 QStringList nameFilters(const QString& filter);

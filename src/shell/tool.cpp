@@ -3,6 +3,7 @@
 #include <array>
 
 #include "localisation/startup_language.h"
+#include "shell/trend_section.h"
 
 namespace kelvane {
 
@@ -28,8 +29,11 @@ Tool::Tool(const ToolBench& toolBench)
       rules(link),
       parameters(link, bench.clock, groupNames,
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
+      trend({bench.clock, bench.wallClock, link, bench.person,
+             bench.folder.file(QStringLiteral("trend journal"))}),
       pid({link, bench.clock, bench.person, bench.language.table}),
       autoTuning({link, bench.clock, bench.person, bench.language.table}) {
+    followIdentification(trend, identification);
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
@@ -64,6 +68,7 @@ void Tool::loadDefaultProject() {
     takeComSetup(defaults.ComSetup, read.taken);
     comSetup.copySettingsToLink();
     readTrendSection(lines, defaults.Trend);
+    takeTrendSection(trend, defaults.Trend);
     readMonitorSection(lines, defaults.Monitor);
 }
 
@@ -105,6 +110,7 @@ ComSetupSection Tool::comSetupSection() const {
 
 FileResult Tool::SaveProject() {
     Q_EMIT projectWanted();
+    defaults.Trend = trendSection(trend);
     defaults.LanguageIndex = bench.language.LanguageIndex;
     defaults.ComSetup = comSetupSection();
     return writeWhole(bench.folder.file(QStringLiteral("default.prj")), defaultProjectBytes(defaults));
@@ -116,7 +122,8 @@ NamedProject Tool::projectToSave() const {
     project.LanguageIndex = bench.language.LanguageIndex;
     project.ComSetup = comSetupSection();
     project.Monitor = defaults.Monitor;
-    project.ChComboBox = defaults.Trend.ChComboBox;
+    project.ChComboBox = trendSection(trend).ChComboBox;
+    project.ChannelWidth = channelWidths(trend);
     project.QuickSetup.DriveVrLabel = link.Labels.DriveVrLabel;
     project.QuickSetup.VersionVrLabel = link.Labels.VersionVrLabel;
     project.QuickSetup.HPVrLabel = link.Labels.HPVrLabel;
@@ -128,7 +135,7 @@ NamedProject Tool::projectToSave() const {
 void Tool::SaveTransparentButtonClick() {
     Q_EMIT projectWanted();
     const QByteArray bytes = namedProjectBytes(projectToSave());
-    const std::optional<QString> path = bench.person.saveFileAs(ProjectFilter, QStringLiteral(".prj"));
+    const std::optional<QString> path = bench.person.saveFile(ProjectFilter, QStringLiteral("prj"));
     if (!path) return;
     const FileResult written = writeWhole(*path, bytes);
     if (!written.ok) {
@@ -148,10 +155,11 @@ void Tool::OpenTransparentButtonClick() {
         return;
     }
     named.ComSetup = comSetupSection();
+    named.ChannelWidth = channelWidths(trend);
     const NamedProjectRead read = readNamedProject(projectLines(file.bytes), named);
     takeComSetupAtRest(named.ComSetup, read.ComSetup.taken);
     if (read.Monitor.taken > 0) defaults.Monitor = named.Monitor;
-    if (read.Trend.taken > 0) defaults.Trend.ChComboBox = named.ChComboBox;
+    if (read.Trend.taken > 0) takeTrendBoxes(trend, named.ChComboBox, named.ChannelWidth);
     Q_EMIT projectOpened();
     if (!read.ok()) {
         bench.person.tell(read.error, ErrorTitle, BoxIcon::Stop);

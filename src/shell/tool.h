@@ -12,6 +12,9 @@
 #include "catalogue/identification.h"
 #include "commissioning/auto_tuning.h"
 #include "commissioning/pid_control.h"
+#include "diagnostics/faults/fault_history.h"
+#include "diagnostics/monitor/monitor_session.h"
+#include "diagnostics/trend/trend_session.h"
 #include "link/com_setup.h"
 #include "link/port_directory.h"
 #include "link/port_presence.h"
@@ -54,6 +57,9 @@ class Tool : public QObject {
     ParameterSession parameters;
     PidControl pid;
     AutoTuning autoTuning;
+    TrendSession trend;
+    MonitorSession monitor;
+    FaultHistory faults;
 
     // Values of default.prj that belong to windows; a window takes its section when it is built and puts it
     // back before a save.

@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "shell/commissioning_windows.h"
+#include "shell/monitor_windows.h"
 #include "shell/parameter_windows.h"
+#include "shell/trend_windows.h"
 #include "shell/windows.h"
 
 namespace kelvane {
@@ -36,13 +38,13 @@ const WindowRow Rows[] = {
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Com Setup"),
                .hint = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Set up the COM port and the protocol"),
                .menu = "DriveMenu", .menuItem = "ComSetup", .icon = Icon::ComSetup, .key = Qt::Key_F2}},
-    {.form = "TScopeForm",
+    {.form = "TScopeForm", .make = makeScope, .wire = wireScope,
      .rule = {.ActiveFunction = OwnerTrend, .closesKeypad = true},
      .entry = {.place = 6, .button = "TrendTransparentButton",
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Trend"),
                .hint = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Record drive values over time"),
                .menu = "DiagnosticMenu", .menuItem = "Trend", .icon = Icon::Trend, .key = Qt::Key_F9}},
-    {.form = "TMonitorForm",
+    {.form = "TMonitorForm", .make = makeMonitor, .wire = wireMonitor,
      .rule = {.ActiveFunction = OwnerMonitor, .closesKeypad = true},
      .entry = {.place = 7, .button = "MonitorTransparentButton",
                .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Monitor"),
@@ -57,8 +59,8 @@ const WindowRow Rows[] = {
                .menuCaption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Parameter Management"),
                .icon = Icon::Parameter, .key = Qt::Key_F5},
      .open = openParameterForm},
-    {.form = "TMeterTypeForm"},
-    {.form = "TToolForm"},
+    {.form = "TMeterTypeForm", .make = makeMeterType},
+    {.form = "TToolForm", .make = makeTool},
     {.form = "TProgressForm", .make = makeProgress},
     {.form = "TWriteCheckForm", .make = makeWriteCheck},
     {.form = "TInputValueForm", .make = makeInputValue},
@@ -74,7 +76,7 @@ const WindowRow Rows[] = {
                .menu = "DiagnosticMenu", .menuItem = "Keypad", .icon = Icon::Keypad, .key = Qt::Key_F8},
      .open = Windows::openBeside},
     {.form = "TMessageForm", .make = makeForm<TMessageForm>},
-    {.form = "TPrintForm"},
+    {.form = "TPrintForm", .make = makeTrendPrint},
     {.form = "TReportForm", .make = makeReport},
     {.form = "TConnectForm", .make = makeConnect},
     {.form = "TCEmessageForm", .make = makeCEmessage},
@@ -114,7 +116,7 @@ const WindowRow Rows[] = {
      .open = openPid},
     {.form = "TEditForm"},
     {.form = "TPasswordForm", .make = makePassword},
-    {.form = "TErrHistoryForm"},
+    {.form = "TErrHistoryForm", .make = makeErrHistory, .wire = wireErrHistory},
     {.form = "TMotorSelForm", .make = makeMotorSel},
     {.form = "TInputForm", .make = makeInput},
     {.form = "TSelParaPrintForm", .make = makeForm<TSelParaPrintForm>},

@@ -17,6 +17,8 @@ enum class Icon : int {
     Pid, AutoTuning, MultiStep, Copy, Close, Folder, FolderUp, File,
     Accept, Cancel, Test, Connect, Disconnect, Start, Stop, Clear, Option, Cursor, Picture, Zoom,
     Add, Remove, Edit, Run, Fault, Lock, Motor, More, Refused,
+    Add, Remove, Edit, Run, Fault, Lock, Motor, More,
+    Up, Down, ZoomIn, ZoomOut, Reset,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
     Motor1, Motor2,
     Count_,

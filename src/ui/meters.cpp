@@ -15,7 +15,8 @@ namespace kelvane {
 namespace {
 
 constexpr int Divisions = 10;
-constexpr int MinorMarks = 5;  // in one division
+constexpr int MinorMarks = 5;          // in one division
+constexpr double WidestNumber = 0.33;  // of the radius
 const QColor Quicksilver(0xD0, 0x20, 0x20);
 
 struct Inks {
@@ -134,10 +135,14 @@ void DialMeter::paintScale(QPainter& painter, QPointF middle, double radius) con
     const Inks inks = inksOf(*this);
     QFont font = painter.font();
     const bool flat = m_sweep <= 180;
+    const int places = placesOfDivision(m_maximum, m_decimals);
     font.setPointSizeF(std::clamp(radius / (flat ? 14 : 9.5), 6.0, font.pointSizeF() * 1.6));
+    // Long numbers are made small enough to stand side by side.
+    const double widest = QFontMetricsF(font).horizontalAdvance(numberText(m_maximum, places));
+    const double allowed = radius * WidestNumber;
+    if (!flat && widest > allowed) font.setPointSizeF(std::max(5.0, font.pointSizeF() * allowed / widest));
     painter.setFont(font);
     const double rim = radius * 0.93;
-    const int places = placesOfDivision(m_maximum, m_decimals);
     for (int mark = 0; mark <= Divisions * MinorMarks; ++mark) {
         const double share = double(mark) / (Divisions * MinorMarks);
         const bool major = mark % MinorMarks == 0;

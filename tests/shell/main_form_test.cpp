@@ -135,7 +135,7 @@ TEST(MainForm, GivesTheLinkBackToTheParameterWindowAfterAFailedIdentification) {
 TEST(MainForm, SavesAndOpensANamedProject) {
     ShellBench bench;
     const QString path = bench.dir.filePath("site.prj");
-    bench.person.expectSave("Project File(*.prj)|*.prj", ".prj", path);
+    bench.person.expectSave("Project File(*.prj)|*.prj", "prj", path);
     bench.trigger("FileSaveItem");
     bench.tool->comSetup.BaudComboBoxChange("1200");
     bench.person.expectOpen("Project File(*.prj)|*.prj", path);
@@ -153,7 +153,7 @@ TEST(MainForm, HoldsTheSettingsOfAProjectBackWhileOnLine) {
     setup.ModeComboBoxChange("RTU");
     setup.BaudComboBoxChange("115200");
     const QString path = bench.dir.filePath("fast.prj");
-    bench.person.expectSave("Project File(*.prj)|*.prj", ".prj", path);
+    bench.person.expectSave("Project File(*.prj)|*.prj", "prj", path);
     bench.trigger("FileSaveItem");
     setup.ModeComboBoxChange("ASCII");
     setup.BaudComboBoxChange("9600");
@@ -234,9 +234,9 @@ TEST(Translations, TranslateWhatNoKeyNamesAndComeBackToEnglish) {
 }
 
 TEST(ShellOperator, GivesASuffixToANameThatHasNone) {
-    EXPECT_EQ(withSuffix("/home/anna/mine", ".prj"), "/home/anna/mine.prj");
-    EXPECT_EQ(withSuffix("/home/anna.b/mine", ".prj"), "/home/anna.b/mine.prj");
-    EXPECT_EQ(withSuffix("mine.prj", ".prj"), "mine.prj");
+    EXPECT_EQ(withSuffix("/home/anna/mine", "prj"), "/home/anna/mine.prj");
+    EXPECT_EQ(withSuffix("/home/anna.b/mine", "prj"), "/home/anna.b/mine.prj");
+    EXPECT_EQ(withSuffix("mine.prj", "prj"), "mine.prj");
 }
 
 struct Instances : testing::Test {

@@ -34,6 +34,13 @@ TMeterTypeForm::TMeterTypeForm(MeterTypeChoice& choice, QWidget* parent)
     foot->addWidget(cancel);
     auto* column = new QVBoxLayout(this);
     column->addLayout(buildSamples(), 1);
+    QWidget* before = LabeledEdit1;
+    for (QWidget* next :
+         {static_cast<QWidget*>(m_panels[0]), static_cast<QWidget*>(m_panels[1]),
+          static_cast<QWidget*>(m_panels[2]), static_cast<QWidget*>(ok), static_cast<QWidget*>(cancel)}) {
+        setTabOrder(before, next);
+        before = next;
+    }
     column->addLayout(foot);
     connect(LabeledEdit1, &QLineEdit::textChanged, this, [this](const QString& text) {
         m_choice.setMaxValue(text);

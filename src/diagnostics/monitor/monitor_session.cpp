@@ -129,11 +129,11 @@ void MonitorSession::StartVrPowerButtonClick(bool on) {
     });
 }
 
+// Off line nothing runs, and the button does not pretend it.
 void MonitorSession::startOrStop() {
-    if (m_bench.link.Lamp.onLine()) {
-        GetDataTimer.setEnabled(StartVrPowerButton);
-        AbTrend1.SetStartRecording(StartVrPowerButton);
-    }
+    if (!m_bench.link.Lamp.onLine()) StartVrPowerButton = false;
+    GetDataTimer.setEnabled(StartVrPowerButton);
+    AbTrend1.SetStartRecording(StartVrPowerButton);
     Q_EMIT changed();
 }
 
@@ -266,6 +266,7 @@ void MonitorSession::FormClose() {
     GetDataTimer.setEnabled(false);
     AbTrend1.SetStartRecording(false);
     VrMeter.Position = 0;
+    VrMeterComboBoxCloseUp(VrMeterComboBox);  // with its caption
     for (ExchangeableMeter* meter : {&Meter1, &Meter2}) {
         meter->VrAngularMeter.Position = 0;
         meter->AbThermometer.Digit = meter->AbHMeter.Digit = 0;

@@ -13,7 +13,7 @@ namespace kelvane {
 namespace {
 
 constexpr qint64 RecordBytes = sizeof(TrendRecord);
-constexpr qint64 StepRecords = 1 << 15;  // read and indexed while they are in the cache
+constexpr qint64 StepRecords = 1 << 12;  // read and indexed while they are in the cache
 
 QString why(const QString& path, const QString& reason) { return path % QStringLiteral(": ") % reason; }
 

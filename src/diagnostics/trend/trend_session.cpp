@@ -79,7 +79,27 @@ TrendSession::TrendSession(const TrendBench& bench)
         tell(QStringLiteral(
             "There is no memory left for more records. The recording has stopped; save it now."));
     });
-    connect(&m_bench.link, &RequestScheduler::cycleEnded, this, [this] { GetDataTimer.kick(); });
+    followLink();
+}
+
+void TrendSession::followLink() {
+    RequestScheduler& link = m_bench.link;
+    connect(&link, &RequestScheduler::cycleEnded, this, [this] { GetDataTimer.kick(); });
+    connect(&link, &RequestScheduler::answered, this, [this](quint8 task) { commandAnswered(task); });
+    connect(&link, &RequestScheduler::timeoutTold, this, &TrendSession::suspend);
+    connect(&link, &RequestScheduler::answeredAgain, this, &TrendSession::resume);
+    // Behind an Abort there is no time-out to answer any more.
+    connect(&link, &RequestScheduler::wentOnLine, this, &TrendSession::resume);
+    connect(&link, &RequestScheduler::statusDecoded, this, [this] { offerKeypad(true); });
+    connect(&link, &RequestScheduler::initialRun, this, [this] {
+        StatusTabSheet = false;
+        offerKeypad(false);
+        Q_EMIT changed();
+    });
+}
+
+void TrendSession::offerKeypad(bool offered) {
+    if (std::exchange(KeypadTransparentButton, offered) != offered) Q_EMIT changed();
 }
 
 TrendSession::~TrendSession() { m_journal.finish(AbTrend1.data.records); }
@@ -150,6 +170,7 @@ void TrendSession::ChangeChanelSetting(int channel) {
     trend.ValueTo = 0;
     trend.DigitalTo = 0;
     ChannelItem[c] = k;
+    m_takenItem[c].reset();
     setCaptions();
     GetDataTimer.kick();
     Q_EMIT scalesChanged();
@@ -157,8 +178,7 @@ void TrendSession::ChangeChanelSetting(int channel) {
 
 void TrendSession::setCaptions() {
     for (int c = 1; c <= Channels; ++c) {
-        const QString name = items.value(ChComboBox[static_cast<size_t>(c)]);
-        AbTrend1.Channel(c).Caption = QStringLiteral("Ch%1 ").arg(c) % name;
+        AbTrend1.Channel(c).Caption = QStringLiteral("Ch%1 ").arg(c) % shownItem(c).name;
     }
 }
 
@@ -169,6 +189,7 @@ void TrendSession::takeItemNames(const QStringList& itemList) {
 }
 
 void TrendSession::InitialDrive(const QStringList& itemList) {
+    m_takenItem.fill({});
     for (int c = 1; c <= Channels; ++c) {
         TrendChannel& channel = AbTrend1.Channel(c);
         // Kept: channel c takes format and unit of item c - 1, whatever item it shows.
@@ -196,7 +217,9 @@ void TrendSession::commandAnswered(quint8 task) {
 void TrendSession::StartVrPowerButtonClick(bool on) {
     StartVrPowerButton = on;
     const auto goOn = [this] {
-        if (m_bench.link.Lamp.onLine()) StartVrPowerButton ? startRun() : stopRun();
+        // Off Line a button that is off has nothing to stop, but gives the scroll bar back.
+        if (!StartVrPowerButton) stopRun();
+        if (StartVrPowerButton && m_bench.link.Lamp.onLine()) startRun();
         Q_EMIT changed();
     };
     if (m_bench.link.Lamp.onLine() || !openComSetup) return goOn();
@@ -289,6 +312,14 @@ void TrendSession::CursorTransparentButtonClick() {
 
 // ---- Cursor ----
 
+// The item that the channel's box has selected, or the one that a loaded recording was taken with.
+TrendSession::ShownItem TrendSession::shownItem(int channel) const {
+    const auto i = static_cast<size_t>(channel);
+    if (m_takenItem[i]) return *m_takenItem[i];
+    const StatusItemView item = statusItem(status(), statusItemOfEntry(status().DriveFamily, ChComboBox[i]));
+    return {items.value(ChComboBox[i]), item.decimals, item.scale};
+}
+
 void TrendSession::AbTrend1NewCursorPos(const ValueAtCursor& value) {
     if (!value.DataValid) {
         ChLabeledEdit.fill({});
@@ -298,8 +329,7 @@ void TrendSession::AbTrend1NewCursorPos(const ValueAtCursor& value) {
     }
     for (int c = 1; c <= Channels; ++c) {
         const auto i = static_cast<size_t>(c);
-        const StatusItemView item =
-            statusItem(status(), statusItemOfEntry(status().DriveFamily, ChComboBox[i]));
+        const ShownItem item = shownItem(c);
         const TrendChannel& channel = AbTrend1.Channel(c);
         ChLabeledEdit[i] = channel.visible
                                ? trendValueText(channel, value.Digit[i - 1], item.decimals, item.scale)
@@ -395,10 +425,10 @@ TrendInfo TrendSession::info() const {
     for (size_t c = 0; c < Channels; ++c) {
         const TrendChannel& channel = AbTrend1.data.channels[c];
         const int entry = ChComboBox[c + 1];
-        const StatusItemView item = statusItem(status(), statusItemOfEntry(status().DriveFamily, entry));
-        described.channels[c] = {entry,         items.value(entry), channel.ValueUnit, channel.ValueFormat,
-                                 item.scale,    item.decimals,      channel.ValueTo,   channel.DigitalTo,
-                                 channel.color, channel.penWidth,   channel.visible};
+        const ShownItem item = shownItem(static_cast<int>(c) + 1);
+        described.channels[c] = {entry,         item.name,        channel.ValueUnit, channel.ValueFormat,
+                                 item.scale,    item.decimals,    channel.ValueTo,   channel.DigitalTo,
+                                 channel.color, channel.penWidth, channel.visible};
     }
     described.markers = markers;
     return described;
@@ -421,9 +451,11 @@ void TrendSession::takeOfferedInfo() {
         channel.DigitalTo = saved.DigitalTo;
         channel.color = saved.color;
         channel.penWidth = saved.penWidth;
-        channel.Caption = QStringLiteral("Ch%1 ").arg(c) % saved.name;
+        m_takenItem[static_cast<size_t>(c)] =
+            ShownItem{saved.name, static_cast<quint8>(saved.decimals), static_cast<quint8>(saved.scale)};
     }
     markers = taken.markers;
+    setCaptions();
     Q_EMIT changed();
     Q_EMIT scalesChanged();
     Q_EMIT offersChanged();

@@ -43,9 +43,10 @@ class TrendSession : public QObject {
     quint16 DirState = 0;
     bool LogicPrimed = false;
     bool StartVrPowerButton = false;
-    bool TrendScrollBar = true;   // enabled
-    bool StatusTabSheet = false;  // shown
-    bool opCursorOnRec = true;    // of AbTrend1
+    bool TrendScrollBar = true;            // enabled
+    bool StatusTabSheet = false;           // shown
+    bool opCursorOnRec = true;             // of AbTrend1
+    bool KeypadTransparentButton = false;  // enabled
     int LeftScaleCh = 1;
     TickTimer GetDataTimer;
     std::array<bool, Channels + 1> ChVrPowerButton{};
@@ -73,10 +74,14 @@ class TrendSession : public QObject {
     // tab.
     void InitialDrive(const QStringList& itemList);
     void takeItemNames(const QStringList& itemList);
+    quint32 stateWord() const { return status().StatusWords[1]; }
     // Replies of the keypad's commands move the command lines.
     void commandAnswered(quint8 task);
     void suspend();
     void resume();
+
+    // The window opens: its keypad button is enabled on line only.
+    void opened() { offerKeypad(m_bench.link.Lamp.onLine()); }
 
     // ---- Hand
     void StartVrPowerButtonClick(bool on);
@@ -120,6 +125,8 @@ class TrendSession : public QObject {
     void loaded();         // a file was loaded: show it whole
 
    private:
+    void followLink();
+    void offerKeypad(bool offered);
     void startRun();
     void stopRun();
     void setCaptions();
@@ -131,6 +138,14 @@ class TrendSession : public QObject {
     const DriveStatusRecord& status() const { return m_bench.link.DriveStatus; }
     TrendBench m_bench;
     TrendJournal m_journal;
+    struct ShownItem {
+        QString name;
+        quint8 decimals = 0;
+        quint8 scale = 0;
+    };
+    ShownItem shownItem(int channel) const;
+    // Of a recording whose settings were taken over, until another item is chosen or a drive comes.
+    std::array<std::optional<ShownItem>, Channels + 1> m_takenItem;
     bool m_journalFailed = false;
     bool m_unsaved = false;
 };

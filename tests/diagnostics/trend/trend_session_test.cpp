@@ -138,6 +138,37 @@ TEST(TrendSession, NoRecordBeforeTheDriveIsReady) {
     EXPECT_EQ(b.total(), 3);
 }
 
+// All data come from the idle poll; the drive sees nothing of the trend.
+TEST(TrendSession, ARunAddsNoFrameOfItsOwn) {
+    const std::map<Family, QStringList> polls{{Family::Rowan, {"FF0321000010", "FF0321190001"}},
+                                              {Family::Larch, {"FF0321000010", "FF0321190001"}},
+                                              {Family::Tilia, {"FF0321000010"}},
+                                              {Family::Yarrow, {"FF0321000010"}},
+                                              {Family::Sorrel, {"FF0321000010"}},
+                                              {Family::Osier, {"FF032100000E"}},
+                                              {Family::Aspen, {"FF032100000B"}},
+                                              {Family::Hazel, {"FF032100000B"}},
+                                              {Family::Willow, {"FF032100000B"}}};
+    for (const auto& [family, commands] : polls) {
+        OnLineBench b({.family = family});
+        QTemporaryDir dir;
+        TrendSession session({b.clock, b.wall, b.link, b.person, dir.filePath("journal")});
+        ASSERT_TRUE(b.goOnLine());
+        b.link.ActiveFunction = OwnerTrend;
+        session.ChComboBoxCloseUp(1, family == Family::Yarrow ? 6 : 3);
+        session.StartVrPowerButtonClick(true);
+        b.clock.advance(500);
+        b.station.port.clearTranscript();
+        b.clock.advance(3000);
+        QStringList sent = b.transcript();
+        sent.removeDuplicates();
+        sent.sort();
+        EXPECT_EQ(sent, commands) << familyName(family);
+        EXPECT_NEAR(double(session.AbTrend1.TotalRecords()), 35, 1);
+        EXPECT_GT(session.AbTrend1.data.records.last().Ch[0], 100) << familyName(family);  // the DC bus
+    }
+}
+
 TEST(TrendSession, KeepsTheFormatOfItemCMinusOneAndASelectionBehindAShorterList) {
     TrendSessionBench b(Family::Tilia);
     b.session.ChComboBoxCloseUp(3, 12);
@@ -257,8 +288,11 @@ TEST(TrendSession, SavesLoadsAndOffersTheSettingsBeside) {
     TrendSessionBench b;
     b.goOnLine();
     b.setItem(0, 3000);
+    b.setItem(2, 123);
+    b.session.ChComboBoxCloseUp(3, 2);
     b.session.ChComboBoxCloseUp(4, 1);
-    b.session.ChVrPowerButtonClick(4, true);
+    for (const int c : {3, 4}) b.session.ChVrPowerButtonClick(c, true);
+    b.session.GetDataTimerTimer();
     b.session.StartVrPowerButtonClick(true);
     b.record(20);
     b.session.addMarker(7, "load on");
@@ -287,6 +321,14 @@ TEST(TrendSession, SavesLoadsAndOffersTheSettingsBeside) {
     EXPECT_EQ(other.session.ChComboBox[4], 1);
     EXPECT_EQ(other.session.markers, (QList<TrendMarker>{{7, "load on"}}));
     EXPECT_FALSE(other.session.offeredInfo);
+    // As it was recorded, with one decimal; Tilia's current has two.
+    other.session.AbTrend1NewCursorPos(other.at(3));
+    EXPECT_EQ(other.session.ChLabeledEdit[3], "12" + DecimalSep + "3");
+    other.session.ChComboBoxCloseUp(3, 2);
+    other.setItem(2, 500);
+    other.tick();
+    other.session.AbTrend1NewCursorPos(other.at(3));
+    EXPECT_EQ(other.session.ChLabeledEdit[3], "1" + DecimalSep + "23");
 
     other.session.loadFrom(other.dir.filePath("none.trd"));
     EXPECT_TRUE(other.session.notice.contains("none.trd"));
