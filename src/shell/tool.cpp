@@ -3,6 +3,7 @@
 #include <array>
 
 #include "localisation/startup_language.h"
+#include "shell/monitor_section.h"
 #include "shell/trend_section.h"
 
 namespace kelvane {
@@ -29,11 +30,15 @@ Tool::Tool(const ToolBench& toolBench)
       rules(link),
       parameters(link, bench.clock, groupNames,
                  {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
+      pid({link, bench.clock, bench.person, bench.language.table}),
+      autoTuning({link, bench.clock, bench.person, bench.language.table}),
       trend({bench.clock, bench.wallClock, link, bench.person,
              bench.folder.file(QStringLiteral("trend journal"))}),
-      pid({link, bench.clock, bench.person, bench.language.table}),
-      autoTuning({link, bench.clock, bench.person, bench.language.table}) {
+      monitor({bench.clock, bench.wallClock, link, bench.person, bench.language.table}),
+      faults(bench.person, [this] { return link.dateTimeText(); }) {
     followIdentification(trend, identification);
+    followIdentification(monitor, identification);
+    trend.showFault = [this](const DriveStatusRecord& status) { faults.showFault(status); };
     parameters.keypad.setComSetup = [this](const ComSetupChoice& choice) {
         return setComSetupForKeypad(choice);
     };
@@ -70,6 +75,7 @@ void Tool::loadDefaultProject() {
     readTrendSection(lines, defaults.Trend);
     takeTrendSection(trend, defaults.Trend);
     readMonitorSection(lines, defaults.Monitor);
+    takeMonitorSection(monitor, defaults.Monitor);
 }
 
 // The settings of an opened project take effect at the next Accept; a link that is on line goes on with the
@@ -111,6 +117,7 @@ ComSetupSection Tool::comSetupSection() const {
 FileResult Tool::SaveProject() {
     Q_EMIT projectWanted();
     defaults.Trend = trendSection(trend);
+    defaults.Monitor = monitorSection(monitor);
     defaults.LanguageIndex = bench.language.LanguageIndex;
     defaults.ComSetup = comSetupSection();
     return writeWhole(bench.folder.file(QStringLiteral("default.prj")), defaultProjectBytes(defaults));
@@ -121,7 +128,8 @@ NamedProject Tool::projectToSave() const {
     NamedProject project = named;
     project.LanguageIndex = bench.language.LanguageIndex;
     project.ComSetup = comSetupSection();
-    project.Monitor = defaults.Monitor;
+    project.Monitor = monitorSection(monitor);
+    project.MeterType = monitor.meterType.MeterType;
     project.ChComboBox = trendSection(trend).ChComboBox;
     project.ChannelWidth = channelWidths(trend);
     project.QuickSetup.DriveVrLabel = link.Labels.DriveVrLabel;
@@ -156,9 +164,12 @@ void Tool::OpenTransparentButtonClick() {
     }
     named.ComSetup = comSetupSection();
     named.ChannelWidth = channelWidths(trend);
+    named.Monitor = monitorSection(monitor);
+    named.MeterType = monitor.meterType.MeterType;
     const NamedProjectRead read = readNamedProject(projectLines(file.bytes), named);
     takeComSetupAtRest(named.ComSetup, read.ComSetup.taken);
-    if (read.Monitor.taken > 0) defaults.Monitor = named.Monitor;
+    if (read.Monitor.taken > 0) takeMonitorSection(monitor, named.Monitor);
+    monitor.meterType.MeterType = static_cast<quint8>(named.MeterType);
     if (read.Trend.taken > 0) takeTrendBoxes(trend, named.ChComboBox, named.ChannelWidth);
     Q_EMIT projectOpened();
     if (!read.ok()) {
