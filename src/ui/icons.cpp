@@ -41,17 +41,6 @@ constexpr std::array<const char*, IconCount> IconNames{
     "zoom_in", "zoom_out", "reset", "tree_drive", "tree_file", "tree_open", "tree_compare",
     "tree_parameters", "motor_1", "motor_2"};
 // clang-format on
-constexpr std::array<const char*, IconCount> IconNames{
-    "com_setup", "parameter", "quick_setup", "advance",    "keypad",    "trend",        "monitor",
-    "open",      "save",      "exit",        "read_drive", "read_file", "write_select", "write_all",
-    "compare",   "print",     "language",    "find",       "previous",  "next",         "undo",
-    "redo",      "backup",    "help",        "about",      "pid",       "auto_tuning",  "multi_step",
-    "copy",      "close",     "folder",      "folder_up",  "file",      "accept",       "cancel",
-    "test",      "connect",   "disconnect",  "start",      "stop",      "clear",        "option",
-    "cursor",    "picture",   "zoom",        "add",        "remove",    "edit",         "run",
-    "fault",     "lock",      "motor",       "more",       "up",        "down",         "zoom_in",
-    "zoom_out",  "reset",     "tree_drive",  "tree_file",  "tree_open", "tree_compare", "tree_parameters",
-    "motor_1",   "motor_2"};
 static_assert(IconNames.back() != nullptr, "one name for each icon");
 
 constexpr std::array TreeImages{Icon::TreeDrive, Icon::TreeFile, Icon::TreeOpen, Icon::TreeCompare,
