@@ -49,7 +49,6 @@ QByteArray block(std::span<const CodeText> rows, uint8_t code, const char* other
 
 }  // namespace
 
-std::span<const CodeText> faultTexts() { return Faults; }
 std::span<const CodeText> exceptionTexts() { return Exceptions; }
 
 QByteArray faultBlock(uint8_t code) { return block(Faults, code, "Fault code "); }

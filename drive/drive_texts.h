@@ -37,7 +37,6 @@ struct CodeText {
     std::string_view name;  // at most 4 characters
 };
 
-std::span<const CodeText> faultTexts();
 std::span<const CodeText> exceptionTexts();
 
 // Ten registers' worth of characters: 16 of text, 4 of name, padded with blanks. Every code has a text.

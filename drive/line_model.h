@@ -93,7 +93,7 @@ class LineModel {
     void advanceTo(qint64 nowUs);
     // When the model wants to be advanced next; -1 when nothing is under way.
     qint64 nextDueUs() const;
-    // What has reached the host until the time last told, and was not taken yet.
+    // What has reached the host until the time it was last advanced to, and was not taken yet.
     QByteArray takeArrived();
 
     // The adapter is away: nothing is heard and nothing answered.

@@ -1,7 +1,9 @@
 // Language files of any content, in each code page: decode, read, and walk what the windows would show.
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
+#include "base/whole_file.h"
 #include "localisation/language_file.h"
 #include "localisation/language_sections.h"
 
@@ -20,4 +22,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             shownText(row.Label.targets[static_cast<size_t>(number - 1)], form.Label.at(number));
     }
     return 0;
+}
+
+// The shipped files, each in its own code page.
+extern "C" bool kelvaneFuzzSeed(int index, std::vector<uint8_t>* bytes) {
+    using namespace kelvane;
+    constexpr uint8_t Shipped[] = {1, 2, 3, 4, 9};
+    if (index < 0 || index >= static_cast<int>(std::size(Shipped))) return false;
+    const QString name = languageFileName(Shipped[index]);
+    const FileContent file = readWhole(QStringLiteral(KELVANE_LANGUAGE_FOLDER "/") + name);
+    if (!file.ok) return false;
+    bytes->assign(1, Shipped[index]);
+    bytes->insert(bytes->end(), file.bytes.begin(), file.bytes.end());
+    return true;
 }

@@ -10,7 +10,9 @@ packages=(
   libbenchmark-dev libmodbus-dev libqcustomplot-dev     # benchmarks and their outside peers
   clang                                                 # fuzz targets, second compiler
   clang-format clang-tidy                               # format and habits of the sources
-  xvfb fonts-dejavu-core                                # pictures of windows without a display
+  xvfb openbox xfwm4 xdotool imagemagick                # windows under real window managers, pictures
+  fonts-dejavu-core fonts-wqy-microhei                  # texts, Chinese too
+  qt6-translations-l10n                                 # Qt's own buttons and dialogs in the tool's languages
 )
 
 if ! command -v dpkg-query >/dev/null; then

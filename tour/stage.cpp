@@ -16,7 +16,8 @@ Stage::Stage(const QString& programFolder)
       practice(clock, line()),
       looks(folder.file(QStringLiteral("ui-state.ini"))) {
     DecimalSep = findDecimalSep();
-    startLanguage(language, folder.path(), folder.findData(QStringLiteral("Language file")), person);
+    startLanguage(language, folder.findData(QStringLiteral("default.prj")),
+                  folder.findData(QStringLiteral("Language file")), person);
     tool = std::make_unique<Tool>(
         ToolBench{clock, wallClock, person, folder, language, [this](const PortTarget& target) {
                       std::unique_ptr<TApdComPort> port;

@@ -21,11 +21,13 @@ void Walk::recordTrend() {
     m_hand.click(scope, "StartVrPowerButton");
     m_drive.motor().setCommandHz(50);
     m_drive.motor().run();
-    m_hand.waitFor(QStringLiteral("sixty records"),
-                   [&] { return m_hand.text(scope, "TotalRecordsLabel").toInt() >= 60; }, RecordMs);
+    m_hand.waitFor(
+        QStringLiteral("sixty records"),
+        [&] { return m_hand.text(scope, "TotalRecordsLabel").toInt() >= 60; }, RecordMs);
     m_drive.motor().stop();
-    m_hand.waitFor(QStringLiteral("ninety records"),
-                   [&] { return m_hand.text(scope, "TotalRecordsLabel").toInt() >= 90; }, RecordMs);
+    m_hand.waitFor(
+        QStringLiteral("ninety records"),
+        [&] { return m_hand.text(scope, "TotalRecordsLabel").toInt() >= 90; }, RecordMs);
     m_hand.key(*scope.AbTrend1, Qt::Key_F);
     m_script.keepPicture(scope, QStringLiteral("trend"));
 }
@@ -42,7 +44,8 @@ void Walk::saveTrend() {
     check(QFileInfo(path).size() == 24 * records, QStringLiteral("run.trd does not hold every record"));
     m_hand.click(scope, "ExitTransparentButton");
     m_hand.waitForWindow(scope, false);
-    m_hand.waitFor(QStringLiteral("the motor to stand"), [&] { return !m_drive.motor().running(); }, RecordMs);
+    m_hand.waitFor(
+        QStringLiteral("the motor to stand"), [&] { return !m_drive.motor().running(); }, RecordMs);
 }
 
 }  // namespace kelvane::tour

@@ -1,4 +1,4 @@
-// Ticks of the plant. A TickTimer is one of the told timers (TxTimer, RxTimer, GetDataTimer, ...): it has
+// Ticks of the plant. A TickTimer is one of its timers (TxTimer, RxTimer, GetDataTimer, ...): it has
 // Enabled, Interval and a handler, and runs on the TickClock that it is handed. QtTickClock drives the tool,
 // ManualTickClock the tests. Time-outs of the system are numbers of ticks; the length of a tick is ours.
 #pragma once

@@ -17,10 +17,12 @@ struct FileContent {
     QByteArray bytes;
 };
 
-// Writes all bytes or none. Errors: folder missing or read-only, disk full, name not allowed.
+// Writes all bytes or none, and down to the disk. Errors: folder missing or read-only, disk full or failing,
+// name not allowed.
 FileResult writeWhole(const QString& path, const QByteArray& bytes);
 
-// Reads a file of at most maxBytes. Errors: missing, no permission, a folder, larger than maxBytes.
+// Reads a file of at most maxBytes. Errors: missing, no permission, no regular file, larger than
+// maxBytes.
 FileContent readWhole(const QString& path, qint64 maxBytes = 64 * 1024 * 1024);
 
 }  // namespace kelvane

@@ -26,8 +26,8 @@ class GroupNameTable {
 
 inline constexpr int FixedParaNameCount = 600;  // 12 groups of up to 50 names
 
-// FixedParaName at index G * 50 + N, a flat one like the group names'; empty outside and where no name is
-// told.
+// FixedParaName at index G * 50 + N, a flat one like the group names'; empty outside and where there is no
+// name.
 QString fixedParaName(int G, int N);
 
 }  // namespace kelvane

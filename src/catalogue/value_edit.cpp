@@ -63,12 +63,17 @@ InputKey inputKey(QChar key) {
 
 InputVerdict CheckInputValue(ValueEdit& edit, Operator& person, const LangTable& lang) {
     // Kept: the two refusals of an illegal text bear different titles.
-    if (edit.Text.isEmpty()) return refuse(edit, person, lang.MsgStr(23), "Error", InputVerdict::Stay);
+    if (edit.Text.isEmpty())
+        return refuse(edit, person, lang.MsgStr(Message::ValueNotLegal), "Error", InputVerdict::Stay);
     bool ok = false;
     const int v = ScaleDecimalText(edit.Text, edit.InputDot).toInt(&ok);
-    if (!ok) return refuse(edit, person, lang.MsgStr(23), "Error Message", InputVerdict::SelectAll);
-    if (v < edit.InputMin) return refuse(edit, person, lang.MsgStr(28), "Error", InputVerdict::SelectAll);
-    if (v > edit.InputMax) return refuse(edit, person, lang.MsgStr(29), "Error", InputVerdict::SelectAll);
+    if (!ok)
+        return refuse(edit, person, lang.MsgStr(Message::ValueNotLegal), "Error Message",
+                      InputVerdict::SelectAll);
+    if (v < edit.InputMin)
+        return refuse(edit, person, lang.MsgStr(Message::ValueTooSmall), "Error", InputVerdict::SelectAll);
+    if (v > edit.InputMax)
+        return refuse(edit, person, lang.MsgStr(Message::ValueTooLarge), "Error", InputVerdict::SelectAll);
     edit.InputAccepted = true;
     edit.Text = InsertDecimalPoint(QString::number(v), edit.InputDot);
     return InputVerdict::Close;

@@ -1,4 +1,4 @@
-// The value editor without its window: what it is given for a parameter that is told in texts, which keys it
+// The value editor without its window: what it is given for a parameter that is given in texts, which keys it
 // takes, and its check of the typed text. Table, write list, quick setup, keypad, PID and tuning edit by it.
 #pragma once
 
@@ -38,7 +38,7 @@ int inputItemIndex(const ValueEdit& edit);
 enum class InputKey { Type, Check, Drop };
 InputKey inputKey(QChar key);
 
-// Check of edit.Text. Close: the text is accepted and brought to its places. Otherwise a box has told why,
+// Check of edit.Text. Close: the text is accepted and brought to its places. Otherwise a box has said why,
 // the old text is back, and SelectAll asks for it to be selected.
 enum class InputVerdict { Close, Stay, SelectAll };
 InputVerdict CheckInputValue(ValueEdit& edit, Operator& person, const LangTable& lang);

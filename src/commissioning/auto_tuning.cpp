@@ -195,8 +195,8 @@ void AutoTuning::TuneTransparentButtonClick() {
     const TuneFamily* tune = family();
     if (TuneParaComboBox <= 0 || !tune || line.refusesOffLine()) return;
     if (TuneParaComboBox == tune->turningEntry &&
-        m_bench.person.box(m_bench.lang.MsgStr(37), QStringLiteral("Caution"), BoxIcon::Exclamation,
-                           BoxButtons::OkCancel) != BoxAnswer::Ok)
+        m_bench.person.box(m_bench.lang.MsgStr(Message::MotorWillRun), QStringLiteral("Caution"),
+                           BoxIcon::Exclamation, BoxButtons::OkCancel) != BoxAnswer::Ok)
         return;
     // The question may have stood for long.
     if (!line.isOpen() || family() != tune || line.refusesOffLine()) return;

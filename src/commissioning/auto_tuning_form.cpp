@@ -23,7 +23,7 @@ constexpr QSize UsualSize(126, 47);  // characters, lines
 constexpr int UsualSpeed = 3000;     // top of the meter until a motor turns faster
 constexpr int SpeedSweep = 120;
 constexpr QSize MotorPicture(40, 40);
-// Told in the window where no language file says otherwise.
+// Texts of the window where no language file says otherwise.
 constexpr const char* AdviceNames[] = {"AbLED1", "AbLED2", "AbLED3", "Label4", "AbLED5"};
 constexpr const char* Advice[] = {"Before Auto Tuning", "Make sure motor wiring is correct.",
                                   "Make sure the motor has no-load before executing auto-tuning",

@@ -40,7 +40,7 @@ void CommissioningLink::setUp(RequestChain& chain) const {
 
 bool CommissioningLink::refusesOffLine() const {
     if (bench.link.Lamp.onLine()) return false;
-    bench.person.tell(bench.lang.MsgStr(2), QStringLiteral("Cofirm"));
+    bench.person.tell(bench.lang.MsgStr(Message::OffLineNow), QStringLiteral("Cofirm"));
     return true;
 }
 

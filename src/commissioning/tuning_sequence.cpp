@@ -93,13 +93,14 @@ TuningSequence::Request TuningSequence::judgeResult() {
     }
     TuneStep = 8;
     TunePhase = 6;
-    m_bench.person.tell(m_bench.lang.MsgStr(35), QStringLiteral("Confirm"), BoxIcon::Information);
+    m_bench.person.tell(m_bench.lang.MsgStr(Message::AutoTuningFinish), QStringLiteral("Confirm"),
+                        BoxIcon::Information);
     return std::nullopt;
 }
 
 TuningSequence::Request TuningSequence::tellFailure() {
-    const QString text =
-        from8Bit(m_bench.link.ParamRead.ReadDataText) % QStringLiteral(", ") % m_bench.lang.MsgStr(36);
+    const QString text = from8Bit(m_bench.link.ParamRead.ReadDataText) % QStringLiteral(", ") %
+                         m_bench.lang.MsgStr(Message::ResetDrive);
     TuneStep = 8;
     TunePhase = 7;
     const bool reset = m_bench.person.yes(text, Caution, BoxIcon::Stop);

@@ -19,7 +19,7 @@ class TuningSequence {
     quint16 speed = 0;     // register 211Ch while the drive is being waited for
     RequestChain MonitorTimer;
 
-    std::function<void()> ended;  // the result has been told
+    std::function<void()> ended;  // the result has been shown
     std::function<void()> speedRead;
 
     // entry is what the command register gets.

@@ -113,7 +113,7 @@ QString AdvanceConsole::dataField(bool& legal) {
     if (DataLabeledEdit.size() <= DataDigits)
         return DataLabeledEdit.rightJustified(DataDigits, QLatin1Char('0'));
     // Kept: the command goes out all the same, without its data.
-    bench.link.operatorAsked().tell(bench.link.lang().MsgStr(23), ErrorTitle);
+    bench.link.operatorAsked().tell(bench.link.lang().MsgStr(Message::ValueNotLegal), ErrorTitle);
     return {};
 }
 

@@ -187,7 +187,8 @@ void DrivePanel::typeId(const QString& text) {
     const int id = text.trimmed().toInt(&ok);
     if (!ok) {
         RequestScheduler& link = m_traffic.link;
-        link.operatorAsked().tell(link.lang().MsgStr(23), QStringLiteral("Error Message"));
+        link.operatorAsked().tell(link.lang().MsgStr(Message::ValueNotLegal),
+                                  QStringLiteral("Error Message"));
     }
     takeId(ok ? id : CommonAddress);
 }
@@ -206,7 +207,7 @@ void DrivePanel::takeId(int id) {
 bool DrivePanel::run(quint16 repeat) {
     RequestScheduler& link = m_traffic.link;
     if (DefCmdLabeledEdit.isEmpty()) {
-        link.operatorAsked().tell(link.lang().MsgStr(31), QStringLiteral("Cofirm"));
+        link.operatorAsked().tell(link.lang().MsgStr(Message::NoCommandSelected), QStringLiteral("Cofirm"));
         return false;
     }
     // Kept: it is the command list's column that is emptied; the page's own data stays on show.

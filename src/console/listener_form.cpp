@@ -246,7 +246,8 @@ void ListenerForm::findNext() {
     if (FindEdit->text().isEmpty() || RxMemo->find(FindEdit->text(), QTextDocument::FindCaseSensitively))
         return;
     const RequestScheduler& link = m_console.bench.link;
-    m_console.bench.link.operatorAsked().tell(link.lang().MsgStr(34), QStringLiteral("Cofirm"));
+    m_console.bench.link.operatorAsked().tell(link.lang().MsgStr(Message::StringNotFound),
+                                              QStringLiteral("Cofirm"));
     RxMemo->moveCursor(QTextCursor::Start);
 }
 

@@ -58,7 +58,7 @@ void PortListener::RUNmonitorTransparentButtonClick() {
     RequestScheduler& link = m_traffic.link;
     if (!link.port().open()) {
         link.ShowHistoryMsg(link.port().openError());
-        link.operatorAsked().tell(link.lang().MsgStr(19), QStringLiteral("Error Message"));
+        link.operatorAsked().tell(link.lang().MsgStr(Message::NoComPort), QStringLiteral("Error Message"));
         return;
     }
     clearCutting();

@@ -119,7 +119,8 @@ void ComSetup::BaudComboBoxChange(const QString& text) {
 }
 
 void ComSetup::DataBitsComboBoxChange(const QString& text) {
-    if (!dataBitsItems().contains(text)) return;
+    // RTU has bytes of eight bits, whatever a file says.
+    if (!dataBitsItems().contains(text) || (!shown.dataBitsEnabled && text != QLatin1String("8"))) return;
     shown.DataBitsComboBox = text;
     setLine([&](PortSettings& line) { line.DataBits = text.toInt(); });
     notify();
@@ -196,7 +197,7 @@ void ComSetup::failToOpen() {
     notify();
     const QString why = m_setupPort.openError();
     if (!why.isEmpty()) m_link.ShowHistoryMsg(why);
-    m_link.operatorAsked().tell(m_link.lang().MsgStr(19), QStringLiteral("Error Message"));
+    m_link.operatorAsked().tell(m_link.lang().MsgStr(Message::NoComPort), QStringLiteral("Error Message"));
 }
 
 void ComSetup::sendTest() {
@@ -230,9 +231,9 @@ void ComSetup::RxTimerTimer() {
     if (TestRxCount > 0) {
         succeed();
     } else if (shown.ManualRadioButton) {
-        failTest(21);
+        failTest(Message::ComTimeout);
     } else if (DetectCode > LastDetectCode) {
-        failTest(20);
+        failTest(Message::NoDriveDetected);
     } else {
         shown.TConnectForm = true;
         TestButtonClick();
@@ -250,10 +251,10 @@ void ComSetup::succeed() {
     notify();
     TestRxText.clear();
     TestRxCount = 0;
-    if (detecting) m_link.operatorAsked().tell(m_link.lang().MsgStr(22), Cofirm);
+    if (detecting) m_link.operatorAsked().tell(m_link.lang().MsgStr(Message::AutoDetectSuccess), Cofirm);
 }
 
-void ComSetup::failTest(int message) {
+void ComSetup::failTest(Message message) {
     DetectCode = 0;
     closeConnectForm();
     m_setupPort.close();
@@ -274,7 +275,8 @@ void ComSetup::closeConnectForm() {
 void ComSetup::OKBitBtnClick() {
     if (shown.SuccessAbLED) {
         m_setupPort.close();
-        if (!m_link.owner().console && m_link.operatorAsked().yes(m_link.lang().MsgStr(18), Cofirm)) {
+        if (!m_link.owner().console &&
+            m_link.operatorAsked().yes(m_link.lang().MsgStr(Message::GoOnLine), Cofirm)) {
             m_link.start();
             Q_EMIT goingOnLine();
         }
@@ -316,7 +318,9 @@ void ComSetup::FormClose() {
 
 bool ComSetup::mayOpen() {
     m_link.ShowHistoryMsg(QStringLiteral("Setup the Com port and protocol"));
-    if (m_link.Lamp.onLine() && !m_link.operatorAsked().yes(m_link.lang().MsgStr(1), Cofirm)) return false;
+    if (m_link.Lamp.onLine() &&
+        !m_link.operatorAsked().yes(m_link.lang().MsgStr(Message::LeaveLineForComSetup), Cofirm))
+        return false;
     m_link.Initial();
     shown.OKBitBtn = false;
     notify();

@@ -101,7 +101,7 @@ class ComSetup : public QObject {
     void failToOpen();
     void sendTest();
     void succeed();
-    void failTest(int message);
+    void failTest(Message message);
     void setLine(const std::function<void(PortSettings&)>& change);
     void notify();
 

@@ -57,7 +57,7 @@ struct JudgedReply {
 // at the command only: address and echo are never compared.
 JudgedReply judgeReply(LinkMode mode, const QString& command, const RxBuffer& reply, bool rules = true);
 
-// Length on the wire of the reply to command, told by the function that has come: the asked data, the echo of
+// Length on the wire of the reply to command, by the function that has come: the asked data, the echo of
 // a write or an exception. 0 while the function has not come, and for a function that is neither.
 int replyLength(LinkMode mode, const QString& command, const RxBuffer& reply);
 

@@ -12,6 +12,7 @@ namespace kelvane {
 namespace {
 
 constexpr qint64 LargestFile = 64 * 1024;
+const QString PracticeLine = QStringLiteral("answers at ASCII, 9600, 7, N, 2");
 
 PortTarget device(const QString& path) { return {.kind = PortTarget::Kind::Device, .devicePath = path}; }
 PortTarget practice(Family family) { return {.kind = PortTarget::Kind::Practice, .family = family}; }
@@ -36,9 +37,8 @@ PortDirectory::PortDirectory() {
     for (int n = FirstComNumber; n <= LastComNumber; ++n) m_targets[n - 1] = fixedRule(n);
 }
 
-PortDirectory PortDirectory::ofFolder(const QString& folder) {
-    const QString path = QDir(folder).filePath(QStringLiteral("serial_ports.txt"));
-    if (!QFileInfo::exists(path)) return {};
+PortDirectory PortDirectory::ofFile(const QString& path) {
+    if (path.isEmpty()) return {};
     const FileContent content = readWhole(path, LargestFile);
     if (content.ok) return fromText(QString::fromUtf8(content.bytes));
     PortDirectory directory;
@@ -74,7 +74,9 @@ QString PortDirectory::takeLine(const QString& line) {
         m_targets[ComNumber - 1] = practice(*family);
         return {};
     }
-    if (!QDir::isAbsolutePath(value)) return QStringLiteral("the device must be written with its full path");
+    // Paths from ":" on lie in the program, not on the disk.
+    if (!QDir::isAbsolutePath(value) || value.startsWith(QLatin1Char(':')))
+        return QStringLiteral("the device must be written with its full path");
     m_targets[ComNumber - 1] = device(value);
     return {};
 }
@@ -102,6 +104,7 @@ PortDescription PortDirectory::describe(const PortTarget& target) {
     PortDescription result{.present = isPresent(target)};
     if (target.kind == PortTarget::Kind::Practice) {
         result.device = QStringLiteral("practice drive %1").arg(QLatin1String(familyName(target.family)));
+        result.description = PracticeLine;
     } else if (target.kind == PortTarget::Kind::Device) {
         result.device = target.devicePath;
         // A link such as those of /dev/serial/by-id is described by the device that it leads to.

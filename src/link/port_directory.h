@@ -35,8 +35,8 @@ class PortDirectory {
    public:
     PortDirectory();  // the fixed rule alone
 
-    // Reads serial_ports.txt of a folder; a missing file leaves the fixed rule.
-    static PortDirectory ofFolder(const QString& folder);
+    // Reads serial_ports.txt; an empty path (there is none) leaves the fixed rule.
+    static PortDirectory ofFile(const QString& path);
     // Lines "N=/path/of/device" or "N=practice:Family"; blank lines and lines from "#" on are skipped.
     static PortDirectory fromText(const QString& text);
 

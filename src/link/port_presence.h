@@ -34,8 +34,8 @@ class PortPresence {
     std::function<bool(int)> m_isListed;
 };
 
-// Watches the folder of one device. Every name that goes from it is told as a removal, every new one as an
-// arrival, whether it is the link port's or another's.
+// Watches the folder of one device, and that of the device behind it when it is a link. Every name that goes
+// is a removal, every new one an arrival, whether it is the link port's or another's.
 class PortWatcher : public QObject {
     Q_OBJECT
    public:
@@ -50,11 +50,12 @@ class PortWatcher : public QObject {
     void portLost(const QString& reason);
 
    private:
-    QSet<QString> namesInFolder() const;
-    void watchNearestFolder();
+    QStringList folders() const;
+    QSet<QString> namesInFolders() const;
+    void watchFolders();
     PortPresence& m_presence;
     QFileSystemWatcher m_watcher;
-    QString m_folder;
+    QString m_device;
     QSet<QString> m_names;
 };
 

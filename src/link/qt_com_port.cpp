@@ -2,6 +2,11 @@
 
 #include <QFileInfo>
 
+#ifdef Q_OS_UNIX
+#include <poll.h>
+#include <unistd.h>
+#endif
+
 namespace kelvane {
 
 namespace {
@@ -23,6 +28,30 @@ QString noPermission(const QString& devicePath) {
             : QStringLiteral("Join the group \"%1\" (sudo usermod -aG %1 $USER), log out and in again.")
                   .arg(group);
     return QStringLiteral("You have no permission to use %1. ").arg(devicePath) % cure;
+}
+
+constexpr int ErrorsInARow = 20;
+
+// Takes what the device holds without a flush: between the system's notice and the read a flush leaves
+// nothing, and nothing read looks like a device that has gone.
+void readAway(QSerialPort& port) {
+#ifdef Q_OS_UNIX
+    char bytes[256];
+    while (::read(port.handle(), bytes, sizeof bytes) > 0) {
+    }
+#endif
+    port.readAll();
+}
+
+// The other end has hung up, or nothing has that name any more.
+bool hasGone(QSerialPort& port, const QString& devicePath) {
+    if (!QFileInfo::exists(devicePath)) return true;
+#ifdef Q_OS_UNIX
+    pollfd device{port.handle(), POLLIN, 0};
+    return ::poll(&device, 1, 0) < 0 || (device.revents & (POLLHUP | POLLERR | POLLNVAL));
+#else
+    return true;
+#endif
 }
 
 }  // namespace
@@ -58,13 +87,14 @@ QtComPort::~QtComPort() {
     m_port->disconnect();
     if (!m_inHandler) return;
     m_port->close();
-    m_port.release();  // announce() is still in a call of it, and lets it go afterwards
+    static_cast<void>(m_port.release());  // announce() is still in a call of it, and lets it go afterwards
 }
 
 bool QtComPort::open() {
     if (Open()) return true;
     m_openError.clear();
     m_losing = false;
+    m_errorsInARow = 0;
     m_port->clearError();
     applySettings();
     if (!m_port->open(QIODevice::ReadWrite)) {
@@ -128,7 +158,13 @@ std::optional<char> QtComPort::GetChar() {
 }
 
 void QtComPort::dropInput() {
-    if (Open()) m_port->clear(QSerialPort::Input);
+    if (Open()) {
+        // A notice that is already on its way is taken back with it.
+        const bool heldBack = m_readable && !m_readable->isEnabled();
+        if (m_readable) m_readable->setEnabled(false);
+        readAway(*m_port);
+        if (m_readable && !heldBack) m_readable->setEnabled(true);
+    }
     m_input.clear();
     m_taken = 0;
     moveDtr();
@@ -142,6 +178,7 @@ bool QtComPort::holdBack(bool on) {
 }
 
 void QtComPort::takeFromDevice() {
+    m_errorsInARow = 0;
     const QByteArray bytes = m_port->readAll();
     m_input.remove(0, std::exchange(m_taken, 0));
     m_input += bytes.left(BufferSize - m_input.size());
@@ -178,10 +215,17 @@ void QtComPort::later(const std::function<void()>& call) {
     QMetaObject::invokeMethod(m_port.get(), ifAlive, Qt::QueuedConnection);
 }
 
-// The device repeats such an error for ever while it stays open, so the first one closes it.
+// A device that has gone repeats such an error for ever while it is open, so it is closed; one that only had
+// nothing to read goes on. Errors in a row without a byte between them end even that.
 void QtComPort::judgeError(QSerialPort::SerialPortError error) {
     if (!Open() || m_losing) return;
     if (error != QSerialPort::ReadError && error != QSerialPort::ResourceError) return;
+    if (++m_errorsInARow < ErrorsInARow && !hasGone(*m_port, m_devicePath)) {
+        later([this] {
+            if (Open() && m_readable) m_readable->setEnabled(true);
+        });
+        return;
+    }
     m_losing = true;
     // The system's text belongs to an older call when a device goes away silently.
     const QString reason =

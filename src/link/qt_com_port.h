@@ -14,7 +14,6 @@ namespace kelvane {
 // Line settings beside PortSettings. The marks count bytes that wait: DTR goes off at BufferFull and on again
 // at BufferResume. Sending never waits for a line of the other side.
 struct PortFlow {
-    bool AutoOpen = false;  // opening is explicit
     bool RTS = false;
     bool hwfUseDTR = false;
     bool hwfUseRTS = false;  // asks for RTS as second brake; RTS is off, so there is nothing to let go
@@ -65,6 +64,7 @@ class QtComPort final : public TApdComPort {
     bool m_inHandler = false;
     bool m_missed = false;  // bytes came while the handler was at work
     bool m_losing = false;
+    int m_errorsInARow = 0;
     bool m_dtr = true;
     QString m_openError;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);

@@ -77,10 +77,11 @@ void RequestScheduler::onBadChecksum() {
         Q_EMIT badCheck();
         return;
     }
-    const BoxAnswer answer =
-        operatorAsked().box(lang().MsgStr(3), Cofirm, BoxIcon::Stop, BoxButtons::RetryCancel);
+    const BoxAnswer answer = operatorAsked().box(lang().MsgStr(Message::ChecksumError), Cofirm, BoxIcon::Stop,
+                                                 BoxButtons::RetryCancel);
     Notice.LinkAction = answer == BoxAnswer::Retry ? 1 : 3;
-    if (answer != BoxAnswer::Retry) operatorAsked().tell(lang().MsgStr(4), QStringLiteral("Error"));
+    if (answer != BoxAnswer::Retry)
+        operatorAsked().tell(lang().MsgStr(Message::OnLineFail), QStringLiteral("Error"));
 }
 
 void RequestScheduler::onException(quint8 code, quint8 task) {

@@ -375,7 +375,7 @@ void RequestScheduler::stopReadIfRunning() {
     Q_EMIT parameterReadStopped();
     Notice.TProgressForm = false;
     notifyChanged();
-    operatorAsked().tell(lang().MsgStr(4), QStringLiteral("Error"));
+    operatorAsked().tell(lang().MsgStr(Message::OnLineFail), QStringLiteral("Error"));
     Q_EMIT focusWanted(ActiveFunction);
 }
 

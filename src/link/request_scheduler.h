@@ -180,7 +180,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     QByteArray m_sentWire;
     qint64 m_wireTimeUs = 0;  // of the request that was sent
     int m_indicator = 0;
-    int m_unclear = 0;            // exchanges in a row whose answer could not be told from others
+    int m_unclear = 0;            // exchanges in a row whose answer could be another's
     bool m_sentAgain = false;     // the exchange in hand needed a resend
     bool m_wholeReply = false;    // RTU: the silence behind a whole reply is being waited for
     bool m_resting = false;       // the port holds back while the known rest of a reply is on the wire

@@ -7,15 +7,21 @@ RoutedPort::RoutedPort(const PortDirectory& directory, Factory factory, const Po
 
 bool RoutedPort::open() {
     if (Open()) return true;
+    m_openError = openTarget();
+    const bool isNews = m_openError != std::exchange(m_lastReason, m_openError);
+    if (!m_openError.isEmpty() && isNews && onNotOpened) onNotOpened(m_openError);
+    return m_openError.isEmpty();
+}
+
+QString RoutedPort::openTarget() {
     m_openError.clear();
-    if (!takePortOf(target())) return false;
+    if (!takePortOf(target())) return m_openError;
     m_port->setSettings(m_settings);
-    if (m_port->open()) return true;
-    m_openError = m_port->openError();
-    return false;
+    return m_port->open() ? QString() : m_port->openError();
 }
 
 void RoutedPort::close() {
+    m_lastReason.clear();
     if (m_port) m_port->close();
 }
 

@@ -40,8 +40,12 @@ class RoutedPort final : public TApdComPort {
     TApdComPort* behind() const { return m_port.get(); }
     // Called when ComNumber has changed.
     std::function<void(const PortTarget&)> onRouted;
+    // Called with the reason when it cannot be opened; a resend's further attempts with the same one are no
+    // news.
+    std::function<void(const QString& reason)> onNotOpened;
 
    private:
+    QString openTarget();  // why not; empty when it is open
     bool takePortOf(const PortTarget& target);
     const PortDirectory& m_directory;
     Factory m_factory;
@@ -50,6 +54,7 @@ class RoutedPort final : public TApdComPort {
     std::unique_ptr<TApdComPort> m_port;
     std::unique_ptr<TApdComPort> m_retired;  // may still be inside a call to us when the number changes
     QString m_openError;
+    QString m_lastReason;
 };
 
 }  // namespace kelvane

@@ -34,6 +34,47 @@ enum class TypeSection : quint8 {
     VLtype = 9,
 };
 
+// The messages of boxes; the value is the number of the key, 1 for "MsgStr01".
+enum class Message : quint8 {
+    LeaveLineForComSetup = 1,
+    OffLineNow,
+    ChecksumError,
+    OnLineFail,
+    GoOffLine,
+    OnLineFirst,
+    SetUpPortFirst,
+    PortNotReady,
+    NothingSelected,
+    NoTableToSave,
+    TransferToExcel,
+    FormatNotSupported,
+    SaveModified,
+    CompareNow,
+    SelectFileToCompare,
+    DifferentTypes,
+    SaveBeforeClose,
+    GoOnLine,
+    NoComPort,
+    NoDriveDetected,
+    ComTimeout,
+    AutoDetectSuccess,
+    ValueNotLegal,
+    ValueBelowZero,
+    WriteParameters,
+    ParameterNotSettable,
+    WriteParameter,
+    ValueTooSmall,
+    ValueTooLarge,
+    WriteSettings,
+    NoCommandSelected,
+    CommandLengthOdd,
+    OverwriteFile,
+    StringNotFound,
+    AutoTuningFinish,
+    ResetDrive,
+    MotorWillRun,
+};
+
 // Texts of one kind in a form, by key number from 1.
 struct TextGroup {
     QString at(int number) const;  // empty outside 1 to 20
@@ -57,7 +98,8 @@ class LangTable {
     static constexpr int TypeSetSize = 9;
     using TypeNames = std::array<QString, TypeSetSize>;
 
-    // Message number 1 to 37 ("MsgStr01" to "MsgStr37"); empty outside.
+    QString MsgStr(Message message) const { return MsgStr(static_cast<int>(message)); }
+    // The same by the number of its key, 1 to 37; empty outside.
     QString MsgStr(int number) const;
 
     const FormTexts& form(FormSection section) const { return Form[static_cast<size_t>(section)]; }

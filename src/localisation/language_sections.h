@@ -10,7 +10,7 @@ namespace kelvane {
 
 enum class TargetKind : quint8 {
     Control,   // the text of a control or menu with that object name
-    GridRow,   // column 0 of a grid, in the row told
+    GridRow,   // column 0 of a grid, in the row given
     MemoLine,  // a memo's lines as one line
     TuneText,  // a text field of the auto tuning window, 1 to 12 in the order of the keys
 };

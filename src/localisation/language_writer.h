@@ -13,7 +13,7 @@ class LiveTexts {
    public:
     virtual ~LiveTexts() = default;
     virtual QString caption(const FormSectionRow& form) const = 0;
-    // A memo's lines are told with a line end between them.
+    // A memo's lines with a line end between them.
     virtual QString text(const FormSectionRow& form, const KeyTarget& target) const = 0;
     virtual QString hint(const FormSectionRow& form, const KeyTarget& target) const = 0;
 };

@@ -12,7 +12,10 @@ namespace {
 
 constexpr qint64 LargestProject = 4 * 1024 * 1024;
 
-QString inFolder(const QString& folder, const QString& name) { return folder % QStringLiteral("/") % name; }
+// Empty without a folder: its name alone would be looked for at the root of the file system.
+QString inFolder(const QString& folder, const QString& name) {
+    return folder.isEmpty() ? QString() : folder % QStringLiteral("/") % name;
+}
 
 void tellEnglish(Operator& person, const QString& reason) {
     person.tell(reason % QStringLiteral("\nThe software will be set English interface."),
@@ -38,9 +41,10 @@ LanguageResult LoadProject(const QString& path, quint8& LanguageIndex) {
     return readProject(languageLines(from8Bit(file.bytes)), LanguageIndex);
 }
 
-void startLanguage(Language& language, const QString& programFolder, const QString& languageFolder,
+void startLanguage(Language& language, const QString& project, const QString& languageFolder,
                    Operator& person) {
-    if (!LoadProject(inFolder(programFolder, QStringLiteral("default.prj")), language.LanguageIndex).ok()) {
+    language.table = LangTable::builtInEnglish();
+    if (!LoadProject(project, language.LanguageIndex).ok()) {
         tellEnglish(person, QStringLiteral("Can't open default Project !"));
         language.LanguageIndex = EnglishIndex;
     }

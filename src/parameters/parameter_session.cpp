@@ -118,7 +118,7 @@ std::optional<QString> ParameterSession::heldByDrive(int listRow) const {
     return driveHistory.readValue(m_driveRows->rowOf(writer.AdvStringGrid1, listRow));
 }
 
-// One backup of each drive that is written to, as it was read. A failure is told and never stops the writes.
+// One backup of each drive that is written to, as it was read. A failure is shown and never stops the writes.
 void ParameterSession::backUp() {
     if (m_files.programFolder.isEmpty() || m_backedUp) return;
     if (!screen.DriveTabSheet || !reader.DriveTableComplete || !m_tableOfDriveOnLine) {
@@ -222,8 +222,9 @@ void ParameterSession::CloseTab(const std::function<void()>& then) {
         if (then) then();
     };
     if (tab == ParameterTab::Compare) return goOn();
-    const BoxAnswer answer = bench.link.operatorAsked().box(bench.link.lang().MsgStr(17), Cofirm,
-                                                            BoxIcon::Question, BoxButtons::YesNoOrLeave);
+    const BoxAnswer answer =
+        bench.link.operatorAsked().box(bench.link.lang().MsgStr(Message::SaveBeforeClose), Cofirm,
+                                       BoxIcon::Question, BoxButtons::YesNoOrLeave);
     if (answer == BoxAnswer::No) return goOn();
     if (answer != BoxAnswer::Yes) return;
     screen.FileAbLED = tab == ParameterTab::File;

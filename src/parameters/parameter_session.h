@@ -66,7 +66,7 @@ class ParameterSession : public QObject {
 
     // A file has been loaded into its grid: its tab, its tree.
     void fileLoaded();
-    // False when there is no table: a box has told so.
+    // False when there is no table: a box has said so.
     bool anyTableOpen();
     // One of compareKinds(); its tab opens when there is a result.
     ComparisonOutcome compare(const QString& kind);

@@ -10,9 +10,6 @@ constexpr int PolesSlot = 7;
 constexpr quint16 SignedBit = 0x0080;
 constexpr int HighestWord = 0xFFFF;
 constexpr int LowestWord = -0x8000;
-constexpr int NotLegal = 23;  // message numbers
-constexpr int TooSmall = 28;
-constexpr int TooLarge = 29;
 
 std::optional<int> valueOf(const QString& text, int places) {
     bool ok = false;
@@ -203,7 +200,7 @@ void QuickSetup::typeText(int slot, const QString& text) {
     setByPerson(slot, value);
 }
 
-void QuickSetup::refuse(int slot, int message) {
+void QuickSetup::refuse(int slot, Message message) {
     m_link.operatorAsked().tell(m_link.lang().MsgStr(message), QStringLiteral("Error"), BoxIcon::Stop);
     // Slot 7 has stored what was typed; the value before it is the old one.
     if (slot == PolesSlot && m_beforeTyping) at(slot).SlotValue = *m_beforeTyping;
@@ -213,7 +210,7 @@ void QuickSetup::refuse(int slot, int message) {
 
 void QuickSetup::ProcessLabeledEditKeyPress(int slot) {
     const std::optional<int> value = valueOf(at(slot).text, placesOf(slot));
-    value ? setByPerson(slot, *value) : refuse(slot, NotLegal);
+    value ? setByPerson(slot, *value) : refuse(slot, Message::ValueNotLegal);
     m_beforeTyping.reset();
 }
 
@@ -223,7 +220,9 @@ bool QuickSetup::leaveEdit(int slot) {
     const bool tooSmall = value && *value < q.SlotMin;
     const bool tooLarge = value && !tooSmall && *value > q.SlotMax;
     if (!value || tooSmall || tooLarge) {
-        refuse(slot, tooSmall ? TooSmall : tooLarge ? TooLarge : NotLegal);
+        refuse(slot, tooSmall   ? Message::ValueTooSmall
+                     : tooLarge ? Message::ValueTooLarge
+                                : Message::ValueNotLegal);
     } else {
         q.text = InsertDecimalPoint(QString::number(*value), placesOf(slot));
     }

@@ -112,7 +112,7 @@ class QuickSetup : public QObject {
     void takeFileValue(int slot);
     void setByPerson(int slot, int value);
     int placesOf(int slot) const;
-    void refuse(int slot, int message);
+    void refuse(int slot, Message message);
 
     RequestScheduler& m_link;
     const FamilySetup* m_family = nullptr;

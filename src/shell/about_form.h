@@ -1,5 +1,5 @@
-// TAboutForm: which program this is and who made it. A double click on the thanks asks for the password
-// window.
+// TAboutForm: which program this is and who made it, its versions and folders to copy into a letter. A double
+// click on the thanks asks for the password window.
 #pragma once
 
 #include <QDialog>
@@ -9,7 +9,8 @@ namespace kelvane {
 class TAboutForm : public QDialog {
     Q_OBJECT
    public:
-    explicit TAboutForm(int BrandVariant, QWidget* parent = nullptr);
+    // folder is where the program writes.
+    explicit TAboutForm(int BrandVariant, const QString& folder = {}, QWidget* parent = nullptr);
 
    Q_SIGNALS:
     void thanksDoubleClicked();

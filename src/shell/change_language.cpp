@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include "localisation/language_sections.h"
+#include "ui/named.h"
 
 namespace kelvane {
 
@@ -57,7 +58,7 @@ void setGroupHints(const QObject& window, const KeyGroup& keys, const TextGroup&
     for (int number = 1; number <= keys.count() && number <= texts.filled; ++number) {
         const KeyTarget& target = keys.targets[static_cast<size_t>(number - 1)];
         if (auto* control = window.findChild<QWidget*>(QString::fromLatin1(target.control)))
-            control->setToolTip(texts.at(number));
+            control->setToolTip(plainHint(texts.at(number)));
     }
 }
 

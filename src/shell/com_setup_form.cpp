@@ -135,6 +135,8 @@ void TComSetupForm::buildTest(QGridLayout* steps) {
     FailAbLED->setColor(FailRed);
     PortErrorLabel = addText("PortErrorLabel", {});
     PortErrorLabel->setWordWrap(true);
+    PortErrorLabel->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    PortErrorLabel->setFocusPolicy(Qt::ClickFocus);
     PortErrorLabel->hide();
     OKBitBtn = new QPushButton(icon(Icon::Accept), QStringLiteral("Accept"), this);
     OKBitBtn->setObjectName(QStringLiteral("OKBitBtn"));
@@ -171,13 +173,27 @@ void TComSetupForm::showRecord() {
     showBoxes();
     (shown.ManualRadioButton ? ManualRadioButton : AutoDetectRadioButton)->setChecked(true);
     OKBitBtn->setEnabled(shown.OKBitBtn);
+    const bool succeeded = shown.SuccessAbLED && !SuccessAbLED->isChecked();
     SuccessAbLED->setChecked(shown.SuccessAbLED);
     FailAbLED->setChecked(shown.FailAbLED);
-    const QString why = shown.FailAbLED ? m_setup.port().openError() : QString();
+    if (succeeded) OKBitBtn->setFocus();
+    (shown.SuccessAbLED ? OKBitBtn : TestButton)->setDefault(true);
+    const QString why = shown.FailAbLED ? advice() : QString();
     if (why == PortErrorLabel->text()) return;
     PortErrorLabel->setText(why);
     PortErrorLabel->setVisible(!why.isEmpty());
     fitToText();
+}
+
+// What helps after a failed test: the port's own reason, or what a silent line usually wants.
+QString TComSetupForm::advice() const {
+    const QString why = m_setup.port().openError();
+    if (!why.isEmpty()) return why;
+    const QString look = tr("No answer came. Look at the cable and at the power of the drive.");
+    return look % QLatin1Char(' ') %
+           (m_setup.shown.ManualRadioButton
+                ? tr("Set mode, baud rate and the protocol as the drive has them, or choose Auto-Detect.")
+                : tr("Every combination of settings was tried. Does another program hold the line?"));
 }
 
 void TComSetupForm::showBoxes() {
@@ -200,7 +216,7 @@ void TComSetupForm::describePort() {
     ComPortComboBox->setAccessibleDescription(PortInfoLabel->text());
 }
 
-// A wrapped line needs its height told; a person's larger window stays as it is.
+// A wrapped line does not ask for its height by itself; a person's larger window stays as it is.
 void TComSetupForm::fitToText() {
     layout()->activate();
     const int needed = layout()->totalHeightForWidth(width());

@@ -41,6 +41,7 @@ class TComSetupForm : public QDialog {
     void connectHand();
     void showRecord();
     void showBoxes();
+    QString advice() const;
     void describePort();
     void fitToText();
 

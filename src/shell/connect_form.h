@@ -7,6 +7,7 @@
 #include "link/com_setup.h"
 
 class QLabel;
+class QProgressBar;
 
 namespace kelvane {
 
@@ -31,6 +32,7 @@ class TConnectForm : public QDialog {
     VrScanner* VrScanner1;
     QLabel* m_baud;
     QLabel* m_protocol;
+    QProgressBar* m_progress;  // combinations that were tried
 };
 
 }  // namespace kelvane

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "ui/icons.h"
 #include "ui/named.h"
@@ -10,52 +11,76 @@
 
 namespace kelvane {
 
-TInitialForm::TInitialForm(RequestScheduler& link, QWidget* parent)
-    : WaitForm(QStringLiteral("Please wait"), parent),
+namespace {
+
+constexpr int PatienceMs = 5000;
+
+}  // namespace
+
+TInitialForm::TInitialForm(RequestScheduler& link, TickClock& clock, QWidget* parent)
+    : WaitForm(tr("Please wait"), parent),
       m_link(link),
-      m_progress(named<QProgressBar>("ProgressBar1", this)) {
+      m_progress(named<QProgressBar>("ProgressBar1", this)),
+      m_patience(clock, TickKind::RealTime, PatienceMs, [this] { offerToLeave(true); }),
+      m_trouble(plainLabel("TroubleLabel", {}, this)),
+      m_waitsFor(plainLabel("WaitsForLabel", {}, this)),
+      m_stop(named<TransparentButton>("CloseTransparentButton", icon(Icon::Cancel), tr("Stop waiting"), this,
+                                      TransparentButton::Layout::IconLeft)) {
     setObjectName(QStringLiteral("TInitialForm"));
-    auto* Label1 =
-        plainLabel("Label1", QStringLiteral("Config the settings. Please wait a moment ..."), this);
-    auto* leave = named<TransparentButton>("CloseTransparentButton", icon(Icon::Close), tr("Close"), this,
-                                           TransparentButton::Layout::IconLeft);
-    leave->setToolTip(tr("Wait no longer; what has not been read or written stays as it is"));
-    m_leave = leave;
     auto* column = new QVBoxLayout(this);
     const int room = fontMetrics().height();
-    column->setContentsMargins(2 * room, 2 * room, 2 * room, room);
-    column->addWidget(Label1);
+    column->setContentsMargins(2 * room, 2 * room, 2 * room, 2 * room);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    column->addWidget(
+        plainLabel("Label1", QStringLiteral("Config the settings. Please wait a moment ..."), this));
     column->addWidget(m_progress);
-    m_trouble = plainLabel("TroubleLabel", {}, this);
-    m_trouble->hide();
     column->addWidget(m_trouble);
-    column->addSpacing(room / 2);
-    column->addWidget(leave, 0, Qt::AlignRight);
+    column->addWidget(m_waitsFor);
+    column->addWidget(m_stop, 0, Qt::AlignRight);
+    m_trouble->hide();
+    m_waitsFor->setWordWrap(true);
     m_progress->setFormat(QStringLiteral("%v / %m"));
     showProgress(0, 0);
-    connect(leave, &QToolButton::clicked, this, &TInitialForm::reject);
-    connect(&m_link, &RequestScheduler::changed, this, &TInitialForm::showNotice);
+    offerToLeave(false);
+    connect(m_stop, &QAbstractButton::clicked, this, &TInitialForm::leave);
+    connect(&m_link, &RequestScheduler::changed, this, &TInitialForm::follow);
 }
 
-void TInitialForm::showNotice() {
+void TInitialForm::follow() {
     const bool wanted = m_link.Notice.TInitialForm;
-    if (wanted && !isVisible()) {
-        m_leave->setVisible(m_link.Notice.waitMayBeLeft);
-        setWindowFlag(Qt::WindowCloseButtonHint, m_link.Notice.waitMayBeLeft);
-        adjustSize();
-    }
-    if (wanted && m_trouble->text() != m_link.Notice.waitTrouble) {
-        m_trouble->setText(m_link.Notice.waitTrouble);
-        m_trouble->setVisible(!m_trouble->text().isEmpty());
-        adjustSize();
-    }
+    m_trouble->setText(m_link.Notice.waitTrouble);
+    m_trouble->setVisible(!m_link.Notice.waitTrouble.isEmpty());
+    if (wanted == isVisible()) return;
+    offerToLeave(false);
+    m_stop->setVisible(m_link.Notice.waitMayBeLeft);
+    m_patience.setEnabled(wanted);
+    if (!wanted) m_wait = {};
     setVisible(wanted);
 }
 
+void TInitialForm::offerToLeave(bool offered) {
+    m_patience.setEnabled(false);
+    const QString what = m_wait.what.isEmpty() ? tr("the drive to say who it is") : m_wait.what;
+    m_waitsFor->setText(tr("Still waiting for %1. If the line is disturbed, this may never end.").arg(what));
+    m_waitsFor->setVisible(offered);
+    m_stop->setVisible(offered);
+    if (offered) m_stop->setFocus();
+}
+
+// Escape leaves as the button does, once it is there.
 void TInitialForm::reject() {
-    if (!m_link.Notice.waitMayBeLeft) return;
+    if (m_stop->isVisible()) leave();
+}
+
+void TInitialForm::leave() {
+    const Wait wait = std::exchange(m_wait, {});
+    if (wait.leave)
+        wait.leave();
+    else if (!m_link.Notice.waitMayBeLeft)
+        m_link.Initial();
     m_link.Notice.TInitialForm = false;
     m_link.notifyChanged();
+    Q_EMIT left();
 }
 
 void TInitialForm::showProgress(int done, int total) {

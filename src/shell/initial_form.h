@@ -1,6 +1,9 @@
 // TInitialForm, the wait notice while the drive is being identified or a window reads its first values. The
-// link's notice record opens it (through whoever starts the wait) and closes it.
+// link's notice record opens it (through whoever starts the wait) and closes it. A wait that does not end can
+// be left: after five seconds the notice says what it waits for and offers a way out.
 #pragma once
+
+#include <functional>
 
 #include "link/request_scheduler.h"
 #include "shell/wait_form.h"
@@ -10,23 +13,42 @@ class QProgressBar;
 
 namespace kelvane {
 
+class TransparentButton;
+
 class TInitialForm : public WaitForm {
     Q_OBJECT
    public:
-    explicit TInitialForm(RequestScheduler& link, QWidget* parent = nullptr);
+    TInitialForm(RequestScheduler& link, TickClock& clock, QWidget* parent = nullptr);
+
+    // What a wait is for, and its end when the person leaves it; to be set before it is shown. Without one it
+    // is identification, which Initial ends, or a wait that may be left at once (waitMayBeLeft), whose owner
+    // sees the notice go.
+    struct Wait {
+        QString what;
+        std::function<void()> leave;
+    };
+    void setWait(const Wait& wait) { m_wait = wait; }
+
+   Q_SIGNALS:
+    void left();  // by the person; the wait's own end has run
 
     // How far a wait has come that knows its length; 0 of 0 hides the bar.
     void showProgress(int done, int total);
 
    protected:
-    void reject() override;  // only where the notice may be left
+    void reject() override;
 
    private:
-    void showNotice();
+    void follow();
+    void offerToLeave(bool offered);
+    void leave();
     RequestScheduler& m_link;
     QProgressBar* m_progress;
-    QLabel* m_trouble;
-    QWidget* m_leave;
+    TickTimer m_patience;
+    Wait m_wait;
+    QLabel* m_trouble;  // what the owner of the wait has to say
+    QLabel* m_waitsFor;
+    TransparentButton* m_stop;
 };
 
 }  // namespace kelvane

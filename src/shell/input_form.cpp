@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "ui/icons.h"
+#include "ui/named.h"
 #include "ui/transparent_button.h"
 
 namespace kelvane {
@@ -27,7 +28,14 @@ TInputForm::TInputForm(ComSetup& setup, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->addWidget(label);
     column->addWidget(InputEdit);
-    column->addWidget(OKTransparentButton, 0, Qt::AlignRight);
+    auto* cancel = named<TransparentButton>("CancelTransparentButton", icon(Icon::Cancel), tr("Cancel"), this,
+                                            TransparentButton::Layout::IconLeft);
+    connect(cancel, &QToolButton::clicked, this, &QDialog::reject);
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(OKTransparentButton);
+    row->addWidget(cancel);
+    column->addLayout(row);
     connect(OKTransparentButton, &QToolButton::clicked, this, &TInputForm::OKTransparentButtonClick);
     connect(InputEdit, &QLineEdit::returnPressed, this, &TInputForm::OKTransparentButtonClick);
 }

@@ -15,6 +15,7 @@
 
 #include "shell/window_table.h"
 #include "ui/display_label.h"
+#include "ui/elided_label.h"
 #include "ui/icons.h"
 #include "ui/lamp.h"
 #include "ui/named.h"
@@ -227,7 +228,6 @@ QWidget* TMainForm::buildIdentity() {
     auto* column = new QVBoxLayout(box);
     m_picture = named<PictureBox>("LogoImage");
     m_picture->setMinimumSize(180, 150);
-    m_picture->showLogo();
     column->addWidget(m_picture, 1);
     auto* grid = new QGridLayout;
     struct Row {
@@ -305,7 +305,7 @@ void TMainForm::buildCentre() {
 
 void TMainForm::buildStatusLine() {
     statusBar()->setObjectName(QStringLiteral("StatusLine"));
-    m_panel0 = plainLabel("StatusLinePanel0");
+    m_panel0 = named<ElidedLabel>("StatusLinePanel0");
     m_panel1 = plainLabel("StatusLinePanel1");
     m_panel1->setMinimumWidth(Panel1Width);
     m_practicePanel = plainLabel("PracticePanel");
@@ -351,6 +351,7 @@ void TMainForm::showLink() {
     m_identity.voltage->setText(link.Labels.RatedVoltageVrLabel);
     m_identity.current->setText(link.Labels.RatedCurrentVrLabel);
     enableWindows();
+    showPicture();
     enablePractice();
 }
 
@@ -371,8 +372,16 @@ void TMainForm::showPractice() {
                                       : QString());
 }
 
-void TMainForm::showPicture(quint8 DriveFamily) {
-    m_picture->showFamily(DriveFamily);
+// The drive that the labels name; without one, the logo.
+void TMainForm::showPicture() {
+    const int wanted =
+        m_tool.link.Labels.DriveVrLabel.isEmpty() ? NoFamily : m_tool.link.DriveStatus.DriveFamily;
+    if (wanted == m_pictured) return;
+    m_pictured = wanted;
+    if (wanted == NoFamily)
+        m_picture->showLogo();
+    else
+        m_picture->showFamily(static_cast<quint8>(wanted));
     if (m_picture->isEmpty()) m_picture->showLogo();
 }
 
@@ -396,7 +405,7 @@ void TMainForm::ComStatusAbLEDDblClick() {
         Q_EMIT comSetupWanted();
         return;
     }
-    if (m_tool.bench.person.yes(m_tool.link.lang().MsgStr(5), QStringLiteral("Cofirm")))
+    if (m_tool.bench.person.yes(m_tool.link.lang().MsgStr(Message::GoOffLine), QStringLiteral("Cofirm")))
         m_tool.link.Initial();
 }
 

@@ -15,6 +15,7 @@ class QPlainTextEdit;
 namespace kelvane {
 
 class AbLED;
+class ElidedLabel;
 enum class Icon : int;
 class PictureBox;
 class TransparentButton;
@@ -68,14 +69,16 @@ class TMainForm : public QMainWindow {
     void enablePractice();
     void enableWindows();
     void showPractice();
-    void showPicture(quint8 DriveFamily);
+    void showPicture();
 
     Tool& m_tool;
     AbLED* m_lamp = nullptr;
     VrIndicator* m_indicator = nullptr;
+    static constexpr int NoFamily = -1;
     PictureBox* m_picture = nullptr;
+    int m_pictured = -2;  // family on the picture; nothing yet
     QPlainTextEdit* m_memo = nullptr;
-    QLabel* m_panel0 = nullptr;
+    ElidedLabel* m_panel0 = nullptr;
     QLabel* m_panel1 = nullptr;
     QLabel* m_practicePanel = nullptr;
     QMenu* m_practiceMenu = nullptr;

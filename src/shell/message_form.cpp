@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "ui/display_label.h"
+#include "ui/named.h"
 
 namespace kelvane {
 
@@ -25,6 +26,13 @@ TMessageForm::TMessageForm(QWidget* parent) : WaitForm(QStringLiteral("Message")
     auto* column = new QVBoxLayout(this);
     column->setSpacing(fontMetrics().height());
     column->addWidget(ErrNameVrLabel);
+    auto* advice =
+        plainLabel("AdviceLabel",
+                   tr("Look at the cable, at the power of the drive and at its line settings. Retry goes on "
+                      "where it stopped; Abort takes the link off line."),
+                   this);
+    advice->setWordWrap(true);
+    column->addWidget(advice);
     auto* row = new QHBoxLayout;
     for (QPushButton* button : {RetryBitBtn, IgnoreBitBtn, AbortBitBtn}) row->addWidget(button);
     column->addLayout(row);

@@ -1,10 +1,13 @@
 #include "shell/password_form.h"
 
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
+
+#include "ui/named.h"
 
 namespace kelvane {
 
@@ -38,10 +41,15 @@ TPasswordForm::TPasswordForm(RequestScheduler& link, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->addWidget(label);
     column->addWidget(PasswordEdit);
-    connect(PasswordEdit, &QLineEdit::returnPressed, this, &TPasswordForm::enterPressed);
+    auto* buttons =
+        named<QDialogButtonBox>("ButtonBox", QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    column->addWidget(buttons);
+    connect(buttons, &QDialogButtonBox::accepted, this, &TPasswordForm::enterPressed);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
 void TPasswordForm::enterPressed() {
+    PasswordEdit->setFocus();
     const QString text = PasswordEdit->text();
     PasswordEdit->clear();
     const auto door = std::find_if(doors.begin(), doors.end(), [&](const Door& row) {

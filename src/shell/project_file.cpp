@@ -193,10 +193,16 @@ constexpr int TrendOffsets[] = {1, 2, 3, 4, 5, 6, 7, 8, 10, 11, 12, 13, 14, 15, 
 
 constexpr std::span<const int> firstLines(std::size_t count) { return std::span(ValueOffsets).first(count); }
 
-SectionRead readComSetup(const QStringList& lines, const char* header, int keyWidth,
-                         ComSetupSection& section) {
-    return readSection(lines, header, firstLines(6), keyWidth, [&](int place, const QString& value) {
-        section.*ComSetupFields[place] = value;
+// Port, baud rate, data bits and stop bits of a named file are numbers; default.prj is read in silence, and
+// its box stays as it was when it does not offer a text.
+SectionRead readNamedComSetup(const QStringList& lines, ComSetupSection& section) {
+    return readSection(lines, "[Com Setup]", firstLines(6), 15, [&](int place, const QString& value) {
+        QString ComSetupSection::*const field = ComSetupFields[place];
+        const bool isText =
+            field == &ComSetupSection::ModeComboBox || field == &ComSetupSection::ParityComboBox;
+        int number = 0;
+        if (!isText && takeNumber(value, number) != Taken::Yes) return Taken::NotReadable;
+        section.*field = value;
         return Taken::Yes;
     });
 }
@@ -294,7 +300,11 @@ SectionRead readLanguageSection(const QStringList& lines, quint8& LanguageIndex)
 }
 
 SectionRead readComSetupSection(const QStringList& lines, ComSetupSection& section) {
-    return readComSetup(lines, "[ComSetup Form]", CutAtEqualSign, section);
+    return readSection(lines, "[ComSetup Form]", firstLines(6), CutAtEqualSign,
+                       [&](int place, const QString& value) {
+                           section.*ComSetupFields[place] = value;
+                           return Taken::Yes;
+                       });
 }
 
 SectionRead readTrendSection(const QStringList& lines, TrendSection& section) {
@@ -314,7 +324,7 @@ SectionRead readMonitorSection(const QStringList& lines, MonitorSection& section
 
 NamedProjectRead readNamedProject(const QStringList& lines, NamedProject& project) {
     NamedProjectRead read;
-    read.ComSetup = readComSetup(lines, "[Com Setup]", 15, project.ComSetup);
+    read.ComSetup = readNamedComSetup(lines, project.ComSetup);
     if (read.ComSetup.ok()) read.Monitor = readNamedMonitor(lines, project);
     if (read.ComSetup.ok() && read.Monitor.ok()) read.Trend = readNamedTrend(lines, project);
     if (read.ComSetup.ok() && read.Monitor.ok() && read.Trend.ok())

@@ -69,8 +69,8 @@ struct NamedProject {
     ComSetupSection ComSetup;
     MonitorSection Monitor;
     int MeterType = 1;
-    std::array<int, 8> ChComboBox{};    // selected index of the trend's boxes, -1 for none
-    std::array<int, 8> ChannelWidth{};  // pen widths of AbTrend1's channels
+    std::array<int, 8> ChComboBox{};  // selected index of the trend's boxes, -1 for none
+    std::array<int, 8> ChannelWidth{1, 1, 1, 1, 1, 1, 1, 1};  // pen widths of AbTrend1's channels
     QuickSetupSection QuickSetup;
     bool operator==(const NamedProject&) const = default;
 };

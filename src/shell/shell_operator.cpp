@@ -28,6 +28,24 @@ QWidget* windowInFront() {
     return QApplication::activeWindow();
 }
 
+// Not every window manager gives the keyboard back to the window that asked.
+void goBackTo(QWidget* window) {
+    if (window && window->isVisible()) window->activateWindow();
+}
+
+// A box takes its width from its text and would cut a longer title.
+void makeRoomForTitle(QMessageBox& message) {
+    auto* grid = qobject_cast<QGridLayout*>(message.layout());
+    if (!grid) return;
+    const QFontMetrics bold{[&] {
+        QFont face = message.font();
+        face.setBold(true);
+        return face;
+    }()};
+    const int room = bold.horizontalAdvance(message.windowTitle()) + 10 * bold.height();
+    grid->addItem(new QSpacerItem(room, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 QMessageBox::Icon iconOf(BoxIcon icon) {
     switch (icon) {
         case BoxIcon::None: return QMessageBox::NoIcon;
@@ -93,6 +111,20 @@ QWidget* makePanel(const BoxPanel& panel) {
 
 }  // namespace
 
+// What a person can do about a failure of the line, beside the box's own text.
+QString ShellOperator::adviceFor(const QString& text) const {
+    if (text == m_lang.MsgStr(Message::NoComPort))
+        return QCoreApplication::translate("kelvane::ShellOperator", "The history says why, and what helps.");
+    const bool silent = text == m_lang.MsgStr(Message::ComTimeout) ||
+                        text == m_lang.MsgStr(Message::NoDriveDetected) ||
+                        text == QLatin1String("Initial drive failed !!");
+    if (!silent) return {};
+    return QCoreApplication::translate(
+        "kelvane::ShellOperator",
+        "Look at the cable, at the power of the drive and at mode, baud rate and "
+        "protocol in Com Setup, or let Auto-Detect find them.");
+}
+
 QStringList nameFilters(const QString& filter) {
     const QStringList parts = filter.split(QLatin1Char('|'));
     QStringList names;
@@ -130,8 +162,10 @@ BoxAnswer ShellOperator::boxOverPanel(const QString& text, const QString& title,
     return ask(message, buttons);
 }
 
-BoxAnswer ShellOperator::ask(QMessageBox& message, BoxButtons buttons) {
+BoxAnswer ShellOperator::ask(QMessageBox& message, BoxButtons buttons) const {
     message.setTextFormat(Qt::PlainText);
+    message.setInformativeText(adviceFor(message.text()));
+    makeRoomForTitle(message);
     message.setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (buttons == BoxButtons::YesNo) message.setEscapeButton(QMessageBox::No);
     if (buttons == BoxButtons::YesNoOrLeave) {
@@ -139,6 +173,7 @@ BoxAnswer ShellOperator::ask(QMessageBox& message, BoxButtons buttons) {
         message.button(QMessageBox::Cancel)->hide();
     }
     message.exec();
+    goBackTo(message.parentWidget());
     const QMessageBox::StandardButton pressed = message.standardButton(message.clickedButton());
     return answerOf(pressed, buttons);
 }
@@ -155,6 +190,7 @@ std::optional<ShellOperator::ChosenFile> ShellOperator::askFile(QFileDialog::Acc
     if (const QString name = std::exchange(suggestedName, {}); !name.isEmpty()) dialog.selectFile(name);
     if (mode == QFileDialog::AcceptOpen) dialog.selectNameFilter(m_lastOpened.value(filter));
     dialog.exec();
+    goBackTo(dialog.parentWidget());
     if (mode == QFileDialog::AcceptOpen) m_lastOpened[filter] = dialog.selectedNameFilter();
     if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     lastFolder = dialog.directory().absolutePath();
@@ -174,7 +210,8 @@ std::optional<QString> ShellOperator::saveFile(const QString& filter, const QStr
         const QStringList suffixes = suffix.split(QLatin1Char('|'));
         const QString path = withSuffix(chosen->path, suffixes.value(chosen->filter, suffixes.first()));
         if (!QFileInfo::exists(path)) return path;
-        if (yes(m_lang.MsgStr(33), QStringLiteral("Cofirm"), BoxIcon::Exclamation)) return path;
+        if (yes(m_lang.MsgStr(Message::OverwriteFile), QStringLiteral("Cofirm"), BoxIcon::Exclamation))
+            return path;
     }
 }
 
@@ -200,7 +237,8 @@ std::optional<QString> ShellOperator::saveFileTitled(const QString& filter, cons
         const std::optional<ChosenFile> chosen = askFile(QFileDialog::AcceptSave, filter);
         if (!chosen) return {};
         if (!QFileInfo::exists(chosen->path)) return chosen->path;
-        if (yes(m_lang.MsgStr(33), overwriteTitle, BoxIcon::Exclamation)) return chosen->path;
+        if (yes(m_lang.MsgStr(Message::OverwriteFile), overwriteTitle, BoxIcon::Exclamation))
+            return chosen->path;
     }
 }
 

@@ -33,7 +33,8 @@ class ShellOperator final : public Operator {
     QString lastFolder;  // of the file dialogs
 
    private:
-    static BoxAnswer ask(QMessageBox& message, BoxButtons buttons);
+    BoxAnswer ask(QMessageBox& message, BoxButtons buttons) const;
+    QString adviceFor(const QString& text) const;
     struct ChosenFile {
         QString path;
         qsizetype filter = 0;

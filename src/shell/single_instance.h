@@ -1,8 +1,10 @@
-// One instance of the tool a user: the second start tells the first to come forward and ends without a
-// window.
+// One instance of the tool a user: the second start asks the first to come forward and ends without a window.
+// A lock file decides who is first, and a socket beside it carries the question; both lie in the user's own
+// runtime folder.
 #pragma once
 
 #include <QLocalServer>
+#include <QLockFile>
 #include <QObject>
 
 namespace kelvane {
@@ -10,18 +12,32 @@ namespace kelvane {
 class SingleInstance : public QObject {
     Q_OBJECT
    public:
-    // name is shared by all starts of one program by one user.
-    explicit SingleInstance(const QString& name, QObject* parent = nullptr);
+    enum class Start {
+        First,
+        Second,   // the running one has answered and comes forward
+        Unclear,  // problem() says why; the tool starts all the same
+    };
 
-    // True when this is the first; a running one has been told otherwise.
-    bool isFirst();
+    // path is that of the socket, shared by all starts of one program by one user.
+    explicit SingleInstance(const QString& path = ownPath(), QObject* parent = nullptr);
+
+    Start start();
+    // Plain words with the file that is in the way; empty when nothing is.
+    const QString& problem() const { return m_problem; }
+
+    // In the runtime folder of the user; without one in the folder for temporary files, with the user's name.
+    static QString ownPath();
 
    Q_SIGNALS:
     void raiseWanted();
 
    private:
-    bool tellRunning();
-    QString m_name;
+    void answer();
+    bool runningAnswers() const;
+    Start listen();
+    QString m_path;
+    QString m_problem;
+    QLockFile m_lock;
     QLocalServer m_server;
 };
 

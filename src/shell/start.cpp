@@ -25,10 +25,10 @@ void comeForward(QWidget& window) {
     window.activateWindow();
 }
 
-RoutedPort::Factory portFactory(PracticeDrives& practice) {
-    return [&practice](const PortTarget& target) -> std::unique_ptr<TApdComPort> {
+RoutedPort::Factory portFactory(PracticeDrives& practice, const PortFlow& flow) {
+    return [&practice, flow](const PortTarget& target) -> std::unique_ptr<TApdComPort> {
         if (target.kind == PortTarget::Kind::Practice) return practice.makePort(target.family);
-        return std::make_unique<QtComPort>(target.devicePath);
+        return std::make_unique<QtComPort>(target.devicePath, flow);
     };
 }
 
@@ -45,15 +45,16 @@ void showEarly(TMainForm& mainForm, const LangTable& table) {
 }  // namespace
 
 int runTool(QApplication& app) {
-    SingleInstance instance(QStringLiteral("Orlan Kelvane"));
-    if (!instance.isFirst()) return 0;
+    SingleInstance instance;
+    if (instance.start() == SingleInstance::Start::Second) return 0;
 
     QApplication::setStyle(new ToolStyle);
     const ProgramFolder folder = ProgramFolder::ofApplication();
     Language language;
     ShellOperator person(language.table);
     DecimalSep = findDecimalSep();
-    startLanguage(language, folder.path(), folder.findData(QStringLiteral("Language file")), person);
+    startLanguage(language, folder.findData(QStringLiteral("default.prj")),
+                  folder.findData(QStringLiteral("Language file")), person);
     TLogoForm logo;
     logo.show();
     logo.repaint();
@@ -62,7 +63,8 @@ int runTool(QApplication& app) {
     QtTickClock clock;
     SystemWallClock wallClock;
     PracticeDrives practice(clock);
-    Tool tool({clock, wallClock, person, folder, language, portFactory(practice)});
+    Tool tool({clock, wallClock, person, folder, language, portFactory(practice, LinkPortFlow),
+               portFactory(practice, SetupPortFlow)});
     tool.tripPracticeDrive = [&practice](Family family) { practice.raiseFault(family); };
     UiState looks(folder.file(QStringLiteral("ui-state.ini")));
     person.lastFolder = looks.text(QStringLiteral("lastFolder"));
@@ -84,7 +86,8 @@ int runTool(QApplication& app) {
     QObject::connect(&instance, &SingleInstance::raiseWanted, [&] { comeForward(mainForm); });
     logo.close();
     for (const QString& complaint : tool.ports.complaints()) tool.link.ShowHistoryMsg(complaint);
-    if (!folder.error().isEmpty()) tool.link.ShowHistoryMsg(folder.error());
+    for (const QString& problem : {folder.error(), instance.problem()})
+        if (!problem.isEmpty()) tool.link.ShowHistoryMsg(problem);
     return app.exec();
 }
 

@@ -17,9 +17,9 @@ const QString ErrorTitle = QStringLiteral("Error");
 
 Tool::Tool(const ToolBench& toolBench)
     : bench(toolBench),
-      ports(PortDirectory::ofFolder(bench.folder.path())),
+      ports(PortDirectory::ofFile(bench.folder.findData(QStringLiteral("serial_ports.txt")))),
       linkPort(ports, bench.makePort, LinkPortAtCreation),
-      setupPort(ports, bench.makePort, SetupPortAtCreation),
+      setupPort(ports, bench.makeSetupPort, SetupPortAtCreation),
       link({bench.clock, bench.wallClock, bench.person, linkPort, bench.language.table}, BrandVariantOfBuild),
       comSetup(link, setupPort, bench.clock),
       identification(link, groupNames, bench.language.table),
@@ -49,12 +49,13 @@ Tool::Tool(const ToolBench& toolBench)
     };
     connect(&comSetup, &ComSetup::goingOnLine, &keypad, &Keypad::showIdentification);
     connect(&rules, &WindowRules::stopKeypad, &keypad, &Keypad::rest);
+    linkPort.onNotOpened = [this](const QString& reason) { link.ShowHistoryMsg(reason); };
     linkPort.onLost = [this](const QString& reason) {
         watcher.portLost(reason);
         console.listener.portLost(reason);
     };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
-    connect(&identification, &DriveIdentification::familyKnown, &quickSetup, &QuickSetup::Initial);
+    connect(&link, &RequestScheduler::changed, this, &Tool::takeHeldComSetup);
     loadDefaultProject();
     followPort();
 }
@@ -74,7 +75,8 @@ PortSettings Tool::setComSetupForKeypad(const ComSetupChoice& choice) {
 // ---- Projects ----
 
 void Tool::loadDefaultProject() {
-    const FileContent file = readWhole(bench.folder.file(QStringLiteral("default.prj")));
+    // Before the first exit it is the one that was installed.
+    const FileContent file = readWhole(bench.folder.findData(QStringLiteral("default.prj")));
     const QStringList lines = file.ok ? projectLines(file.bytes) : QStringList();
     defaults.LanguageIndex = bench.language.LanguageIndex;
     const SectionRead read = readComSetupSection(lines, defaults.ComSetup);
@@ -84,6 +86,19 @@ void Tool::loadDefaultProject() {
     takeTrendSection(trend, defaults.Trend);
     readMonitorSection(lines, defaults.Monitor);
     takeMonitorSection(monitor, defaults.Monitor);
+}
+
+// The settings of an opened project take effect at the next Accept; a link that is on line goes on with the
+// mode and the reply wait that it has.
+void Tool::takeComSetupAtRest(const ComSetupSection& section, int taken) {
+    m_held = {section, taken};
+    takeHeldComSetup();
+}
+
+void Tool::takeHeldComSetup() {
+    if (m_held.taken == 0 || link.Lamp.onLine()) return;
+    const HeldComSetup held = std::exchange(m_held, {});
+    takeComSetup(held.section, held.taken);
 }
 
 // Each value runs its box's change handler; a value that is not offered leaves the box as it was.
@@ -103,6 +118,7 @@ void Tool::takeComSetup(const ComSetupSection& section, int taken) {
 }
 
 ComSetupSection Tool::comSetupSection() const {
+    if (m_held.taken > 0) return m_held.section;
     const ComSetup::Shown& boxes = comSetup.shown;
     return {boxes.ComPortComboBox,  boxes.ModeComboBox,   boxes.BaudComboBox,
             boxes.DataBitsComboBox, boxes.ParityComboBox, boxes.StopBitsComboBox};
@@ -139,7 +155,7 @@ NamedProject Tool::projectToSave() const {
 void Tool::SaveTransparentButtonClick() {
     Q_EMIT projectWanted();
     const QByteArray bytes = namedProjectBytes(projectToSave());
-    const std::optional<QString> path = bench.person.saveFile(ProjectFilter, {});
+    const std::optional<QString> path = bench.person.saveFile(ProjectFilter, QStringLiteral("prj"));
     if (!path) return;
     const FileResult written = writeWhole(*path, bytes);
     if (!written.ok) {
@@ -163,7 +179,7 @@ void Tool::OpenTransparentButtonClick() {
     named.Monitor = monitorSection(monitor);
     named.MeterType = monitor.meterType.MeterType;
     const NamedProjectRead read = readNamedProject(projectLines(file.bytes), named);
-    takeComSetup(named.ComSetup, read.ComSetup.taken);
+    takeComSetupAtRest(named.ComSetup, read.ComSetup.taken);
     if (read.QuickSetup.taken > 0) quickSetup.takeProject(named.QuickSetup.SlotFileValue);
     if (read.Monitor.taken > 0) takeMonitorSection(monitor, named.Monitor);
     monitor.meterType.MeterType = static_cast<quint8>(named.MeterType);

@@ -38,6 +38,7 @@ struct ToolBench {
     const ProgramFolder& folder;
     Language& language;
     RoutedPort::Factory makePort;
+    RoutedPort::Factory makeSetupPort = makePort;  // com setup's own, with flow settings of its own
 };
 
 class Tool : public QObject {
@@ -103,10 +104,18 @@ class Tool : public QObject {
    private:
     void loadDefaultProject();
     void takeComSetup(const ComSetupSection& section, int taken);
+    void takeComSetupAtRest(const ComSetupSection& section, int taken);
+    void takeHeldComSetup();
     ComSetupSection comSetupSection() const;
     NamedProject projectToSave() const;
     void followPort();
     PortSettings setComSetupForKeypad(const ComSetupChoice& choice);
+
+    struct HeldComSetup {
+        ComSetupSection section;
+        int taken = 0;  // values of it, 0: nothing waits
+    };
+    HeldComSetup m_held;  // of a project that was opened while on line
 };
 
 }  // namespace kelvane

@@ -13,7 +13,8 @@ namespace kelvane {
 
 class UiState final : public KeptLooks {
    public:
-    explicit UiState(const QString& path) : m_settings(path, QSettings::IniFormat) {}
+    // What lies at path and is no file is left alone; looks then last for this run only.
+    explicit UiState(const QString& path);
 
     void restoreWindow(QWidget& window);
     void keepWindow(const QWidget& window);

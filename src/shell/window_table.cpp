@@ -6,8 +6,8 @@
 
 #include "quicksetup/qs_source_form.h"
 #include "shell/commissioning_windows.h"
-#include "shell/monitor_windows.h"
 #include "shell/console_windows.h"
+#include "shell/monitor_windows.h"
 #include "shell/parameter_windows.h"
 #include "shell/quick_setup_windows.h"
 #include "shell/trend_windows.h"
@@ -22,8 +22,10 @@ using Made = std::unique_ptr<QWidget>;
 Made makeComSetup(Windows& w) { return std::make_unique<TComSetupForm>(w.tool.comSetup, w.tool.ports); }
 Made makeConnect(Windows& w) { return std::make_unique<TConnectForm>(w.tool.comSetup, w.tool.bench.clock); }
 Made makeCEmessage(Windows& w) { return std::make_unique<TCEmessageForm>(w.tool.link); }
-Made makeInitial(Windows& w) { return std::make_unique<TInitialForm>(w.tool.link); }
-Made makeAbout(Windows& w) { return std::make_unique<TAboutForm>(w.tool.link.BrandVariant()); }
+Made makeInitial(Windows& w) { return std::make_unique<TInitialForm>(w.tool.link, w.tool.bench.clock); }
+Made makeAbout(Windows& w) {
+    return std::make_unique<TAboutForm>(w.tool.link.BrandVariant(), w.tool.bench.folder.path());
+}
 Made makePassword(Windows& w) { return std::make_unique<TPasswordForm>(w.tool.link); }
 Made makeInput(Windows& w) { return std::make_unique<TInputForm>(w.tool.comSetup); }
 Made makeKeypad(Windows& w) { return std::make_unique<TKeypadForm>(w.tool.keypad, w.looks); }

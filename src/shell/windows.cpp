@@ -2,12 +2,50 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QScreen>
 #include <QWindow>
+#include <algorithm>
 #include <utility>
 
 #include "shell/change_language.h"
 
 namespace kelvane {
+
+namespace {
+
+// For the window manager too it is a dialog over its parent, which Qt says of that type only.
+void makeDialog(QWidget& window) {
+    if (window.windowType() == Qt::Dialog) return;
+    window.setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                          Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
+}
+
+// With room for the frame, which nobody knows before the window is there.
+QRect roomOn(const QScreen& screen) {
+    constexpr int Frame = 8;
+    constexpr int Title = 40;
+    return screen.availableGeometry().adjusted(Frame, Title, -Frame, -Frame);
+}
+
+void fitIntoScreen(QWidget& window, const QWidget& near) {
+    const QSize room = roomOn(*near.screen()).size();
+    const QSize fitting = window.size().boundedTo(room).expandedTo(window.minimumSizeHint().boundedTo(room));
+    if (!window.isMaximized() && fitting != window.size()) window.resize(fitting);
+}
+
+QPoint centre(QWidget& window, const QWidget& over) {
+    const QRect room = roomOn(*over.screen());
+    QRect place(QPoint(), window.size());
+    place.moveCenter(over.geometry().center());
+    place.moveRight(std::min(place.right(), room.right()));
+    place.moveBottom(std::min(place.bottom(), room.bottom()));
+    place.moveLeft(std::max(place.left(), room.left()));
+    place.moveTop(std::max(place.top(), room.top()));
+    window.move(place.topLeft());
+    return window.pos();
+}
+
+}  // namespace
 
 Windows::Forms::Forms(Windows& windows) {
     for (const WindowRow& row : windowTable())
@@ -74,7 +112,10 @@ QWidget* Windows::formOf(const WindowRow& row) const {
 }
 
 void Windows::wireForms() {
-    for (QWidget* window : m_all) window->installEventFilter(this);
+    for (QWidget* window : m_all) {
+        if (window != &mainForm) makeDialog(*window);
+        window->installEventFilter(this);
+    }
     for (const WindowRow& row : windowTable())
         if (row.wire) row.wire(*this, *formOf(row));
 }
@@ -87,6 +128,7 @@ void Windows::connectMain() {
     connect(&mainForm, &TMainForm::stopWanted, &stopKey, &StopKey::press);
     mainForm.stopReady = [this] { return stopKey.ready(); };
     connect(&tool.link, &RequestScheduler::cycleEnded, this, &Windows::watchInitialForm);
+    connect(&initialForm, &TInitialForm::left, this, &Windows::watchInitialForm);
     connect(&tool.link, &RequestScheduler::focusWanted, this, &Windows::ShowFocusForm);
     connect(&tool.rules, &WindowRules::focusWanted, this, &Windows::ShowFocusForm);
     connect(&tool.rules, &WindowRules::closeKeypad, this, &Windows::closeKeypad);
@@ -107,7 +149,9 @@ void Windows::wireKeypad(Windows& windows, QWidget& form) {
         form, [&engine] { return engine.mayCommand(); }, [&engine] { engine.STOPTransparentButtonClick(); });
 }
 
+// The password opens the editing of captions, which a program without that window does not offer.
 void Windows::wireAbout(Windows& windows, QWidget&) {
+    if (!windowRow(QStringLiteral("TEditForm"))->built()) return;
     connect(&windows.aboutForm, &TAboutForm::thanksDoubleClicked, &windows,
             [&windows] { windows.showModal(windows.passwordForm); });
 }
@@ -133,15 +177,39 @@ bool Windows::eventFilter(QObject* watched, QEvent* event) {
 // A window belongs over the one that was in front when it opened. They are no children of each other, so that
 // every control is found in its own window.
 void Windows::putOver(QWidget& window) {
-    QWidget* front = QApplication::activeModalWidget();
-    if (!front) front = QApplication::activeWindow();
-    if (!front || front == &window || &window == &mainForm) return;
-    if (window.windowHandle() && front->windowHandle() && mainForm.windowHandle())
+    QWidget* front = &window == &mainForm ? nullptr : inFront(window);
+    if (front && window.windowHandle() && front->windowHandle() && mainForm.windowHandle()) {
         belongOver(*window.windowHandle(), *front->windowHandle(), *mainForm.windowHandle());
+        m_below[&window] = front;
+    }
+    fitIntoScreen(window, front ? *front : window);
+    if (front && !isPlacedByHand(window)) m_placed[&window] = centre(window, *front);
+}
+
+QWidget* Windows::inFront(const QWidget& window) const {
+    QWidget* front = QApplication::activeModalWidget();
+    if (!front || front == &window) front = QApplication::activeWindow();
+    if (!front || front == &window) front = mainForm.isVisible() ? &mainForm : nullptr;
+    return front;
+}
+
+// Where it was put, by a person or from the kept looks, it comes back.
+bool Windows::isPlacedByHand(const QWidget& window) const {
+    const auto placed = m_placed.constFind(&window);
+    return placed == m_placed.constEnd() ? window.testAttribute(Qt::WA_Moved) : window.pos() != *placed;
+}
+
+// Some window managers forget whom the keyboard belongs to when a window goes that was only just there.
+void Windows::activateBelow(const QWidget& window) {
+    QWidget* below = m_below.take(&window);
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal && modal != &window) below = modal;
+    if (below && below->isVisible()) below->activateWindow();
 }
 
 // By whatever way it went, a window that had the link gives it up.
 void Windows::hidden(QWidget& window) {
+    activateBelow(window);
     if (m_open && formOf(*m_open) == &window) openingGivenUp();
 }
 
@@ -149,7 +217,13 @@ void Windows::openingGivenUp() {
     if (const WindowRow* row = std::exchange(m_open, nullptr)) tool.rules.finished(row->rule);
 }
 
-void Windows::showLanguage() { ChangeLanguage(tool.bench.language.table, m_all); }
+// The language file has the last word where it has one.
+void Windows::showLanguage() {
+    m_translations.choose(tool.bench.language.LanguageIndex,
+                          tool.bench.folder.findData(QStringLiteral("Language file")));
+    m_translations.show(m_all);
+    ChangeLanguage(tool.bench.language.table, m_all);
+}
 
 void Windows::showModal(QWidget& window) {
     window.setWindowModality(Qt::ApplicationModal);

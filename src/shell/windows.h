@@ -2,8 +2,10 @@
 // the openings that need more than one step: each is a named method that goes on when a window has closed.
 #pragma once
 
+#include <QHash>
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -34,6 +36,7 @@
 #include "shell/shell_operator.h"
 #include "shell/stop_key.h"
 #include "shell/tool.h"
+#include "shell/translations.h"
 #include "shell/window_table.h"
 
 namespace kelvane {
@@ -117,6 +120,9 @@ class Windows : public QObject {
     void wireForms();
     void connectMain();
     void putOver(QWidget& window);
+    QWidget* inFront(const QWidget& window) const;
+    bool isPlacedByHand(const QWidget& window) const;
+    void activateBelow(const QWidget& window);
     void hidden(QWidget& window);
     void hideOthers();
     void closeKeypad();
@@ -125,7 +131,10 @@ class Windows : public QObject {
     void finishComSetup();
 
     QList<QWidget*> m_all;
-    const WindowRow* m_open = nullptr;  // that owns the link
+    Translations m_translations;
+    QHash<const QWidget*, QPointer<QWidget>> m_below;  // over which window a visible one was opened
+    QHash<const QWidget*, QPoint> m_placed;            // where we have put it
+    const WindowRow* m_open = nullptr;                 // that owns the link
     std::function<void()> m_afterComSetup;
     bool m_comSetupOpened = false;       // by openComSetup: what follows it is ours
     const WindowRow* m_asked = nullptr;  // whose link com setup took to rest

@@ -37,7 +37,7 @@ class SpreadsheetApplication {
     virtual QString sheetName(int sheet) const = 0;  // empty if there is none
 
     virtual QString value(int row, int column) const = 0;  // empty where nothing was written
-    // The cell holds a number: its value is told with "." and without trailing zeros, whatever it is shown
+    // The cell holds a number: its value is given with "." and without trailing zeros, whatever it is shown
     // as.
     virtual bool isNumber(int row, int column) const = 0;
     virtual void setValue(int row, int column, const QString& text) = 0;

@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 
+#include "ui/display_label.h"
 #include "ui/lamp.h"
 #include "ui/led_text.h"
 #include "ui/meters.h"
@@ -62,6 +63,24 @@ class BarSpeech : public QAccessibleWidget {
     }
 };
 
+QAccessible::Role roleOf(const AbLED& lamp) {
+    if (!lamp.clickable()) return QAccessible::Indicator;
+    return lamp.autoExclusive() ? QAccessible::RadioButton : QAccessible::CheckBox;
+}
+
+// A display label: its caption names it, and its text is said once, empty or not.
+class DisplaySpeech : public QAccessibleWidget {
+   public:
+    explicit DisplaySpeech(VrLabel* label) : QAccessibleWidget(label, QAccessible::StaticText) {}
+
+    QString text(QAccessible::Text kind) const override {
+        const auto* label = qobject_cast<const VrLabel*>(object());
+        if (kind == QAccessible::Name)
+            return nameOr(*label, label->text().isEmpty() ? QStringLiteral("empty") : label->text());
+        return QAccessibleWidget::text(kind);
+    }
+};
+
 class MeterSpeech : public QAccessibleWidget {
    public:
     explicit MeterSpeech(QWidget* meter) : QAccessibleWidget(meter, QAccessible::Dial) {}
@@ -88,9 +107,9 @@ class LedSpeech : public QAccessibleWidget {
     }
 };
 
-class DisplaySpeech : public QAccessibleWidget {
+class SegmentSpeech : public QAccessibleWidget {
    public:
-    explicit DisplaySpeech(SevenSegmentLabel* display)
+    explicit SegmentSpeech(SevenSegmentLabel* display)
         : QAccessibleWidget(display, QAccessible::StaticText) {}
 
     QString text(QAccessible::Text kind) const override {
@@ -102,12 +121,12 @@ class DisplaySpeech : public QAccessibleWidget {
 // Qt asks once for each class of the widget's ancestry, the most derived first.
 QAccessibleInterface* speechFor(const QString& className, QObject* object) {
     if (!className.startsWith(QLatin1String("kelvane::"))) return nullptr;
-    if (auto* lamp = qobject_cast<AbLED*>(object))
-        return new ButtonSpeech(lamp, lamp->clickable() ? QAccessible::CheckBox : QAccessible::Indicator);
+    if (auto* lamp = qobject_cast<AbLED*>(object)) return new ButtonSpeech(lamp, roleOf(*lamp));
+    if (auto* label = qobject_cast<VrLabel*>(object)) return new DisplaySpeech(label);
     if (auto* power = qobject_cast<VrPowerButton*>(object))
         return new ButtonSpeech(power, QAccessible::CheckBox);
     if (auto* led = qobject_cast<LedText*>(object)) return new LedSpeech(led);
-    if (auto* display = qobject_cast<SevenSegmentLabel*>(object)) return new DisplaySpeech(display);
+    if (auto* display = qobject_cast<SevenSegmentLabel*>(object)) return new SegmentSpeech(display);
     if (auto* bar = qobject_cast<VrIndicator*>(object)) return new BarSpeech(bar);
     if (qobject_cast<DialMeter*>(object) || qobject_cast<ScaleMeter*>(object))
         return new MeterSpeech(qobject_cast<QWidget*>(object));

@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <optional>
 
+#include "ui/accessible_kit.h"
 #include "ui/readable_colours.h"
 
 namespace kelvane {
@@ -11,6 +12,7 @@ namespace kelvane {
 VrLabel::VrLabel(QWidget* parent) : VrLabel(QString(), parent) {}
 
 VrLabel::VrLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
+    installAccessibleKit();
     setTextFormat(Qt::PlainText);
     setMargin(2);
     applyColours();

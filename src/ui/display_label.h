@@ -1,5 +1,5 @@
 // VrLabel, the display label that shows a value of the drive: plain text only (a drive's text never becomes
-// mark-up), flat, since nobody can edit it; sunken in its own colours where they are told.
+// mark-up), flat, since nobody can edit it; sunken in its own colours where they are set.
 #pragma once
 
 #include <QColor>

@@ -1,5 +1,6 @@
-// Icons and kinds of files by their names alone. The toolkit's own provider opens every listed file and reads from it,
-// which waits for ever in front of one that gives nothing (/proc/kmsg), and for long on a slow share.
+// Icons and kinds of files by their names alone. The toolkit's own provider opens every listed file and reads
+// from it, which waits for ever in front of one that gives nothing (/proc/kmsg), and for long on a slow
+// share.
 #pragma once
 
 #include <QFileIconProvider>

@@ -18,7 +18,7 @@ std::optional<QColor> toldColour(const QModelIndex& index, int role) {
     return value.isValid() ? std::optional(QColor::fromRgb(value.value<Rgb>())) : std::nullopt;
 }
 
-// Selection of a cell with told colours: it keeps them and gets bars above and below.
+// Selection of a cell with colours of its own: it keeps them and gets bars above and below.
 void drawSelectionBars(QPainter* painter, const QRect& cell, const ColourPair& pair,
                        const QColor& highlight) {
     const QColor colour = contrast(highlight, pair.background) >= 2 ? highlight : pair.text;
@@ -76,7 +76,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
     QStyleOptionViewItem cell(option);
     initStyleOption(&cell, index);
-    // A resting grid is paler, but a told colour keeps the ground that suited it.
+    // A resting grid is paler, but a colour of its own keeps the ground that suited it.
     if (!m_view->isEnabled()) cell.palette.setCurrentColorGroup(QPalette::Active);
     const auto toldText = toldColour(index, StringGrid::TextColourRole);
     const auto toldBackground = toldColour(index, StringGrid::BackgroundColourRole);

@@ -1,5 +1,5 @@
-// Draws a cell of a StringGridView: told colours with their readable partner, selection, the mark of an
-// edited row and the outlines of find hits; shows a text that is cut as a tool tip.
+// Draws a cell of a StringGridView: the engine's colours with their readable partner, selection, the mark of
+// an edited row and the outlines of find hits; shows a text that is cut as a tool tip.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -9,7 +9,7 @@ namespace kelvane {
 class StringGridView;
 
 // The grids' check box, in ink on paper and centred in the room; drawn here because a native one sinks into
-// dark and told backgrounds.
+// dark and coloured backgrounds.
 void drawGridBox(QPainter* painter, const QRect& room, bool set, const QColor& ink, const QColor& paper);
 
 class GridDelegate : public QStyledItemDelegate {

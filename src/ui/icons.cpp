@@ -28,17 +28,19 @@ namespace kelvane {
 namespace {
 
 constexpr auto IconCount = static_cast<size_t>(Icon::Count_);
+// clang-format off
 constexpr std::array<const char*, IconCount> IconNames{
-    "com_setup", "parameter", "quick_setup", "advance",    "keypad",    "trend",        "monitor",
-    "open",      "save",      "exit",        "read_drive", "read_file", "write_select", "write_all",
-    "compare",   "print",     "language",    "find",       "previous",  "next",         "undo",
-    "redo",      "backup",    "help",        "about",      "pid",       "auto_tuning",  "multi_step",
-    "copy",      "close",     "folder",      "folder_up",  "file",      "accept",       "cancel",
-    "test",      "connect",   "disconnect",  "start",      "stop",      "clear",        "option",
-    "cursor",    "picture",   "zoom",        "add",        "remove",    "edit",         "run",
-    "fault",     "lock",      "motor",       "more",       "up",        "down",         "zoom_in",
-    "zoom_out",  "reset",     "tree_drive",  "tree_file",  "tree_open", "tree_compare", "tree_parameters",
-    "motor_1",   "motor_2",   "step_back",   "step_next"};
+    "com_setup", "parameter", "quick_setup", "advance", "keypad", "trend", "monitor",
+    "open", "save", "exit", "read_drive", "read_file", "write_select", "write_all",
+    "compare", "print", "language", "find", "previous", "next", "undo",
+    "redo", "backup", "help", "about", "pid", "auto_tuning", "multi_step",
+    "copy", "close", "folder", "folder_up", "file", "accept", "cancel",
+    "test", "connect", "disconnect", "start", "stop", "clear", "option",
+    "cursor", "picture", "zoom", "add", "remove", "edit", "run",
+    "fault", "lock", "motor", "more", "refused", "up", "down",
+    "zoom_in", "zoom_out", "reset", "tree_drive", "tree_file", "tree_open", "tree_compare",
+    "tree_parameters", "motor_1", "motor_2", "step_back", "step_next"};
+// clang-format on
 static_assert(IconNames.back() != nullptr, "one name for each icon");
 
 constexpr std::array TreeImages{Icon::TreeDrive, Icon::TreeFile, Icon::TreeOpen, Icon::TreeCompare,
@@ -185,12 +187,6 @@ void PictureBox::showLogo() {
 
 void PictureBox::showKeypad() {
     m_kind = Kind::Keypad;
-    update();
-}
-
-void PictureBox::showNothing() {
-    m_kind = Kind::Nothing;
-    setAccessibleName({});
     update();
 }
 

@@ -17,7 +17,7 @@ enum class Icon : int {
     Pid, AutoTuning, MultiStep, Copy, Close, Folder, FolderUp, File,
     Accept, Cancel, Test, Connect, Disconnect, Start, Stop, Clear, Option, Cursor, Picture, Zoom,
     Add, Remove, Edit, Run, Fault, Lock, Motor, More,
-    Up, Down, ZoomIn, ZoomOut, Reset,
+    Refused, Up, Down, ZoomIn, ZoomOut, Reset,
     TreeDrive, TreeFile, TreeOpen, TreeCompare, TreeParameters,
     Motor1, Motor2, StepBack, StepNext,
     Count_,
@@ -48,7 +48,6 @@ class PictureBox : public QWidget {
     void showFamily(quint8 DriveFamily);  // nothing for a number that is no family
     void showLogo();
     void showKeypad();  // the body of the keypad, 244 x 389
-    void showNothing();
     // Block diagram of a family's PID; nothing for a family without one.
     void showPidDiagram(quint8 DriveFamily);
     bool isEmpty() const { return m_kind == Kind::Nothing; }

@@ -86,10 +86,15 @@ void AbLED::paintEvent(QPaintEvent*) {
         painter.setBrush(QColor(255, 255, 255, 150));
         painter.drawEllipse(QRectF(disc.left() + disc.width() * 0.2, disc.top() + disc.height() * 0.15,
                                    disc.width() * 0.38, disc.height() * 0.32));
-    } else {
+    } else if (m_clickable) {
         painter.setPen(QPen(mix(ink, palette().color(QPalette::Window), 0.35), 2));
         painter.setBrush(Qt::NoBrush);
         painter.drawEllipse(disc.adjusted(1, 1, -1, -1));
+    } else {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(mix(ink, palette().color(QPalette::Window), 0.5));
+        const double inset = disc.width() * 0.27;
+        painter.drawEllipse(disc.adjusted(inset, inset, -inset, -inset));
     }
     QRect caption = rect();
     const int room = static_cast<int>(disc.width()) + 3 + Gap;

@@ -1,6 +1,6 @@
-// AbLED, the lamp of the windows: a disc with a caption. Lit it is a filled disc, dark an empty ring, so that
-// its colour is never the only sign. A lamp may be clickable (a choice between sources); flashing lamps of a
-// window share one LampFlasher, so that they blink together.
+// AbLED, the lamp of the windows: a disc with a caption. Lit it is a large disc, dark a small dot, so that
+// its colour is never the only sign. A lamp may be clickable (a choice between sources), and is a ring when
+// dark, as other choices are; flashing lamps of a window share one LampFlasher, so that they blink together.
 #pragma once
 
 #include <QAbstractButton>

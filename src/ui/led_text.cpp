@@ -10,7 +10,7 @@ namespace {
 
 const QColor Red(0xFF, 0, 0);
 const QColor White(0xFF, 0xFF, 0xFF);
-const QColor ReadableRed(0xFF, 0x5A, 0x4D);  // the same red, told on a dark field
+const QColor ReadableRed(0xFF, 0x5A, 0x4D);  // the same red, to be read on a dark field
 
 }  // namespace
 

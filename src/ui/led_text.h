@@ -20,7 +20,8 @@ class LedText : public QWidget {
     void setText(const QString& text);
     bool lit() const { return m_lit; }
     void setLit(bool lit);
-    // What is told beside the light of this moment; whoever sets it makes the lamp blink by setLit().
+    // What a screen reader says beside the light of this moment; whoever sets it makes the lamp blink by
+    // setLit().
     bool flashing() const { return m_flashing; }
     void setFlashing(bool flashing);
     QColor color() const;

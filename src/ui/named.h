@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QObject>
+#include <QTextDocument>
 #include <utility>
 
 namespace kelvane {
@@ -28,6 +29,11 @@ inline QLabel* captionFor(QWidget* field, const char* name, const QString& text,
     QLabel* label = plainLabel(name, text, parent);
     label->setBuddy(field);
     return label;
+}
+
+// A text of a file or a drive as a hint, which would take what looks like mark-up for mark-up.
+inline QString plainHint(const QString& text) {
+    return Qt::mightBeRichText(text) ? QStringLiteral("<p>") + text.toHtmlEscaped() : text;
 }
 
 }  // namespace kelvane

@@ -1,7 +1,8 @@
 #include "ui/path_label.h"
 
 #include <QEvent>
-#include <QTextDocument>
+
+#include "ui/named.h"
 
 namespace kelvane {
 namespace {
@@ -17,7 +18,7 @@ template <typename Make>
 QString longestFitting(qsizetype most, int width, const std::function<int(const QString&)>& widthOf,
                        Make make) {
     for (qsizetype n = most; n >= 0; --n) {
-        const QString shorter = make(n);
+        QString shorter = make(n);
         if (widthOf(shorter) <= width) return shorter;
     }
     return {};
@@ -53,7 +54,7 @@ PathLabel::PathLabel(QWidget* parent) : QLabel(parent) {
 void PathLabel::setPath(const QString& path) {
     if (path == m_path) return;
     m_path = path;
-    setToolTip(Qt::mightBeRichText(path) ? QLatin1String("<p>") + path.toHtmlEscaped() : path);
+    setToolTip(plainHint(path));
     setAccessibleName(path);
     updateGeometry();
     fit();

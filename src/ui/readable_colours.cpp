@@ -7,7 +7,7 @@
 namespace kelvane {
 namespace {
 
-// Told red on white has 4.0 and is meant to be read, so the limit lies below it.
+// The tables' red on white has 4.0 and is meant to be read, so the limit lies below it.
 constexpr double EnoughContrast = 3.5;
 constexpr double SmallTextContrast = 4.5;
 

@@ -5,9 +5,19 @@
 namespace kelvane {
 
 QIcon ToolStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
-    const bool more =
-        which == SP_ToolBarHorizontalExtensionButton || which == SP_ToolBarVerticalExtensionButton;
-    return more ? icon(Icon::More) : QProxyStyle::standardIcon(which, option, widget);
+    switch (which) {
+        case SP_ToolBarHorizontalExtensionButton:
+        case SP_ToolBarVerticalExtensionButton: return icon(Icon::More);
+        case SP_MessageBoxInformation: return icon(Icon::About);
+        case SP_MessageBoxQuestion: return icon(Icon::Help);
+        case SP_MessageBoxWarning: return icon(Icon::Fault);
+        case SP_MessageBoxCritical: return icon(Icon::Refused);
+        case SP_DialogOkButton:
+        case SP_DialogYesButton: return icon(Icon::Accept);
+        case SP_DialogCancelButton:
+        case SP_DialogNoButton: return icon(Icon::Cancel);
+        default: return QProxyStyle::standardIcon(which, option, widget);
+    }
 }
 
 }  // namespace kelvane

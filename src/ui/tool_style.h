@@ -1,6 +1,6 @@
-// The style of the platform, with our own drawing for the mark of a bar that is too narrow for its entries.
-// Every menu bar asks for it when it is made, and the style's own is a picture for which all image plugins
-// are loaded.
+// The style of the platform, with our own drawings in boxes and for the mark of a bar that is too narrow for
+// its entries. Every menu bar asks for it when it is made, and the style's own is a picture for which all
+// image plugins are loaded.
 #pragma once
 
 #include <QProxyStyle>

@@ -10,7 +10,6 @@ class TransparentButton : public QToolButton {
     Q_OBJECT
     Q_PROPERTY(QString text READ text WRITE setText)
     Q_PROPERTY(QString hint READ toolTip WRITE setToolTip)
-    Q_PROPERTY(int tag READ tag WRITE setTag)
    public:
     enum class Layout { IconOver, IconLeft };
 
@@ -20,8 +19,6 @@ class TransparentButton : public QToolButton {
 
     void setText(const QString& text);
     void setLayout(Layout layout);  // over: flat, 32-pixel icon; left: framed, 20-pixel icon
-    int tag() const { return m_tag; }
-    void setTag(int tag) { m_tag = tag; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -29,9 +26,6 @@ class TransparentButton : public QToolButton {
    protected:
     void initStyleOption(QStyleOptionToolButton* option) const override;
     void keyPressEvent(QKeyEvent* event) override;  // Enter presses it, like Space
-
-   private:
-    int m_tag = 0;
 };
 
 }  // namespace kelvane

@@ -40,7 +40,7 @@ class TrendPlot : public QWidget {
     void setFlow(bool on);
     bool follows() const { return m_follows; }
     void showSame(const TrendPlot& leader);
-    void fit();  // the whole run
+    void fit();             // the whole run
     void showEnd();         // and follow the newest record
     void showLastScreen();  // one record a pixel, without following
     void zoomAbout(double x, double factor);

@@ -14,7 +14,7 @@ namespace {
 using drive::LineMode;
 
 struct Session : OnLineBench {
-    QStringList order;  // of what the windows are told
+    QStringList order;  // of what the windows hear
 
     explicit Session(const LineChoice& choice) : OnLineBench(choice) {
         QObject::connect(&identification, &DriveIdentification::familyKnown, [this] {
@@ -102,7 +102,7 @@ TEST_P(Identification, SpeaksItsTranscriptAndKnowsTheDrive) {
         EXPECT_EQ(session.link.Labels.PIDControl, golden.PIDControl);
         EXPECT_TRUE(session.link.Lamp.onLine());
         EXPECT_TRUE(session.person.asked.isEmpty());
-        // The version is known when the windows are told of the family, Hazel's comes later; no name is read
+        // The version is known when the windows hear of the family, Hazel's comes later; no name is read
         // yet.
         const bool later = golden.family == Family::Hazel;
         EXPECT_EQ(session.order, QStringList{QStringLiteral("version '%1', identified 0, names 0")

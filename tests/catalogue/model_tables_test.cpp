@@ -32,6 +32,9 @@ TEST(ModelTables, TellThePlatesAroundTheirGaps) {
                   {Family::Rowan, 23, "", "", ""},
                   {Family::Rowan, 55, "575V", "12.2A", "7.5 ( 10 )"},
                   {Family::Larch, 99, "", "", ""},
+                  {Family::Willow, 10, "", "", ""},  // small families end at 2.2 kW on 115 V
+                  {Family::Yarrow, 11, "460V", "8.2A", "3.7 ( 5 )"},
+                  {Family::Yarrow, 12, "", "", ""},
                   {Family::Larch, 114, "575V", "100A", "75 ( 100 )"}});
 }
 

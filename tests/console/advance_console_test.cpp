@@ -39,7 +39,7 @@ TEST_F(Console, MakesTheFixedCommandFromItsFields) {
     console->DataLabeledEdit = "1F";
     EXPECT_TRUE(send().startsWith("FF062000001F"));
     console->DataLabeledEdit = "12345";  // kept: it goes out without its data
-    person.expectBox(lang.MsgStr(23), "Error");
+    person.expectBox(lang.MsgStr(Message::ValueNotLegal), "Error");
     EXPECT_TRUE(send().startsWith("FF062000"));
 
     for (const char* bad : {"256", "", "-1"}) {
@@ -150,10 +150,10 @@ TEST_F(Console, FillsTheListByOutcome) {
 
 TEST_F(Console, RunsTheCheckedRowsAsOftenAsAsked) {
     console->showConnectionPage(ConnectionPage::B);
-    person.expectBox(lang.MsgStr(31), "Cofirm");
+    person.expectBox(lang.MsgStr(Message::NoCommandSelected), "Cofirm");
     console->RUNTransparentButtonClick();
     typeCommands({"010321000001", "01032", "", "010321000003"});
-    person.expectBox(lang.MsgStr(32), "Error");
+    person.expectBox(lang.MsgStr(Message::CommandLengthOdd), "Error");
     console->RUNTransparentButtonClick();
     run(100);
     EXPECT_TRUE(sent().isEmpty());

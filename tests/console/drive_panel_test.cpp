@@ -61,7 +61,7 @@ TEST_F(Panel, TakesTheDrivesAddressIntoItsCommand) {
     EXPECT_EQ(panel.monitorIDLabeledEdit, "255");
     panel.typeId("-1");
     EXPECT_EQ(panel.DefCmdLabeledEdit.left(2), "00");
-    person.expectBox(lang.MsgStr(23), "Error Message");
+    person.expectBox(lang.MsgStr(Message::ValueNotLegal), "Error Message");
     panel.typeId("abc");
     EXPECT_EQ(panel.monitorIDLabeledEdit, "255");
 }

@@ -64,7 +64,7 @@ TEST_F(Listener, CutsAsciiByLineFeedAndByCharacter) {
 
 TEST_F(Listener, OwnsThePortOnlyWhileItRuns) {
     port.canOpen = false;
-    person.expectBox(lang.MsgStr(19), "Error Message");
+    person.expectBox(lang.MsgStr(Message::NoComPort), "Error Message");
     listener.RUNmonitorTransparentButtonClick();
     EXPECT_FALSE(listener.running());
     EXPECT_EQ(history.back(), "there is no such device");

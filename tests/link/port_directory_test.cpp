@@ -49,22 +49,25 @@ TEST(PortDirectory, TakesGoodLinesOfTheFileAndTellsTheOthers) {
 
 TEST(PortDirectory, ReadsTheFileOfAFolderAndDescribesWhatItFinds) {
     const QTemporaryDir folder;
-    EXPECT_TRUE(PortDirectory::ofFolder(folder.path()).complaints().isEmpty());
+    EXPECT_TRUE(PortDirectory::ofFile({}).complaints().isEmpty());
     const QString device = folder.filePath(QStringLiteral("device"));
     writeWhole(folder.filePath(QStringLiteral("serial_ports.txt")), "2=" + device.toUtf8());
-    const PortDirectory directory = PortDirectory::ofFolder(folder.path());
+    const PortDirectory directory =
+        PortDirectory::ofFile(folder.filePath(QStringLiteral("serial_ports.txt")));
     EXPECT_FALSE(directory.isPresent(2));
     EXPECT_EQ(PortDirectory::describe(directory.target(2)).text(),
               device + QStringLiteral(", not connected"));
     writeWhole(device, "x");
     EXPECT_TRUE(directory.isPresent(2));
     EXPECT_EQ(PortDirectory::describe(directory.target(2)).text(), device);
-    EXPECT_EQ(PortDirectory::describe(directory.target(20)).text(), QStringLiteral("practice drive Larch"));
+    EXPECT_EQ(PortDirectory::describe(directory.target(20)).text(),
+              QStringLiteral("practice drive Larch, answers at ASCII, 9600, 7, N, 2"));
     EXPECT_EQ(PortDirectory::describe(directory.target(99)).text(), QStringLiteral("no such port"));
 
     const QTemporaryDir damaged;
     QDir(damaged.path()).mkdir(QStringLiteral("serial_ports.txt"));
-    EXPECT_EQ(PortDirectory::ofFolder(damaged.path()).complaints().size(), 1);
+    EXPECT_EQ(PortDirectory::ofFile(damaged.filePath(QStringLiteral("serial_ports.txt"))).complaints().size(),
+              1);
 }
 
 }  // namespace

@@ -84,6 +84,12 @@ TEST_F(Presence, KeepsThePortOpenAtARemovalAndClosesItAtAnyArrivalAfterwards) {
     EXPECT_EQ(history, (QStringList{Fail, Recovery}));
 }
 
+TEST_F(Presence, TellsALossOnce) {
+    listed.clear();
+    for (int name = 0; name < 3; ++name) presence.deviceChange(DeviceRemoveComplete);
+    EXPECT_EQ(history, QStringList(Fail));
+}
+
 struct WatchedFolder : testing::Test {
     bool reached(const QStringList& lines) {
         return waitFor([&] { return history == lines; });
@@ -103,6 +109,37 @@ struct WatchedFolder : testing::Test {
                           [this](const QString& line) { history << line; }};
     PortWatcher watcher{presence};
 };
+
+// A link in the place of another keeps its name, and one to a device that has gone leads nowhere.
+TEST_F(WatchedFolder, SeesALinkComeBackUnderItsName) {
+    plug(QStringLiteral("tty"));
+    const QString target = root.filePath(QStringLiteral("target"));
+    ASSERT_TRUE(writeWhole(target, "x").ok);
+    ASSERT_TRUE(QFile::link(target, device));
+    watcher.follow(device);
+    QFile::remove(target);
+    EXPECT_TRUE(reached({Fail}));
+    const QString other = folder + QStringLiteral("/.new");
+    ASSERT_TRUE(QFile::link(folder + QStringLiteral("/tty"), other));
+    ASSERT_EQ(rename(other.toLocal8Bit().constData(), device.toLocal8Bit().constData()), 0);
+    EXPECT_TRUE(reached({Fail, Recovery}));
+}
+
+TEST_F(WatchedFolder, DoesNotCloseANewlyChosenPortAtAnothersArrival) {
+    plug(QStringLiteral("adapter"));
+    watcher.follow(device);
+    pull(QStringLiteral("adapter"));
+    EXPECT_TRUE(reached({Fail}));
+    const QString working = root.filePath(QStringLiteral("ttyACM0"));
+    ASSERT_TRUE(writeWhole(working, "x").ok);
+    watcher.follow(working);
+    port.open();
+    port.closes = 0;
+    ASSERT_TRUE(writeWhole(root.filePath(QStringLiteral("ttyACM1")), "x").ok);
+    watcher.look();
+    EXPECT_EQ(port.closes, 0);
+    EXPECT_EQ(history, QStringList(Fail));
+}
 
 TEST_F(WatchedFolder, GivesAMessageForEveryNameThatGoesOrComes) {
     plug(QStringLiteral("adapter"));

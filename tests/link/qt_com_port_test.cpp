@@ -103,6 +103,27 @@ TEST_F(RealPort, AppliesSettingsAtOnceAndDropsOldInput) {
     EXPECT_FALSE(far.line().c_cflag & CSTOPB);
 }
 
+// Between the system's notice and the read somebody may have taken the bytes; the device is still there.
+TEST_F(RealPort, IsNotLostWhenThereIsNothingToRead) {
+    QStringList reasons;
+    port.onLost = [&](const QString& reason) { reasons << reason; };
+    ASSERT_TRUE(port.open());
+    const int device = ::open(far.device().toLocal8Bit().constData(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+    ASSERT_GE(device, 0);
+    for (int round = 0; round < 200; ++round) {
+        far.send("reply");
+        tcflush(device, TCIFLUSH);
+        if (round % 2) port.dropInput();
+        runFor(1);
+    }
+    ::close(device);
+    EXPECT_TRUE(port.Open());
+    EXPECT_TRUE(reasons.isEmpty()) << reasons.value(0).toStdString();
+    taken.clear();
+    far.send("after");
+    EXPECT_TRUE(waitFor([&] { return taken.endsWith("after"); }));
+}
+
 TEST_F(RealPort, NeverCallsTheHandlerInsideAnotherCallOrInsideItself) {
     ASSERT_TRUE(port.open());
     int depth = 0;

@@ -44,6 +44,20 @@ TEST_F(Routed, BuildsNothingBeforeTheFirstOpenAndKeepsItsPortAfterwards) {
     EXPECT_EQ(made, QList<PortTarget>{directory.target(7)});
 }
 
+TEST_F(Routed, SaysOnceWhyItCannotBeOpened) {
+    factoryWorks = false;
+    QStringList reasons;
+    port.onNotOpened = [&](const QString& reason) { reasons << reason; };
+    for (int attempt = 0; attempt < 5; ++attempt) EXPECT_FALSE(port.open());
+    EXPECT_EQ(reasons, QStringList(port.openError()));
+    choose(8);
+    EXPECT_FALSE(port.open());
+    EXPECT_EQ(reasons.size(), 2);
+    port.close();  // a new session is a new attempt
+    EXPECT_FALSE(port.open());
+    EXPECT_EQ(reasons.size(), 3);
+}
+
 TEST_F(Routed, PassesEverythingOnAndBack) {
     port.open();
     port.PutBlock("block");

@@ -52,7 +52,7 @@ TEST(LanguageFile, KeepsShiftingAGroupByAnExtraLine) {
 TEST(LanguageFile, SectionsComeInAnyOrderAndMissingOnesLeaveTheirTexts) {
     Language language = read(numbered("[Message]", 37) + QStringLiteral("[Language]\nLangID=9\n") +
                              numbered("[QSource Form]", 8));
-    EXPECT_EQ(language.table.MsgStr(37), QStringLiteral("37"));
+    EXPECT_EQ(language.table.MsgStr(Message::MotorWillRun), QStringLiteral("37"));
     EXPECT_EQ(language.LanguageIndex, 9);
     ASSERT_TRUE(readLanguage(numbered("[PID Form]", 29), language).ok());
     EXPECT_EQ(language.LanguageIndex, 9);
@@ -64,8 +64,8 @@ TEST(LanguageFile, SectionsComeInAnyOrderAndMissingOnesLeaveTheirTexts) {
 TEST(LanguageFile, WhatWasReadBeforeTheDamageStaysInForce) {
     const Language cut =
         read(numbered("[QSource Form]", 8) + numbered("[Message]", 36), LanguageStatus::CutShort);
-    EXPECT_EQ(cut.table.MsgStr(36), QStringLiteral("36"));
-    EXPECT_EQ(cut.table.MsgStr(37), QString());
+    EXPECT_EQ(cut.table.MsgStr(Message::ResetDrive), QStringLiteral("36"));
+    EXPECT_EQ(cut.table.MsgStr(Message::MotorWillRun), QString());
     EXPECT_EQ(cut.table.form(FormSection::QSource).Label.filled, 2);
 
     const Language trend = read(numbered("[Trend Form]", 49), LanguageStatus::CutShort);

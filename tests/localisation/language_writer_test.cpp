@@ -84,10 +84,12 @@ TEST(LanguageWriter, KeepsOmittingTheMenusWhichTheReaderThenFillsFromComSetup) {
 TEST(LanguageWriter, KeepsLineEndsOfMessagesWhichShiftThoseBehind) {
     Language loaded;
     ASSERT_TRUE(readLanguage(writeLanguage(LangTable::builtInEnglish(), NamedTexts()), loaded).ok());
-    EXPECT_EQ(loaded.table.MsgStr(1), QStringLiteral("The status is On-Line now !"));
-    EXPECT_EQ(loaded.table.MsgStr(2),
+    EXPECT_EQ(loaded.table.MsgStr(Message::LeaveLineForComSetup),
+              QStringLiteral("The status is On-Line now !"));
+    EXPECT_EQ(loaded.table.MsgStr(Message::OffLineNow),
               QStringLiteral("Do you want to change status to Off-Line then set COM setting ?"));
-    EXPECT_EQ(loaded.table.MsgStr(3), QStringLiteral("The status is Off-Line now ! Please On-Line first."));
+    EXPECT_EQ(loaded.table.MsgStr(Message::ChecksumError),
+              QStringLiteral("The status is Off-Line now ! Please On-Line first."));
 }
 
 TEST(LanguageWriter, SavesInThePageOfTheNameOrOfTheLanguage) {

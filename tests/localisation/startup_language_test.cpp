@@ -29,7 +29,10 @@ class StartupLanguage : public testing::Test {
             QStringLiteral("Can't open the file !\nThe software will be set English interface."),
             QStringLiteral("Error"));
     }
-    void start() { startLanguage(m_language, m_folder.path(), m_folder.path(), m_person); }
+    void start() {
+        startLanguage(m_language, m_folder.filePath(QStringLiteral("default.prj")), m_folder.path(),
+                      m_person);
+    }
 
     QTemporaryDir m_folder;
     ScriptedOperator m_person;
@@ -46,6 +49,16 @@ TEST_F(StartupLanguage, TakesTheLanguageOfTheProject) {
     EXPECT_EQ(m_language.table.form(FormSection::QSource).Caption, QStringLiteral("Source"));
 }
 
+// Boxes have texts whatever a file leaves out, and no file is looked for where there is no folder.
+TEST_F(StartupLanguage, HasTheBuiltInMessagesBeforeAnyFile) {
+    writeProject("[Language]\r\nLangID=4\r\n");
+    writeLanguageFile(4, SourceDialog);
+    start();
+    EXPECT_EQ(m_language.table.MsgStr(Message::OnLineFail), QStringLiteral("On-Line Fail !!"));
+    m_person.expectBox(QStringLiteral("Can't open the file !"), QStringLiteral("Error"));
+    EXPECT_FALSE(chooseLanguage(m_language, 4, {}, m_person));
+}
+
 TEST_F(StartupLanguage, KeepsLangIDToEightBits) {
     quint8 LanguageIndex = 0;
     EXPECT_TRUE(takeLangID(QStringLiteral("LangID=260"), LanguageIndex));
@@ -60,7 +73,7 @@ TEST_F(StartupLanguage, FallsBackToEnglishWithOneBoxForEachFailure) {
     expectNoLanguage();
     start();
     EXPECT_EQ(m_language.LanguageIndex, 4);
-    EXPECT_EQ(m_language.table.MsgStr(4), QStringLiteral("On-Line Fail !!"));
+    EXPECT_EQ(m_language.table.MsgStr(Message::OnLineFail), QStringLiteral("On-Line Fail !!"));
     writeLanguageFile(4, SourceDialog);
     for (const char* project : {"", "[Language]", "[Language]\r\nLangID=x\r\n"}) {
         if (*project != 0) writeProject(project);
@@ -79,7 +92,8 @@ TEST_F(StartupLanguage, LanguageFileCutShortLeavesTheWindowsTheirOwnTexts) {
     start();
     EXPECT_EQ(m_language.LanguageIndex, 4);
     EXPECT_FALSE(m_language.table.form(FormSection::QSource).captionFilled);
-    EXPECT_EQ(m_language.table.MsgStr(36), QStringLiteral("\nWould you want to reset the drive?"));
+    EXPECT_EQ(m_language.table.MsgStr(Message::ResetDrive),
+              QStringLiteral("\nWould you want to reset the drive?"));
 }
 
 TEST_F(StartupLanguage, KeepsAFileNameWithoutSuffixForWrongNumbers) {

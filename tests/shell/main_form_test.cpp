@@ -7,9 +7,12 @@
 #include <QMenu>
 #include <QPixmap>
 #include <QPlainTextEdit>
+#include <QSignalSpy>
+#include <QThread>
 
 #include "localisation/language_sections.h"
 #include "shell/shell_bench.h"
+#include "shell/single_instance.h"
 #include "ui/lamp.h"
 
 namespace kelvane {
@@ -132,7 +135,7 @@ TEST(MainForm, GivesTheLinkBackToTheParameterWindowAfterAFailedIdentification) {
 TEST(MainForm, SavesAndOpensANamedProject) {
     ShellBench bench;
     const QString path = bench.dir.filePath("site.prj");
-    bench.person.expectSave("Project File(*.prj)|*.prj", "", path);
+    bench.person.expectSave("Project File(*.prj)|*.prj", "prj", path);
     bench.trigger("FileSaveItem");
     bench.tool->comSetup.BaudComboBoxChange("1200");
     bench.person.expectOpen("Project File(*.prj)|*.prj", path);
@@ -141,6 +144,134 @@ TEST(MainForm, SavesAndOpensANamedProject) {
     EXPECT_EQ(bench.text("StatusLinePanel0"), "Open " + path);
     bench.person.expectOpen("Project File(*.prj)|*.prj", std::nullopt);
     bench.trigger("FileOpenItem");
+}
+
+// Mode and reply wait of a running link are not a project's to change; they follow when it is at rest.
+TEST(MainForm, HoldsTheSettingsOfAProjectBackWhileOnLine) {
+    ShellBench bench;
+    ComSetup& setup = bench.tool->comSetup;
+    setup.ModeComboBoxChange("RTU");
+    setup.BaudComboBoxChange("115200");
+    const QString path = bench.dir.filePath("fast.prj");
+    bench.person.expectSave("Project File(*.prj)|*.prj", "prj", path);
+    bench.trigger("FileSaveItem");
+    setup.ModeComboBoxChange("ASCII");
+    setup.BaudComboBoxChange("9600");
+    setup.DataBitsComboBoxChange("7");
+    bench.goOnLine();
+    bench.person.expectOpen("Project File(*.prj)|*.prj", path);
+    bench.trigger("FileOpenItem");
+    RequestScheduler& link = bench.tool->link;
+    EXPECT_EQ(link.ComMode, 0);
+    EXPECT_EQ(link.BaudTimeoutTicks, 7U);
+    bench.clock.advance(5000);
+    EXPECT_TRUE(link.Lamp.onLine());
+    bench.tool->SaveProject();  // the project's, as the boxes would have them
+    EXPECT_TRUE(readWhole(bench.folder.file("default.prj")).bytes.contains("Modbus Mode =RTU"));
+    link.Initial();
+    EXPECT_EQ(setup.shown.ModeComboBox, "RTU");
+    EXPECT_EQ(setup.shown.BaudComboBox, "115200");
+    EXPECT_EQ(link.ComMode, 1);
+}
+
+// A file made by hand may say anything; the line has bytes of eight bits all the same.
+TEST(MainForm, TakesEightDataBitsForRtuFromAnyProject) {
+    DefaultProject made;
+    made.ComSetup.ModeComboBox = "RTU";
+    made.ComSetup.DataBitsComboBox = "7";
+    ShellBench bench(defaultProjectBytes(made));
+    EXPECT_EQ(bench.tool->linkPort.settings().DataBits, 8);
+    EXPECT_EQ(bench.tool->comSetup.shown.DataBitsComboBox, "8");
+}
+
+TEST(MainForm, StartsWithTheInstalledProjectUntilItHasOneOfItsOwn) {
+    DefaultProject installed;
+    installed.ComSetup.ComPortComboBox = "20";
+    ShellBench bench(defaultProjectBytes(installed), "../share/kelvane/default.prj");
+    EXPECT_EQ(bench.tool->comSetup.shown.ComPortComboBox, "20");
+}
+
+TEST(MainForm, SetsTheMarkOfTheLanguageMenuBackWhenTheFileIsMissing) {
+    ShellBench bench;
+    bench.person.expectBox("Can't open the file !", "Error");
+    bench.trigger("Russian");
+    EXPECT_TRUE(bench.find<QAction>("English")->isChecked());
+    EXPECT_FALSE(bench.find<QAction>("Russian")->isChecked());
+}
+
+// What a file or a drive says is shown as it stands, mark-up and all.
+TEST(MainForm, ShowsHintsWithMarkUpAsPlainText) {
+    ShellBench bench;
+    FormTexts& texts = bench.language.table.form(FormSection::Main);
+    texts.Hint.Text[0] = "<h1>Com</h1>";
+    texts.Hint.filled = 1;
+    bench.windows->showLanguage();
+    EXPECT_EQ(bench.find<QWidget>("ComSetupTransparentButton")->toolTip(), "<p>&lt;h1&gt;Com&lt;/h1&gt;");
+}
+
+// Texts without a key in the language file, and Qt's own, follow the language and come back.
+TEST(Translations, TranslateWhatNoKeyNamesAndComeBackToEnglish) {
+    Translations translations;
+    QWidget window;
+    QLabel stop("Stop bits", &window);
+    QAction find("&Find...", &window);
+    QLabel value("12.50", &window);
+    const QString folder = QStringLiteral(KELVANE_SOURCE_DIR) + "/Language file";
+    translations.choose(9, folder);
+    translations.show({&window});
+    EXPECT_EQ(stop.text(), QString::fromUtf8("Стоп-биты"));
+    EXPECT_EQ(find.text(), QString::fromUtf8("&Найти..."));
+    EXPECT_EQ(value.text(), "12.50");
+    stop.setText("Parity");  // set by code meanwhile
+    translations.choose(2, folder);
+    translations.show({&window});
+    EXPECT_EQ(stop.text(), QString::fromUtf8("校验"));
+    EXPECT_EQ(find.text(), QString::fromUtf8("查找(&F)..."));
+    translations.choose(4, folder);
+    translations.show({&window});
+    EXPECT_EQ(stop.text(), "Parity");
+    EXPECT_EQ(find.text(), "&Find...");
+}
+
+TEST(ShellOperator, GivesASuffixToANameThatHasNone) {
+    EXPECT_EQ(withSuffix("/home/anna/mine", "prj"), "/home/anna/mine.prj");
+    EXPECT_EQ(withSuffix("/home/anna.b/mine", "prj"), "/home/anna.b/mine.prj");
+    EXPECT_EQ(withSuffix("mine.prj", "prj"), "mine.prj");
+}
+
+struct Instances : testing::Test {
+    QTemporaryDir dir;
+    const QString path = dir.filePath("socket");
+};
+
+TEST_F(Instances, TheSecondBringsTheFirstForward) {
+    // The answer comes from the event loop of the first, which is another process; here, another thread.
+    QThread thread;
+    auto* running = new SingleInstance(path);
+    ASSERT_EQ(running->start(), SingleInstance::Start::First);
+    QSignalSpy raised(running, &SingleInstance::raiseWanted);
+    running->moveToThread(&thread);
+    QObject::connect(&thread, &QThread::finished, running, &QObject::deleteLater);
+    thread.start();
+    SingleInstance second(path);
+    EXPECT_EQ(second.start(), SingleInstance::Start::Second);
+    EXPECT_TRUE(second.problem().isEmpty());
+    thread.quit();
+    thread.wait();
+    EXPECT_EQ(raised.count(), 1);
+}
+
+TEST_F(Instances, ANeighboursSocketOrLockDoesNotEndTheProgramInSilence) {
+    QLocalServer foreign;
+    ASSERT_TRUE(foreign.listen(path));
+    QLockFile lock(path + ".lock");
+    ASSERT_TRUE(lock.tryLock());
+    SingleInstance instance(path);
+    EXPECT_EQ(instance.start(), SingleInstance::Start::Unclear);
+    EXPECT_TRUE(instance.problem().contains(path + ".lock")) << instance.problem().toStdString();
+    SingleInstance nowhere(dir.filePath("absent/socket"));
+    EXPECT_EQ(nowhere.start(), SingleInstance::Start::Unclear);
+    EXPECT_TRUE(nowhere.problem().contains(dir.filePath("absent/socket")));
 }
 
 TEST(MainForm, ShowsALanguageByTheOneTable) {

@@ -192,14 +192,16 @@ TEST(NamedProjectFile, KeepsFixedKeyWidthsAndComparesNoKey) {
     const QStringList lines = projectLines(
         "[Monitor Form]\n0123456789012345-1\n1234567890123456 4\nxxxxxxxxxxxxxxxx5\nxxxxxxxxxxxxxxxx6\n"
         "xxxxxxxxxxxxxxxx1\nxxxxxxxxxxxxxxxx2\n"
-        "[Com Setup]\nCom port=7\nModbus Mode =RTU\n012345678901234=19200\n\n\n\n");
+        "[Com Setup]\n0123456789012347\nModbus Mode =RTU\n01234567890123419200\nxxxxxxxxxxxxxxx8\n\n"
+        "xxxxxxxxxxxxxxx1\n");
     NamedProject project;
     const NamedProjectRead read = readNamedProject(lines, project);
     EXPECT_TRUE(read.ok());
     EXPECT_EQ(project.Monitor, (MonitorSection{-1, 4, 5, 6}));
-    EXPECT_EQ(project.ComSetup.ComPortComboBox, QString());
+    EXPECT_EQ(project.ComSetup.ComPortComboBox, QStringLiteral("7"));
     EXPECT_EQ(project.ComSetup.ModeComboBox, QStringLiteral("U"));
-    EXPECT_EQ(project.ComSetup.BaudComboBox, QStringLiteral("=19200"));
+    EXPECT_EQ(project.ComSetup.BaudComboBox, QStringLiteral("19200"));
+    EXPECT_EQ(project.ComSetup.ParityComboBox, QString());
     EXPECT_TRUE(!read.Trend.found && !read.QuickSetup.found);
 }
 
@@ -225,6 +227,17 @@ TEST(NamedProjectFile, StopsAtDamageInTheOrderOfItsReader) {
         {"0|3|1|2|85.0|40.0|4", "", "Line 32 has too few values."},
         {"Step4In  = 1,2,3,4,5,7,-1,-1\r\n\r\n", "", "Line 36 is missing."},
     };
+    const Damage comDamages[] = {
+        {"Com port     = 4", "Com port     = four", "Line 5 cannot be read: \"four\""},
+        {"Baud Rate    = ", "Baud Rate    = x", "Line 7 cannot be read: \"x9600\""},
+        {"Stopbits     = ", "Stopbits     = two ", "Line 10 cannot be read: \"two 2\""},
+    };
+    for (const Damage& damage : comDamages) {
+        NamedProject project;
+        const NamedProjectRead read = readNamedProject(changed(NamedFile, damage.from, damage.to), project);
+        EXPECT_EQ(read.error.toStdString(), damage.error);
+        EXPECT_FALSE(read.Monitor.found);
+    }
     for (const Damage& damage : damages) {
         NamedProject project;
         const NamedProjectRead read = readNamedProject(changed(NamedFile, damage.from, damage.to), project);

@@ -2,9 +2,12 @@
 // notices and questions of the link.
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSet>
@@ -134,18 +137,18 @@ TEST(ComSetupForm, TellsWhatStandsBehindTheNumber) {
     room.open();
     auto& box = named<QComboBox>(room.form, "ComPortComboBox");
     choose(box, QStringLiteral("3"));
-    EXPECT_EQ(room.portInfo(), "practice drive Tilia");
+    EXPECT_EQ(room.portInfo(), "practice drive Tilia, answers at ASCII, 9600, 7, N, 2");
     choose(box, QStringLiteral("4"));
     EXPECT_EQ(room.portInfo(), "/dev/no-such-device, not connected");
     room.form.close();
     room.ports = PortDirectory::fromText(QStringLiteral("4=practice:Aspen\n"));
     room.form.show();
-    EXPECT_EQ(room.portInfo(), "practice drive Aspen");
+    EXPECT_EQ(room.portInfo(), "practice drive Aspen, answers at ASCII, 9600, 7, N, 2");
 }
 
 TEST(ComSetupForm, TestByHandThenOnLine) {
     Room room;
-    TInitialForm wait(room.link);
+    TInitialForm wait(room.link, room.clock);
     room.open();
     EXPECT_FALSE(named<QWidget>(room.form, "OKBitBtn").isEnabled());
     click(room.form, "TestButton");
@@ -153,8 +156,10 @@ TEST(ComSetupForm, TestByHandThenOnLine) {
     EXPECT_FALSE(lit(room.form, "SuccessAbLED") || lit(room.form, "FailAbLED"));
     room.testIsOver();
     EXPECT_TRUE(lit(room.form, "SuccessAbLED"));
+    EXPECT_TRUE(named<QPushButton>(room.form, "OKBitBtn").isDefault());
+    EXPECT_EQ(room.form.focusWidget()->objectName(), QStringLiteral("OKBitBtn"));
 
-    room.person.expectBox(room.lang.MsgStr(18), QStringLiteral("Cofirm"), BoxAnswer::Yes);
+    room.person.expectBox(room.lang.MsgStr(Message::GoOnLine), QStringLiteral("Cofirm"), BoxAnswer::Yes);
     click(room.form, "OKBitBtn");
     EXPECT_FALSE(room.form.isVisible());
     EXPECT_FALSE(room.setup.shown.SuccessAbLED);
@@ -176,14 +181,16 @@ TEST(ComSetupForm, SilenceAndMissingPort) {
     room.open();
     choose(named<QComboBox>(room.form, "BaudComboBox"), QStringLiteral("1200"));
     click(room.form, "TestButton");
-    room.person.expectBox(room.lang.MsgStr(21), QStringLiteral("Warning"));
+    room.person.expectBox(room.lang.MsgStr(Message::ComTimeout), QStringLiteral("Warning"));
     room.testIsOver();
     EXPECT_TRUE(lit(room.form, "FailAbLED"));
     EXPECT_TRUE(room.form.isVisible());
-    EXPECT_FALSE(named<QLabel>(room.form, "PortErrorLabel").isVisible());
+    const auto& advice = named<QLabel>(room.form, "PortErrorLabel");
+    EXPECT_TRUE(advice.isVisible() && advice.text().contains(QStringLiteral("Auto-Detect")));
+    EXPECT_TRUE(named<QPushButton>(room.form, "TestButton").isDefault());
 
     room.station.port.unplug();
-    room.person.expectBox(room.lang.MsgStr(19), QStringLiteral("Error Message"));
+    room.person.expectBox(room.lang.MsgStr(Message::NoComPort), QStringLiteral("Error Message"));
     click(room.form, "TestButton");
     EXPECT_EQ(named<QLabel>(room.form, "PortErrorLabel").text(), room.station.port.openError());
     EXPECT_TRUE(named<QLabel>(room.form, "PortErrorLabel").isVisible());
@@ -207,8 +214,8 @@ TEST(ConnectForm, WalkFindsTheDriveWithTwoTests) {
     EXPECT_EQ(named<QLabel>(room.connectForm, "Label1").text(), QStringLiteral("Baud rate 9600"));
     EXPECT_EQ(named<QLabel>(room.connectForm, "Label2").text(),
               QStringLiteral("Modbus ASCII mode, protocol <7, N, 2 >"));
-    room.person.expectBox(room.lang.MsgStr(22), QStringLiteral("Cofirm"), BoxAnswer::Ok,
-                          [&] { EXPECT_FALSE(room.connectForm.isVisible()); });
+    room.person.expectBox(room.lang.MsgStr(Message::AutoDetectSuccess), QStringLiteral("Cofirm"),
+                          BoxAnswer::Ok, [&] { EXPECT_FALSE(room.connectForm.isVisible()); });
     room.testIsOver();
     EXPECT_EQ(room.station.port.writes().size(), 2);
     EXPECT_TRUE(lit(room.form, "SuccessAbLED"));
@@ -231,13 +238,16 @@ TEST(ConnectForm, ScannerRunsAndClosingEndsTheWalk) {
     EXPECT_EQ(named<QComboBox>(room.form, "ModeComboBox").currentText(), QStringLiteral("ASCII"));
     const qsizetype tests = room.station.port.writes().size();
     EXPECT_GT(tests, 3) << "the tests go on under it";
+    const auto& tried = named<QProgressBar>(room.connectForm, "TriedProgressBar");
+    EXPECT_EQ(tried.maximum(), 168);
+    EXPECT_EQ(tried.value(), tests);
 
-    QTest::keyClick(&room.connectForm, Qt::Key_Escape);
+    click(room.connectForm, "StopTransparentButton");
     EXPECT_FALSE(room.connectForm.isVisible());
     EXPECT_FALSE(room.connectForm.Timer1.Enabled());
     EXPECT_EQ(scanner.position(), -1);
     EXPECT_TRUE(named<QRadioButton>(room.form, "ManualRadioButton").isChecked());
-    room.person.expectBox(room.lang.MsgStr(21), QStringLiteral("Warning"));
+    room.person.expectBox(room.lang.MsgStr(Message::ComTimeout), QStringLiteral("Warning"));
     room.testIsOver();
     EXPECT_EQ(room.station.port.writes().size(), tests);
 }
@@ -248,7 +258,7 @@ TEST(ConnectForm, DeafLineEndsAndTheWindowCanBeClosedMeanwhile) {
     room.open();
     clickRadio(room.form, "AutoDetectRadioButton");
     click(room.form, "TestButton");
-    room.person.expectBox(room.lang.MsgStr(20), QStringLiteral("Warning"));
+    room.person.expectBox(room.lang.MsgStr(Message::NoDriveDetected), QStringLiteral("Warning"));
     room.testIsOver();
     EXPECT_EQ(room.station.port.writes().size(), 168);
     EXPECT_FALSE(room.connectForm.isVisible());
@@ -306,7 +316,7 @@ TEST(MessageForm, ThreeAnswersAndNoOtherWayOut) {
 
 TEST(CEmessageForm, StandsOverTheWindowInFrontAndFollowsTheLink) {
     Room room;
-    TInitialForm wait(room.link);
+    TInitialForm wait(room.link, room.clock);
     TCEmessageForm notice(room.link);
     room.station.line.faults().setChance(drive::LineFault::Silent, 100);
     room.setup.ComPortComboBoxChange(QStringLiteral("3"));
@@ -336,7 +346,7 @@ TEST(CEmessageForm, StandsOverTheWindowInFrontAndFollowsTheLink) {
 
 TEST(InitialForm, NobodyIsLockedInWhenTheLinkGivesUp) {
     Room room;
-    TInitialForm wait(room.link);
+    TInitialForm wait(room.link, room.clock);
     room.station.line.faults().setChance(drive::LineFault::Exception, 100);
     room.setup.copySettingsToLink();
     room.link.Initial();
@@ -346,6 +356,33 @@ TEST(InitialForm, NobodyIsLockedInWhenTheLinkGivesUp) {
     room.person.expectBox(QStringLiteral("Initial drive failed !!"), QStringLiteral("Error"), BoxAnswer::Ok,
                           [&] { EXPECT_FALSE(wait.isVisible()); });
     room.clock.advanceUntil([&] { return room.person.allAsked(); }, 60000);
+}
+
+// A line with foreign traffic can hold a wait for ever; nobody has to kill the program for it.
+TEST(InitialForm, CanBeLeftAfterFiveSeconds) {
+    Room room;
+    TInitialForm wait(room.link, room.clock);
+    QSignalSpy left(&wait, &TInitialForm::left);
+    const auto begin = [&] {
+        room.link.Notice.TInitialForm = true;
+        room.link.notifyChanged();
+        room.clock.advance(4900);
+        EXPECT_FALSE(named<QWidget>(wait, "CloseTransparentButton").isVisible());
+        room.clock.advance(200);
+    };
+    begin();
+    EXPECT_TRUE(named<QLabel>(wait, "WaitsForLabel").isVisible());
+    room.link.TxTimer.setEnabled(true);
+    click(wait, "CloseTransparentButton");
+    EXPECT_FALSE(wait.isVisible() || room.link.TxTimer.Enabled()) << "Initial has run";
+    EXPECT_EQ(left.size(), 1);
+
+    bool ownEnd = false;
+    wait.setWait({QStringLiteral("the first values"), [&] { ownEnd = true; }});
+    begin();
+    EXPECT_TRUE(named<QLabel>(wait, "WaitsForLabel").text().contains(QStringLiteral("the first values")));
+    QTest::keyClick(&wait, Qt::Key_Escape);
+    EXPECT_TRUE(ownEnd && !wait.isVisible());
 }
 
 TEST(PasswordForm, OneDoorForEachOwner) {
@@ -393,6 +430,8 @@ TEST(AboutForm, BrandAndThanks) {
     }
     TAboutForm form(0);
     EXPECT_EQ(named<QLabel>(form, "SNLabel").text(), QStringLiteral("Released Date : 2008-02-14"));
+    click(form, "CopyButton");
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("Orlan Kelvane 1.30\n")));
     QSignalSpy thanks(&form, &TAboutForm::thanksDoubleClicked);
     form.show();
     QTest::mouseDClick(&named<QLabel>(form, "SNLabel"), Qt::LeftButton);

@@ -25,10 +25,11 @@ struct ShellBench {
     std::unique_ptr<TMainForm> mainForm;
     std::unique_ptr<Windows> windows;
 
-    // project is the content of default.prj; without one the practice drive is chosen all the same.
-    explicit ShellBench(const QByteArray& project = {})
-        : folder(ProgramFolder::decide(dir.path(), dir.path())) {
-        if (!project.isEmpty()) writeWhole(folder.file("default.prj"), project);
+    // project is the content of default.prj, which lies at a path from the program's folder; without one the
+    // practice drive is chosen all the same.
+    explicit ShellBench(const QByteArray& project = {}, const QString& at = "default.prj")
+        : folder(ProgramFolder::decide(programs(), programs())) {
+        if (!project.isEmpty()) writeWhole(folder.file(at), project);
         language.table = LangTable::builtInEnglish();
         language.LanguageIndex = 4;
         tool = std::make_unique<Tool>(
@@ -48,6 +49,11 @@ struct ShellBench {
         }
     }
 
+    // With the folder of installed data beside it.
+    QString programs() const {
+        for (const char* made : {"bin", "share/kelvane"}) QDir(dir.path()).mkpath(made);
+        return dir.filePath("bin");
+    }
     template <class T>
     T* find(const char* name, QWidget* in = nullptr) {
         T* found =

@@ -104,7 +104,7 @@ TEST(SpreadsheetRoundTrip, SavedWorkbooksComeBackCellForCell) {
     EXPECT_TRUE(readBiff(writeBiff(texts).bytes).workbook == texts);
 }
 
-// Either the error is told or nothing is missing; memory and time stay bounded (the fuzz target goes
+// Either there is an error or nothing is missing; memory and time stay bounded (the fuzz target goes
 // further).
 TEST(SpreadsheetDamage, EveryTruncationIsNoticed) {
     const Workbook book = smallWorkbook();

@@ -19,7 +19,7 @@ struct ModelRow {
     ModelTexts texts;
 };
 
-// A family's table from its filled rows, told in rising order of their codes.
+// A family's table from its filled rows, in rising order of their codes.
 template <std::size_t Length, std::size_t Rows>
 consteval std::array<ModelTexts, Length> modelTable(const ModelRow (&rows)[Rows]) {
     std::array<ModelTexts, Length> table{};

@@ -111,7 +111,7 @@ class Keypad : public QObject {
     void readUserDisplay();
     void readMaxFreq();
     void sendFrequency(int value);
-    void refuseFrequency(int message);
+    void refuseFrequency(Message message);
     ValueTexts textsOnShow() const;
     void writeValue(const QString& word);
     void readAgain();

@@ -36,15 +36,16 @@ void Keypad::DataVrLabelDblClick() {
     // Limits and places on show must be those of the chosen parameter.
     if (!ParamInfoShown || screen.DataVrLabel.isEmpty() || !mayCommand()) return;
     if (screen.LockImageVisible) {
-        m_person.tell(m_lang.MsgStr(26), QStringLiteral("Warning Message"), BoxIcon::Exclamation);
+        m_person.tell(m_lang.MsgStr(Message::ParameterNotSettable), QStringLiteral("Warning Message"),
+                      BoxIcon::Exclamation);
         return;
     }
     const QString asked = m_recordCommand;
     const std::optional<QString> text = askValue(textsOnShow(), m_person);
     const std::optional<QString> word = text ? registerWordOf(*text) : std::nullopt;
     if (!word) return;
-    const BoxAnswer answer =
-        m_person.box(m_lang.MsgStr(27), QStringLiteral("Cofirm"), BoxIcon::Question, BoxButtons::OkCancel);
+    const BoxAnswer answer = m_person.box(m_lang.MsgStr(Message::WriteParameter), QStringLiteral("Cofirm"),
+                                          BoxIcon::Question, BoxButtons::OkCancel);
     // Meanwhile the line may have gone, and another drive may have come.
     const bool sameParameter = mayCommand() && ParamInfoShown && m_recordCommand == asked;
     if (answer == BoxAnswer::Ok && sameParameter) writeValue(*word);
@@ -83,14 +84,14 @@ void Keypad::InputEditEnter() {
     if (!mayCommand()) return;
     bool ok = false;
     const int value = ScaleDecimalText(screen.InputEdit, FrequencyDecimals).toInt(&ok);
-    if (screen.InputEdit.isEmpty() || !ok) return refuseFrequency(23);
-    if (value < 0) return refuseFrequency(28);
-    // Kept: with a maximum of 0, as long as the drive has told none, only 0 passes.
-    if (value > screen.FreqScrollBarMax) return refuseFrequency(29);
+    if (screen.InputEdit.isEmpty() || !ok) return refuseFrequency(Message::ValueNotLegal);
+    if (value < 0) return refuseFrequency(Message::ValueTooSmall);
+    // Kept: with a maximum of 0, as long as the drive has given none, only 0 passes.
+    if (value > screen.FreqScrollBarMax) return refuseFrequency(Message::ValueTooLarge);
     sendFrequency(value);
 }
 
-void Keypad::refuseFrequency(int message) {
+void Keypad::refuseFrequency(Message message) {
     screen.InputEdit = screen.displayVrLabel;
     tell();
     m_person.tell(m_lang.MsgStr(message), ErrorMessage);

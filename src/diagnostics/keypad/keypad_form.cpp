@@ -31,7 +31,7 @@ void TKeypadForm::listen() {
     connect(&m_keypad, &Keypad::selectInputWanted, InputEdit, &QLineEdit::selectAll);
     connect(InputEdit, &QLineEdit::textEdited, this,
             [this](const QString& text) { m_shown.InputEdit = m_keypad.screen.InputEdit = text; });
-    // By a person's hand only, not by a position that the drive told.
+    // By a person's hand only, not by a position that the drive gave.
     connect(FreqScrollBar, &QScrollBar::actionTriggered, this,
             [this] { m_keypad.FreqScrollBarScroll(FreqScrollBar->sliderPosition()); });
     connect(SelPrComboBox, &QComboBox::activated, &m_keypad, &Keypad::SelPrComboBoxChange);

@@ -1,4 +1,4 @@
-// The user display of a drive: a value and a format word, told as the digits and the lead character that the
+// The user display of a drive: a value and a format word, as the digits and the lead character that the
 // drive's own keypad would show.
 #pragma once
 

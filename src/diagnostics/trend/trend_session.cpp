@@ -208,7 +208,7 @@ void TrendSession::commandAnswered(quint8 task) {
     constexpr quint32 Reverse = 8;
     if (task == 2 || task == 6) AbTrend2.Channel(1).Digit = 10;
     if (task == 3) AbTrend2.Channel(1).Digit = 0;
-    // The status still shows the direction before the change: reverse has just been told to go forward.
+    // The status still shows the direction before the change: reverse has just been asked to go forward.
     if (task == 5) AbTrend2.Channel(3).Digit = status().StatusWords[1] & Reverse ? 50 : 40;
 }
 

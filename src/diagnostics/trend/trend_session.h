@@ -102,7 +102,7 @@ class TrendSession : public QObject {
     void OKTransparentButtonClick(int OptionLeftChannel, const QString& text,
                                   const std::array<int, Channels + 1>& penWidths);
 
-    // ---- Beside the told: settings of a recording, its journal, its table
+    // ---- Of our own: settings of a recording, its journal, its table
     FileResult saveTo(const QString& path);
     void loadFrom(const QString& path);
     TrendInfo info() const;

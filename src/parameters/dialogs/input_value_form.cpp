@@ -45,6 +45,8 @@ TInputValueForm::TInputValueForm(Operator& person, const LangTable& lang, QWidge
     setWindowTitle(QStringLiteral("Input Value"));
     setWindowModality(Qt::ApplicationModal);
     build();
+    InputEdit->setAccessibleName(tr("Value"));
+    InputComboBox->setAccessibleName(tr("Value"));
     InputEdit->installEventFilter(this);
     InputComboBox->installEventFilter(this);
     connect(OKTransparentButton, &QToolButton::clicked, this, &TInputValueForm::OKTransparentButtonClick);

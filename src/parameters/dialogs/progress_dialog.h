@@ -1,5 +1,5 @@
 // TProgressForm without its widgets: what the dialog says, its bar and its cancel mark. One for the whole
-// program; whoever works behind it shows it, steps it and closes it. The link is told whether it shows, since
+// program; whoever works behind it shows it, steps it and closes it. The link knows whether it shows, since
 // that decides what a failure does.
 #pragma once
 

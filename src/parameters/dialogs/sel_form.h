@@ -23,7 +23,7 @@ class SelForm : public QDialog {
     // A lamp that a click lights, putting out the others of the window.
     AbLED* addLed(const char* name, const QString& caption);
     QComboBox* addBox(const char* name, const QString& caption);
-    // Shows the window; then() is told whether it was closed by OK. A question that still stood is cancelled.
+    // Shows the window; then() learns whether it was closed by OK. A question that still stood is cancelled.
     void begin(std::function<void(bool byOk)> then);
     void keyPressEvent(QKeyEvent* event) override;  // Enter is OK
 

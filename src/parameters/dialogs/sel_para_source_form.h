@@ -15,7 +15,7 @@ class TSelParaSourceForm : public SelForm {
    public:
     explicit TSelParaSourceForm(QWidget* parent = nullptr);
 
-    // Shows the question under its told text; nothing comes back unless OK was pressed.
+    // Shows the question under its text; nothing comes back unless OK was pressed.
     void ask(const QString& text, std::function<void(std::optional<TableSide>)> then);
     // The lit lamp stays from one question to the next; closing a table sets it too.
     void light(TableSide side);

@@ -51,7 +51,7 @@ void KeypadSource::becomeKeypad() {
     link.setLamp(LampState::KeypadAsSource);
     link.DriveStatus.DriveReady = 0;
     link.DriveStatus.DriveFamily = static_cast<quint8>(Family::Keypad);
-    // A keypad tells values only; what an earlier drive told of its parameters must not stand beside them.
+    // A keypad tells values only; what an earlier drive said of its parameters must not stand beside them.
     std::fill(link.ParamRead.ReadField.begin() + 1, link.ParamRead.ReadField.end(), quint16(0));
     link.ParamRead.ReadName.clear();
     link.ParamRead.ReadUnit.clear();

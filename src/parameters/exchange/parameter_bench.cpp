@@ -7,7 +7,8 @@ void ParameterBench::goOnLine(const std::function<void()>& then) const {
         then();
         return;
     }
-    link.operatorAsked().tell(link.lang().MsgStr(7), QStringLiteral("Cofirm"), BoxIcon::Information);
+    link.operatorAsked().tell(link.lang().MsgStr(Message::SetUpPortFirst), QStringLiteral("Cofirm"),
+                              BoxIcon::Information);
     if (openComSetup) {
         openComSetup(then);
     } else {

@@ -61,7 +61,7 @@ int ParameterReader::highestNumber(int G) const {
 void ParameterReader::ReadDriveTransparentButtonClick() {
     m_bench.goOnLine([this] {
         if (m_bench.offLine()) {
-            m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(8), Cofirm);
+            m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(Message::PortNotReady), Cofirm);
             forgetReservedWish();
         } else {
             startRead();

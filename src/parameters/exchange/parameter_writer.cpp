@@ -50,7 +50,7 @@ bool ParameterWriter::isAspen() const {
 
 void ParameterWriter::SelectWriteSource(const WriteSource& source, WriteMode mode, bool useDefaults) {
     if (takeRows(source.table->grid, mode, useDefaults, AdvStringGrid1) == 0) {
-        m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(9), Cofirm);
+        m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(Message::NothingSelected), Cofirm);
         return;
     }
     m_source = source;
@@ -79,7 +79,7 @@ void ParameterWriter::OKTransparentButtonClick() {
     if (checked == 0) {
         form.barPosition = 0;
         Q_EMIT changed();
-        person.tell(m_bench.link.lang().MsgStr(9), Cofirm);
+        person.tell(m_bench.link.lang().MsgStr(Message::NothingSelected), Cofirm);
         return;
     }
     m_bench.whenOnLine([this, checked] { startWrites(checked); });
@@ -87,7 +87,7 @@ void ParameterWriter::OKTransparentButtonClick() {
 
 void ParameterWriter::startWrites(int checked) {
     Operator& person = m_bench.link.operatorAsked();
-    if (!person.yes(m_bench.link.lang().MsgStr(25), Cofirm) || !form.shown) return;
+    if (!person.yes(m_bench.link.lang().MsgStr(Message::WriteParameters), Cofirm) || !form.shown) return;
     WriteCount = static_cast<quint16>(checked);
     m_bench.link.DriveStatus.ExceptionTextDone = 0;  // of an exception before this run
     WriteRow = 0;
@@ -186,7 +186,8 @@ void ParameterWriter::recordRefusal() {
 void ParameterWriter::skipRow() {
     const bool number = withoutSeparatorToInt(AdvStringGrid1.cell(column::Data, WriteRow)).has_value();
     const auto doubt = doubtOf(AdvStringGrid1, WriteRow);
-    const QString why = number && doubt && !doubt->sent ? doubt->text : m_bench.link.lang().MsgStr(23);
+    const QString why =
+        number && doubt && !doubt->sent ? doubt->text : m_bench.link.lang().MsgStr(Message::ValueNotLegal);
     addErrorLine(ErrorAdvStringGrid, {AdvStringGrid1.cell(column::PrNo, WriteRow),
                                       AdvStringGrid1.cell(column::Description, WriteRow),
                                       AdvStringGrid1.cell(column::Data, WriteRow), QString(), why});

@@ -106,7 +106,7 @@ void ComparisonEngine::emptySheet(const QString& kind) {
 
 bool ComparisonEngine::sameModelOrWanted() {
     if (m_drive.identity.model == m_file.identity.model) return true;
-    return m_person.yes(m_lang.MsgStr(16), Cofirm);
+    return m_person.yes(m_lang.MsgStr(Message::DifferentTypes), Cofirm);
 }
 
 ComparisonOutcome ComparisonEngine::driveVsFile() {

@@ -39,7 +39,8 @@ bool TableLoader::load(const QString& path) {
 bool TableLoader::show(const QString& path) {
     const TableFileKind kind = tableFileKind(path);
     if (kind == TableFileKind::Unsupported) {
-        m_work.person.tell(m_work.lang.MsgStr(12), QStringLiteral("Warning"), BoxIcon::Exclamation);
+        m_work.person.tell(m_work.lang.MsgStr(Message::FormatNotSupported), QStringLiteral("Warning"),
+                           BoxIcon::Exclamation);
         return false;
     }
     if (kind == TableFileKind::Spreadsheet && !spreadsheetPresent(m_work.spreadsheet, m_work.person))

@@ -28,7 +28,7 @@ class TableLoader : public QObject {
     void tableLoaded();                   // into the table from file
     void comparisonLoaded();              // into the comparison
     void loaded(const QString& path);     // behind one of the two
-    void notLoaded(const QString& path);  // a box has told why
+    void notLoaded(const QString& path);  // a box has said why
 
    private:
     bool show(const QString& path);

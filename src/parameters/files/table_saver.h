@@ -48,7 +48,7 @@ class TableSaver : public QObject {
 
 // Tabs that are visible, in their order.
 std::vector<ParameterTab> openTabs(const ParameterScreen& screen);
-// False when no tab is visible: a box has told so.
+// False when no tab is visible: a box has said so.
 bool anyTabOpen(const ParameterScreen& screen, Operator& person);
 
 }  // namespace kelvane

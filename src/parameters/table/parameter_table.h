@@ -59,7 +59,7 @@ struct ParameterTable {
     QString TableFileName;  // path of a loaded file
 };
 
-// Rows. Each writes the whole row in the told order and drops what an earlier table left in it.
+// Rows. Each writes the whole row, column by column, and drops what an earlier table left in it.
 QStringList tableHeaders();
 QStringList writeListHeaders();
 QStringList comparisonHeaders();

@@ -107,7 +107,7 @@ class TParameterForm : public QMainWindow {
     QLabel* m_panel0;
     QLabel* m_panel1;
     QLabel* m_dateTime;
-    QString m_linkPanel;                      // panel 1 as the link last told it
+    QString m_linkPanel;                      // panel 1 as the link last had it
     TableSide m_menuSide = TableSide::Drive;  // mark of the tree's menu
     int m_menuRow = -1;                       // of the main table, for the row's menu
     bool m_mirroring = false;

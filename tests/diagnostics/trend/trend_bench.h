@@ -15,7 +15,7 @@ struct TrendSessionBench : SchedulerBench {
 
     explicit TrendSessionBench(Family family = Family::Larch) { recognise(family); }
 
-    // As identification does when a drive has told its family.
+    // As identification does when a drive has named its family.
     void recognise(Family family) {
         DriveStatusRecord& status = link.DriveStatus;
         status.DriveFamily = static_cast<quint8>(family);

@@ -145,7 +145,7 @@ TEST(ParameterWriter, MarksWhatWouldNotBeSentAsItReads) {
     EXPECT_EQ(asked,
               (QStringList{"FF0620050003", "FF0601001770", "FF0601010032", "FF060105000F", "FF0620050005"}));
     EXPECT_EQ(record, (QStringList{"does not fit a register, not sent", "does not fit a register, not sent",
-                                   b.link.lang().MsgStr(23), ""}));
+                                   b.link.lang().MsgStr(Message::ValueNotLegal), ""}));
 }
 
 // Rowan with several groups has numbers twice: a value goes back to the row that it came from.

@@ -1,0 +1,109 @@
+#include "shell/translations.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QDir>
+#include <QLibraryInfo>
+#include <QWidget>
+#include <array>
+
+#include "base/whole_file.h"
+#include "localisation/language_file.h"
+
+namespace kelvane {
+
+namespace {
+
+// Of Qt's catalogues, by LanguageIndex from 1.
+constexpr std::array<const char*, 10> QtNames{"zh_TW", "zh_CN", "de",    "en", "fr",
+                                              "ja",    "ko",    "pt_BR", "ru", "es"};
+
+// What a control shows, by the properties that hold it, and where its English is kept meanwhile.
+struct Shown {
+    const char* property;
+    const char* english;
+    const char* last;
+};
+constexpr std::array<Shown, 5> ShownTexts{{{"text", "englishText", "lastText"},
+                                           {"title", "englishTitle", "lastTitle"},
+                                           {"toolTip", "englishToolTip", "lastToolTip"},
+                                           {"placeholderText", "englishPlaceholder", "lastPlaceholder"},
+                                           {"accessibleName", "englishName", "lastName"}}};
+
+QString unescaped(QString text) { return text.replace(QLatin1String("\\n"), QLatin1String("\n")); }
+
+// What a person typed or a list holds is nobody's to translate.
+bool isContent(const QObject& object) {
+    for (const char* kind : {"QLineEdit", "QTextEdit", "QPlainTextEdit", "QComboBox", "QAbstractSpinBox"})
+        if (object.inherits(kind)) return true;
+    return false;
+}
+
+}  // namespace
+
+void TextCatalogue::read(const QByteArray& bytes) {
+    m_texts.clear();
+    for (const QString& line : QString::fromUtf8(bytes).split(QLatin1Char('\n'))) {
+        const QString entry = line.trimmed();
+        const qsizetype sign = entry.indexOf(QLatin1Char('='));
+        if (sign <= 0 || entry.startsWith(QLatin1Char('#'))) continue;
+        m_texts.insert(unescaped(entry.left(sign)), unescaped(entry.mid(sign + 1)));
+    }
+}
+
+QString TextCatalogue::text(const QString& english) const {
+    const qsizetype mark = english.indexOf(QLatin1Char('&'));
+    if (mark < 0 || mark + 1 == english.size() || m_texts.contains(english)) return m_texts.value(english);
+    QString found = m_texts.value(QString(english).remove(mark, 1));
+    if (found.isEmpty()) return found;
+    constexpr char16_t FirstIdeograph = 0x2E80;
+    if (found[0].unicode() < FirstIdeograph) return QLatin1Char('&') % found;
+    const qsizetype end = found.endsWith(QLatin1String("...")) ? found.size() - 3 : found.size();
+    return found.insert(end, QStringLiteral("(&%1)").arg(english[mark + 1].toUpper()));
+}
+
+QString TextCatalogue::translate(const char*, const char* sourceText, const char*, int) const {
+    return text(QString::fromUtf8(sourceText));
+}
+
+void Translations::choose(quint8 LanguageIndex, const QString& languageFolder) {
+    QCoreApplication::removeTranslator(&m_qt);
+    QCoreApplication::removeTranslator(&m_ours);
+    m_ours.read({});
+    constexpr quint8 English = 4;
+    if (LanguageIndex < 1 || LanguageIndex > QtNames.size() || LanguageIndex == English) return;
+    if (m_qt.load(QStringLiteral("qtbase_") + QLatin1String(QtNames[LanguageIndex - 1U]),
+                  QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&m_qt);
+    const QString name = QStringLiteral("Texts_%1.txt").arg(languageCode(LanguageIndex));
+    const FileContent file =
+        readWhole(languageFolder.isEmpty() ? QString() : QDir(languageFolder).filePath(name));
+    if (!file.ok) return;
+    m_ours.read(file.bytes);
+    QCoreApplication::installTranslator(&m_ours);
+}
+
+// A text that somebody has set since the last time is English again, or of a language file that knows it.
+void Translations::show(const QList<QWidget*>& windows) const {
+    const auto showIn = [this](QObject& object) {
+        for (const Shown& shown : ShownTexts) {
+            if (object.metaObject()->indexOfProperty(shown.property) < 0) continue;
+            if (qstrcmp(shown.property, "text") == 0 && isContent(object)) continue;
+            const QString now = object.property(shown.property).toString();
+            if (now.isEmpty()) continue;
+            const QVariant last = object.property(shown.last);
+            const QString english =
+                last.isValid() && last.toString() == now ? object.property(shown.english).toString() : now;
+            const QString found = m_ours.text(english);
+            const QString wanted = found.isEmpty() ? english : found;
+            if (wanted != now) object.setProperty(shown.property, wanted);
+            object.setProperty(shown.english, english);
+            object.setProperty(shown.last, wanted);
+        }
+    };
+    for (QWidget* window : windows)
+        for (QObject* object : window->findChildren<QObject*>())
+            if (qobject_cast<QWidget*>(object) || qobject_cast<QAction*>(object)) showIn(*object);
+}
+
+}  // namespace kelvane
