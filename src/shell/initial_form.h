@@ -28,12 +28,11 @@ class TInitialForm : public WaitForm {
         std::function<void()> leave;
     };
     void setWait(const Wait& wait) { m_wait = wait; }
+    // How far a wait has come that knows its length; 0 of 0 hides the bar.
+    void showProgress(int done, int total);
 
    Q_SIGNALS:
     void left();  // by the person; the wait's own end has run
-
-    // How far a wait has come that knows its length; 0 of 0 hides the bar.
-    void showProgress(int done, int total);
 
    protected:
     void reject() override;
