@@ -47,8 +47,7 @@ bool copyLanguageFiles(const QString& program) {
 
 // As on a first start: the project that is delivered, and none of the files that the walk will save.
 bool prepare(const QString& program, const QString& files) {
-    for (const char* old : {"table.txt", "table.CSV", "table.xls", "table.pdf", "project.prj"})
-        QFile::remove(QDir(files).filePath(QLatin1String(old)));
+    for (const QString& old : QDir(files).entryList(QDir::Files)) QFile::remove(QDir(files).filePath(old));
     QFile::remove(QDir(program).filePath(QStringLiteral("ui-state.ini")));
     const FileContent first = readWhole(QStringLiteral(":/first-start/default.prj"));
     return first.ok && writeWhole(QDir(program).filePath(QStringLiteral("default.prj")), first.bytes).ok &&

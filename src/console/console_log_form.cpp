@@ -40,12 +40,14 @@ ConsoleLogView::ConsoleLogView(AdvanceConsole& console, QWidget* parent)
     buildBar(column);
     auto* splitter = named<QSplitter>("LogSplitter", this);
     MsgRichEdit = named<QPlainTextEdit>("MsgRichEdit", splitter);
+    MsgRichEdit->setTabChangesFocus(true);
     MsgRichEdit->setReadOnly(true);
     MsgRichEdit->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     MsgRichEdit->setLineWrapMode(QPlainTextEdit::NoWrap);
     MsgRichEdit->setUndoRedoEnabled(false);
     MsgRichEdit->setAccessibleName(QStringLiteral("History of exchanges, newest first"));
     ExplainMemo = named<QPlainTextEdit>("ExplainMemo", splitter);
+    ExplainMemo->setTabChangesFocus(true);
     ExplainMemo->setReadOnly(true);
     ExplainMemo->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     ExplainMemo->setPlaceholderText(QStringLiteral("What the line under the caret says"));

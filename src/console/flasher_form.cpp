@@ -28,6 +28,7 @@ FlasherForm::FlasherForm(AdvanceConsole& console, QWidget* parent) : QWidget(par
     row->addStretch();
     const auto memo = [this](const char* name, const QString& what) {
         auto* made = named<QPlainTextEdit>(name, this);
+        made->setTabChangesFocus(true);
         made->setReadOnly(true);
         made->setAccessibleName(what);
         return made;

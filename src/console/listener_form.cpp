@@ -52,8 +52,10 @@ ListenerForm::ListenerForm(AdvanceConsole& console, QWidget* parent)
     column->addWidget(buildCutting());
     auto* splitter = named<QSplitter>("ListenerSplitter", this);
     RxMemo = named<TimedMemo>("RxMemo", static_cast<int>(PortListener::Room), splitter);
+    RxMemo->setTabChangesFocus(true);
     RxMemo->setAccessibleName(QStringLiteral("What was heard"));
     RxExplainMemo = named<QPlainTextEdit>("RxExplainMemo", splitter);
+    RxExplainMemo->setTabChangesFocus(true);
     RxExplainMemo->setReadOnly(true);
     RxExplainMemo->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     RxExplainMemo->setPlaceholderText(QStringLiteral("What the line under the caret says"));

@@ -247,7 +247,7 @@ TEST(QuickSetupForm, AProjectKeepsTheControlsAndGivesThemBack) {
     QTest::keyClick(b.box(25), Qt::Key_Home);
     b.wizard.close();
     const QString path = b.dir.filePath("line.prj");
-    b.person.expectSave("Project File(*.prj)|*.prj", {}, path);
+    b.person.expectSave("Project File(*.prj)|*.prj", "prj", path);
     b.tool->SaveTransparentButtonClick();
     const QString saved = QString::fromLatin1(readWhole(path).bytes);
     EXPECT_TRUE(saved.contains("Step1    = 0|3|1.00|0|92|36|4\r\n")) << saved.toStdString();
