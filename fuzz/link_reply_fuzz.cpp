@@ -13,7 +13,7 @@ namespace {
 
 using namespace kelvane;
 
-// A port that swallows what is sent and delivers bursts, or lets them wait while it is told to hold back.
+// A port that swallows what is sent and delivers bursts, or lets them wait while it is asked to hold back.
 class FuzzPort final : public TApdComPort {
    public:
     bool open() override { return m_open = true; }

@@ -25,7 +25,7 @@ QTextCharFormat formatOf(const ConsoleLine& line, const QPalette& palette) {
     if (!line.failed()) return format;
     const QColor told = QColor::fromRgb(line.colour);
     format.setForeground(told);
-    // The two told colours are dark; on a dark ground they get a light one of their own.
+    // The two given colours are dark; on a dark ground they get a light one of their own.
     if (contrast(told, palette.color(QPalette::Base)) < 4.5)
         format.setBackground(readablePair(told, std::nullopt, palette).background);
     return format;

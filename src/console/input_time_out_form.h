@@ -1,4 +1,4 @@
-// TInputTimeOutForm: one of the console's two time-outs, told by Tag, in milliseconds.
+// TInputTimeOutForm: one of the console's two time-outs, by Tag, in milliseconds.
 #pragma once
 
 #include <QDialog>

@@ -47,7 +47,7 @@ class PortListener : public QObject {
 
     void RUNmonitorTransparentButtonClick();
     void STOPmonitorTransparentButtonClick();
-    // The port is gone while it was listened to: what was heard stays, and the reason is told.
+    // The port is gone while it was listened to: what was heard stays, and the history has the reason.
     void portLost(const QString& reason);
     const QString& notice() const { return m_notice; }
     void ClearClick();

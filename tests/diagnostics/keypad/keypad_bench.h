@@ -31,7 +31,7 @@ struct KeypadBench {
         taken();
     }
 
-    // The drive has told who it is and answered the first poll.
+    // The drive has said who it is and answered the first poll.
     void identify(Family family, std::initializer_list<quint16> counts) {
         link.emptyQueues();
         status.DriveFamily = static_cast<quint8>(family);
