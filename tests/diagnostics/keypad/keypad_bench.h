@@ -71,7 +71,8 @@ struct KeypadBench {
     QString taken() {
         QStringList pushed;
         for (size_t i = 0; i < link.TaskQueue.size(); ++i)
-            pushed += QString::number(link.TaskQueue[i]) + " " + link.CommandQueue[i];
+            pushed += QString::number(link.TaskQueue[i]) + " " +
+                      (i < link.CommandQueue.size() ? link.CommandQueue[i] : QString());
         link.TaskQueue.clear();
         link.CommandQueue.clear();
         link.rest();

@@ -159,7 +159,7 @@ TEST(TableTextFile, RefusesWhatCannotBeATable) {
           QByteArray("[Comparison Type]\r\n[File Info]"), QByteArray("to do\r\nbuy milk\r\ncall Ann\r\n"),
           QByteArray("\x7F"
                      "ELF\0\1|\n\xFF\xFE|x\n",
-                     15)
+                     13)
               .repeated(40)}) {
         const LoadedFile file = readTableText(bytes, TextFormat::Txt, {});
         EXPECT_FALSE(file.table || file.comparison);
