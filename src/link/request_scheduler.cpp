@@ -89,7 +89,7 @@ void RequestScheduler::TxTimerTimer() {
     const bool sent = !command.isEmpty() && SendUsart(command);
     // A STOP that the port did not take stays and is tried again.
     if (!sent && !inConsole() && TaskQueue.front() != StopTask) emptyQueues();
-    prepareToReceive();
+    prepareToReceive(command);
     if (inConsole() && Console.listens()) return;
     armFirstWait();
 }
@@ -128,13 +128,13 @@ bool RequestScheduler::SendUsart(const QString& command) {
     return sent;
 }
 
-void RequestScheduler::prepareToReceive() {
+void RequestScheduler::prepareToReceive(const QString& command) {
     RxTickCount = 0;
     Console.FirstWaitOver = 0;
     m_wholeReply = false;
     endHoldBack();
     Rx.prepare(mode());
-    m_trust.sent(m_wireTimeUs, m_sentAgain);
+    m_trust.sent(mode(), command, m_wireTimeUs, m_sentAgain);
 }
 
 // Nothing is counted while the request is still on the wire. In RTU it ends with its silence: without that, a

@@ -130,7 +130,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     void stepIndicator(int position);
     void pushPollIfIdle();
     bool SendUsart(const QString& command);
-    void prepareToReceive();
+    void prepareToReceive(const QString& command);
     void armFirstWait();
 
     // Wait step.
