@@ -13,6 +13,8 @@ constexpr qsizetype MostHeard = 2048;        // bytes; a line that chatters on h
 constexpr qsizetype ShortestRtuReply = 5;
 constexpr qsizetype MostRemembered = 128;  // replies
 constexpr int EarlyByHabit = 3;            // exchanges in a row
+constexpr qint64 UsualDelay = 48000;       // us; from a request to its answer, where none is known
+constexpr qint64 DelaySpread = 32000;      // us; by which an answer may be slower than those before
 
 QByteArray asciiBinary(const QByteArray& frame) { return QByteArray::fromHex(frame.mid(1).trimmed()); }
 
@@ -75,11 +77,13 @@ ReplyTrust::ReplyTrust(TickClock& clock, std::function<void()> onSilent)
       m_silence(clock, TickKind::Waiting, 1, [this] { silentTick(); }) {}
 
 void ReplyTrust::sent(LinkMode mode, const QString& command, qint64 wireTimeUs, bool again) {
+    if (!m_heard.isEmpty() && !inDoubt()) m_slowestUs = std::max(m_slowestUs, m_delayUs);
     remember(mode);
     if (!m_early) m_earlyInARow = 0;
     m_command = command;
     m_heard.clear();
-    m_earliestUs = m_clock.nowUs() + wireTimeUs;
+    m_sentUs = m_clock.nowUs();
+    m_earliestUs = m_sentUs + wireTimeUs;
     m_again = again;
     m_early = m_more = m_copy = false;
 }
@@ -94,14 +98,16 @@ void ReplyTrust::remember(LinkMode mode) {
 }
 
 bool ReplyTrust::heardForAnother(const QByteArray& reply) const {
-    return std::any_of(m_before.begin(), m_before.end(), [&](const Heard& one) {
-        return one.reply == reply && one.command != m_command;
-    });
+    return std::any_of(m_before.begin(), m_before.end(),
+                       [&](const Heard& one) { return one.reply == reply && one.command != m_command; });
 }
 
 void ReplyTrust::heard(LinkMode mode, const QByteArray& burst) {
     if (m_silenceLeft > 0) m_silenceLeft = m_silenceOwed;
-    if (m_heard.isEmpty() && m_clock.nowUs() < m_earliestUs) m_early = true;
+    if (m_heard.isEmpty()) {
+        m_delayUs = m_clock.nowUs() - m_sentUs;
+        m_early = m_clock.nowUs() < m_earliestUs;
+    }
     m_heard += burst;
     if (m_heard.size() > MostHeard) m_heard.remove(0, m_heard.size() - MostHeard);
     const qsizetype end = mode == LinkMode::Ascii ? m_heard.indexOf("\r\n") : -1;
@@ -111,6 +117,12 @@ void ReplyTrust::heard(LinkMode mode, const QByteArray& burst) {
 
 bool ReplyTrust::othersMayCome() const {
     return m_more || tooEarly() || m_copy || m_clock.nowUs() < m_lostUntilUs;
+}
+
+bool ReplyTrust::ownAnswerIsDue() const {
+    const qint64 now = m_clock.nowUs();
+    return m_copy && !m_again && !m_more && !tooEarly() && now >= m_lostUntilUs &&
+           now >= m_sentUs + std::max(m_slowestUs, UsualDelay) + DelaySpread;
 }
 
 std::optional<QByteArray> ReplyTrust::answer(LinkMode mode, const QString& command) const {
@@ -142,6 +154,7 @@ void ReplyTrust::answered(const QByteArray& reply) {
 void ReplyTrust::forgetPace() {
     m_paceless = false;
     m_earlyInARow = 0;
+    m_slowestUs = 0;
     m_before.clear();
 }
 

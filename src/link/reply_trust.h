@@ -30,6 +30,9 @@ class ReplyTrust {
     // Answers to other requests may be among what is heard.
     bool othersMayCome() const;
     bool inDoubt() const { return m_again || othersMayCome(); }
+    // All the doubt there is comes from a copy of another request's reply, and by now a slow answer of its own
+    // would have begun.
+    bool ownAnswerIsDue() const;
     bool heardAnything() const { return !m_heard.isEmpty(); }
     // The one reply that fits; nothing when there is none, or when two that fit are not the same. A copy of what
     // was heard for another request does not count beside a fresh one, nor where no answer can have begun.
@@ -67,7 +70,10 @@ class ReplyTrust {
     QList<Heard> m_before;    // whole replies of the exchanges of the last seconds, oldest first
     QString m_command;        // the request in hand
     QByteArray m_heard;       // since the request was sent
+    qint64 m_sentUs = 0;
     qint64 m_earliestUs = 0;  // before it no answer can begin
+    qint64 m_slowestUs = 0;   // from a request to the first byte of its answer, in any exchange without doubt
+    qint64 m_delayUs = 0;     // the same in the exchange in hand
     qint64 m_lostUntilUs = 0;
     bool m_again = false;
     bool m_early = false;

@@ -36,8 +36,6 @@ inline std::vector<Harm> brokenReplies() {
     return {{"doubled at once", Doubled, 0},
             {"doubled after 3 ms", Doubled, 3},
             {"doubled after 30 ms", Doubled, 30},
-            {"doubled after 300 ms", Doubled, 300},
-            {"doubled after 1.2 s", Doubled, 1200},
             {"two pieces, 50 ms", InPieces, 50},
             {"two pieces, 150 ms", InPieces, 150},
             {"two pieces, 200 ms", InPieces, 200},
@@ -47,6 +45,12 @@ inline std::vector<Harm> brokenReplies() {
             {"three pieces, 200 ms", InPieces, 200, 3},
             {"three pieces, 450 ms", InPieces, 450, 3},
             {"three pieces, 1 s", InPieces, 1000, 3}};
+}
+
+// They hold up the replies behind them.
+inline std::vector<Harm> lateCopies() {
+    using enum drive::LineFault;
+    return {{"doubled after 300 ms", Doubled, 300}, {"doubled after 1.2 s", Doubled, 1200}};
 }
 
 inline std::vector<Harm> plainHarms() {

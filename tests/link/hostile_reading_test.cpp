@@ -99,7 +99,7 @@ TEST_P(HostileReading, FillsEveryRowWithItsOwnRecord) {
     int number = 0;
     int failed = 0;
     for (const int Baud : bauds)
-        for (const Harm& harm : lateReplies() + brokenReplies())
+        for (const Harm& harm : lateReplies() + brokenReplies() + lateCopies())
             for (int first = 1; first <= Apart; ++first) {
                 if (++number % 67 && !everyCase()) continue;
                 OnLineBench bench(
@@ -182,7 +182,7 @@ TEST_P(HostileReading, WritesWhatWasAskedForAndNothingElse) {
     int number = 0;
     int failed = 0;
     for (const int Baud : bauds)
-        for (const Harm& harm : plainHarms() + lateReplies() + brokenReplies())
+        for (const Harm& harm : plainHarms() + lateReplies() + brokenReplies() + lateCopies())
             for (int first = 1; first <= Apart; ++first) {
                 if (++number % 29 && !everyCase()) continue;
                 WriteBench bench(

@@ -69,7 +69,7 @@ struct RandomSession {
         judgeStop();
     }
     void harm() {
-        static const std::vector<Harm> harms = plainHarms() + lateReplies() + brokenReplies();
+        static const std::vector<Harm> harms = plainHarms() + lateReplies() + brokenReplies() + lateCopies();
         const Harm& one = harms[size_t(roll(int(harms.size())))];
         b.faults().clear();  // its lateness is not the next one's
         one.setOn(b.station.line.options());
