@@ -30,18 +30,19 @@ class ReplyTrust {
     // Answers to other requests may be among what is heard.
     bool othersMayCome() const;
     bool inDoubt() const { return m_again || othersMayCome(); }
-    // All the doubt there is comes from a copy of another request's reply, and by now a slow answer of its own
-    // would have begun.
+    // All the doubt there is comes from a copy of another request's reply, and by now a slow answer of its
+    // own would have begun.
     bool ownAnswerIsDue() const;
     bool heardAnything() const { return !m_heard.isEmpty(); }
-    // The one reply that fits; nothing when there is none, or when two that fit are not the same. A copy of what
-    // was heard for another request does not count beside a fresh one, nor where no answer can have begun.
+    // The one reply that fits; nothing when there is none, or when two that fit are not the same. A copy of
+    // what was heard for another request does not count beside a fresh one, nor where no answer can have
+    // begun.
     std::optional<QByteArray> answer(LinkMode mode, const QString& command) const;
     bool heardEcho(LinkMode mode, const QString& command) const;  // of a write
     bool heardWholeReply(LinkMode mode) const { return !wholeReplies(mode, m_heard).isEmpty(); }
     // The exchange ended with a good answer. A line that answers before the request can have left it has no
-    // pace (a pseudo terminal, a gateway); there, being early is no sign of a late answer. One such reply may be
-    // the copy of another, several in a row are the line's way.
+    // pace (a pseudo terminal, a gateway); there, being early is no sign of a late answer. One such reply may
+    // be the copy of another, several in a row are the line's way.
     void answered(const QByteArray& reply);
 
     // ---- After it
@@ -67,9 +68,9 @@ class ReplyTrust {
     TickTimer m_silence;
     quint32 m_silenceOwed = 0;  // ticks
     quint32 m_silenceLeft = 0;
-    QList<Heard> m_before;    // whole replies of the exchanges of the last seconds, oldest first
-    QString m_command;        // the request in hand
-    QByteArray m_heard;       // since the request was sent
+    QList<Heard> m_before;  // whole replies of the exchanges of the last seconds, oldest first
+    QString m_command;      // the request in hand
+    QByteArray m_heard;     // since the request was sent
     qint64 m_sentUs = 0;
     qint64 m_earliestUs = 0;  // before it no answer can begin
     qint64 m_slowestUs = 0;   // from a request to the first byte of its answer, in any exchange without doubt
