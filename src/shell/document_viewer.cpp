@@ -10,7 +10,7 @@ namespace kelvane {
 namespace {
 
 // Programs named for PDF in a list of the desktop's associations ("application/pdf=a.desktop;b.desktop;").
-// Source: the freedesktop.org specification of MIME applications associations.
+// Source: freedesktop.org, "Association between MIME types and applications".
 QStringList named(const QString& path) {
     QFile file(path);
     QStringList found;
