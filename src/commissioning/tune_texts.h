@@ -13,6 +13,9 @@ struct TuneTexts {
     QStringList descriptions;  // TuneDesLabel of each entry; the first is empty
 };
 
+// One of the twelve, from 1, in the order of their keys.
+QString tuneText(const LangTable& lang, int field);
+
 // For a drive with two motors other entries are offered than for the rest.
 TuneTexts tuneTexts(const LangTable& lang, bool twoMotors);
 

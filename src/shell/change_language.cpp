@@ -1,56 +1,25 @@
 #include "shell/change_language.h"
 
 #include <QAction>
-#include <QGroupBox>
-#include <QLabel>
-#include <QMenu>
-#include <QTabWidget>
 #include <QWidget>
 
 #include "localisation/language_sections.h"
+#include "shell/captions.h"
 #include "ui/named.h"
+#include "ui/string_grid_view.h"
 
 namespace kelvane {
 
 namespace {
 
-QWidget* windowNamed(const QList<QWidget*>& windows, const char* name) {
-    for (QWidget* window : windows)
-        if (window->objectName() == QLatin1String(name)) return window;
-    return nullptr;
-}
-
-// A page of a tab widget shows its caption on its tab.
-bool setTabText(QWidget* page, const QString& text) {
-    for (QWidget* above = page->parentWidget(); above; above = above->parentWidget()) {
-        auto* tabs = qobject_cast<QTabWidget*>(above);
-        if (!tabs || tabs->indexOf(page) < 0) continue;
-        tabs->setTabText(tabs->indexOf(page), text);
-        return true;
-    }
-    return false;
-}
-
-void setText(QObject* control, const QString& text) {
-    if (auto* menu = qobject_cast<QMenu*>(control)) {
-        menu->setTitle(text);
-    } else if (auto* box = qobject_cast<QGroupBox*>(control)) {
-        box->setTitle(text);
-    } else if (control->metaObject()->indexOfProperty("text") >= 0) {
-        control->setProperty("text", text);
-    } else if (auto* page = qobject_cast<QWidget*>(control)) {
-        if (!setTabText(page, text)) page->setWindowTitle(text);
-    }
-}
-
 void setGroupTexts(const QObject& window, const KeyGroup& keys, const TextGroup& texts) {
     for (int number = 1; number <= keys.count() && number <= texts.filled; ++number) {
         const KeyTarget& target = keys.targets[static_cast<size_t>(number - 1)];
         auto* control = window.findChild<QObject*>(QString::fromLatin1(target.control));
-        if (control && target.kind == TargetKind::Control)
-            setText(control, shownText(target, texts.at(number)));
-        if (control && target.kind == TargetKind::MemoLine)
-            control->setProperty("plainText", texts.at(number));
+        if (control && (target.kind == TargetKind::Control || target.kind == TargetKind::MemoLine))
+            setCaption(*control, shownText(target, texts.at(number)));
+        if (auto* view = qobject_cast<StringGridView*>(control); view && target.kind == TargetKind::GridRow)
+            view->grid()->setCell(0, target.row, texts.at(number));
     }
 }
 
@@ -66,7 +35,7 @@ void mirrorMenuItems(const QObject& mainWindow) {
     for (const MirroredMenu& mirror : mirroredMenus()) {
         const auto* button = mainWindow.findChild<QWidget*>(QString::fromLatin1(mirror.button));
         auto* item = mainWindow.findChild<QAction*>(QString::fromLatin1(mirror.menuItem));
-        if (button && item) item->setText(button->property("text").toString());
+        if (button && item) item->setText(captionOf(*button));
     }
 }
 
@@ -77,7 +46,7 @@ void copyLabels(const QList<QWidget*>& windows) {
         if (!mainWindow || !window) continue;
         const auto* from = mainWindow->findChild<QWidget*>(QString::fromLatin1(label.control));
         auto* to = window->findChild<QWidget*>(QString::fromLatin1(label.copy));
-        if (from && to) setText(to, from->property("text").toString());
+        if (from && to) setCaption(*to, captionOf(*from));
     }
 }
 

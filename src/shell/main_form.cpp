@@ -4,6 +4,7 @@
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QFrame>
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QLabel>
@@ -13,6 +14,7 @@
 #include <QStatusBar>
 #include <array>
 
+#include "localisation/language_writer.h"
 #include "shell/window_table.h"
 #include "ui/display_label.h"
 #include "ui/elided_label.h"
@@ -47,6 +49,21 @@ constexpr std::array<LanguageItem, 10> languageItems{{{"ChineseT", "Chinese(trad
                                                       {"Portuguese", "Portuguese", false},
                                                       {"Russian", "Russian", true},
                                                       {"Spanish", "Spanish", false}}};
+
+struct ManualItem {
+    const char* name;
+    const char* caption;
+};
+constexpr std::array<ManualItem, ManualCount> manualItems{{{"SoftManuCHT", "Chinese(traditional)"},
+                                                           {"SoftManuCHS", "Chinese(simplified)"},
+                                                           {"SoftManuDeu", "Deutsch"},
+                                                           {"SoftManuEng", "English"},
+                                                           {"SoftManuFre", "French"},
+                                                           {"SoftManuJap", "Japanese"},
+                                                           {"SoftManuKor", "Korean"},
+                                                           {"SoftManuPor", "Portuguese"},
+                                                           {"SoftManuRus", "Russian"},
+                                                           {"Spanish1", "Spanish"}}};
 
 const char* brandTitle(int BrandVariant) {
     switch (BrandVariant) {
@@ -180,12 +197,23 @@ void TMainForm::buildPracticeItems() {
 
 void TMainForm::buildHelpMenu() {
     QMenu* help = menu("HelpsMenu", tr("&Help"));
-    QAction* manual = item(help, "SoftwareUserManual", tr("Software user manual"), {});
-    manual->setEnabled(false);
-    QAction* driveManual = item(help, "UserManual", tr("Drive user manual"), {});
-    driveManual->setEnabled(false);
+    buildManualItems();
     help->addSeparator();
     item(help, "HelpAboutItem", tr("About..."), [this] { Q_EMIT aboutWanted(); })->setIcon(icon(Icon::About));
+}
+
+void TMainForm::buildManualItems() {
+    auto* help = findChild<QMenu*>(QStringLiteral("HelpsMenu"));
+    QMenu* manuals = help->addMenu(tr("Software user manual"));
+    manuals->setObjectName(QStringLiteral("SoftwareUserManual"));
+    for (int number = 1; number <= static_cast<int>(manualItems.size()); ++number) {
+        const ManualItem& manual = manualItems[static_cast<size_t>(number - 1)];
+        item(manuals, manual.name, QLatin1String(manual.caption),
+             [this, number] { m_tool.OpenSoftwareUserManual(number); });
+    }
+    item(help, "UserManual", tr("Drive user manual"), [this] {
+        m_tool.UserManualClick();
+    })->setEnabled(false);
 }
 
 // ---- Centre ----
@@ -215,10 +243,15 @@ QWidget* TMainForm::buildButtons() {
                           [this] { m_tool.SaveTransparentButtonClick(); }));
     row->addWidget(button("ExitTransparentButton", Icon::Exit, tr("Exit"), tr("Close the program"),
                           [this] { close(); }));
+    auto* bevel = named<QFrame>("Bevel4");
+    bevel->setFrameStyle(QFrame::VLine | QFrame::Sunken);
     auto* saveLanguage = button("LangTransparentButton", Icon::Language, tr("Save Lang"),
-                                tr("Save the captions on the screen to a language file"), [] {});
-    saveLanguage->setVisible(false);
-    row->addWidget(saveLanguage);
+                                tr("Save the captions on the screen to a language file"),
+                                [this] { LangTransparentButtonClick(); });
+    for (QWidget* hidden : {static_cast<QWidget*>(bevel), static_cast<QWidget*>(saveLanguage)}) {
+        hidden->setVisible(false);
+        row->addWidget(hidden);
+    }
     row->addStretch();
     return bar;
 }
@@ -393,6 +426,24 @@ void TMainForm::enableWindows() {
         findChild<QAction*>(QLatin1String(entry.menuItem))->setEnabled(on);
         if (entry.button) findChild<QWidget*>(QLatin1String(entry.button))->setEnabled(on);
     }
+}
+
+void TMainForm::enableSaveLanguage(const LiveTexts& live) {
+    m_liveTexts = &live;
+    for (const char* name : {"Bevel4", "LangTransparentButton"})
+        findChild<QWidget*>(QLatin1String(name))->setVisible(true);
+}
+
+void TMainForm::LangTransparentButtonClick() {
+    if (!m_liveTexts) return;
+    Operator& person = m_tool.bench.person;
+    const Language& language = m_tool.bench.language;
+    person.suggestedName = languageFileName(language.LanguageIndex);
+    // Kept: a name without an extension gets that of projects.
+    const auto path = person.saveFile(QStringLiteral("TXT File(*.txt)|*.txt"), QStringLiteral("prj"));
+    if (!path) return;
+    const FileResult written = saveLanguage(*path, language, *m_liveTexts);
+    if (!written.ok) person.tell(written.error, QStringLiteral("Error"), BoxIcon::Stop);
 }
 
 void TMainForm::checkLanguageItem(quint8 LanguageIndex) {

@@ -16,6 +16,7 @@ namespace kelvane {
 
 class AbLED;
 class ElidedLabel;
+class LiveTexts;
 enum class Icon : int;
 class PictureBox;
 class TransparentButton;
@@ -32,6 +33,9 @@ class TMainForm : public QMainWindow {
     void showHistory(const QString& line);
     void saveHistory();
     void ComStatusAbLEDDblClick();
+    // The edit mode of languages begins: "Save Lang" appears, and writes what live shows.
+    void enableSaveLanguage(const LiveTexts& live);
+    void LangTransparentButtonClick();
     // Whether a window with a STOP is open, for the menu.
     std::function<bool()> stopReady;
 
@@ -56,6 +60,7 @@ class TMainForm : public QMainWindow {
     std::function<void()> wanted(const WindowRow& row);
     void buildOptionsMenu();
     void buildLanguageItems();
+    void buildManualItems();
     void buildPracticeItems();
     void buildHelpMenu();
     void buildCentre();
@@ -72,6 +77,7 @@ class TMainForm : public QMainWindow {
     void showPicture();
 
     Tool& m_tool;
+    const LiveTexts* m_liveTexts = nullptr;  // in the edit mode
     AbLED* m_lamp = nullptr;
     VrIndicator* m_indicator = nullptr;
     static constexpr int NoFamily = -1;

@@ -7,6 +7,7 @@
 #include "link/qt_com_port.h"
 #include "localisation/startup_language.h"
 #include "shell/change_language.h"
+#include "shell/document_viewer.h"
 #include "shell/logo_form.h"
 #include "shell/practice_drives.h"
 #include "shell/single_instance.h"
@@ -66,6 +67,7 @@ int runTool(QApplication& app) {
     Tool tool({clock, wallClock, person, folder, language, portFactory(practice, LinkPortFlow),
                portFactory(practice, SetupPortFlow)});
     tool.tripPracticeDrive = [&practice](Family family) { practice.raiseFault(family); };
+    tool.viewer = desktopViewer();
     UiState looks(folder.file(QStringLiteral("ui-state.ini")));
     person.lastFolder = looks.text(QStringLiteral("lastFolder"));
     TMainForm mainForm(tool);

@@ -167,6 +167,21 @@ void Tool::SaveTransparentButtonClick() {
     Q_EMIT panel0Changed();
 }
 
+void Tool::OpenSoftwareUserManual(int number) {
+    if (!pdfViewerInstalled(viewer)) {
+        bench.person.tell(QStringLiteral("Please install the Adobe Acrobat first !!"),
+                          QStringLiteral("Error"));
+        return;
+    }
+    // Kept: a manual that is not there, or does not open, passes in silence.
+    const QString path = bench.folder.findData(manualFile(number));
+    if (!path.isEmpty()) viewer.open(path);
+}
+
+void Tool::UserManualClick() {
+    for (const QString& line : viewerLines(viewer)) link.ShowHistoryMsg(line);
+}
+
 void Tool::OpenTransparentButtonClick() {
     const std::optional<QString> path = site.person.openFile(ProjectFilter);
     if (!path) return;

@@ -25,6 +25,7 @@
 #include "localisation/language_file.h"
 #include "parameters/parameter_session.h"
 #include "quicksetup/quick_setup_flow.h"
+#include "shell/manuals.h"
 #include "shell/project_file.h"
 #include "shell/window_rules.h"
 
@@ -85,6 +86,10 @@ class Tool : public QObject {
     std::function<void(Family)> tripPracticeDrive;
     bool mayRaiseFault() const { return practiceChosen() && link.Lamp.onLine() && tripPracticeDrive; }
     void raiseFault();
+
+    DocumentViewer viewer;                    // set by whoever knows the desktop
+    void OpenSoftwareUserManual(int number);  // 1 to 10
+    void UserManualClick();
 
     // File > Open and File > Save.
     void OpenTransparentButtonClick();

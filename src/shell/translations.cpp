@@ -52,6 +52,10 @@ void TextCatalogue::read(const QByteArray& bytes) {
 }
 
 QString TextCatalogue::text(const QString& english) const {
+    if (const qsizetype key = english.indexOf(QLatin1Char('\t')); key >= 0) {
+        const QString found = text(english.left(key));
+        return found.isEmpty() ? found : found + english.mid(key);
+    }
     const qsizetype mark = english.indexOf(QLatin1Char('&'));
     if (mark < 0 || mark + 1 == english.size() || m_texts.contains(english)) return m_texts.value(english);
     QString found = m_texts.value(QString(english).remove(mark, 1));

@@ -7,6 +7,7 @@
 #include "quicksetup/qs_source_form.h"
 #include "shell/commissioning_windows.h"
 #include "shell/console_windows.h"
+#include "shell/edit_form.h"
 #include "shell/monitor_windows.h"
 #include "shell/parameter_windows.h"
 #include "shell/quick_setup_windows.h"
@@ -120,8 +121,8 @@ const WindowRow Rows[] = {
                .menu = "DiagnosticMenu", .menuItem = "PIDControl", .icon = Icon::Pid,
                .offered = &DriveLabelsRecord::PIDControlEnabled},
      .open = openPid},
-    {.form = "TEditForm"},
-    {.form = "TPasswordForm", .make = makePassword},
+    {.form = "TEditForm", .make = makeForm<TEditForm>},
+    {.form = "TPasswordForm", .make = makePassword, .wire = Windows::wirePassword},
     {.form = "TErrHistoryForm", .make = makeErrHistory, .wire = wireErrHistory},
     {.form = "TMotorSelForm", .make = makeMotorSel},
     {.form = "TInputForm", .make = makeInput},

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "shell/change_language.h"
+#include "shell/edit_form.h"
 
 namespace kelvane {
 
@@ -88,7 +89,13 @@ Windows::Windows(Tool& toolShown, TMainForm& main, ShellOperator* person, KeptLo
       inputForm(form<TInputForm>()),
       selParaPrintForm(form<TSelParaPrintForm>()),
       selGroupLoadForm(form<TSelGroupLoadForm>()),
-      writeCheckErrRecordForm(form<TWriteCheckErrRecordForm>()) {
+      writeCheckErrRecordForm(form<TWriteCheckErrRecordForm>()),
+      m_captionEditor([this](const QString& caption, std::function<void(const QString&)> replace) {
+          auto& edit = form<TEditForm>();
+          edit.ask(caption, std::move(replace));
+          showModal(edit);
+      }),
+      m_texts(m_all, tool.bench.language.table) {
     if (person) {
         person->messageForm = &messageForm;
         person->prepareValueEditor = [this](ValueEdit& edit) { return inputValueForm.prepare(edit); };
@@ -149,11 +156,16 @@ void Windows::wireKeypad(Windows& windows, QWidget& form) {
         form, [&engine] { return engine.mayCommand(); }, [&engine] { engine.STOPTransparentButtonClick(); });
 }
 
-// The password opens the editing of captions, which a program without that window does not offer.
 void Windows::wireAbout(Windows& windows, QWidget&) {
-    if (!windowRow(QStringLiteral("TEditForm"))->built()) return;
     connect(&windows.aboutForm, &TAboutForm::thanksDoubleClicked, &windows,
             [&windows] { windows.showModal(windows.passwordForm); });
+}
+
+void Windows::wirePassword(Windows& windows, QWidget&) {
+    connect(&windows.passwordForm, &TPasswordForm::languageEnabled, &windows, [&windows] {
+        windows.m_captionEditor.enable(windows.m_all);
+        windows.mainForm.enableSaveLanguage(windows.m_texts);
+    });
 }
 
 // The main window has closed. Hidden windows stop the timers that they run while they are seen.

@@ -25,6 +25,8 @@
 #include "parameters/report/report_form.h"
 #include "parameters/window/parameter_form.h"
 #include "shell/about_form.h"
+#include "shell/caption_editor.h"
+#include "shell/captions.h"
 #include "shell/ce_message_form.h"
 #include "shell/com_setup_form.h"
 #include "shell/connect_form.h"
@@ -112,6 +114,7 @@ class Windows : public QObject {
     static void wireComSetup(Windows& windows, QWidget& form);
     static void wireKeypad(Windows& windows, QWidget& form);
     static void wireAbout(Windows& windows, QWidget& form);
+    static void wirePassword(Windows& windows, QWidget& form);
 
    protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -132,6 +135,8 @@ class Windows : public QObject {
 
     QList<QWidget*> m_all;
     Translations m_translations;
+    CaptionEditor m_captionEditor;
+    WindowTexts m_texts;
     QHash<const QWidget*, QPointer<QWidget>> m_below;  // over which window a visible one was opened
     QHash<const QWidget*, QPoint> m_placed;            // where we have put it
     const WindowRow* m_open = nullptr;                 // that owns the link

@@ -285,6 +285,8 @@ TEST(MainForm, ShowsALanguageByTheOneTable) {
     EXPECT_EQ(bench.find<QMenu>("FilesMenu")->title(), texts.Label.at(7));
     EXPECT_EQ(bench.find<QMenu>("SetupLanguage")->title(), texts.Label.at(15));
     EXPECT_EQ(bench.text("HistMsgLabel"), texts.Label.at(6));
+    EXPECT_EQ(bench.tool->trend.InfoAdvStringGrid.cell(0, 5),
+              bench.language.table.form(FormSection::Trend).Label.at(18));
     for (const CopiedLabel& label : copiedLabels()) {
         if (label.window != QByteArray("TParameterForm")) continue;
         EXPECT_EQ(bench.find<QLabel>(label.copy, &bench.windows->parameterForm)->text(),
