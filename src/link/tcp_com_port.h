@@ -58,7 +58,7 @@ class TcpComPort final : public TApdComPort {
     QDeadlineTimer m_waitingUntil;
     QDeadlineTimer m_connectUntil;
     QString m_openError;
-    QString m_reported;  // last reason that was told; a resend's further attempts are no news
+    QString m_reported;  // last reason given; a resend's further attempts are no news
 };
 
 }  // namespace kelvane

@@ -185,6 +185,9 @@ void TMainForm::buildHelpMenu() {
     QAction* driveManual = item(help, "UserManual", tr("Drive user manual"), {});
     driveManual->setEnabled(false);
     help->addSeparator();
+    QAction* contents = item(help, "HelpContentsItem", tr("&Contents"), [this] { Q_EMIT helpWanted(); });
+    contents->setIcon(icon(Icon::Help));
+    contents->setShortcut(QKeySequence(Qt::Key_F1));
     item(help, "HelpAboutItem", tr("About..."), [this] { Q_EMIT aboutWanted(); })->setIcon(icon(Icon::About));
 }
 

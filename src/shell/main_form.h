@@ -39,6 +39,7 @@ class TMainForm : public QMainWindow {
     void windowWanted(quint8 ActiveFunction);
     void comSetupWanted();
     void aboutWanted();
+    void helpWanted();
     void stopWanted();
     void closed();
 

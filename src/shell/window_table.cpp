@@ -7,6 +7,7 @@
 #include "quicksetup/qs_source_form.h"
 #include "shell/commissioning_windows.h"
 #include "shell/console_windows.h"
+#include "shell/help_windows.h"
 #include "shell/monitor_windows.h"
 #include "shell/parameter_windows.h"
 #include "shell/quick_setup_windows.h"
@@ -128,6 +129,7 @@ const WindowRow Rows[] = {
     {.form = "TSelParaPrintForm", .make = makeForm<TSelParaPrintForm>},
     {.form = "TSelGroupLoadForm", .make = makeSelGroupLoad},
     {.form = "TWriteCheckErrRecordForm", .make = makeWriteCheckErrRecord},
+    {.form = "THelpForm", .make = makeHelp, .wire = wireHelp},
 };
 // clang-format on
 
