@@ -62,9 +62,9 @@ void THelpForm::buildButtons(QHBoxLayout* row) {
         return made;
     };
     BackToolButton =
-        button("BackToolButton", Icon::Previous, tr("Back"), QKeySequence(Qt::ALT | Qt::Key_Left));
+        button("BackToolButton", Icon::StepBack, tr("Back"), QKeySequence(Qt::ALT | Qt::Key_Left));
     ForwardToolButton =
-        button("ForwardToolButton", Icon::Next, tr("Forward"), QKeySequence(Qt::ALT | Qt::Key_Right));
+        button("ForwardToolButton", Icon::StepNext, tr("Forward"), QKeySequence(Qt::ALT | Qt::Key_Right));
     row->addStretch();
     connect(BackToolButton, &QToolButton::clicked, ManualBrowser, &QTextBrowser::backward);
     connect(ForwardToolButton, &QToolButton::clicked, ManualBrowser, &QTextBrowser::forward);

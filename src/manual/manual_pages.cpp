@@ -81,37 +81,72 @@ struct Place {
     double y = 0;  // from the top of the page's text, in layout units
 };
 
-class ManualPdf {
+// A4 sheets on which documents are printed with the page's number at the foot.
+class Paper {
    public:
-    ManualPdf(const ManualText& manual, const QString& pictureFolder, QIODevice& device)
-        : m_manual(manual), m_writer(&device) {
+    explicit Paper(QIODevice& device) : m_writer(&device) {
         m_writer.setPageSize(QPageSize(QPageSize::A4));
         m_writer.setResolution(Dpi);
         m_writer.setPageMargins(QMarginsF(MarginMm, MarginMm, MarginMm, MarginMm), QPageLayout::Millimeter);
         m_writer.setTitle(QStringLiteral("Kelvane"));
         m_room = QSizeF(m_writer.width(), m_writer.height() - FooterRoom);
-        layOutChapters(pictureFolder);
-        layOutContents(0);
-        layOutContents(m_contents.pageCount());  // with the page numbers as they come to be
     }
-    std::vector<Place> write() {
-        QPainter painter(&m_writer);
-        print(painter, m_contents, 0);
-        m_writer.newPage();
-        print(painter, m_text, m_contents.pageCount());
-        return m_places;
-    }
-
-   private:
-    void prepare(QTextDocument& document) const {
-        document.documentLayout()->setPaintDevice(const_cast<QPdfWriter*>(&m_writer));
+    QSizeF room() const { return m_room; }
+    void prepare(QTextDocument& document) {
+        document.documentLayout()->setPaintDevice(&m_writer);
         QFont face(QStringLiteral("DejaVu Sans"), 10);
         face.setLetterSpacing(QFont::AbsoluteSpacing, 0.01);  // no ligatures, which a search would not find
         document.setDefaultFont(face);
         document.setDocumentMargin(0);
     }
+    void print(QTextDocument& document, int pagesBefore) {
+        if (pagesBefore == 0)
+            m_painter.begin(&m_writer);
+        else
+            m_writer.newPage();
+        for (int page = 0; page < document.pageCount(); ++page) {
+            if (page > 0) m_writer.newPage();
+            printPage(document, page);
+            m_painter.setFont(document.defaultFont());
+            m_painter.drawText(QRectF(0, m_room.height(), m_room.width(), FooterRoom),
+                               Qt::AlignRight | Qt::AlignBottom, QString::number(pagesBefore + page + 1));
+        }
+    }
+
+   private:
+    void printPage(QTextDocument& document, int page) {
+        m_painter.save();
+        m_painter.translate(0, -page * m_room.height());
+        QAbstractTextDocumentLayout::PaintContext context;
+        context.clip = QRectF(QPointF(0, page * m_room.height()), m_room);
+        context.palette.setColor(QPalette::Text, Qt::black);
+        m_painter.setClipRect(context.clip);
+        document.documentLayout()->draw(&m_painter, context);
+        m_painter.restore();
+    }
+
+    QPdfWriter m_writer;
+    QPainter m_painter;  // ends before its writer
+    QSizeF m_room;
+};
+
+class ManualPdf {
+   public:
+    ManualPdf(const ManualText& manual, const QString& pictureFolder, QIODevice& device)
+        : m_manual(manual), m_paper(device), m_room(m_paper.room()) {
+        layOutChapters(pictureFolder);
+        layOutContents(0);
+        layOutContents(m_contents.pageCount());  // with the page numbers as they come to be
+    }
+    std::vector<Place> write() {
+        m_paper.print(m_contents, 0);
+        m_paper.print(m_text, m_contents.pageCount());
+        return m_places;
+    }
+
+   private:
     void layOutChapters(const QString& pictureFolder) {
-        prepare(m_text);
+        m_paper.prepare(m_text);
         QString all;
         for (const ManualChapter& chapter : m_manual.chapters()) all += chapter.text % QLatin1Char('\n');
         setManualText(m_text, all, pictureFolder, m_room.width() * PictureShare);
@@ -127,7 +162,7 @@ class ManualPdf {
         m_text.setPageSize(m_room);
     }
     void layOutContents(int pagesBefore) {
-        prepare(m_contents);
+        m_paper.prepare(m_contents);
         m_places.clear();
         QString lines = QStringLiteral("# Kelvane 1.30\n\n");
         for (size_t i = 0; i < m_headings.size() && i < m_manual.chapters().size(); ++i) {
@@ -141,25 +176,9 @@ class ManualPdf {
         setManualText(m_contents, lines, {}, m_room.width());
         m_contents.setPageSize(m_room);
     }
-    void print(QPainter& painter, QTextDocument& document, int pagesBefore) {
-        for (int page = 0; page < document.pageCount(); ++page) {
-            if (page > 0) m_writer.newPage();
-            painter.save();
-            painter.translate(0, -page * m_room.height());
-            QAbstractTextDocumentLayout::PaintContext context;
-            context.clip = QRectF(QPointF(0, page * m_room.height()), m_room);
-            context.palette.setColor(QPalette::Text, Qt::black);
-            painter.setClipRect(context.clip);
-            document.documentLayout()->draw(&painter, context);
-            painter.restore();
-            painter.setFont(document.defaultFont());
-            painter.drawText(QRectF(0, m_room.height(), m_room.width(), FooterRoom),
-                             Qt::AlignRight | Qt::AlignBottom, QString::number(pagesBefore + page + 1));
-        }
-    }
 
     const ManualText& m_manual;
-    QPdfWriter m_writer;
+    Paper m_paper;
     QSizeF m_room;
     QTextDocument m_text;
     QTextDocument m_contents;
@@ -204,6 +223,26 @@ FileResult writeManualPdf(const ManualText& manual, const QString& pictureFolder
         places = ManualPdf(manual, pictureFolder, buffer).write();
     }
     turnLinksInside(pdf, manual, places);
+    return writeWhole(path, pdf);
+}
+
+FileResult writeHtmlPdf(const QString& html, const QImage& trend, const QString& path) {
+    QByteArray pdf;
+    {
+        QBuffer buffer(&pdf);
+        buffer.open(QIODevice::WriteOnly);
+        Paper paper(buffer);
+        QTextDocument document;
+        paper.prepare(document);
+        const int width = static_cast<int>(paper.room().width());
+        if (!trend.isNull())
+            document.addResource(
+                QTextDocument::ImageResource, QUrl(QStringLiteral("trend")),
+                trend.width() > width ? trend.scaledToWidth(width, Qt::SmoothTransformation) : trend);
+        document.setHtml(html);
+        document.setPageSize(paper.room());
+        paper.print(document, 0);
+    }
     return writeWhole(path, pdf);
 }
 

@@ -3,9 +3,13 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QShortcut>
 
+#include "diagnostics/trend/scope_form.h"
 #include "manual/help_form.h"
+#include "shell/session_report_form.h"
 #include "shell/windows.h"
+#include "ui/trend_plot.h"
 
 namespace kelvane {
 
@@ -65,6 +69,32 @@ void wireHelp(Windows& windows, QWidget& form) {
     auto* key = new HelpKey(windows, static_cast<THelpForm&>(form));
     QObject::connect(&windows.mainForm, &TMainForm::helpWanted, key,
                      [key, &windows] { key->open(&windows.mainForm); });
+}
+
+namespace {
+
+// Of the run as the plot shows it.
+QImage trendPicture(Windows& windows) {
+    auto& scope = windows.form<TScopeForm>();
+    if (windows.tool.trend.AbTrend1.TotalRecords() == 0) return {};
+    return scope.AbTrend1->grab().toImage();
+}
+
+}  // namespace
+
+std::unique_ptr<QWidget> makeSessionReport(Windows& windows) {
+    return std::make_unique<TSessionReportForm>(windows.tool, [&windows] { return trendPicture(windows); });
+}
+
+// In every window that a person works in: the tables of a session go when their window closes.
+void wireSessionReport(Windows& windows, QWidget& form) {
+    const auto open = [&windows, &form] { windows.showModal(form); };
+    QObject::connect(&windows.mainForm, &TMainForm::reportWanted, &form, open);
+    for (const char* name : {"TParameterForm", "TScopeForm"}) {
+        QWidget* window = windows.formOf(*windowRow(QLatin1String(name)));
+        auto* key = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_R), window);
+        QObject::connect(key, &QShortcut::activated, &form, open);
+    }
 }
 
 }  // namespace kelvane

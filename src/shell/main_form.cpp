@@ -137,6 +137,12 @@ void TMainForm::buildOptionsMenu() {
     menu("OptionsMenu", tr("&Options"));
     buildLanguageItems();
     buildPracticeItems();
+    auto* options = findChild<QMenu*>(QStringLiteral("OptionsMenu"));
+    options->addSeparator();
+    QAction* report =
+        item(options, "SessionReportItem", tr("Session &Report..."), [this] { Q_EMIT reportWanted(); });
+    report->setIcon(icon(Icon::Print));
+    report->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
 }
 
 void TMainForm::buildLanguageItems() {

@@ -40,6 +40,7 @@ class TMainForm : public QMainWindow {
     void comSetupWanted();
     void aboutWanted();
     void helpWanted();
+    void reportWanted();
     void stopWanted();
     void closed();
 

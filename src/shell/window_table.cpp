@@ -129,6 +129,7 @@ const WindowRow Rows[] = {
     {.form = "TSelParaPrintForm", .make = makeForm<TSelParaPrintForm>},
     {.form = "TSelGroupLoadForm", .make = makeSelGroupLoad},
     {.form = "TWriteCheckErrRecordForm", .make = makeWriteCheckErrRecord},
+    {.form = "TSessionReportForm", .make = makeSessionReport, .wire = wireSessionReport},
     {.form = "THelpForm", .make = makeHelp, .wire = wireHelp},
 };
 // clang-format on

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -14,6 +15,8 @@
 #include "manual/help_form.h"
 #include "manual/manual_pages.h"
 #include "shell/help_windows.h"
+#include "shell/session_report.h"
+#include "shell/session_report_form.h"
 #include "tests/shell/shell_bench.h"
 
 namespace kelvane {
@@ -116,6 +119,34 @@ TEST(Help, OpensTheChapterOfTheWindowInFrontAndFindsWords) {
     QTest::keyClick(&box, Qt::Key_F1);
     EXPECT_EQ(heading(), QStringLiteral("Messages"));
     EXPECT_EQ(page->textCursor().selectedText(), QStringLiteral("Communication Time-Out !!"));
+}
+
+// Over an open table: by Ctrl+R, as the menu of the main window cannot be reached then.
+TEST(SessionReport, HoldsDriveLineNotesAndTheOpenTable) {
+    ShellBench bench;
+    bench.goOnLine(Family::Osier);
+    EXPECT_TRUE(sessionReport(*bench.tool, {}, false).contains(QStringLiteral("Osier")));
+    bench.windows->openWindow(OwnerParameter);
+    StringGrid& table = bench.tool->parameters.DriveAdvStringGrid;
+    table.setCell(1, 1, QStringLiteral("01-00"));
+    table.setCell(3, 1, QStringLiteral("Max <Freq>"));
+    QWidget& parameters = bench.windows->parameterForm;
+    parameters.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&parameters));
+    QTest::keyClick(&parameters, Qt::Key_R, Qt::ControlModifier);
+    auto& form = bench.windows->form<TSessionReportForm>();
+    ASSERT_TRUE(form.isVisible());
+    form.findChild<QPlainTextEdit*>(QStringLiteral("NotesMemo"))
+        ->setPlainText(QStringLiteral("belt & brake"));
+    const QString html = sessionReport(*bench.tool, QStringLiteral("belt & brake"), true);
+    for (const char* part : {"belt &amp; brake", "ASCII, 9600, 7, N, 2", "practice drive Osier",
+                             "Table from Drive", "Max &lt;Freq&gt;", "src=\"trend\"", "None was seen"})
+        EXPECT_TRUE(html.contains(QLatin1String(part))) << part;
+    const QString path = bench.dir.filePath(QStringLiteral("report.pdf"));
+    bench.person.expectSave(QStringLiteral("PDF Files(*.pdf)|*.pdf"), QStringLiteral(".pdf"), path);
+    form.findChild<QAbstractButton*>(QStringLiteral("SaveReportButton"))->click();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_TRUE(readWhole(path).bytes.startsWith("%PDF"));
 }
 
 }  // namespace
