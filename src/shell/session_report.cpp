@@ -27,10 +27,10 @@ QString gridRows(const StringGrid& grid, int last) {
                         .arg(grid.cell(3, row).toHtmlEscaped());
             continue;
         }
-        html += QStringLiteral("<tr>");
+        html += row == 0 ? QStringLiteral("<thead><tr>") : QStringLiteral("<tr>");
         for (int column = 1; column <= last; ++column)
             html += cell(grid.cell(column, row), row == 0 ? "th" : "td");
-        html += QStringLiteral("</tr>");
+        html += row == 0 ? QStringLiteral("</tr></thead>") : QStringLiteral("</tr>");
     }
     return html % QStringLiteral("</table>");
 }
@@ -72,7 +72,9 @@ QString tables(const Tool& tool) {
     };
     add(QStringLiteral("Comparison: ") % parameters.comparison.CompKindLabel, parameters.CompareAdvStringGrid,
         ComparisonColumns);
-    add(QStringLiteral("Table from Drive"), parameters.DriveAdvStringGrid, TableColumns);
+    const bool whole = parameters.reader.DriveTableComplete == 1;
+    add(whole ? QStringLiteral("Table from Drive") : QStringLiteral("Table from Drive, not read to its end"),
+        parameters.DriveAdvStringGrid, TableColumns);
     add(QStringLiteral("Table from File"), parameters.FileAdvStringGrid, TableColumns);
     return html;
 }
