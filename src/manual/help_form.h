@@ -6,6 +6,7 @@
 
 #include "manual/manual_text.h"
 
+class QHBoxLayout;
 class QLineEdit;
 class QListWidget;
 class QTextBrowser;
@@ -26,7 +27,7 @@ class THelpForm : public QDialog {
 
    private:
     QWidget* buildSide();
-    void buildButtons(class QHBoxLayout* row);
+    void buildButtons(QHBoxLayout* row);
     void showChapter(int chapter);
     void lookFor(const QString& words);
     void search(const QString& words);
