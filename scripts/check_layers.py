@@ -17,6 +17,7 @@ MAY_INCLUDE = {
     "base": set(),
     "localisation": {"base"},
     "ui": {"base"},
+    "manual": {"base"},
     "drive": {"base"},
     "spreadsheet": {"base"},
     "link": {"base", "localisation"},

@@ -10,6 +10,10 @@ namespace kelvane {
 
 namespace {
 
+// Where the system keeps its programs there is no place for their data, even if an administrator could write
+// it.
+bool belongsToSystem(const QString& folder) { return folder.startsWith(QLatin1String("/usr/")); }
+
 bool canWrite(const QString& folder) {
     QTemporaryFile trial(QDir(folder).filePath(QStringLiteral(".kelvane-XXXXXX")));
     return trial.open();
@@ -19,7 +23,7 @@ bool canWrite(const QString& folder) {
 
 ProgramFolder ProgramFolder::decide(const QString& executableFolder, const QString& userFolder) {
     ProgramFolder result;
-    if (canWrite(executableFolder)) {
+    if (!belongsToSystem(executableFolder) && canWrite(executableFolder)) {
         result.m_path = executableFolder;
     } else if (!userFolder.isEmpty() && QDir().mkpath(userFolder) && canWrite(userFolder)) {
         result.m_path = userFolder;

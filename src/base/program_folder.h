@@ -9,7 +9,8 @@ namespace kelvane {
 
 class ProgramFolder {
    public:
-    // The folder of the executable when files can be made there, else the user's folder, which is made.
+    // The folder of the executable when files can be made there and it does not lie in /usr, else the user's
+    // folder, which is made.
     // A trial file decides: permission bits say little on network drives and for administrators.
     static ProgramFolder decide(const QString& executableFolder, const QString& userFolder);
     // From the running application, whose name must be set.

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSerialPortInfo>
 #include <optional>
 
@@ -13,9 +14,23 @@ namespace {
 
 constexpr qint64 LargestFile = 64 * 1024;
 const QString PracticeLine = QStringLiteral("answers at ASCII, 9600, 7, N, 2");
+const QString GatewayLine =
+    QStringLiteral("its line settings are set there; choose the same, the waits go by them");
 
 PortTarget device(const QString& path) { return {.kind = PortTarget::Kind::Device, .devicePath = path}; }
 PortTarget practice(Family family) { return {.kind = PortTarget::Kind::Practice, .family = family}; }
+
+// Behind "tcp:": "host:port", with brackets around an address that has colons of its own.
+std::optional<PortTarget> gateway(const QString& text) {
+    static const QRegularExpression form(
+        QStringLiteral(R"(^(?:\[([0-9A-Fa-f:.%\w]+)\]|([^\s:/\[\]]+)):(\d{1,5})$)"));
+    const QRegularExpressionMatch match = form.match(text);
+    const int tcpPort = match.captured(3).toInt();
+    if (tcpPort < 1 || tcpPort > 0xFFFF) return std::nullopt;
+    return PortTarget{.kind = PortTarget::Kind::Gateway,
+                      .host = match.captured(1) % match.captured(2),
+                      .tcpPort = static_cast<quint16>(tcpPort)};
+}
 
 PortTarget fixedRule(int ComNumber) {
     if (ComNumber <= 4) return device(QStringLiteral("/dev/ttyS%1").arg(ComNumber - 1));
@@ -74,6 +89,13 @@ QString PortDirectory::takeLine(const QString& line) {
         m_targets[ComNumber - 1] = practice(*family);
         return {};
     }
+    const QString tcpPrefix = QStringLiteral("tcp:");
+    if (value.startsWith(tcpPrefix, Qt::CaseInsensitive)) {
+        const std::optional<PortTarget> found = gateway(value.mid(tcpPrefix.size()).trimmed());
+        if (!found) return QStringLiteral("a gateway is written \"tcp:host:port\", port from 1 to 65535");
+        m_targets[ComNumber - 1] = *found;
+        return {};
+    }
     // Paths from ":" on lie in the program, not on the disk.
     if (!QDir::isAbsolutePath(value) || value.startsWith(QLatin1Char(':')))
         return QStringLiteral("the device must be written with its full path");
@@ -93,7 +115,8 @@ PortTarget PortDirectory::target(int ComNumber) const {
 
 bool PortDirectory::isPresent(const PortTarget& target) {
     switch (target.kind) {
-        case PortTarget::Kind::Practice: return true;
+        case PortTarget::Kind::Practice:
+        case PortTarget::Kind::Gateway: return true;  // whether one answers is seen when it is asked
         case PortTarget::Kind::Device: return QFileInfo::exists(target.devicePath);
         case PortTarget::Kind::Nothing: break;
     }
@@ -105,6 +128,9 @@ PortDescription PortDirectory::describe(const PortTarget& target) {
     if (target.kind == PortTarget::Kind::Practice) {
         result.device = QStringLiteral("practice drive %1").arg(QLatin1String(familyName(target.family)));
         result.description = PracticeLine;
+    } else if (target.kind == PortTarget::Kind::Gateway) {
+        result.device = QStringLiteral("gateway %1, port %2").arg(target.host).arg(target.tcpPort);
+        result.description = GatewayLine;
     } else if (target.kind == PortTarget::Kind::Device) {
         result.device = target.devicePath;
         // A link such as those of /dev/serial/by-id is described by the device that it leads to.

@@ -1,6 +1,6 @@
 // What stands behind a port number. The operator chooses plain numbers 1 to 20; a fixed rule, which the file
-// serial_ports.txt in the program's folder may override line by line, says which device or practice drive
-// that is. Owned by the shell; asked by the link port, com setup and the presence rules.
+// serial_ports.txt in the program's folder may override line by line, says which device, practice
+// drive or gateway that is. Owned by the shell; asked by the link port, com setup and the presence rules.
 #pragma once
 
 #include <QString>
@@ -15,17 +15,19 @@ inline constexpr int FirstComNumber = 1;
 inline constexpr int LastComNumber = 20;
 
 struct PortTarget {
-    enum class Kind { Nothing, Device, Practice };
+    enum class Kind { Nothing, Device, Practice, Gateway };
     Kind kind = Kind::Nothing;
     QString devicePath{};           // of a Device
     Family family = Family::Larch;  // of a Practice drive
+    QString host{};                 // of a Gateway: name or address
+    quint16 tcpPort = 0;            // of a Gateway
     bool operator==(const PortTarget&) const = default;
 };
 
 // What com setup shows beside the number.
 struct PortDescription {
     bool present = false;
-    QString device{};       // "/dev/ttyUSB0", "practice drive Larch"
+    QString device{};       // "/dev/ttyUSB0", "practice drive Larch", "gateway 10.0.0.7:4001"
     QString maker{};        // of the adapter; empty when unknown
     QString description{};  // of the adapter; empty when unknown
     QString text() const;   // all of it in one line
@@ -37,7 +39,8 @@ class PortDirectory {
 
     // Reads serial_ports.txt; an empty path (there is none) leaves the fixed rule.
     static PortDirectory ofFile(const QString& path);
-    // Lines "N=/path/of/device" or "N=practice:Family"; blank lines and lines from "#" on are skipped.
+    // Lines "N=/path/of/device", "N=practice:Family" or "N=tcp:host:port"; blank lines and lines from "#" on
+    // are skipped.
     static PortDirectory fromText(const QString& text);
 
     // Puts the practice drive of a family behind a number, until the program ends.

@@ -1,5 +1,5 @@
 // A port whose number decides what is behind it: the link port of the main window and the port of com setup.
-// At open() it takes the real or practice port of its ComNumber, made by a factory that the shell hands in,
+// At open() it takes the port of its ComNumber, made by a factory that the shell hands in,
 // and passes everything on to it.
 #pragma once
 
@@ -16,7 +16,7 @@ inline constexpr PortSettings SetupPortAtCreation{.ComNumber = 1, .DataBits = 7,
 
 class RoutedPort final : public TApdComPort {
    public:
-    // Called with a target of kind Device or Practice; may give nothing when it cannot make such a port.
+    // Called with a target of any kind but Nothing; may give nothing when it cannot make such a port.
     using Factory = std::function<std::unique_ptr<TApdComPort>(const PortTarget&)>;
 
     // The directory must outlive the port.
@@ -25,7 +25,10 @@ class RoutedPort final : public TApdComPort {
     bool open() override;
     void close() override;
     bool Open() const override { return m_port && m_port->Open(); }
-    QString openError() const override { return m_openError; }
+    // A port that connects in the background knows only later why it could not be opened.
+    QString openError() const override {
+        return m_openError.isEmpty() && m_port ? m_port->openError() : m_openError;
+    }
     const PortSettings& settings() const override { return m_settings; }
     void setSettings(const PortSettings& settings) override;
     bool PutBlock(const QByteArray& bytes) override { return Open() && m_port->PutBlock(bytes); }

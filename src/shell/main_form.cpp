@@ -154,6 +154,12 @@ void TMainForm::buildOptionsMenu() {
     menu("OptionsMenu", tr("&Options"));
     buildLanguageItems();
     buildPracticeItems();
+    auto* options = findChild<QMenu*>(QStringLiteral("OptionsMenu"));
+    options->addSeparator();
+    QAction* report =
+        item(options, "SessionReportItem", tr("Session &Report..."), [this] { Q_EMIT reportWanted(); });
+    report->setIcon(icon(Icon::Print));
+    report->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
 }
 
 void TMainForm::buildLanguageItems() {
@@ -199,6 +205,9 @@ void TMainForm::buildHelpMenu() {
     QMenu* help = menu("HelpsMenu", tr("&Help"));
     buildManualItems();
     help->addSeparator();
+    QAction* contents = item(help, "HelpContentsItem", tr("&Contents"), [this] { Q_EMIT helpWanted(); });
+    contents->setIcon(icon(Icon::Help));
+    contents->setShortcut(QKeySequence(Qt::Key_F1));
     item(help, "HelpAboutItem", tr("About..."), [this] { Q_EMIT aboutWanted(); })->setIcon(icon(Icon::About));
 }
 

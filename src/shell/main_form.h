@@ -43,6 +43,8 @@ class TMainForm : public QMainWindow {
     void windowWanted(quint8 ActiveFunction);
     void comSetupWanted();
     void aboutWanted();
+    void helpWanted();
+    void reportWanted();
     void stopWanted();
     void closed();
 

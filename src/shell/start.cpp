@@ -5,6 +5,7 @@
 #include "base/qt_tick_clock.h"
 #include "link/number_text.h"
 #include "link/qt_com_port.h"
+#include "link/tcp_com_port.h"
 #include "localisation/startup_language.h"
 #include "shell/change_language.h"
 #include "shell/document_viewer.h"
@@ -29,6 +30,8 @@ void comeForward(QWidget& window) {
 RoutedPort::Factory portFactory(PracticeDrives& practice, const PortFlow& flow) {
     return [&practice, flow](const PortTarget& target) -> std::unique_ptr<TApdComPort> {
         if (target.kind == PortTarget::Kind::Practice) return practice.makePort(target.family);
+        if (target.kind == PortTarget::Kind::Gateway)
+            return std::make_unique<TcpComPort>(target.host, target.tcpPort);
         return std::make_unique<QtComPort>(target.devicePath, flow);
     };
 }

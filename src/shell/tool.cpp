@@ -55,6 +55,7 @@ Tool::Tool(const ToolSite& toolSite)
         watcher.portLost(reason);
         console.listener.portLost(reason);
     };
+    setupPort.onLost = [this](const QString& reason) { link.ShowHistoryMsg(reason); };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
     connect(&link, &RequestScheduler::changed, this, &Tool::takeHeldComSetup);
     loadDefaultProject();

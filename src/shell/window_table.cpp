@@ -8,6 +8,7 @@
 #include "shell/commissioning_windows.h"
 #include "shell/console_windows.h"
 #include "shell/edit_form.h"
+#include "shell/help_windows.h"
 #include "shell/monitor_windows.h"
 #include "shell/parameter_windows.h"
 #include "shell/quick_setup_windows.h"
@@ -129,6 +130,8 @@ const WindowRow Rows[] = {
     {.form = "TSelParaPrintForm", .make = makeForm<TSelParaPrintForm>},
     {.form = "TSelGroupLoadForm", .make = makeSelGroupLoad},
     {.form = "TWriteCheckErrRecordForm", .make = makeWriteCheckErrRecord},
+    {.form = "TSessionReportForm", .make = makeSessionReport, .wire = wireSessionReport},
+    {.form = "THelpForm", .make = makeHelp, .wire = wireHelp},
 };
 // clang-format on
 

@@ -32,6 +32,9 @@ TEST(ProgramFolder, IsTheExecutablesFolderIfFilesCanBeMadeThere) {
     EXPECT_EQ(ofUser.path(), user);
     EXPECT_TRUE(QDir(user).exists());
 
+    EXPECT_EQ(ProgramFolder::decide(QStringLiteral("/usr/bin"), user).path(),
+              user);  // even for an administrator
+
     const ProgramFolder none = ProgramFolder::decide(missing, programs + QStringLiteral("/manual/folder"));
     EXPECT_EQ(none.path(), missing);
     EXPECT_FALSE(none.error().isEmpty());

@@ -20,7 +20,9 @@ class StubPort final : public TApdComPort {
         isOpen = false;
     }
     bool Open() const override { return isOpen; }
-    QString openError() const override { return QStringLiteral("there is no such device"); }
+    QString openError() const override {
+        return canOpen ? QString() : QStringLiteral("there is no such device");
+    }
     const PortSettings& settings() const override { return line; }
     void setSettings(const PortSettings& settings) override { line = settings; }
     bool PutBlock(const QByteArray& bytes) override { return put(bytes, "block"); }
