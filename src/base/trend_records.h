@@ -55,9 +55,6 @@ class TrendRecords {
     TrendExtremes extremes(qint64 from, qint64 to) const;
     // The nearest record to at that is no separator, at most reach records away; -1 when there is none.
     qint64 nearestSample(qint64 at, qint64 reach = 1000) const;
-    // Brings the index up to date; extremes() does it by itself. For who has the records in the cache just
-    // now.
-    void indexNewBlocks() const;
     qint64 bytesHeld() const;
 
    private:
@@ -66,6 +63,7 @@ class TrendRecords {
     };
     bool reserve(qint64 capacity);
     bool makeRoom(qint64 count);
+    void indexNewBlocks() const;
     void forgetIndexFrom(qint64 record) const;
     std::unique_ptr<TrendRecord, Free> m_data;
     qint64 m_size = 0;

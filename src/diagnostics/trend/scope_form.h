@@ -13,6 +13,7 @@ class QComboBox;
 class QGridLayout;
 class QHBoxLayout;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QScrollBar;
 class QTabWidget;
@@ -38,6 +39,8 @@ struct ScopeFormBench {
 class TScopeForm : public QMainWindow {
     Q_OBJECT
    public:
+    static constexpr QSize UsualSize{1060, 900};
+
     TScopeForm(TrendSession& session, const ScopeFormBench& bench, QWidget* parent = nullptr);
     ~TScopeForm() override;
 
@@ -66,6 +69,8 @@ class TScopeForm : public QMainWindow {
     QWidget* buildPlots();
     QWidget* buildAxisButtons();
     QWidget* buildPages();
+    QWidget* buildParts();
+    QWidget* scrolled(const char* name, QLayout* row);
     QWidget* buildChannelPage();
     QWidget* buildChannelSelection();
     QWidget* buildChannelStatus();
