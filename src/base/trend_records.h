@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QtGlobal>
-#include <cstdlib>
 #include <memory>
 #include <span>
 #include <vector>
@@ -27,6 +26,11 @@ struct TrendExtremes {
     }
     void add(const TrendRecord& record);
     void add(const TrendExtremes& other);
+};
+
+struct FreeRecords {
+    size_t mappedBytes = 0;  // of an array with pages of its own
+    void operator()(TrendRecord* data) const;
 };
 
 class TrendRecords {
@@ -58,14 +62,11 @@ class TrendRecords {
     qint64 bytesHeld() const;
 
    private:
-    struct Free {
-        void operator()(TrendRecord* data) const { std::free(data); }
-    };
     bool reserve(qint64 capacity);
     bool makeRoom(qint64 count);
     void indexNewBlocks() const;
     void forgetIndexFrom(qint64 record) const;
-    std::unique_ptr<TrendRecord, Free> m_data;
+    std::unique_ptr<TrendRecord, FreeRecords> m_data;
     qint64 m_size = 0;
     qint64 m_capacity = 0;
     mutable std::vector<std::vector<TrendExtremes>> m_levels;  // whole blocks only
