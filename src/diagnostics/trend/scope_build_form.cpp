@@ -31,6 +31,7 @@ namespace {
 constexpr int LowerPlotHeight = 121;
 constexpr int RowsOfChannels = 4;
 constexpr int PageMargin = 6;
+constexpr QSize LeastUsual(1060, 900);
 constexpr Rgb ItemBlue = 0x0000FF;
 constexpr Rgb UnitFuchsia = 0xFF00FF;
 constexpr Rgb White = 0xFFFFFF;
@@ -166,8 +167,14 @@ QWidget* TScopeForm::buildParts() {
     parts->setCollapsible(0, false);
     const int pages = PageControl1->tabBar()->sizeHint().height() +
                       PageControl1->widget(0)->sizeHint().height() + 2 * PageMargin;
-    parts->setSizes({UsualSize.height() - pages, pages});
+    parts->setSizes({LeastUsual.height() - pages, pages});
     return parts;
+}
+
+// Wide enough for the channels, where the screen is.
+QSize TScopeForm::usualSize() const {
+    const auto* channels = static_cast<const QScrollArea*>(PageControl1->widget(0))->widget();
+    return LeastUsual.expandedTo({channels->sizeHint().width() + 6 * PageMargin, 0});
 }
 
 // A page that is scrolled where the window is too small for it.

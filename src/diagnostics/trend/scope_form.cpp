@@ -79,7 +79,7 @@ TScopeForm::TScopeForm(TrendSession& session, const ScopeFormBench& bench, QWidg
     connectSession();
     showItems();
     showSession();
-    resize(UsualSize);
+    resize(usualSize());
 }
 
 TScopeForm::~TScopeForm() = default;

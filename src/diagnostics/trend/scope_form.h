@@ -39,8 +39,6 @@ struct ScopeFormBench {
 class TScopeForm : public QMainWindow {
     Q_OBJECT
    public:
-    static constexpr QSize UsualSize{1060, 900};
-
     TScopeForm(TrendSession& session, const ScopeFormBench& bench, QWidget* parent = nullptr);
     ~TScopeForm() override;
 
@@ -70,6 +68,7 @@ class TScopeForm : public QMainWindow {
     QWidget* buildAxisButtons();
     QWidget* buildPages();
     QWidget* buildParts();
+    QSize usualSize() const;
     QWidget* scrolled(const char* name, QLayout* row);
     QWidget* buildChannelPage();
     QWidget* buildChannelSelection();
