@@ -31,7 +31,7 @@ class TrendPlot;
 class VrLabel;
 class VrPowerButton;
 
-struct ScopeFormBench {
+struct ScopeFormSite {
     TickClock& clock;
     Operator& person;
 };
@@ -39,7 +39,7 @@ struct ScopeFormBench {
 class TScopeForm : public QMainWindow {
     Q_OBJECT
    public:
-    TScopeForm(TrendSession& session, const ScopeFormBench& bench, QWidget* parent = nullptr);
+    TScopeForm(TrendSession& session, const ScopeFormSite& site, QWidget* parent = nullptr);
     ~TScopeForm() override;
 
     TrendPlot* AbTrend1 = nullptr;
@@ -111,7 +111,7 @@ class TScopeForm : public QMainWindow {
     void followMarkers();
 
     TrendSession& m_session;
-    ScopeFormBench m_bench;
+    ScopeFormSite m_site;
     TickTimer ButtonTimer;
     quint8 ButtonTicks = 0;
     bool ButtonUp = false;
