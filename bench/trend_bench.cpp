@@ -76,7 +76,6 @@ void fill(TrendData& data, qint64 count) {
     if (!room) std::exit(2);
     for (qint64 i = 0; i < count; ++i) room[i] = sample(i);
     data.records.grown(count);
-    data.records.indexNewBlocks();
 }
 
 double ourRepaint(TrendPlot& plot) {
@@ -225,7 +224,7 @@ void file() {
     report("resident memory a record after the load, of 24 bytes", loaded / 24, "", 1.05);
     for (qint64 i = 0; i < 3000000; ++i)
         if (!records.append(sample(i))) std::exit(2);
-    records.indexNewBlocks();
+    static_cast<void>(records.extremes(0, records.size()));
     report("memory a record while recording, held, of 24 bytes",
            double(records.bytesHeld()) / double(records.size()) / 24, "", 1.7);
     report("memory a record while recording, resident, of 24 bytes",

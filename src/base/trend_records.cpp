@@ -1,6 +1,7 @@
 #include "base/trend_records.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 #ifdef Q_OS_LINUX
@@ -14,20 +15,29 @@ namespace {
 constexpr int FirstShift = 6;  // 64 records a block of the lowest level
 constexpr int LevelShift = 4;  // 16 blocks a block of the next one
 constexpr qint64 FirstRoom = 4096;
-constexpr qint64 HugeBytes = 64 * 1024 * 1024;
+constexpr qint64 LargeBytes = 64 * 1024 * 1024;
+constexpr qint64 LargePage = 2 * 1024 * 1024;
 
 int shiftOf(size_t level) { return FirstShift + static_cast<int>(level) * LevelShift; }
 
-// Fewer, larger pages: a record of hours is read in half the time.
-void preferLargePages([[maybe_unused]] void* data, [[maybe_unused]] qint64 bytes) {
+// An array of hours has pages of its own, few and large, from their first byte on: so it is read in half the
+// time, and grows by moving pages. It returns null when there is no memory, and the old array stays.
 #ifdef Q_OS_LINUX
-    if (bytes < HugeBytes) return;
-    constexpr quintptr Page = 2 * 1024 * 1024;
-    const quintptr from = (reinterpret_cast<quintptr>(data) + Page - 1) & ~(Page - 1);
-    const quintptr to = (reinterpret_cast<quintptr>(data) + static_cast<quintptr>(bytes)) & ~(Page - 1);
-    if (to > from) ::madvise(reinterpret_cast<void*>(from), to - from, MADV_HUGEPAGE);
-#endif
+void* mapLarge(void* old, size_t oldBytes, size_t bytes) {
+    void* data = oldBytes
+                     ? ::mremap(old, oldBytes, bytes, MREMAP_MAYMOVE)
+                     : ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (data == MAP_FAILED) return nullptr;
+    ::madvise(data, bytes, MADV_HUGEPAGE);
+    return data;
 }
+void unmapLarge(void* data, size_t bytes) { ::munmap(data, bytes); }
+constexpr bool MapsLarge = true;
+#else
+void* mapLarge(void*, size_t, size_t) { return nullptr; }
+void unmapLarge(void*, size_t) {}
+constexpr bool MapsLarge = false;
+#endif
 
 }  // namespace
 
@@ -52,17 +62,28 @@ void TrendExtremes::add(const TrendExtremes& other) {
     }
 }
 
+void FreeRecords::operator()(TrendRecord* data) const {
+    mappedBytes ? unmapLarge(data, mappedBytes) : std::free(data);
+}
+
 bool TrendRecords::reserve(qint64 capacity) {
     if (capacity <= m_capacity) return true;
-    constexpr qint64 Most = PTRDIFF_MAX / static_cast<qint64>(sizeof(TrendRecord));
+    constexpr qint64 Most = PTRDIFF_MAX / static_cast<qint64>(sizeof(TrendRecord)) - LargePage;
     if (capacity > Most) return false;
-    const size_t bytes = static_cast<size_t>(capacity) * sizeof(TrendRecord);
-    // Moves the pages of a large array instead of copying it.
-    void* data = std::realloc(static_cast<void*>(m_data.get()), bytes);
+    auto bytes = static_cast<size_t>(capacity) * sizeof(TrendRecord);
+    const bool large = MapsLarge && static_cast<qint64>(bytes) >= LargeBytes;
+    if (large) bytes = (bytes + LargePage - 1) / LargePage * LargePage;
+    const size_t mapped = m_data.get_deleter().mappedBytes;
+    void* const old = m_data.get();
+    void* data = large ? mapLarge(old, mapped, bytes) : std::realloc(old, bytes);
     if (!data) return false;
+    if (large && !mapped && m_size > 0)
+        std::memcpy(data, old, static_cast<size_t>(m_size) * sizeof(TrendRecord));
+    if (large && !mapped) m_data.reset();
     static_cast<void>(m_data.release());
+    m_data.get_deleter().mappedBytes = large ? bytes : 0;
     m_data.reset(static_cast<TrendRecord*>(data));
-    m_capacity = capacity;
+    m_capacity = static_cast<qint64>(bytes / sizeof(TrendRecord));
     return true;
 }
 
@@ -89,7 +110,6 @@ bool TrendRecords::insert(qint64 at, int count, const TrendRecord& record) {
 
 TrendRecord* TrendRecords::roomFor(qint64 count) {
     if (!reserve(m_size + count)) return nullptr;
-    preferLargePages(m_data.get() + m_size, count * static_cast<qint64>(sizeof(TrendRecord)));
     return m_data.get() + m_size;
 }
 
@@ -106,6 +126,7 @@ void TrendRecords::dropFront(qint64 count) {
 
 void TrendRecords::clear() {
     m_data.reset();
+    m_data.get_deleter().mappedBytes = 0;
     m_size = m_capacity = 0;
     m_levels.clear();
 }

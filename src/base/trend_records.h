@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QtGlobal>
-#include <cstdlib>
 #include <memory>
 #include <span>
 #include <vector>
@@ -27,6 +26,11 @@ struct TrendExtremes {
     }
     void add(const TrendRecord& record);
     void add(const TrendExtremes& other);
+};
+
+struct FreeRecords {
+    size_t mappedBytes = 0;  // of an array with pages of its own
+    void operator()(TrendRecord* data) const;
 };
 
 class TrendRecords {
@@ -55,19 +59,14 @@ class TrendRecords {
     TrendExtremes extremes(qint64 from, qint64 to) const;
     // The nearest record to at that is no separator, at most reach records away; -1 when there is none.
     qint64 nearestSample(qint64 at, qint64 reach = 1000) const;
-    // Brings the index up to date; extremes() does it by itself. For who has the records in the cache just
-    // now.
-    void indexNewBlocks() const;
     qint64 bytesHeld() const;
 
    private:
-    struct Free {
-        void operator()(TrendRecord* data) const { std::free(data); }
-    };
     bool reserve(qint64 capacity);
     bool makeRoom(qint64 count);
+    void indexNewBlocks() const;
     void forgetIndexFrom(qint64 record) const;
-    std::unique_ptr<TrendRecord, Free> m_data;
+    std::unique_ptr<TrendRecord, FreeRecords> m_data;
     qint64 m_size = 0;
     qint64 m_capacity = 0;
     mutable std::vector<std::vector<TrendExtremes>> m_levels;  // whole blocks only

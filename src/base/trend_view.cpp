@@ -15,8 +15,10 @@ constexpr double Rounding = 1e-6;  // of a record: it must not fall out of its c
 }  // namespace
 
 void TrendView::PaintRecords(qint64 from, qint64 to) {
-    const double count = static_cast<double>(std::max<qint64>(to - from, 1));
-    m_perPixel = std::max(count / columns(), LeastPerPixel);
+    const qint64 count = std::max<qint64>(to - from, 1);
+    // Half a width, doubled, is one short of a width that is odd.
+    const bool screenful = std::abs(count - columns()) <= 1;
+    m_perPixel = screenful ? 1 : std::max(static_cast<double>(count) / columns(), LeastPerPixel);
     m_fromColumn = std::llround(static_cast<double>(from) / m_perPixel);
 }
 

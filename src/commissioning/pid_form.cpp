@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QScreen>
-#include <QShortcut>
 #include <QSplitter>
 
 #include "commissioning/grid_looks_form.h"
@@ -47,8 +46,6 @@ TPIDForm::TPIDForm(PidControl& pid, TickClock& clock, QWidget* parent)
     column->addWidget(m_status);
     connect(ParaAdvStringGrid, &StringGridView::dblClickCell, this, [this](int, int row) { editRow(row); });
     connect(&m_pid, &PidControl::changed, this, &TPIDForm::showEngine);
-    auto* stop = new QShortcut(QKeySequence(Qt::Key_F12), this);
-    connect(stop, &QShortcut::activated, &m_pid, &PidControl::STOPTransparentButtonClick);
     const int edge = column->contentsMargins().left() + column->contentsMargins().right();
     const int diagram = fontMetrics().averageCharWidth() * DiagramCharacters;
     splitter->setSizes({ParaAdvStringGrid->wholeWidth(), diagram});

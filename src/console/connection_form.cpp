@@ -130,8 +130,6 @@ QWidget* ConnectionForm::buildRunBar() {
     });
     connect(new QShortcut(Qt::SHIFT | Qt::Key_F5, this), &QShortcut::activated, STOPTransparentButton,
             &QToolButton::click);
-    connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, this,
-            [this] { m_console.panel.press(DriveButton::Stop); });
     return bar;
 }
 

@@ -32,7 +32,7 @@ struct ButtonRow {
 };
 constexpr std::array<ButtonRow, 6> Buttons{{
     {"RUNButton", "RUN", "Start the motor", DriveButton::Run},
-    {"STOPButton", "STOP", "Stop the motor (F8)", DriveButton::Stop},
+    {"STOPButton", "STOP", "Stop the motor (F12)", DriveButton::Stop},
     {"DIRButton", "FWD/REV", "Turn the motor the other way", DriveButton::Dir},
     {"JOGButton", "JOG", "Jog the motor", DriveButton::Jog},
     {"RESETButton", "RESET", "Reset a fault of the drive", DriveButton::Reset},

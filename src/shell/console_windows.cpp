@@ -33,6 +33,10 @@ void wireAdvanceForm(Windows& w, QWidget& form) {
     w.tool.console.registerNames = [&w](quint16 address) {
         return parameterOf(w.tool.parameters.DriveAdvStringGrid, address);
     };
+    // Its other pages only listen, or are changing what the drive runs.
+    w.stopKey.add(
+        form, [&w] { return w.tool.console.page == ConsolePage::Connection; },
+        [&w] { w.tool.console.panel.press(DriveButton::Stop); });
     QObject::connect(&advance, &TAdvanceForm::comSetupWanted, &w, [&w] { w.showModal(w.comSetupForm); });
     QObject::connect(&advance, &TAdvanceForm::timeOutWanted, &w, [&w](TimeOutTag tag) {
         auto& dialog = w.form<TInputTimeOutForm>();

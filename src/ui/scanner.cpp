@@ -15,14 +15,22 @@ VrIndicator::VrIndicator(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-// It steps with every request and reply, so only the cells that change are painted.
+// It steps with every request and reply, which on a quick line is more often than anyone can see: painted is
+// what stands there a few times a second, its rest at once, and then only the cells that changed.
 void VrIndicator::setPosition(int position) {
     position = std::clamp(position, -1, m_maximum);
     if (position == m_position) return;
-    const int before = std::exchange(m_position, position);
-    for (int cell = 0; cell < Cells; ++cell)
-        if (strengthAt(cell, before) != strengthAt(cell, position)) update(cellRoom(cell).toAlignedRect());
+    m_position = position;
+    const bool rests = position <= 0;
+    if (rests || !m_sincePainted.isValid() || m_sincePainted.elapsed() >= LeastPaintMs) paintChanges();
     Q_EMIT positionChanged(position);
+}
+
+void VrIndicator::paintChanges() {
+    const int before = std::exchange(m_painted, m_position);
+    m_sincePainted.start();
+    for (int cell = 0; cell < Cells; ++cell)
+        if (strengthAt(cell, before) != strengthAt(cell, m_position)) update(cellRoom(cell).toAlignedRect());
 }
 
 void VrIndicator::setMaximum(int maximum) {
@@ -48,6 +56,7 @@ QRectF VrIndicator::cellRoom(int cell) const {
 }
 
 void VrIndicator::paintEvent(QPaintEvent* event) {
+    if (event->rect() == rect()) m_painted = m_position;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor lit = palette().color(QPalette::Highlight);
@@ -57,7 +66,7 @@ void VrIndicator::paintEvent(QPaintEvent* event) {
         const QRectF room = cellRoom(cell);
         if (!room.intersects(event->rect())) continue;
         const QRectF box = room.adjusted(1.5, 1.5, -1.5, -1.5);
-        const double how = strengthAt(cell, m_position);
+        const double how = strengthAt(cell, m_painted);
         painter.setPen(how > 0 ? QPen(lit, 1) : QPen(edge, 1));
         painter.setBrush(how > 0 ? QBrush(mix(dark, lit, how)) : Qt::NoBrush);
         painter.drawRoundedRect(box, 2, 2);

@@ -2,6 +2,7 @@
 // which runs while the line settings are being tried. The owner sets the position; nothing moves by itself.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 namespace kelvane {
@@ -29,12 +30,16 @@ class VrIndicator : public QWidget {
     // Strength of cell n of Cells, 0 dark to 1 fully lit; the position is given as a share of the maximum.
     virtual double strength(int cell, double share) const;
     static constexpr int Cells = 10;
+    static constexpr int LeastPaintMs = 80;  // between two paintings of a bar that moves
 
    private:
     double strengthAt(int cell, int position) const;
     QRectF cellRoom(int cell) const;
+    void paintChanges();
 
     int m_position = 0;
+    int m_painted = 0;  // the position that is seen
+    QElapsedTimer m_sincePainted;
     int m_maximum = 100;
 };
 

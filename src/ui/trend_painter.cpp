@@ -188,8 +188,11 @@ void TrendPainter::paintLeftScale(QPainter& painter) const {
     const TrendChannel& channel = m_data.channels[at];
     painter.setPen(channelColour(channel, m_look.background));
     const int places = placesOfFormat(channel.ValueFormat);
+    // As many as stand free of each other on a low plot.
+    const int every = std::max(1, (metrics.height() * m_look.GridYSteps + m_view.rows() - 1) / m_view.rows());
     // Without a scale there is nothing to tell but the bottom.
     for (int step = channel.DigitalTo > 0 ? 0 : m_look.GridYSteps; step <= m_look.GridYSteps; ++step) {
+        if ((m_look.GridYSteps - step) % every) continue;
         const int y = m_view.top() + m_view.rows() * step / m_look.GridYSteps;
         QString text = QString::number(m_view.shareAt(y) * channel.ValueTo, 'f', places);
         if (text.startsWith(QLatin1Char('-')) && text.toDouble() == 0) text.remove(0, 1);

@@ -1,5 +1,7 @@
 #include "diagnostics/monitor/monitor_session.h"
 
+#include <cmath>
+
 #include "diagnostics/status_items.h"
 #include "diagnostics/trend/auto_range.h"
 #include "diagnostics/trend/trend_text.h"
@@ -15,10 +17,8 @@ constexpr double FirstTrendTop = 1;  // of an item that was just chosen
 std::optional<double> numberOf(QString text) {
     bool ok = false;
     const double value = text.replace(DecimalSep, QStringLiteral(".")).toDouble(&ok);
-    return ok ? std::optional(value) : std::nullopt;
+    return ok && std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
-
-int countsOf(double value, quint8 scale) { return static_cast<int>(scale ? value * scale : value); }
 
 // Kept: the raw scale goes down with the decimals of a new item but not up; the next value raises it.
 void followDecimals(ScaleState& meter, int before, int now) {
@@ -30,7 +30,7 @@ void followDecimals(ScaleState& meter, int before, int now) {
 void growScale(ScaleState& meter, quint32 raw, quint8 d) {
     if (qint64(raw) > meter.DigitalTo) {
         meter.ValueTo = d ? raw / d : raw;
-        meter.DigitalTo = countsOf(meter.ValueTo, d);
+        meter.DigitalTo = digitalOf(meter.ValueTo, d);
     }
     meter.Digit = static_cast<int>(raw);
 }
@@ -196,7 +196,7 @@ void MonitorSession::takeMeterType(ExchangeableMeter& meter) {
     const quint8 d = statusItem(status(), meter.Item).scale;
     const auto take = [d](ScaleState& scale, double top) {
         scale.ValueTo = top;
-        scale.DigitalTo = countsOf(top, d);
+        scale.DigitalTo = digitalOf(top, d);
     };
     switch (meterType.MeterType) {
         case 2:

@@ -1,6 +1,6 @@
 #include "diagnostics/trend/auto_range.h"
 
-#include <cmath>
+#include <algorithm>
 #include <limits>
 
 namespace kelvane {
@@ -11,7 +11,7 @@ constexpr double Headroom = 1.1;
 
 int wholeCounts(double counts) {
     constexpr double Most = std::numeric_limits<int>::max();
-    return counts >= Most ? std::numeric_limits<int>::max() : static_cast<int>(counts);
+    return static_cast<int>(std::clamp(counts, -Most, Most));
 }
 
 }  // namespace

@@ -6,7 +6,9 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QScrollArea>
 #include <QScrollBar>
+#include <QSplitter>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -29,6 +31,7 @@ namespace {
 constexpr int LowerPlotHeight = 121;
 constexpr int RowsOfChannels = 4;
 constexpr int PageMargin = 6;
+constexpr QSize LeastUsual(1060, 900);
 constexpr Rgb ItemBlue = 0x0000FF;
 constexpr Rgb UnitFuchsia = 0xFF00FF;
 constexpr Rgb White = 0xFFFFFF;
@@ -94,8 +97,9 @@ QWidget* TScopeForm::buildAxisButtons() {
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(0, 0, 0, 0);
     const auto add = [&](const char* name, Icon which, const QString& text) {
-        auto* button = named<TransparentButton>(name, icon(which), text, panel);
-        column->addWidget(button, 0, Qt::AlignHCenter);
+        auto* button =
+            named<TransparentButton>(name, icon(which), text, panel, TransparentButton::Layout::IconLeft);
+        column->addWidget(button);
         return button;
     };
     TransparentButton* up = add("UpTransparentButton", Icon::Up, tr("Up"));
@@ -151,22 +155,49 @@ QWidget* TScopeForm::buildPages() {
     StatusTabSheet = buildStatusPage();
     PageControl1->addTab(StatusTabSheet, tr("Status"));
     PageControl1->addTab(buildMeasurePage(), tr("Measure"));
-    // As high as the channels need: the rest of the window is the plots'.
-    PageControl1->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    PageControl1->setFixedHeight(PageControl1->tabBar()->sizeHint().height() +
-                                 PageControl1->widget(0)->sizeHint().height() + 2 * PageMargin);
     return PageControl1;
+}
+
+// The pages are as high as the channels need and the rest is the plots', until a hand moves the border.
+QWidget* TScopeForm::buildParts() {
+    auto* parts = named<QSplitter>("ScopeSplitter", Qt::Vertical, this);
+    parts->addWidget(buildPlots());
+    parts->addWidget(buildPages());
+    parts->setStretchFactor(0, 1);
+    parts->setCollapsible(0, false);
+    const int pages = PageControl1->tabBar()->sizeHint().height() +
+                      PageControl1->widget(0)->sizeHint().height() + 2 * PageMargin;
+    parts->setSizes({LeastUsual.height() - pages, pages});
+    return parts;
+}
+
+// Wide enough for the channels, where the screen is.
+QSize TScopeForm::usualSize() const {
+    const auto* channels = static_cast<const QScrollArea*>(PageControl1->widget(0))->widget();
+    return LeastUsual.expandedTo({channels->sizeHint().width() + 6 * PageMargin, 0});
+}
+
+// A page that is scrolled where the window is too small for it.
+QWidget* TScopeForm::scrolled(const char* name, QLayout* row) {
+    auto* page = named<QScrollArea>(name);
+    auto* content = new QWidget;
+    row->setContentsMargins(6, 4, 6, 4);
+    content->setLayout(row);
+    page->setFrameShape(QFrame::NoFrame);
+    page->setWidgetResizable(true);
+    page->setWidget(content);
+    content->setAutoFillBackground(false);
+    page->viewport()->setAutoFillBackground(false);
+    return page;
 }
 
 // ---- Channels ----
 
 QWidget* TScopeForm::buildChannelPage() {
-    auto* page = named<QWidget>("ChannelTabSheet");
-    auto* row = new QHBoxLayout(page);
-    row->setContentsMargins(6, 4, 6, 4);
+    auto* row = new QHBoxLayout;
     row->addWidget(buildChannelSelection(), 3);
     row->addWidget(buildChannelStatus(), 2);
-    return page;
+    return scrolled("ChannelTabSheet", row);
 }
 
 QWidget* TScopeForm::addColourPanel(const QString& name, int channel, bool logic) {
@@ -274,10 +305,8 @@ QWidget* TScopeForm::buildChannelStatus() {
 // ---- Status ----
 
 QWidget* TScopeForm::buildStatusPage() {
-    auto* page = named<QWidget>("StatusTabSheet");
-    auto* row = new QHBoxLayout(page);
-    row->setContentsMargins(6, 4, 6, 4);
-    auto* grid = named<StringGridView>("InfoAdvStringGrid", page);
+    auto* row = new QHBoxLayout;
+    auto* grid = named<StringGridView>("InfoAdvStringGrid", this);
     m_session.InfoAdvStringGrid.cellColours = [](int column, int row_of) -> CellColours {
         if (row_of == 0) return {};
         if (column == 0 || column == 4) return {.text = ItemBlue, .background = White};
@@ -296,7 +325,7 @@ QWidget* TScopeForm::buildStatusPage() {
     side->addWidget(buildFaultBox());
     side->addStretch();
     row->addLayout(side, 1);
-    return page;
+    return scrolled("StatusTabSheet", row);
 }
 
 QWidget* TScopeForm::buildLampBox() {
@@ -351,7 +380,7 @@ QWidget* TScopeForm::buildMeasurePage() {
     m_measureView->setColumnCharacters({28, 6, 10, 10, 10, 10, 10, 10, 10});
     m_measureView->setRightAligned({2, 3, 4, 5, 6, 7, 8});
     m_measureView->setAccessibleName(tr("Values between the measuring cursors"));
-    m_measureView->setMinimumHeight(fontMetrics().height() * 4);
+    m_measureView->setMinimumHeight(fontMetrics().height() * 3);
     column->addWidget(m_measureHead);
     column->addWidget(m_measureView, 1);
     showMeasure();

@@ -13,7 +13,6 @@ namespace kelvane {
 namespace {
 
 constexpr qint64 RecordBytes = sizeof(TrendRecord);
-constexpr qint64 StepRecords = 1 << 12;  // read and indexed while they are in the cache
 
 QString why(const QString& path, const QString& reason) { return path % QStringLiteral(": ") % reason; }
 
@@ -40,19 +39,16 @@ FileResult loadRecords(QIODevice& device, TrendRecords& records) {
     const bool fits = (records.size() + count) * RecordBytes <= mostBytes();
     TrendRecord* into = fits ? records.roomFor(count) : nullptr;
     if (!into) return {false, QStringLiteral("there is not enough memory for this file")};
+    const qint64 wanted = count * RecordBytes;
     qint64 bytes = 0;
-    qint64 whole = 0;
-    while (bytes < count * RecordBytes) {
-        const qint64 wanted = std::min(count * RecordBytes - bytes, StepRecords * RecordBytes);
-        const qint64 got = device.read(reinterpret_cast<char*>(into) + bytes, wanted);
-        if (got < 0) return {false, device.errorString()};
-        if (got == 0) break;  // cut by someone else meanwhile: what is whole counts
-        bytes += got;
-        records.grown(bytes / RecordBytes - whole);
-        whole = bytes / RecordBytes;
-        records.indexNewBlocks();
+    qint64 got = 1;
+    // In one piece as a rule. A file that someone else cuts meanwhile ends sooner: what is whole counts.
+    while (bytes < wanted && got > 0) {
+        got = device.read(reinterpret_cast<char*>(into) + bytes, wanted - bytes);
+        bytes += std::max<qint64>(got, 0);
     }
-    return {};
+    records.grown(bytes / RecordBytes);
+    return got < 0 ? FileResult{false, device.errorString()} : FileResult{};
 }
 
 FileResult loadScopeFile(const QString& path, TrendRecords& records) {

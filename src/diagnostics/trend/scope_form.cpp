@@ -70,8 +70,7 @@ TScopeForm::TScopeForm(TrendSession& session, const ScopeFormSite& site, QWidget
     m_foot->setTextFormat(Qt::PlainText);
     column->addWidget(buildButtons());
     column->addWidget(m_notice);
-    column->addWidget(buildPlots(), 1);
-    column->addWidget(buildPages());
+    column->addWidget(buildParts(), 1);
     column->addWidget(m_foot);
     setCentralWidget(centre);
     buildMenus();
@@ -80,7 +79,7 @@ TScopeForm::TScopeForm(TrendSession& session, const ScopeFormSite& site, QWidget
     connectSession();
     showItems();
     showSession();
-    resize(1060, 900);
+    resize(usualSize());
 }
 
 TScopeForm::~TScopeForm() = default;
@@ -336,7 +335,8 @@ bool TScopeForm::eventFilter(QObject* watched, QEvent* event) {
     const bool up = name == QLatin1String("UpTransparentButton");
     if (up || name == QLatin1String("DownTransparentButton")) {
         if (event->type() == QEvent::MouseButtonPress) holdButton(up);
-        if (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::Hide)
+        if (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::Hide ||
+            event->type() == QEvent::WindowBlocked)
             ButtonTimer.setEnabled(false);
         return false;
     }

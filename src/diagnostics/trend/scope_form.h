@@ -13,6 +13,7 @@ class QComboBox;
 class QGridLayout;
 class QHBoxLayout;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QScrollBar;
 class QTabWidget;
@@ -66,6 +67,9 @@ class TScopeForm : public QMainWindow {
     QWidget* buildPlots();
     QWidget* buildAxisButtons();
     QWidget* buildPages();
+    QWidget* buildParts();
+    QSize usualSize() const;
+    QWidget* scrolled(const char* name, QLayout* row);
     QWidget* buildChannelPage();
     QWidget* buildChannelSelection();
     QWidget* buildChannelStatus();

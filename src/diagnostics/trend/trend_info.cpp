@@ -1,7 +1,6 @@
 #include "diagnostics/trend/trend_info.h"
 
 #include <QStringList>
-#include <cmath>
 #include <functional>
 
 namespace kelvane {
@@ -12,6 +11,7 @@ const QString Head = QStringLiteral("[Trend]");
 const QString ChannelHead = QStringLiteral("[Channel %1]");
 constexpr qsizetype MostMarkers = 10000;
 constexpr qsizetype LongestText = 200;
+constexpr double LargestTop = 1e12;  // of a scale, in units
 
 // A line holds no line end, whatever a drive or a person put into a text.
 QString line(const char* key, const QString& value) {
@@ -49,7 +49,7 @@ void takeChannel(TrendChannelInfo& c, const QString& key, const QString& value) 
     if (key == QLatin1String("Visible")) c.visible = value == QLatin1String("yes");
     if (key == QLatin1String("ValueTo")) {
         const double number = value.toDouble(&ok);
-        if (ok && std::isfinite(number) && number >= 0) c.ValueTo = number;
+        if (ok && number >= 0 && number <= LargestTop) c.ValueTo = number;
     }
     if (key == QLatin1String("Color")) {
         const uint number = value.mid(1).toUInt(&ok, 16);

@@ -194,7 +194,8 @@ TEST(KeypadForm, ShowsThePagesOfTheEngine) {
 TEST(KeypadForm, TakesAFrequencyFromEditAndSliderAndFromNobodyElse) {
     KeypadWindow w;
     auto& edit = w.at<QLineEdit>("InputEdit");
-    edit.setFocus();
+    w.clickInWindow("InputEdit");
+    ASSERT_TRUE(edit.hasFocus());
     EXPECT_EQ(w.frames([&] {
                    QTest::keyClicks(&edit, "1x5 .e0k");
                    EXPECT_EQ(edit.text(), "15.0");
