@@ -7,17 +7,24 @@ namespace kelvane {
 
 namespace {
 
+// The zone goes with the brackets around it; letters in quotes are words of the language.
 QString longTimeWithoutZone(const QLocale& locale, const QTime& time) {
-    QString format = locale.timeFormat(QLocale::LongFormat);
-    format.remove(QLatin1Char('t'));
-    return locale.toString(time, format.trimmed());
+    QString format;
+    bool quoted = false;
+    for (const QChar sign : locale.timeFormat(QLocale::LongFormat)) {
+        if (sign == QLatin1Char('\'')) quoted = !quoted;
+        if (quoted || sign != QLatin1Char('t')) format += sign;
+    }
+    return locale.toString(time, format.remove(QLatin1String("()")).trimmed());
 }
 
 }  // namespace
 
 QString RequestScheduler::dateTimeText() const {
-    const QLocale locale = QLocale::system();
-    const QDateTime now = m_bench.wallClock.now();
+    return dateTimeText(QLocale::system(), m_bench.wallClock.now());
+}
+
+QString RequestScheduler::dateTimeText(const QLocale& locale, const QDateTime& now) {
     return locale.toString(now.date(), QLocale::ShortFormat) % QLatin1Char(' ') %
            longTimeWithoutZone(locale, now.time());
 }

@@ -11,6 +11,7 @@
 
 #include "shell/message_form.h"
 #include "ui/file_kinds.h"
+#include "ui/in_language.h"
 #include "ui/named.h"
 
 namespace kelvane {
@@ -165,6 +166,7 @@ BoxAnswer ShellOperator::boxOverPanel(const QString& text, const QString& title,
 BoxAnswer ShellOperator::ask(QMessageBox& message, BoxButtons buttons) const {
     message.setTextFormat(Qt::PlainText);
     message.setInformativeText(adviceFor(message.text()));
+    message.setText(inLanguage(message.text()));
     makeRoomForTitle(message);
     message.setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (buttons == BoxButtons::YesNo) message.setEscapeButton(QMessageBox::No);

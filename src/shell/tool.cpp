@@ -189,7 +189,7 @@ void Tool::OpenTransparentButtonClick() {
     if (read.QuickSetup.taken > 0) quickSetup.takeProject(named.QuickSetup.SlotFileValue);
     Q_EMIT projectOpened();
     if (!read.ok()) {
-        bench.person.tell(read.error, ErrorTitle, BoxIcon::Stop);
+        bench.person.tell(*path % QStringLiteral(": ") % read.error, ErrorTitle, BoxIcon::Stop);
         return;
     }
     statusPanel0 = QStringLiteral("Open ") % *path;

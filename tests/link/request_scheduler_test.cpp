@@ -518,5 +518,22 @@ TEST_F(ConsoleLink, DoesNotWaitWhileItListens) {
     EXPECT_EQ(heard, "abc");
 }
 
+// Some locales set the zone in brackets, which go with it.
+TEST(HistoryTime, HasNoZoneAndNoEmptyBracketsInAnyLocale) {
+    const QDateTime now(QDate(2026, 3, 2), QTime(19, 8, 7), Qt::UTC);
+    int locales = 0;
+    for (const QLocale& locale :
+         QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
+        const QString text = RequestScheduler::dateTimeText(locale, now);
+        for (const char* unwanted : {"()", "( )", "[]", "UTC", "  ", "（）"})
+            EXPECT_FALSE(text.contains(QString::fromUtf8(unwanted)))
+                << locale.name().toStdString() << ": " << text.toStdString();
+        EXPECT_EQ(text, text.trimmed());
+        EXPECT_TRUE(text.contains(locale.toString(now.date(), QLocale::ShortFormat)));
+        ++locales;
+    }
+    EXPECT_GT(locales, 300);
+}
+
 }  // namespace
 }  // namespace kelvane

@@ -15,6 +15,7 @@
 #include "parameters/window/parameter_pages_form.h"
 #include "ui/find_bar.h"
 #include "ui/icons.h"
+#include "ui/notice_bar.h"
 
 namespace kelvane {
 
@@ -61,9 +62,15 @@ void TParameterForm::buildCentre() {
     m_pages = new ParameterPages(m_session, this);
     m_findBar = new FindBar(this);
     m_findBar->setColumns(FindColumns);
+    m_viewNotice = new NoticeBar(this);
+    m_viewNotice->setObjectName(QStringLiteral("RowViewNotice"));
+    m_editsNotice = new NoticeBar(this);
+    m_editsNotice->setObjectName(QStringLiteral("KeptEditsNotice"));
     auto* right = new QWidget(this);
     auto* column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_editsNotice);
+    column->addWidget(m_viewNotice);
     column->addWidget(m_pages, 1);
     column->addWidget(m_findBar);
     auto* splitter = m_splitter = new QSplitter(this);
@@ -123,6 +130,7 @@ void TParameterForm::connectEngines() {
     connect(&m_session, &ParameterSession::screenChanged, this, &TParameterForm::showScreen);
     connect(&m_session, &ParameterSession::told, this, &TParameterForm::tellInStatusLine);
     connect(&m_session, &ParameterSession::historyChanged, this, &TParameterForm::showHistoryItems);
+    connect(&m_session, &ParameterSession::rowsInSightChanged, this, &TParameterForm::showRowView);
     connect(&m_session.reader, &ParameterReader::ended, this, &TParameterForm::focusTable);
     connect(&m_session.DriveAdvStringGrid, &StringGrid::hiddenColumnsChanged, this,
             &TParameterForm::showMenuItems);
@@ -176,6 +184,7 @@ void TParameterForm::connectMenus() {
         m_session.columns.toggle(column);
         showMenuItems();
     });
+    connect(m_menus, &ParameterMenus::rowViewChosen, &m_session, &ParameterSession::chooseRows);
     connect(m_menus->RecentFilesMenu, &QMenu::aboutToShow, this, &TParameterForm::fillRecentMenu);
 }
 

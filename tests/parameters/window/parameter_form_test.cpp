@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QDropEvent>
@@ -500,6 +501,127 @@ TEST_F(ParameterWindow, BacksUpTheTableAsReadBeforeTheFirstWrite) {
     EXPECT_EQ(backups(), 2);
 }
 
+// Only what is seen changes, and what is hidden is said; an edit that waits to be written is always in sight.
+TEST_F(ParameterWindow, ViewsHideRowsAndSayHowMany) {
+    readTable();
+    StringGrid& all = session.DriveAdvStringGrid;
+    const auto* bar = named<QWidget>("RowViewNotice");
+    const auto shown = [](const StringGrid& grid) {
+        QStringList numbers;
+        for (int row = 1; row < grid.RowCount(); ++row)
+            if (!grid.rowHidden(row)) numbers += grid.cell(column::PrNo, row);
+        return numbers;
+    };
+    const int row = rowOfNumber(all, "01-00");
+    const qsizetype parameters = shown(all).size() - shown(all).count("*****");
+    EXPECT_TRUE(bar->isHidden());
+    trigger("OnlyCheckedRows");
+    EXPECT_EQ(shown(all), QStringList());
+    EXPECT_TRUE(bar->accessibleName().startsWith(
+        QStringLiteral("Only checked rows: 0 shown, %1 hidden.").arg(parameters)));
+    session.driveHistory.edit({row}, [&] { all.setCheckBox(row, true); });
+    EXPECT_EQ(shown(all), (QStringList{"*****", "01-00"}));
+    EXPECT_TRUE(view("DriveAdvStringGrid")->isRowHidden(row) &&
+                !view("DriveAdvStringGrid")->isRowHidden(row - 1));
+    select(0, 2);
+    EXPECT_EQ(shown(session.SubDriveAdvStringGrid), QStringList{"01-00"});
+    session.WriteAllTransparentButtonClick();
+    const int writable = session.writer.AdvStringGrid1.RowCount() - 1;
+    EXPECT_GT(writable, 50) << "all rows, seen or not";
+    EXPECT_TRUE(session.writeSummaryLine().contains(
+        QStringLiteral("; %1 not in sight in the table").arg(writable - 1)));
+    session.writer.CancelTransparentButtonClick();
+
+    trigger("OnlyDifferingRows");
+    for (int each = 1; each < all.RowCount(); ++each) {
+        if (isGroupRow(all, each)) continue;
+        EXPECT_EQ(all.rowHidden(each), all.cell(column::Data, each) == all.cell(column::Default, each))
+            << each;
+    }
+    select(0, 0);
+    all.setCell(column::Default, row, "55.00");
+    session.driveHistory.edit({row}, [&] { all.setCell(column::Data, row, "55.00"); });
+    EXPECT_FALSE(all.rowHidden(row)) << "at its default, and not yet written";
+    QTest::keyClick(view("DriveAdvStringGrid"), Qt::Key_Z, Qt::ControlModifier);
+    session.driveTable.identity.family = Family::Hazel;
+    session.chooseRows(RowView::Differing);
+    EXPECT_EQ(shown(all).size(), all.RowCount() - 1) << "there are no defaults to differ from";
+    session.driveTable.identity.family = Family::Larch;
+    session.chooseRows(RowView::Differing);
+    bar->findChild<QAbstractButton*>()->click();
+    EXPECT_TRUE(bar->isHidden() && named<QAction>("AllRows")->isChecked());
+    EXPECT_EQ(shown(all).size(), all.RowCount() - 1);
+}
+
+// Nobody is asked at closing, and nothing is lost: the copy waits for the next opening.
+TEST_F(ParameterWindow, EditsThatWereNeverWrittenOutliveTheWindow) {
+    readTable();
+    StringGrid& all = session.DriveAdvStringGrid;
+    const int row = rowOfNumber(all, "01-00");
+    const auto* bar = named<QWidget>("KeptEditsNotice");
+    const auto edit = [&](const char* text) {
+        session.driveHistory.edit({row}, [&] {
+            all.setCell(column::Data, row, text);
+            all.setCheckBox(row, true);
+        });
+    };
+    const auto openAgain = [&] {
+        session.opened();
+        form.show();
+    };
+    const auto copies = [&] { return QDir(session.unwritten.folder()).entryList(QDir::Files).size(); };
+    edit("55.00");
+    kind = TableFileKind::Text;
+    person.expectSave("Text Fiels(*.txt)|*.txt", ".txt", folder.filePath("saved.txt"));
+    trigger("Save");
+    form.close();
+    EXPECT_EQ(copies(), 0) << "what was saved is not lost";
+
+    openAgain();
+    EXPECT_TRUE(bar->isHidden());
+    readTable();
+    edit("56.00");
+    writeWhole(session.unwritten.folder(), "a file in the place of the folder");
+    person.expectBox(
+        "The edits that are not written yet could not be kept: The folder " + session.unwritten.folder() +
+            " cannot be made.\nSave the table to another place. Closing the window once more gives "
+            "them up.",
+        "Error");
+    form.close();
+    EXPECT_TRUE(form.isVisible());
+    QFile::remove(session.unwritten.folder());
+    edit("57.00");
+    form.close();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(copies(), 1);
+
+    openAgain();
+    EXPECT_TRUE(bar->accessibleName().startsWith("Edits of Larch that were not written are kept from "))
+        << bar->accessibleName().toStdString();
+    bar->findChildren<QAbstractButton*>()[0]->click();
+    EXPECT_TRUE(bar->isHidden());
+    EXPECT_EQ(session.FileAdvStringGrid.cell(column::Data, row), "57.00");
+    session.WriteCheckTransparentButtonClick();
+    ASSERT_EQ(session.writer.AdvStringGrid1.RowCount(), 2) << "the box tells which row was edited";
+    form.close();
+    EXPECT_EQ(copies(), 1) << "not yet written";
+
+    openAgain();
+    bar->findChildren<QAbstractButton*>()[0]->click();
+    session.WriteCheckTransparentButtonClick();
+    person.expectBox("Do you want to write the parameter(s) to drive ?", "Cofirm", BoxAnswer::Yes);
+    session.writer.OKTransparentButtonClick();
+    clock.advanceUntil([&] { return !session.writer.form.shown; }, 60 * 1000);
+    EXPECT_EQ(copies(), 0) << "the drive has them";
+    session.fileHistory.edit({row}, [&] { session.FileAdvStringGrid.setCell(column::Data, row, "58.00"); });
+    form.close();
+    openAgain();
+    ASSERT_EQ(copies(), 1);
+    bar->findChildren<QAbstractButton*>()[1]->click();
+    EXPECT_EQ(copies(), 0);
+    EXPECT_TRUE(bar->isHidden());
+}
+
 TEST_F(ParameterWindow, ABackupThatFailsIsTold) {
     readTable();
     writeWhole(folder.filePath("backup"), "a file in the place of the folder");
@@ -509,21 +631,21 @@ TEST_F(ParameterWindow, ABackupThatFailsIsTold) {
     Q_EMIT session.writer.writesBegin();
 }
 
-TEST(TableBackup, KeepsTheLastTwentyAndTellsAFailure) {
+TEST(TableCopies, AreTheLastOnesAndTellAFailure) {
+    constexpr int Kept = 20;
     QTemporaryDir folder;
-    TableBackup backup(folder.path());
+    TableCopies copies(folder.filePath("backup"), Kept);
     ParameterTable table;
     test::fillSample(table);
-    const auto read = [](int) { return std::nullopt; };
-    QDateTime now(QDate(2026, 3, 2), QTime(9, 0));
-    for (int i = 0; i < TableBackup::Kept + 2; ++i)
-        ASSERT_TRUE(backup.write(table, false, now.addSecs(i / 2), read).ok);
-    const QStringList files = QDir(backup.folder()).entryList(QDir::Files);
-    EXPECT_EQ(files.size(), TableBackup::Kept);
+    const QDateTime now(QDate(2026, 3, 2), QTime(9, 0));
+    for (int i = 0; i < Kept + 2; ++i) ASSERT_TRUE(copies.write(table, false, now.addSecs(i / 2)).ok);
+    const QStringList files = QDir(copies.folder()).entryList(QDir::Files);
+    EXPECT_EQ(files.size(), Kept);
     EXPECT_EQ(files.first(), "2026-03-02_09-00-01_Larch.txt");
-    EXPECT_TRUE(QFile::exists(backup.path()));
-    TableBackup nowhere(folder.filePath("backup/") + files.first());
-    EXPECT_FALSE(nowhere.write(table, false, now, read).ok);
+    EXPECT_TRUE(QFile::exists(copies.path()));
+    EXPECT_EQ(copies.newest(), copies.path());
+    TableCopies nowhere(copies.path() + "/backup", Kept);
+    EXPECT_FALSE(nowhere.write(table, false, now).ok);
 }
 
 }  // namespace
