@@ -7,15 +7,17 @@ namespace kelvane {
 
 namespace {
 
-// The zone goes with the brackets around it; letters in quotes are words of the language.
+// The zone (t) goes with the brackets around it, and so does the part of the day (B), which Qt would print as
+// that letter; letters in quotes are words of the language.
 QString longTimeWithoutZone(const QLocale& locale, const QTime& time) {
     QString format;
     bool quoted = false;
     for (const QChar sign : locale.timeFormat(QLocale::LongFormat)) {
-        if (sign == QLatin1Char('\'')) quoted = !quoted;
-        if (quoted || sign != QLatin1Char('t')) format += sign;
+        if (sign == u'\'') quoted = !quoted;
+        if (quoted || (sign != u't' && sign != u'B')) format += sign;
     }
-    return locale.toString(time, format.remove(QLatin1String("()")).trimmed());
+    for (const char* brackets : {"()", "[]"}) format.remove(QLatin1String(brackets));
+    return locale.toString(time, format.trimmed());
 }
 
 }  // namespace

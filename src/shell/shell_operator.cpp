@@ -13,6 +13,7 @@
 #include "ui/file_kinds.h"
 #include "ui/in_language.h"
 #include "ui/named.h"
+#include "ui/title_width.h"
 
 namespace kelvane {
 
@@ -38,13 +39,7 @@ void goBackTo(QWidget* window) {
 void makeRoomForTitle(QMessageBox& message) {
     auto* grid = qobject_cast<QGridLayout*>(message.layout());
     if (!grid) return;
-    const QFontMetrics bold{[&] {
-        QFont face = message.font();
-        face.setBold(true);
-        return face;
-    }()};
-    const int room = bold.horizontalAdvance(message.windowTitle()) + 10 * bold.height();
-    grid->addItem(new QSpacerItem(room, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    grid->addItem(new QSpacerItem(titleWidth(message), 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 QMessageBox::Icon iconOf(BoxIcon icon) {

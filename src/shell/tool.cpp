@@ -56,11 +56,20 @@ Tool::Tool(const ToolBench& toolBench)
     };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
     connect(&link, &RequestScheduler::changed, this, &Tool::takeHeldComSetup);
+    connect(&link, &RequestScheduler::initialRun, this, [this] { m_onLineSaid = false; });
+    connect(&link, &RequestScheduler::statusDecoded, this, &Tool::sayOnLine);
     loadDefaultProject();
     followPort();
 }
 
 void Tool::followPort() { watcher.follow(linkPort.target().devicePath); }
+
+// Once an identification, when its first poll has come.
+void Tool::sayOnLine() {
+    if (std::exchange(m_onLineSaid, true)) return;
+    const QString drive = QStringList{link.Labels.DriveVrLabel, link.Labels.VersionVrLabel}.join(u' ');
+    link.ShowHistoryMsg(drive.trimmed() % QStringLiteral(" on line"));
+}
 
 // Through the boxes, as a person would.
 PortSettings Tool::setComSetupForKeypad(const ComSetupChoice& choice) {

@@ -47,6 +47,9 @@ TEST_P(MainFormOfFamily, GoesOnLineAndShowsWhoTheDriveIs) {
     EXPECT_TRUE(bench.text("PracticePanel").contains(familyName(GetParam())));
     const QString history = bench.find<QPlainTextEdit>("MessageMemo")->toPlainText();
     EXPECT_TRUE(history.contains(" > Setup the Com port and protocol"));
+    EXPECT_TRUE(history.endsWith(" > " + bench.text("DriveVrLabel") + ' ' + bench.text("VersionVrLabel") +
+                                 " on line"))
+        << history.toStdString();
 }
 
 INSTANTIATE_TEST_SUITE_P(Nine, MainFormOfFamily, testing::ValuesIn(AllFamilies),
@@ -243,8 +246,8 @@ TEST(Translations, FindTextsOfEnginesByTheirWords) {
               QString::fromUtf8("Lesen abgebrochen: 7 von 198 Parametern gelesen."));
     EXPECT_EQ(inLanguage("/mnt/x.txt: the disk is full"),
               QString::fromUtf8("/mnt/x.txt: der Datenträger ist voll"));
-    EXPECT_EQ(inLanguage("1 of 2 differ from what the drive held; 3 read-only"),
-              QString::fromUtf8("1 von 2 weichen von den Werten im Umrichter ab; 3 nur lesbar"));
+    EXPECT_EQ(inLanguage("1 difference. Rows that could not be compared: 2 of the drive, 0 of the file."),
+              QString::fromUtf8("1 Unterschied. Nicht vergleichbare Zeilen: 2 des Umrichters, 0 der Datei."));
     EXPECT_EQ(inLanguage("Initial drive failed !!"), "Initial drive failed !!");
     translations.choose(4, folder);
     EXPECT_EQ(inLanguage("1 difference."), "1 difference.");

@@ -188,7 +188,12 @@ void TWriteCheckForm::showRecord() {
     PrLabel->setText(form.PrLabel);
 }
 
-void TWriteCheckForm::sumUp() { SummaryLabel->setText(inLanguage(m_session.writeSummaryLine())); }
+void TWriteCheckForm::sumUp() {
+    QStringList parts;
+    for (const QString& part : m_session.writeSummaryLine().split(QLatin1String("; ")))
+        parts += inLanguage(part);
+    SummaryLabel->setText(parts.join(QLatin1String("; ")));
+}
 
 // Once for all rows that the header's box has changed.
 void TWriteCheckForm::sumUpLater() {

@@ -255,11 +255,9 @@ void TParameterForm::showRoot(QTreeWidgetItem* root, const TreeRoot& shown) {
 // The names have room; a person who drags the splitter has the last word.
 void TParameterForm::fitTreePane() {
     const QList<int> sizes = m_splitter->sizes();
-    int longest = 0;
-    for (const QTreeWidgetItem* root : {m_driveRoot, m_fileRoot})
-        for (int i = 0; i < root->childCount(); ++i)
-            longest = std::max(longest, fontMetrics().horizontalAdvance(root->child(i)->text(0)));
-    const int wanted = longest + 4 * ParaTreeView->indentation() + ParaTreeView->iconSize().width();
+    const int around = sizes[0] - ParaTreeView->viewport()->width();
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, ParaTreeView);
+    const int wanted = static_cast<QAbstractItemView*>(ParaTreeView)->sizeHintForColumn(0) + around + bar;
     const int widest = (sizes[0] + sizes[1]) / 3;
     if (m_splitterMoved || std::min(wanted, widest) <= sizes[0]) return;
     const int left = std::min(wanted, widest);
