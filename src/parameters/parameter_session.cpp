@@ -116,6 +116,7 @@ void ParameterSession::connectEngines() {
         Q_EMIT told(QStringLiteral("Loaded %1.").arg(QFileInfo(path).fileName()));
     });
     connect(&loader, &TableLoader::notLoaded, this, [this] { Q_EMIT told({}); });
+    connect(&saver, &TableSaver::notSaved, this, [this] { Q_EMIT told({}); });
     connect(&writer, &ParameterWriter::writesBegin, this, &ParameterSession::backUp);
     connect(&writer, &ParameterWriter::rowReadBack, this, [this](int row) {
         if (m_driveRows && m_tableOfDriveOnLine)

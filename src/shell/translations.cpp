@@ -137,6 +137,7 @@ void Translations::choose(quint8 LanguageIndex, const QString& languageFolder) {
 // A text that somebody has set since the last time is English again, or of a language file that knows it.
 void Translations::show(const QList<QWidget*>& windows) const {
     const auto showIn = [this](QObject& object) {
+        const bool isLabel = object.inherits("QLabel");  // it may hold what an engine said
         for (const Shown& shown : ShownTexts) {
             if (object.metaObject()->indexOfProperty(shown.property) < 0) continue;
             if (qstrcmp(shown.property, "text") == 0 && isContent(object)) continue;
@@ -145,7 +146,8 @@ void Translations::show(const QList<QWidget*>& windows) const {
             const QVariant last = object.property(shown.last);
             const QString english =
                 last.isValid() && last.toString() == now ? object.property(shown.english).toString() : now;
-            const QString found = m_ours.text(english);
+            QString found = m_ours.text(english);
+            if (found.isEmpty() && isLabel && !m_ours.isEmpty()) found = inLanguage(english);
             const QString wanted = found.isEmpty() ? english : found;
             if (wanted != now) object.setProperty(shown.property, wanted);
             object.setProperty(shown.english, english);

@@ -27,7 +27,7 @@ Icon iconOf(ProgressGlyph glyph) {
 
 QString countText(const ProgressDialog& progress) {
     if (progress.total <= 0) return {};
-    return QStringLiteral("%1 of %2").arg(progress.count).arg(progress.total);
+    return TProgressForm::tr("%1 of %2").arg(progress.count).arg(progress.total);
 }
 
 QString timeLeftText(qint64 ms) {

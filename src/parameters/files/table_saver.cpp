@@ -106,6 +106,7 @@ bool TableSaver::told(const QString& path, ParameterTab tab, const FileResult& r
     if (result.ok) {
         Q_EMIT saved(path, tab);
     } else {
+        Q_EMIT notSaved();
         m_work.person.tell(result.error, QStringLiteral("Error"), BoxIcon::Stop);
     }
     return result.ok;

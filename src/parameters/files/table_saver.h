@@ -24,6 +24,7 @@ class TableSaver : public QObject {
 
    Q_SIGNALS:
     void saved(const QString& path, ParameterTab tab);
+    void notSaved();  // a box has said why
 
    private:
     struct Job {
