@@ -77,16 +77,6 @@ TEST(ReportPages, NamesOfSixteenCharactersAreNeverCut) {
     }
 }
 
-TEST(ReportPages, KeepsTheIdentityOfAPlainTableBlankBeforeAnyComparison) {
-    ParameterTable table;
-    test::fillSample(table);
-    const Report report = makeReport(PrintSource::DriveTable, table.grid, ComparisonSheet(), {});
-    const ReportPages pages(report, A4Room);
-    EXPECT_EQ(textsOf(pages.page(0), "dDriveQRLabel"), QStringList{""});
-    EXPECT_EQ(textsOf(pages.page(0), "Pr. No"), (QStringList{"*****", "00-00", "00-01", "*****", "01-00"}));
-    EXPECT_EQ(textsOf(pages.page(0), "Description")[4], "Max. Output Freq");
-}
-
 TEST(PrintForm, ShowsAllPagesAndWritesThePdfWhole) {
     QTemporaryDir folder;
     ScriptedOperator person;

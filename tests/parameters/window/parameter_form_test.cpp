@@ -17,13 +17,11 @@
 #include <QTest>
 #include <QTreeWidget>
 
-#include "base/manual_tick_clock.h"
 #include "bench/scripted_operator.h"
-#include "catalogue/identification.h"
-#include "drive/practice_port.h"
 #include "parameters/dialogs/folder_browser_form.h"
 #include "parameters/files/table_text_file.h"
 #include "parameters/sample_table.h"
+#include "parameters/station_bench.h"
 #include "parameters/window/parameter_pages_form.h"
 #include "ui/display_label.h"
 #include "ui/find_bar.h"
@@ -33,20 +31,14 @@
 namespace kelvane {
 namespace {
 
-// On line in the Parameter window with a practice drive, as the shell leaves it.
-class ParameterWindow : public testing::Test {
+struct WindowPerson {
+    QTemporaryDir folder;
+    ScriptedOperator person;
+};
+
+class ParameterWindow : public testing::Test, protected WindowPerson, protected StationBench {
    protected:
-    ParameterWindow()
-        : station(clock, drive::familyData(Family::Larch), line()),
-          link({clock, wall, person, station.port, lang}) {
-        link.Initial();
-        link.emptyQueues();
-        link.BaudTimeoutTicks = link.ReplyTimeoutTicks = 5;
-        link.ComMode = 1;
-        station.port.setSettings(line().wire);
-        link.ActiveFunction = OwnerParameter;
-        link.ParamRead.fixedParaName = fixedParaName;
-        beOnLine(Family::Larch);
+    ParameterWindow() : StationBench(person, Family::Larch, folder.path()) {
         session.choices.chooseTab = [this](const QString& title, const std::vector<ParameterTab>& tabs,
                                            int selected, const TableChoices::ThenTab& then) {
             asked << title;
@@ -60,33 +52,8 @@ class ParameterWindow : public testing::Test {
             asked << items;
             then(chosen);
         };
-        session.opened();
         form.show();
         QApplication::processEvents();
-    }
-    static drive::LineOptions line() {
-        drive::LineOptions options{.mode = drive::LineMode::Rtu};
-        options.wire = {.Baud = 38400, .DataBits = 8};
-        return options;
-    }
-    void beOnLine(Family family) {
-        link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
-        link.Labels = {QString::fromLatin1(familyName(family)), "2.05", "150A", "460V", "75 ( 100 )"};
-        DriveStatusRecord& status = link.DriveStatus;
-        status.DriveReady = 1;
-        status.DriveFamily = static_cast<quint8>(family);
-        const int groups = station.drive.parameters().groupCount();
-        status.GroupCount = static_cast<quint8>(groups);
-        for (int G = 0; G <= groups; ++G) {
-            status.GroupParamCount[size_t(G)] = station.drive.parameters().highestNumber(G).value_or(0);
-            names.storeReportedName(status.DriveFamily, G, QStringLiteral("Group%1          ").arg(G));
-        }
-        link.notifyChanged();
-    }
-    void readTable() {
-        trigger("ReadfromDrive");
-        clock.advanceUntil([&] { return !session.progress.shown; }, 3600 * 1000);
-        ASSERT_EQ(session.reader.DriveTableComplete, 1);
     }
     // The sample table as the table from file.
     void loadSample() {
@@ -114,15 +81,6 @@ class ParameterWindow : public testing::Test {
         return named<QLabel>(index ? "StatusLinePanel1" : "StatusLinePanel0")->text();
     }
 
-    QTemporaryDir folder;
-    ManualTickClock clock;
-    FixedWallClock wall{QDateTime(QDate(2026, 3, 2), QTime(9, 8, 7))};
-    ScriptedOperator person;
-    LangTable lang = LangTable::builtInEnglish();
-    drive::PracticeStation station;
-    RequestScheduler link;
-    GroupNameTable names;
-    ParameterSession session{link, clock, names, {.programFolder = folder.path(), .wallClock = &wall}};
     LooksInMemory looks;
     TParameterForm form{session, looks};
     QStringList asked;
@@ -147,20 +105,6 @@ TEST_F(ParameterWindow, OpensBareAndTellsThatNoTableIsOpen) {
     EXPECT_TRUE(station.port.writes().isEmpty());
 }
 
-TEST_F(ParameterWindow, NoNameStandsTwice) {
-    QSet<QString> seen;
-    for (const QObject* object : form.findChildren<QObject*>()) {
-        const QString name = object->objectName();
-        const bool ofQt =
-            name.startsWith("qt_") || name.startsWith('_') || qobject_cast<QTabBar*>(object->parent());
-        if (name.isEmpty() || ofQt) continue;
-        EXPECT_FALSE(seen.contains(name)) << name.toStdString();
-        seen.insert(name);
-    }
-    EXPECT_TRUE(seen.contains("HideAttribute") && seen.contains("RparaAbLED") &&
-                seen.contains("CompKindLabel"));
-}
-
 TEST_F(ParameterWindow, ReadsATableIntoTabAndTree) {
     readTable();
     EXPECT_TRUE(named<TabSheet>("DriveTabSheet")->tabVisible());
@@ -170,11 +114,20 @@ TEST_F(ParameterWindow, ReadsATableIntoTabAndTree) {
     EXPECT_EQ(named<VrLabel>("RatedCurrentVrLabel")->text(), "150A");
     const QTreeWidgetItem* root = named<QTreeWidget>("ParaTreeView")->topLevelItem(0);
     EXPECT_EQ(root->text(0), "Drive [ Larch ]");
-    EXPECT_TRUE(root->isExpanded());
+    EXPECT_TRUE(root->isExpanded() && session.reader.DriveTableComplete);
     ASSERT_EQ(root->childCount(), station.drive.parameters().groupCount() + 1);
     EXPECT_EQ(root->child(0)->text(0), "All Parameters");
     EXPECT_EQ(root->child(2)->data(0, Qt::UserRole).toInt(), TreeChildImage);
     EXPECT_TRUE(named<QAction>("ResetParameter")->isEnabled());
+
+    // Find looks in the grid in front.
+    QTest::keyClick(view("DriveAdvStringGrid"), Qt::Key_F, Qt::ControlModifier);
+    FindBar* bar = form.findChild<FindBar*>();
+    ASSERT_TRUE(bar->isVisible());
+    bar->setSearchText("01-0");
+    EXPECT_EQ(bar->hitCount(), 10);
+    select(0, 1);
+    EXPECT_EQ(bar->hitCount(), 0);
 
     // Idle, the window sends nothing.
     station.port.clearTranscript();
@@ -305,23 +258,6 @@ TEST_F(ParameterWindow, SavesAsTextAndLoadsItAgain) {
     EXPECT_EQ(session.FileAdvStringGrid.RowCount(), 6);
 }
 
-TEST_F(ParameterWindow, SavesSpreadsheetsBehindTheProgressRecord) {
-    loadSample();
-    kind = TableFileKind::Spreadsheet;
-    const QString path = folder.filePath("t.xls");
-    QStringList infos;
-    QObject::connect(&session.progress, &ProgressDialog::shownChanged, [&](bool shown) {
-        if (shown) infos << session.progress.InfoLabel;
-    });
-    person.expectSave("Microsoft Excel Fiels(*.xls)|*.xls", ".xls", path);
-    trigger("Save");
-    ASSERT_TRUE(session.loader.load(path));
-    EXPECT_EQ(infos, (QStringList{"Saving parameters from Larch ...", "Reading parameters from Larch ..."}));
-    EXPECT_FALSE(session.progress.shown);
-    EXPECT_EQ(session.FileAdvStringGrid.cell(column::PrNo, 5), "01-00");
-    EXPECT_TRUE(session.FileAdvStringGrid.checkBox(5));
-}
-
 TEST_F(ParameterWindow, ClosingATabSavesThatTableAndFailureKeepsIt) {
     readTable();
     loadSample();
@@ -416,18 +352,6 @@ TEST_F(ParameterWindow, StatusLineKeepsLinkAndNumInOnePanel) {
     EXPECT_FALSE(form.SystemTimer.Enabled());
 }
 
-TEST_F(ParameterWindow, FindLooksInTheGridInFront) {
-    readTable();
-    QTest::keyClick(view("DriveAdvStringGrid"), Qt::Key_F, Qt::ControlModifier);
-    FindBar* bar = form.findChild<FindBar*>();
-    ASSERT_TRUE(bar->isVisible());
-    bar->setSearchText("01-0");
-    EXPECT_EQ(bar->hitCount(), 10);
-    select(0, 1);
-    bar->setSearchText("00-00");
-    EXPECT_EQ(bar->hitCount(), 1);
-}
-
 TEST_F(ParameterWindow, LoadsFilesThatAreDroppedOrDoubleClicked) {
     loadSample();
     QMimeData data;
@@ -472,6 +396,12 @@ TEST_F(ParameterWindow, BacksUpTheTableAsReadBeforeTheFirstWrite) {
     Q_EMIT session.writer.writesBegin();  // no table yet: tried again before the next write
     EXPECT_TRUE(history.last().endsWith(" > No backup: the table of this drive has not been read."));
     readTable();
+    writeWhole(folder.filePath("backup"), "a file in the place of the folder");
+    person.expectBox("The drive's table could not be backed up: The folder " + folder.filePath("backup") +
+                         " cannot be made.",
+                     "Error");
+    Q_EMIT session.writer.writesBegin();
+    QFile::remove(folder.filePath("backup"));
     const int row = rowOfNumber(session.DriveAdvStringGrid, "01-00");
     const QString read = session.DriveAdvStringGrid.cell(column::Data, row);
     session.DriveAdvStringGrid.setCell(column::Data, row, "55.00");
@@ -620,15 +550,6 @@ TEST_F(ParameterWindow, EditsThatWereNeverWrittenOutliveTheWindow) {
     bar->findChildren<QAbstractButton*>()[1]->click();
     EXPECT_EQ(copies(), 0);
     EXPECT_TRUE(bar->isHidden());
-}
-
-TEST_F(ParameterWindow, ABackupThatFailsIsTold) {
-    readTable();
-    writeWhole(folder.filePath("backup"), "a file in the place of the folder");
-    person.expectBox("The drive's table could not be backed up: The folder " + folder.filePath("backup") +
-                         " cannot be made.",
-                     "Error");
-    Q_EMIT session.writer.writesBegin();
 }
 
 TEST(TableCopies, AreTheLastOnesAndTellAFailure) {
