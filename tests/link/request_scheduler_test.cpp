@@ -306,7 +306,7 @@ TEST_F(Reply, AsksAfterABadChecksumDuringIdentification) {
     link.TxTimer.setEnabled(true);
     const QString question = "Checksum Error !!\nWould you want to try again ?";
     send();
-    person.expectBox(question, "Cofirm", BoxAnswer::Retry);
+    person.expectBox(question, "Cofirm", BoxAnswer::Retry, [this] { EXPECT_TRUE(link.Lamp.green); });
     port.arrive(BadFrame);
     EXPECT_EQ(send(), "FF0321100003");
     EXPECT_EQ(person.lastIcon, BoxIcon::Stop);

@@ -146,6 +146,12 @@ TEST(MainForm, SavesAndOpensANamedProject) {
     bench.trigger("FileOpenItem");
     EXPECT_EQ(bench.tool->comSetup.shown.BaudComboBox, "9600");
     EXPECT_EQ(bench.text("StatusLinePanel0"), "Open " + path);
+    const QString damaged = bench.dir.filePath("damaged.prj");
+    writeWhole(damaged, readWhole(path).bytes.replace("Stopbits     = 2", "Stopbits     = two"));
+    bench.person.expectOpen("Project File(*.prj)|*.prj", damaged);
+    bench.person.expectBox(damaged + ": Line 10 cannot be read: \"two\"", "Error");
+    bench.trigger("FileOpenItem");
+    EXPECT_EQ(bench.text("StatusLinePanel0"), "Open " + path);
     bench.person.expectOpen("Project File(*.prj)|*.prj", std::nullopt);
     bench.trigger("FileOpenItem");
 }

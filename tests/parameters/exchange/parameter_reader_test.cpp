@@ -105,6 +105,7 @@ TEST(ParameterReader, CancelWithYesKeepsFinishedRows) {
     for (const int replies : {1, 4}) {  // in the middle, and on the very last reply
         ParameterLinkBench b;
         b.readSome(replies);
+        EXPECT_EQ(b.progress.position, replies == 1 ? 1 : 3) << "no step from group to group";
         b.progress.CancelTransparentButtonClick();
         b.person.expectBox("Are you sure terminate ?", "Cofirm", BoxAnswer::Yes);
         b.answerRecord();

@@ -327,6 +327,17 @@ TEST(ParameterWriter, ReadBackThatCannotGoOnLetsThePersonOut) {
     }
 }
 
+TEST(ParameterWriter, ClosingInTheMiddleLeavesACleanLink) {
+    ParameterLinkBench b(Larch);
+    b.openTable({"60.00"});
+    b.session.WriteCheckTransparentButtonClick();
+    b.pressOk();
+    b.send();
+    b.session.FormClose();
+    EXPECT_FALSE(b.writer.form.shown || b.link.RxTimer.Enabled());
+    EXPECT_TRUE(b.link.TaskQueue.empty());
+}
+
 TEST(ParameterWriter, KeepsReadBackUnsigned) {
     ParameterLinkBench b(4);
     b.openTable({"-1.2"});
