@@ -1,6 +1,7 @@
 #include "base/string_grid.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kelvane {
 
@@ -111,6 +112,13 @@ void StringGrid::setRowHidden(int row, bool hidden) {
     if (!hasRow(row) || rowHidden(row) == hidden) return;
     m_rows[static_cast<size_t>(row)].hidden = hidden;
     Q_EMIT hiddenRowsChanged();
+}
+
+void StringGrid::setRowsHidden(const std::vector<bool>& hidden) {
+    bool any = false;
+    for (size_t row = 0; row < m_rows.size() && row < hidden.size(); ++row)
+        any |= std::exchange(m_rows[row].hidden, hidden[row]) != hidden[row];
+    if (any) Q_EMIT hiddenRowsChanged();
 }
 
 void StringGrid::showAllRows() {

@@ -48,6 +48,7 @@ class StringGrid : public QAbstractTableModel {
     void setColumnHidden(int column, bool hidden);
     bool rowHidden(int row) const;
     void setRowHidden(int row, bool hidden);
+    void setRowsHidden(const std::vector<bool>& hidden);  // by row; views hear of it once
     void showAllRows();
     int visibleRowCount() const;
     int realRow(int visibleRow) const;  // -1 when there is none

@@ -7,17 +7,26 @@ namespace kelvane {
 
 namespace {
 
+// The zone (t) goes with the brackets around it, and so does the part of the day (B), which Qt would print as
+// that letter; letters in quotes are words of the language.
 QString longTimeWithoutZone(const QLocale& locale, const QTime& time) {
-    QString format = locale.timeFormat(QLocale::LongFormat);
-    format.remove(QLatin1Char('t'));
+    QString format;
+    bool quoted = false;
+    for (const QChar sign : locale.timeFormat(QLocale::LongFormat)) {
+        if (sign == u'\'') quoted = !quoted;
+        if (quoted || (sign != u't' && sign != u'B')) format += sign;
+    }
+    for (const char* brackets : {"()", "[]"}) format.remove(QLatin1String(brackets));
     return locale.toString(time, format.trimmed());
 }
 
 }  // namespace
 
 QString RequestScheduler::dateTimeText() const {
-    const QLocale locale = QLocale::system();
-    const QDateTime now = m_site.wallClock.now();
+    return dateTimeText(QLocale::system(), m_site.wallClock.now());
+}
+
+QString RequestScheduler::dateTimeText(const QLocale& locale, const QDateTime& now) {
     return locale.toString(now.date(), QLocale::ShortFormat) % QLatin1Char(' ') %
            longTimeWithoutZone(locale, now.time());
 }

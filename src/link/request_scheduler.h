@@ -5,6 +5,7 @@
 // link means to windows they do themselves, on its signals.
 #pragma once
 
+#include <QLocale>
 #include <QObject>
 #include <array>
 #include <functional>
@@ -90,6 +91,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     void ShowHistoryMsg(const QString& text);
     // Time text of history lines and reports: the system's short date and long time.
     QString dateTimeText() const;
+    static QString dateTimeText(const QLocale& locale, const QDateTime& now);
 
     LinkMode mode() const { return ComMode ? LinkMode::Rtu : LinkMode::Ascii; }
     const OwnerRow& owner() const { return ownerRow(ActiveFunction); }

@@ -1,6 +1,7 @@
 #include "parameters/parameter_session.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 namespace kelvane {
@@ -9,7 +10,14 @@ namespace {
 
 constexpr int BlankedOnClose = 300;  // rows of the comparison, by design
 
+constexpr int BackupsKept = 20;
+constexpr int UnwrittenKept = 5;
+
 const QString Cofirm = QStringLiteral("Cofirm");
+
+QString in(const QString& programFolder, const char* folder) {
+    return programFolder.isEmpty() ? QString() : programFolder % u'/' % QLatin1String(folder);
+}
 
 }  // namespace
 
@@ -27,7 +35,8 @@ ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, con
                progress,   clock,     voice.person, voice.lang, files.spreadsheet},
       saver(fileWork, choices),
       loader(fileWork),
-      backup(files.programFolder),
+      backup(in(files.programFolder, "backup"), BackupsKept),
+      unwritten(in(files.programFolder, "unwritten edits"), UnwrittenKept),
       m_files(files) {
     connectGrids();
     connectEngines();
@@ -38,7 +47,14 @@ void ParameterSession::connectGrids() {
     for (StringGrid* grid :
          {&DriveAdvStringGrid, &SubDriveAdvStringGrid, &FileAdvStringGrid, &SubFileAdvStringGrid})
         grid->boxRests = [grid](int row) { return !isWritable(*grid, row); };
-    driveHistory.changed = fileHistory.changed = [this] { Q_EMIT historyChanged(); };
+    const auto edited = [this](bool& saved) {
+        saved = m_editsGivenUp = false;
+        followRowView();
+        Q_EMIT historyChanged();
+    };
+    driveHistory.changed = [this, edited] { edited(m_driveSaved); };
+    fileHistory.changed = [this, edited] { edited(m_fileSaved); };
+    driveSub.passedOn = fileSub.passedOn = [this] { followRowView(); };
     DriveAdvStringGrid.cellColours = [this](int column, int row) {
         return ProcessAdvStringGridGetCellColor(DriveAdvStringGrid, driveTable.identity.family, column, row);
     };
@@ -84,15 +100,23 @@ void ParameterSession::connectEngines() {
                                    .arg(done.total));
     });
     connect(&writer, &ParameterWriter::runEnded, this, [this](int written, int refused) {
+        const QString& from = fileTable.TableFileName;
+        if (m_writeSide == TableSide::File && written == writer.WriteCount && isOfferedCopy(from))
+            QFile::remove(from);
         Q_EMIT told(QStringLiteral("%1 written, %2 refused.").arg(written).arg(refused));
     });
-    connect(&saver, &TableSaver::saved, this, [this](const QString& path) {
+    connect(&saver, &TableSaver::saved, this, [this](const QString& path, ParameterTab tab) {
+        if (tab == ParameterTab::Drive) m_driveSaved = true;
+        if (tab == ParameterTab::File) m_fileSaved = true;
+        if (m_fileSaved && isOfferedCopy(fileTable.TableFileName) && path != fileTable.TableFileName)
+            QFile::remove(fileTable.TableFileName);
         Q_EMIT told(QStringLiteral("Saved %1.").arg(QFileInfo(path).fileName()));
     });
     connect(&loader, &TableLoader::loaded, this, [this](const QString& path) {
         Q_EMIT told(QStringLiteral("Loaded %1.").arg(QFileInfo(path).fileName()));
     });
     connect(&loader, &TableLoader::notLoaded, this, [this] { Q_EMIT told({}); });
+    connect(&saver, &TableSaver::notSaved, this, [this] { Q_EMIT told({}); });
     connect(&writer, &ParameterWriter::writesBegin, this, &ParameterSession::backUp);
     connect(&writer, &ParameterWriter::rowReadBack, this, [this](int row) {
         if (m_driveRows && m_tableOfDriveOnLine)
@@ -125,8 +149,9 @@ void ParameterSession::backUp() {
         site.link.ShowHistoryMsg(QStringLiteral("No backup: the table of this drive has not been read."));
         return;
     }
-    const FileResult written = backup.write(driveTable, screen.RparaAbLEDShown, now(),
-                                            [this](int row) { return driveHistory.readValue(row); });
+    ParameterTable asRead;
+    copyAsRead(driveTable, asRead, [this](int row) { return driveHistory.readValue(row); });
+    const FileResult written = backup.write(asRead, screen.RparaAbLEDShown, now());
     m_backedUp = written.ok;
     const QString told =
         written.ok
@@ -140,8 +165,53 @@ void ParameterSession::backUp() {
 
 void ParameterSession::opened() {
     screen.ShowReservedParametersEnabled = site.link.DriveStatus.ReservedEnabled != 0;
+    m_offerAnswered = false;
     Q_EMIT screenChanged();
 }
+
+bool ParameterSession::mayClose() { return keepEdits(TableSide::Drive) && keepEdits(TableSide::File); }
+
+bool ParameterSession::hasUnkeptEdits(TableSide side) const {
+    const bool drive = side == TableSide::Drive;
+    if (!(drive ? screen.DriveTabSheetVisible && !m_driveSaved : screen.FileTabSheetVisible && !m_fileSaved)) return false;
+    const StringGrid& grid = drive ? DriveAdvStringGrid : FileAdvStringGrid;
+    for (int row = 1; row < grid.RowCount(); ++row)
+        if (grid.edited(row)) return true;
+    return false;
+}
+
+bool ParameterSession::keepEdits(TableSide side) {
+    if (unwritten.folder().isEmpty() || m_editsGivenUp || !hasUnkeptEdits(side)) return true;
+    const bool drive = side == TableSide::Drive;
+    const FileResult kept = unwritten.write(table(side), drive && screen.RparaAbLEDShown, now());
+    if (!kept.ok) {
+        m_editsGivenUp = true;
+        site.voice.person.tell(
+            QStringLiteral(
+                "The edits that are not written yet could not be kept: %1\nSave the table to another "
+                "place. Closing the window once more gives them up.")
+                .arg(kept.error),
+            QStringLiteral("Error"), BoxIcon::Stop);
+        return false;
+    }
+    (drive ? m_driveSaved : m_fileSaved) = true;
+    site.link.ShowHistoryMsg(QStringLiteral("Edits that are not written yet were kept: %1")
+                                  .arg(QDir::toNativeSeparators(unwritten.path())));
+    // The copy that these edits began with is part of the new one.
+    const QString& before = fileTable.TableFileName;
+    if (!drive && isOfferedCopy(before) && before != unwritten.path()) QFile::remove(before);
+    return true;
+}
+
+QString ParameterSession::offeredEdits() const { return m_offerAnswered ? QString() : unwritten.newest(); }
+
+void ParameterSession::openOfferedEdits() {
+    const QString copy = offeredEdits();
+    m_offerAnswered = true;
+    if (!copy.isEmpty()) loader.load(copy);
+}
+
+void ParameterSession::discardOfferedEdits() { QFile::remove(offeredEdits()); }
 
 void ParameterSession::FormClose() {
     writer.FormClose();
@@ -200,13 +270,29 @@ void ParameterSession::ParaTreeViewChange(TableSide side, int index) {
     const ParameterTable& table = drive ? driveTable : fileTable;
     if (table.identity.family == Family::Hazel) columns.setForFamily(Family::Hazel);
     if (index > 0) (drive ? driveSub : fileSub).select(children[index], index);
+    followRowView();
     show(drive ? ParameterTab::Drive : ParameterTab::File);
 }
 
 void ParameterSession::refreshSubTables() {
     driveSub.refresh();
     fileSub.refresh();
+    followRowView();
     Q_EMIT screenChanged();
+}
+
+void ParameterSession::chooseRows(RowView view) {
+    rowView = view;
+    followRowView();
+}
+
+void ParameterSession::followRowView() {
+    const auto family = [](const ParameterTable& table) { return table.identity.family; };
+    m_driveRowsInSight = showRows(DriveAdvStringGrid, family(driveTable), rowView);
+    m_fileRowsInSight = showRows(FileAdvStringGrid, family(fileTable), rowView);
+    showRows(SubDriveAdvStringGrid, family(driveTable), rowView);
+    showRows(SubFileAdvStringGrid, family(fileTable), rowView);
+    Q_EMIT rowsInSightChanged();
 }
 
 void ParameterSession::closeTableClick(TableSide side, const std::function<void()>& then) {
@@ -287,16 +373,30 @@ void ParameterSession::ResetParameterClick() {
 
 void ParameterSession::write(TableSide side, WriteMode mode, bool useDefaults) {
     const bool drive = side == TableSide::Drive;
-    ParameterTable& table = drive ? driveTable : fileTable;
+    ParameterTable& source = table(side);
     Q_EMIT told({});
-    m_writeFamily = table.identity.family;
+    m_writeSide = side;
+    m_writeFamily = source.identity.family;
     m_driveRows.emplace(DriveAdvStringGrid);
-    writer.SelectWriteSource({&table, drive ? &driveHistory : &fileHistory}, mode, useDefaults);
+    writer.SelectWriteSource({&source, drive ? &driveHistory : &fileHistory}, mode, useDefaults);
 }
 
 QString ParameterSession::writeSummaryLine() const {
     const auto held = [this](int row) { return heldByDrive(row); };
-    return writeSummaryText(writeSummaryOf(writer.AdvStringGrid1, m_writeFamily, driveFamily(), held));
+    WriteSummary summary = writeSummaryOf(writer.AdvStringGrid1, m_writeFamily, driveFamily(), held);
+    summary.outOfSight = hiddenInWriteList();
+    return writeSummaryText(summary);
+}
+
+int ParameterSession::hiddenInWriteList() const {
+    if (rowView == RowView::All) return 0;
+    const StringGrid& list = writer.AdvStringGrid1;
+    const StringGrid& from = m_writeSide == TableSide::Drive ? DriveAdvStringGrid : FileAdvStringGrid;
+    const RowIndex rows(from);
+    int hidden = 0;
+    for (int row = 1; row < list.RowCount(); ++row)
+        hidden += list.checkBox(row) && from.rowHidden(rows.rowOf(list, row));
+    return hidden;
 }
 
 }  // namespace kelvane

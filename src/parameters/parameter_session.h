@@ -10,14 +10,15 @@
 #include "parameters/exchange/keypad_source.h"
 #include "parameters/exchange/parameter_reader.h"
 #include "parameters/exchange/parameter_writer.h"
-#include "parameters/files/table_backup.h"
+#include "parameters/files/table_copies.h"
 #include "parameters/files/table_loader.h"
 #include "parameters/files/table_saver.h"
+#include "parameters/table/row_view.h"
 #include "parameters/table/sub_table.h"
 
 namespace kelvane {
 
-// Where a session keeps its files. Without a folder it backs nothing up.
+// Where a session keeps its files. Without a folder it keeps nothing.
 struct ParameterFiles {
     QString programFolder = {};
     const WallClock* wallClock = nullptr;
@@ -46,6 +47,7 @@ class ParameterSession : public QObject {
     StringGrid& CompInfoAdvStringGrid = comparison.CompInfoAdvStringGrid;
 
     ColumnHiding columns;
+    RowView rowView = RowView::All;  // of the four tables; see chooseRows()
     ParameterScreen screen;
     ParameterSite site;
     ProgressDialog progress;
@@ -57,12 +59,20 @@ class ParameterSession : public QObject {
     FileWork fileWork;
     TableSaver saver;
     TableLoader loader;
-    TableBackup backup;
+    TableCopies backup;
+    TableCopies unwritten;
 
     // The main window is about to show the window.
     void opened();
+    // Asked before the window closes: edits that were neither written nor saved are kept as a copy. False
+    // when they could not be; a box has said why, and the next time is taken for giving them up.
+    bool mayClose();
     // The window has closed: all tables go.
     void FormClose();
+    // The latest of these copies; empty when there is none, and once it has been answered.
+    QString offeredEdits() const;
+    void openOfferedEdits();  // as the table from file
+    void discardOfferedEdits();
 
     // A file has been loaded into its grid: its tab, its tree.
     void fileLoaded();
@@ -75,6 +85,11 @@ class ParameterSession : public QObject {
     void ParaTreeViewChange(TableSide side, int index);
     // What was changed in the tables shows in the groups that stand beside them.
     void refreshSubTables();
+    // Rows in sight, also after every edit from now on.
+    void chooseRows(RowView view);
+    RowsInSight rowsInSight(TableSide side) const {
+        return side == TableSide::Drive ? m_driveRowsInSight : m_fileRowsInSight;
+    }
     // A tab was chosen by hand.
     void show(ParameterTab tab);
 
@@ -97,8 +112,9 @@ class ParameterSession : public QObject {
     QDateTime now() const { return m_files.wallClock ? m_files.wallClock->now() : QDateTime(); }
 
    Q_SIGNALS:
-    void screenChanged();                             // tabs, tree, lamp, menu items
-    void historyChanged();                            // what can be undone or redone
+    void screenChanged();   // tabs, tree, lamp, menu items
+    void historyChanged();  // what can be undone or redone
+    void rowsInSightChanged();
     void told(const QString& result);                 // of the last action; empty when a new one has begun
     void writeSourceWanted(const QString& VrLabel1);  // TSelParaSourceForm
     void sourceLit(TableSide side);                   // its lamp, which stands for the tab in front
@@ -113,6 +129,12 @@ class ParameterSession : public QObject {
     void closeTab(ParameterTab tab);
     void closeSide(TableSide side);
     void backUp();
+    void followRowView();
+    bool keepEdits(TableSide side);
+    bool hasUnkeptEdits(TableSide side) const;
+    int hiddenInWriteList() const;
+    bool isOfferedCopy(const QString& path) const { return path.startsWith(unwritten.folder() + u'/'); }
+    ParameterTable& table(TableSide side) { return side == TableSide::Drive ? driveTable : fileTable; }
     Family driveFamily() const { return static_cast<Family>(site.link.DriveStatus.DriveFamily); }
 
     WriteMode m_wantedMode = WriteMode::Selected;
@@ -122,6 +144,13 @@ class ParameterSession : public QObject {
     std::optional<RowIndex> m_driveRows;  // of the table from drive, while the write list stands
     bool m_tableOfDriveOnLine = false;    // the table was read since the last identification
     bool m_backedUp = false;              // likewise
+    TableSide m_writeSide = TableSide::Drive;
+    RowsInSight m_driveRowsInSight;
+    RowsInSight m_fileRowsInSight;
+    bool m_driveSaved = false;  // since the last edit
+    bool m_fileSaved = false;
+    bool m_editsGivenUp = false;  // they could not be kept, which was said
+    bool m_offerAnswered = false;
 };
 
 }  // namespace kelvane

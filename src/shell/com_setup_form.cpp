@@ -10,6 +10,7 @@
 #include <QRadioButton>
 
 #include "ui/icons.h"
+#include "ui/in_language.h"
 #include "ui/lamp.h"
 
 namespace kelvane {
@@ -188,7 +189,7 @@ void TComSetupForm::showRecord() {
 // What helps after a failed test: the port's own reason, or what a silent line usually wants.
 QString TComSetupForm::advice() const {
     const QString why = m_setup.port().openError();
-    if (!why.isEmpty()) return why;
+    if (!why.isEmpty()) return inLanguage(why);
     const QString look = tr("No answer came. Look at the cable and at the power of the drive.");
     return look % QLatin1Char(' ') %
            (m_setup.shown.ManualRadioButtonChecked
@@ -212,7 +213,7 @@ void TComSetupForm::showBoxes() {
 // Asks the system what is plugged in, so it runs when a person looks or chooses, not on every change.
 void TComSetupForm::describePort() {
     const int number = m_setup.shown.ComPortComboBox.toInt();
-    PortInfoLabel->setText(PortDirectory::describe(m_ports.target(number)).text());
+    PortInfoLabel->setText(inLanguage(PortDirectory::describe(m_ports.target(number)).text()));
     ComPortComboBox->setAccessibleDescription(PortInfoLabel->text());
 }
 

@@ -24,8 +24,8 @@ class HelpKey : public QObject {
 
     void open(QWidget* from) {
         const Tool& tool = m_windows.tool;
-        m_form.setLanguage(ManualText::codeOf(tool.bench.language.LanguageIndex),
-                           tool.bench.folder.findData(QStringLiteral("user manual/pictures")));
+        m_form.setLanguage(ManualText::codeOf(tool.site.language.LanguageIndex),
+                           tool.site.folder.findData(QStringLiteral("user manual/pictures")));
         // Shown anew it comes over the window in front, and so can be used over one that is modal.
         if (from != &m_form) m_form.hide();
         if (const auto* box = qobject_cast<QMessageBox*>(from))

@@ -82,7 +82,7 @@ QString tables(const Tool& tool) {
 }  // namespace
 
 QString sessionReport(const Tool& tool, const QString& notes, bool hasTrend) {
-    const QDateTime now = tool.bench.wallClock.now();
+    const QDateTime now = tool.site.wallClock.now();
     QString html = QStringLiteral("<h1>Orlan Kelvane 1.30: session report</h1><p>%1</p>")
                        .arg(QLocale().toString(now, QLocale::ShortFormat));
     if (!notes.trimmed().isEmpty())
@@ -100,7 +100,7 @@ QString sessionReport(const Tool& tool, const QString& notes, bool hasTrend) {
 
 QString sessionReportName(const Tool& tool) {
     const QString drive = tool.link.Labels.DriveVrLabel.simplified();
-    return tool.bench.wallClock.now().date().toString(Qt::ISODate) % QLatin1Char(' ') %
+    return tool.site.wallClock.now().date().toString(Qt::ISODate) % QLatin1Char(' ') %
            (drive.isEmpty() ? QString() : drive % QLatin1Char(' ')) % QStringLiteral("session");
 }
 

@@ -40,7 +40,7 @@ TSessionReportForm::TSessionReportForm(Tool& tool, std::function<QImage()> trend
 }
 
 void TSessionReportForm::save() {
-    Operator& person = m_tool.bench.person;
+    Operator& person = m_tool.site.person;
     person.suggestedName = sessionReportName(m_tool);
     const auto path = person.saveFile(QStringLiteral("PDF Files(*.pdf)|*.pdf"), QStringLiteral(".pdf"));
     if (!path) return;

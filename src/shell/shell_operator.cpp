@@ -11,7 +11,9 @@
 
 #include "shell/message_form.h"
 #include "ui/file_kinds.h"
+#include "ui/in_language.h"
 #include "ui/named.h"
+#include "ui/title_width.h"
 
 namespace kelvane {
 
@@ -37,13 +39,7 @@ void goBackTo(QWidget* window) {
 void makeRoomForTitle(QMessageBox& message) {
     auto* grid = qobject_cast<QGridLayout*>(message.layout());
     if (!grid) return;
-    const QFontMetrics bold{[&] {
-        QFont face = message.font();
-        face.setBold(true);
-        return face;
-    }()};
-    const int room = bold.horizontalAdvance(message.windowTitle()) + 10 * bold.height();
-    grid->addItem(new QSpacerItem(room, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    grid->addItem(new QSpacerItem(titleWidth(message), 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 QMessageBox::Icon iconOf(BoxIcon icon) {
@@ -165,6 +161,7 @@ BoxAnswer ShellOperator::boxOverPanel(const QString& text, const QString& title,
 BoxAnswer ShellOperator::ask(QMessageBox& message, BoxButtons buttons) const {
     message.setTextFormat(Qt::PlainText);
     message.setInformativeText(adviceFor(message.text()));
+    message.setText(inLanguage(message.text()));
     makeRoomForTitle(message);
     message.setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (buttons == BoxButtons::YesNo) message.setEscapeButton(QMessageBox::No);

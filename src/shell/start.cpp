@@ -14,6 +14,7 @@
 #include "shell/single_instance.h"
 #include "shell/ui_state.h"
 #include "shell/windows.h"
+#include "ui/screen_room.h"
 #include "ui/tool_style.h"
 
 namespace kelvane {
@@ -42,6 +43,7 @@ void letScreenFollow() { QCoreApplication::processEvents(QEventLoop::ExcludeUser
 // More than half of the way to a running tool are the windows that nobody has asked for yet.
 void showEarly(TMainForm& mainForm, const LangTable& table) {
     ChangeLanguage(table, {&mainForm});
+    fitIntoScreen(mainForm, mainForm);
     mainForm.show();
     letScreenFollow();
 }

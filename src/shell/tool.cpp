@@ -58,11 +58,20 @@ Tool::Tool(const ToolSite& toolSite)
     setupPort.onLost = [this](const QString& reason) { link.ShowHistoryMsg(reason); };
     linkPort.onRouted = [this](const PortTarget&) { followPort(); };
     connect(&link, &RequestScheduler::changed, this, &Tool::takeHeldComSetup);
+    connect(&link, &RequestScheduler::initialRun, this, [this] { m_onLineSaid = false; });
+    connect(&link, &RequestScheduler::statusDecoded, this, &Tool::sayOnLine);
     loadDefaultProject();
     followPort();
 }
 
 void Tool::followPort() { watcher.follow(linkPort.target().devicePath); }
+
+// Once an identification, when its first poll has come.
+void Tool::sayOnLine() {
+    if (std::exchange(m_onLineSaid, true)) return;
+    const QString drive = QStringList{link.Labels.DriveVrLabel, link.Labels.VersionVrLabel}.join(u' ');
+    link.ShowHistoryMsg(drive.trimmed() % QStringLiteral(" on line"));
+}
 
 // Through the boxes, as a person would.
 PortSettings Tool::setComSetupForKeypad(const ComSetupChoice& choice) {
@@ -170,12 +179,12 @@ void Tool::SaveTransparentButtonClick() {
 
 void Tool::OpenSoftwareUserManual(int number) {
     if (!pdfViewerInstalled(viewer)) {
-        bench.person.tell(QStringLiteral("Please install the Adobe Acrobat first !!"),
+        site.person.tell(QStringLiteral("Please install the Adobe Acrobat first !!"),
                           QStringLiteral("Error"));
         return;
     }
     // Kept: a manual that is not there, or does not open, passes in silence.
-    const QString path = bench.folder.findData(manualFile(number));
+    const QString path = site.folder.findData(manualFile(number));
     if (!path.isEmpty()) viewer.open(path);
 }
 
@@ -206,7 +215,7 @@ void Tool::OpenTransparentButtonClick() {
     if (read.QuickSetup.taken > 0) quickSetup.takeProject(named.QuickSetup.SlotFileValue);
     Q_EMIT projectOpened();
     if (!read.ok()) {
-        site.person.tell(read.error, ErrorTitle, BoxIcon::Stop);
+        site.person.tell(*path % QStringLiteral(": ") % read.error, ErrorTitle, BoxIcon::Stop);
         return;
     }
     statusPanel0 = QStringLiteral("Open ") % *path;

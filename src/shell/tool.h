@@ -115,12 +115,14 @@ class Tool : public QObject {
     ComSetupSection comSetupSection() const;
     NamedProject projectToSave() const;
     void followPort();
+    void sayOnLine();
     PortSettings setComSetupForKeypad(const ComSetupChoice& choice);
 
     struct HeldComSetup {
         ComSetupSection section;
         int taken = 0;  // values of it, 0: nothing waits
     };
+    bool m_onLineSaid = false;
     HeldComSetup m_held;  // of a project that was opened while on line
 };
 

@@ -5,10 +5,12 @@
 #include <QDir>
 #include <QLibraryInfo>
 #include <QWidget>
+#include <algorithm>
 #include <array>
 
 #include "base/whole_file.h"
 #include "localisation/language_file.h"
+#include "ui/in_language.h"
 
 namespace kelvane {
 
@@ -43,12 +45,60 @@ bool isContent(const QObject& object) {
 
 void TextCatalogue::read(const QByteArray& bytes) {
     m_texts.clear();
+    m_patterns.clear();
     for (const QString& line : QString::fromUtf8(bytes).split(QLatin1Char('\n'))) {
         const QString entry = line.trimmed();
         const qsizetype sign = entry.indexOf(QLatin1Char('='));
         if (sign <= 0 || entry.startsWith(QLatin1Char('#'))) continue;
-        m_texts.insert(unescaped(entry.left(sign)), unescaped(entry.mid(sign + 1)));
+        const QString english = unescaped(entry.left(sign));
+        const QString text = unescaped(entry.mid(sign + 1));
+        m_texts.insert(english, text);
+        if (english.contains(QLatin1String("%1"))) addPattern(english, text);
     }
+    std::stable_sort(m_patterns.begin(), m_patterns.end(),
+                     [](const Pattern& a, const Pattern& b) { return a.letters > b.letters; });
+}
+
+void TextCatalogue::addPattern(const QString& english, const QString& text) {
+    static const QRegularExpression place(QStringLiteral("%([1-9])"));
+    Pattern pattern{{}, {}, text, english.size()};
+    QString expression;
+    qsizetype from = 0;
+    for (const QRegularExpressionMatch& found : place.globalMatch(english)) {
+        expression += QRegularExpression::escape(english.mid(from, found.capturedStart() - from)) %
+                      QStringLiteral("(.+?)");
+        pattern.places += found.captured(1).toInt();
+        pattern.letters -= found.capturedLength();
+        from = found.capturedEnd();
+    }
+    expression += QRegularExpression::escape(english.mid(from));
+    pattern.english.setPattern(QRegularExpression::anchoredPattern(expression));
+    pattern.english.setPatternOptions(QRegularExpression::DotMatchesEverythingOption);
+    m_patterns += pattern;
+}
+
+QString TextCatalogue::engineText(const QString& english) const {
+    const QString whole = m_texts.value(english);
+    if (!whole.isEmpty()) return whole;
+    for (const Pattern& pattern : m_patterns) {
+        const QRegularExpressionMatch match = pattern.english.match(english);
+        if (!match.hasMatch()) continue;
+        QString filled;
+        for (qsizetype i = 0; i < pattern.text.size(); ++i) {
+            const qsizetype group =
+                pattern.text[i] == u'%' ? pattern.places.indexOf(pattern.text.mid(i + 1, 1).toInt()) : -1;
+            if (group < 0) {
+                filled += pattern.text[i];
+                continue;
+            }
+            const QString value = match.captured(int(group) + 1);
+            const QString found = engineText(value);
+            filled += found.isEmpty() ? value : found;
+            ++i;
+        }
+        return filled;
+    }
+    return {};
 }
 
 QString TextCatalogue::text(const QString& english) const {
@@ -66,8 +116,9 @@ QString TextCatalogue::text(const QString& english) const {
     return found.insert(end, QStringLiteral("(&%1)").arg(english[mark + 1].toUpper()));
 }
 
-QString TextCatalogue::translate(const char*, const char* sourceText, const char*, int) const {
-    return text(QString::fromUtf8(sourceText));
+QString TextCatalogue::translate(const char* context, const char* sourceText, const char*, int) const {
+    const QString english = QString::fromUtf8(sourceText);
+    return qstrcmp(context, EngineTexts) == 0 ? engineText(english) : text(english);
 }
 
 void Translations::choose(quint8 LanguageIndex, const QString& languageFolder) {
@@ -90,6 +141,7 @@ void Translations::choose(quint8 LanguageIndex, const QString& languageFolder) {
 // A text that somebody has set since the last time is English again, or of a language file that knows it.
 void Translations::show(const QList<QWidget*>& windows) const {
     const auto showIn = [this](QObject& object) {
+        const bool isLabel = object.inherits("QLabel");  // it may hold what an engine said
         for (const Shown& shown : ShownTexts) {
             if (object.metaObject()->indexOfProperty(shown.property) < 0) continue;
             if (qstrcmp(shown.property, "text") == 0 && isContent(object)) continue;
@@ -98,7 +150,8 @@ void Translations::show(const QList<QWidget*>& windows) const {
             const QVariant last = object.property(shown.last);
             const QString english =
                 last.isValid() && last.toString() == now ? object.property(shown.english).toString() : now;
-            const QString found = m_ours.text(english);
+            QString found = m_ours.text(english);
+            if (found.isEmpty() && isLabel && !m_ours.isEmpty()) found = inLanguage(english);
             const QString wanted = found.isEmpty() ? english : found;
             if (wanted != now) object.setProperty(shown.property, wanted);
             object.setProperty(shown.english, english);

@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QRegularExpression>
 #include <QTranslator>
 
 class QWidget;
@@ -12,7 +13,8 @@ class QWidget;
 namespace kelvane {
 
 // A catalogue of lines "English text=text", in UTF-8, with \n for a line end. A text is one in all windows,
-// so the context in which Qt asks is not looked at.
+// so the context in which Qt asks is not looked at; but only for texts of engines a place such as %1 also
+// stands for what the engine put there, which is looked up in turn.
 class TextCatalogue : public QTranslator {
     Q_OBJECT
    public:
@@ -28,7 +30,17 @@ class TextCatalogue : public QTranslator {
                       int n) const override;
 
    private:
+    struct Pattern {
+        QRegularExpression english;
+        QList<int> places;  // whose value each group of the expression is
+        QString text;
+        qsizetype letters = 0;  // outside the places; the pattern with most of them is looked at first
+    };
+    void addPattern(const QString& english, const QString& text);
+    QString engineText(const QString& english) const;
+
     QHash<QString, QString> m_texts;
+    QList<Pattern> m_patterns;
 };
 
 class Translations : public QObject {

@@ -9,6 +9,7 @@
 
 #include "shell/change_language.h"
 #include "shell/edit_form.h"
+#include "ui/screen_room.h"
 
 namespace kelvane {
 
@@ -19,19 +20,6 @@ void makeDialog(QWidget& window) {
     if (window.windowType() == Qt::Dialog) return;
     window.setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
-}
-
-// With room for the frame, which nobody knows before the window is there.
-QRect roomOn(const QScreen& screen) {
-    constexpr int Frame = 8;
-    constexpr int Title = 40;
-    return screen.availableGeometry().adjusted(Frame, Title, -Frame, -Frame);
-}
-
-void fitIntoScreen(QWidget& window, const QWidget& near) {
-    const QSize room = roomOn(*near.screen()).size();
-    const QSize fitting = window.size().boundedTo(room).expandedTo(window.minimumSizeHint().boundedTo(room));
-    if (!window.isMaximized() && fitting != window.size()) window.resize(fitting);
 }
 
 QPoint centre(QWidget& window, const QWidget& over) {
@@ -95,7 +83,7 @@ Windows::Windows(Tool& toolShown, TMainForm& main, ShellOperator* person, KeptLo
           edit.ask(caption, std::move(replace));
           showModal(edit);
       }),
-      m_texts(m_all, tool.bench.language.table) {
+      m_texts(m_all, tool.site.language.table) {
     if (person) {
         person->messageForm = &messageForm;
         person->prepareValueEditor = [this](ValueEdit& edit) { return inputValueForm.prepare(edit); };

@@ -28,8 +28,7 @@ NoticeBar::NoticeBar(QWidget* parent)
 
 void NoticeBar::offer(const QString& text, const QList<Answer>& answers) {
     withdraw();
-    m_text->setText(text);
-    setAccessibleName(text);
+    setText(text);
     for (const Answer& answer : answers) {
         auto* button = new QPushButton(answer.caption, this);
         // Copied: the answer may bring the next offer, which takes this button away.
@@ -38,6 +37,11 @@ void NoticeBar::offer(const QString& text, const QList<Answer>& answers) {
         m_buttons.append(button);
     }
     show();
+}
+
+void NoticeBar::setText(const QString& text) {
+    m_text->setText(text);
+    setAccessibleName(text);
 }
 
 void NoticeBar::withdraw() {

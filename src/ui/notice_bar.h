@@ -21,6 +21,8 @@ class NoticeBar : public QFrame {
     };
     // Shows the text with a button for each answer, in place of what it offered before.
     void offer(const QString& text, const QList<Answer>& answers);
+    // Another text over the same buttons.
+    void setText(const QString& text);
     void withdraw();
 
    private:

@@ -36,8 +36,9 @@ StringGridView::StringGridView(QWidget* parent) : QTableView(parent), m_header(n
     connect(m_header, &CheckHeader::boxClicked, this, &StringGridView::askHeaderBox);
     connect(m_header, &QHeaderView::sectionDoubleClicked, this,
             [this](int column) { Q_EMIT dblClickCell(column, 0); });
-    connect(m_header, &QHeaderView::sectionResized, this, [this](int column) {
-        if (column != m_stretchColumn) fillWidth();
+    connect(m_header, &QHeaderView::sectionResized, this, [this](int column, int before, int after) {
+        if (column != m_stretchColumn) return fillWidth();
+        if (!m_fillingWidth && before > 0 && after > 0) m_stretchDragged = true;
     });
 }
 
@@ -80,8 +81,9 @@ void StringGridView::setColumnCharacters(const std::vector<int>& characters) {
     applyMetrics();
 }
 
-void StringGridView::setStretchColumn(int column) {
+void StringGridView::setStretchColumn(int column, int mostCharacters) {
     m_stretchColumn = column;
+    m_stretchMost = mostCharacters;
     fillWidth();
 }
 
@@ -96,20 +98,26 @@ void StringGridView::applyMetrics() {
         const int header = std::max(FewestCharacters, static_cast<int>(m_grid->cell(column, 0).size()) + 2);
         const int fallback = column == 0 ? CheckColumnCharacters : header;
         const int characters = given ? m_characters[static_cast<size_t>(column)] : fallback;
-        if (!isColumnHidden(column)) setColumnWidth(column, characters * metrics.averageCharWidth() + 12);
+        if (!isColumnHidden(column) && column != m_stretchColumn) setColumnWidth(column, widthOf(characters));
     }
     fillWidth();
 }
 
+int StringGridView::widthOf(int characters) const {
+    constexpr int Edges = 12;
+    return characters * fontMetrics().averageCharWidth() + Edges;
+}
+
 void StringGridView::fillWidth() {
     const bool stretches = m_grid && m_stretchColumn >= 0 && m_stretchColumn < m_grid->ColCount();
-    if (!stretches || m_fillingWidth || isColumnHidden(m_stretchColumn)) return;
+    if (!stretches || m_fillingWidth || m_stretchDragged || isColumnHidden(m_stretchColumn)) return;
     const auto place = static_cast<size_t>(m_stretchColumn);
     const int characters = place < m_characters.size() ? m_characters[place] : FewestCharacters;
-    const int least = characters * fontMetrics().averageCharWidth() + 12;
+    const int most = m_stretchMost > 0 ? widthOf(std::max(m_stretchMost, characters)) : QWIDGETSIZE_MAX;
     const int others = m_header->length() - m_header->sectionSize(m_stretchColumn);
     m_fillingWidth = true;
-    setColumnWidth(m_stretchColumn, std::max(least, viewport()->width() - others));
+    setColumnWidth(m_stretchColumn,
+                   std::max(widthOf(characters), std::min(most, viewport()->width() - others)));
     m_fillingWidth = false;
 }
 

@@ -31,8 +31,9 @@ class StringGridView : public QTableView {
     // Widths in characters of the table's font, column by column; columns behind the list keep theirs. A
     // person may drag them afterwards.
     void setColumnCharacters(const std::vector<int>& characters);
-    // The column that takes what room is left; it never gets narrower than its characters. -1: none.
-    void setStretchColumn(int column);
+    // The column that takes what room is left; it never gets narrower than its characters, nor wider than
+    // most of them unless a person drags it. -1: none; 0: no bound.
+    void setStretchColumn(int column, int mostCharacters = 0);
     // Columns whose texts stand at the right edge, as numbers do.
     void setRightAligned(const QSet<int>& columns) { m_rightAligned = columns; }
     // The column that carries the mark of an edited row (default 1).
@@ -91,6 +92,7 @@ class StringGridView : public QTableView {
     void followHiddenRows();
     void applyMetrics();
     void fillWidth();
+    int widthOf(int characters) const;
 
     StringGrid* m_grid = nullptr;
     CheckHeader* m_header;
@@ -99,6 +101,8 @@ class StringGridView : public QTableView {
     QSet<std::pair<int, int>> m_hits;
     GridCell m_currentHit;
     int m_stretchColumn = -1;
+    int m_stretchMost = 0;          // characters
+    bool m_stretchDragged = false;  // by a person, who has the last word
     int m_editedMarkColumn = 1;
     int m_pressedBoxRow = -1;
     bool m_keysAct = true;

@@ -306,7 +306,7 @@ TEST_F(Reply, AsksAfterABadChecksumDuringIdentification) {
     link.TxTimer.setEnabled(true);
     const QString question = "Checksum Error !!\nWould you want to try again ?";
     send();
-    person.expectBox(question, "Cofirm", BoxAnswer::Retry);
+    person.expectBox(question, "Cofirm", BoxAnswer::Retry, [this] { EXPECT_TRUE(link.Lamp.green); });
     port.arrive(BadFrame);
     EXPECT_EQ(send(), "FF0321100003");
     EXPECT_EQ(person.lastIcon, BoxIcon::Stop);
@@ -516,6 +516,24 @@ TEST_F(ConsoleLink, DoesNotWaitWhileItListens) {
     EXPECT_FALSE(link.RxTimer.Enabled());
     port.arrive("abc");
     EXPECT_EQ(heard, "abc");
+}
+
+// Some locales set the zone in brackets, which go with it.
+TEST(HistoryTime, HasNoZoneAndNoEmptyBracketsInAnyLocale) {
+    const QDateTime now(QDate(2026, 3, 2), QTime(19, 8, 7), Qt::UTC);
+    int locales = 0;
+    for (const QLocale& locale :
+         QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
+        const QString text = RequestScheduler::dateTimeText(locale, now);
+        for (const char* unwanted : {"()", "( )", "[]", "UTC", "  "})
+            EXPECT_FALSE(text.contains(QString::fromUtf8(unwanted)))
+                << locale.name().toStdString() << ": " << text.toStdString();
+        EXPECT_EQ(text, text.trimmed());
+        EXPECT_TRUE(text.contains(locale.toString(now.date(), QLocale::ShortFormat)));
+        ++locales;
+    }
+    EXPECT_GT(locales, 300);
+    EXPECT_EQ(RequestScheduler::dateTimeText(QLocale("zh_TW"), now), "2026/3/2 19:08:07");
 }
 
 }  // namespace

@@ -216,7 +216,7 @@ TEST_P(OverGateway, TheLinkIdentifiesADriveAndPolls) {
     port.setSettings({.Baud = 38400, .DataBits = rtu ? 8 : 7});
     RequestScheduler link{{clock, wall, person, port, lang}};
     GroupNameTable groupNames;
-    const DriveIdentification identification{link, groupNames, lang};
+    const DriveIdentification identification{link, groupNames, {person, lang}};
     int polls = 0;
     QObject::connect(&link, &RequestScheduler::statusDecoded, [&] { ++polls; });
     link.Initial();

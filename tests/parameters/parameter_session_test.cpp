@@ -157,14 +157,6 @@ TEST(ParameterSession, ClosedAndOpenedAgainIsBare) {
     EXPECT_FALSE(b.screen.DriveTabSheetVisible);
 }
 
-TEST(ParameterSession, ClosingWhileReadingStopsTheRead) {
-    ParameterLinkBench b;
-    b.readSome(2);
-    b.session.FormClose();
-    EXPECT_FALSE(b.progress.shown || b.reader.reading());
-    EXPECT_EQ(b.table.grid.RowCount(), 2);
-}
-
 }  // namespace
 
 }  // namespace kelvane

@@ -13,6 +13,7 @@
 #include "localisation/language_sections.h"
 #include "shell/shell_bench.h"
 #include "shell/single_instance.h"
+#include "ui/in_language.h"
 #include "ui/lamp.h"
 
 namespace kelvane {
@@ -46,6 +47,9 @@ TEST_P(MainFormOfFamily, GoesOnLineAndShowsWhoTheDriveIs) {
     EXPECT_TRUE(bench.text("PracticePanel").contains(familyName(GetParam())));
     const QString history = bench.find<QPlainTextEdit>("MessageMemo")->toPlainText();
     EXPECT_TRUE(history.contains(" > Setup the Com port and protocol"));
+    EXPECT_TRUE(history.endsWith(" > " + bench.text("DriveVrLabel") + ' ' + bench.text("VersionVrLabel") +
+                                 " on line"))
+        << history.toStdString();
 }
 
 INSTANTIATE_TEST_SUITE_P(Nine, MainFormOfFamily, testing::ValuesIn(AllFamilies),
@@ -142,6 +146,12 @@ TEST(MainForm, SavesAndOpensANamedProject) {
     bench.trigger("FileOpenItem");
     EXPECT_EQ(bench.tool->comSetup.shown.BaudComboBox, "9600");
     EXPECT_EQ(bench.text("StatusLinePanel0"), "Open " + path);
+    const QString damaged = bench.dir.filePath("damaged.prj");
+    writeWhole(damaged, readWhole(path).bytes.replace("Stopbits     = 2", "Stopbits     = two"));
+    bench.person.expectOpen("Project File(*.prj)|*.prj", damaged);
+    bench.person.expectBox(damaged + ": Line 10 cannot be read: \"two\"", "Error");
+    bench.trigger("FileOpenItem");
+    EXPECT_EQ(bench.text("StatusLinePanel0"), "Open " + path);
     bench.person.expectOpen("Project File(*.prj)|*.prj", std::nullopt);
     bench.trigger("FileOpenItem");
 }
@@ -231,6 +241,47 @@ TEST(Translations, TranslateWhatNoKeyNamesAndComeBackToEnglish) {
     translations.show({&window});
     EXPECT_EQ(stop.text(), "Parity");
     EXPECT_EQ(find.text(), "&Find...");
+}
+
+// What engines say is English with values in it; a catalogue knows it by its words, and the values in turn.
+TEST(Translations, FindTextsOfEnginesByTheirWords) {
+    const QString folder = QStringLiteral(KELVANE_SOURCE_DIR) + "/Language file";
+    Translations translations;
+    translations.choose(3, folder);
+    EXPECT_EQ(inLanguage("Reading stopped: 7 of 198 parameters read."),
+              QString::fromUtf8("Lesen abgebrochen: 7 von 198 Parametern gelesen."));
+    EXPECT_EQ(inLanguage("/mnt/x.txt: the disk is full"),
+              QString::fromUtf8("/mnt/x.txt: der Datenträger ist voll"));
+    EXPECT_EQ(inLanguage("1 difference. Rows that could not be compared: 2 of the drive, 0 of the file."),
+              QString::fromUtf8("1 Unterschied. Nicht vergleichbare Zeilen: 2 des Umrichters, 0 der Datei."));
+    EXPECT_EQ(inLanguage("Initial drive failed !!"), "Initial drive failed !!");
+    translations.choose(4, folder);
+    EXPECT_EQ(inLanguage("1 difference."), "1 difference.");
+    EXPECT_EQ(inLanguage(""), "");
+
+    // All catalogues have the same texts, with the same places for values.
+    const auto places = [](QString text) {
+        QStringList found;
+        for (int i = 1; i <= 9; ++i)
+            if (text.contains(QStringLiteral("%%1").arg(i))) found += QString::number(i);
+        return found.join(' ');
+    };
+    QStringList first;
+    for (const char* code : {"CHT", "CHS", "DE", "RU"}) {
+        QStringList texts;
+        const QByteArray bytes = readWhole(folder + "/Texts_" + code + ".txt").bytes;
+        for (const QString& line : QString::fromUtf8(bytes).split('\n', Qt::SkipEmptyParts)) {
+            if (line.startsWith('#')) continue;
+            texts += line.section('=', 0, 0);
+            EXPECT_EQ(places(texts.last()), places(line.section('=', 1))) << line.toStdString();
+            EXPECT_FALSE(line.section('=', 1).isEmpty()) << line.toStdString();
+        }
+        texts.sort();
+        EXPECT_EQ(texts.removeDuplicates(), 0) << code;
+        if (first.isEmpty()) first = texts;
+        EXPECT_EQ(texts, first) << code;
+    }
+    EXPECT_GT(first.size(), 150);
 }
 
 TEST(ShellOperator, GivesASuffixToANameThatHasNone) {

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "ui/icons.h"
+#include "ui/in_language.h"
 #include "ui/transparent_button.h"
 
 namespace kelvane {
@@ -26,15 +27,15 @@ Icon iconOf(ProgressGlyph glyph) {
 
 QString countText(const ProgressDialog& progress) {
     if (progress.total <= 0) return {};
-    return QStringLiteral("%1 of %2").arg(progress.count).arg(progress.total);
+    return TProgressForm::tr("%1 of %2").arg(progress.count).arg(progress.total);
 }
 
 QString timeLeftText(qint64 ms) {
     if (ms < 0) return {};
     const qint64 seconds = (ms + 999) / 1000;
-    if (seconds < 60) return QStringLiteral("about %1 s left").arg(seconds);
+    if (seconds < 60) return TProgressForm::tr("about %1 s left").arg(seconds);
     const QString rest = QString::number(seconds % 60).rightJustified(2, QLatin1Char('0'));
-    return QStringLiteral("about %1 min %2 s left").arg(seconds / 60).arg(rest);
+    return TProgressForm::tr("about %1 min %2 s left").arg(seconds / 60).arg(rest);
 }
 
 QLabel* plainLabel(const char* name, QWidget* parent) {
@@ -127,7 +128,7 @@ void TProgressForm::showRecord() {
     const bool stuck = !m_progress.noAnswer.isEmpty();
     LeftLabel->setText(stuck ? QString() : timeLeftText(m_progress.msLeft()));
     if (stuck == StopWaitingTransparentButton->isVisibleTo(this)) return;
-    NoAnswerLabel->setText(m_progress.noAnswer);
+    NoAnswerLabel->setText(inLanguage(m_progress.noAnswer));
     NoAnswerLabel->setVisible(stuck);
     StopWaitingTransparentButton->setVisible(stuck);
     if (stuck) StopWaitingTransparentButton->setFocus();

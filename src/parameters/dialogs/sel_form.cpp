@@ -5,10 +5,12 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "ui/icons.h"
 #include "ui/lamp.h"
+#include "ui/title_width.h"
 #include "ui/transparent_button.h"
 
 namespace kelvane {
@@ -29,7 +31,6 @@ SelForm::SelForm(const char* name, const QString& caption, QWidget* parent)
     setObjectName(QLatin1String(name));
     setWindowTitle(caption);
     setWindowModality(Qt::ApplicationModal);
-    setMinimumWidth(fontMetrics().averageCharWidth() * WidestCaption);
     OKTransparentButton->setObjectName(QStringLiteral("OKTransparentButton"));
     CancelTransparentButton->setObjectName(QStringLiteral("CancelTransparentButton"));
     auto* foot = new QHBoxLayout;
@@ -69,6 +70,7 @@ QComboBox* SelForm::addBox(const char* name, const QString& caption) {
 void SelForm::begin(std::function<void(bool)> then) {
     answer(false);
     m_then = std::move(then);
+    setMinimumWidth(std::max(titleWidth(*this), fontMetrics().averageCharWidth() * WidestCaption));
     adjustSize();
     show();
 }

@@ -11,6 +11,7 @@
 #include "parameters/table/table_edit.h"
 #include "ui/grid_delegate.h"
 #include "ui/icons.h"
+#include "ui/in_language.h"
 #include "ui/string_grid_view.h"
 #include "ui/transparent_button.h"
 
@@ -48,7 +49,8 @@ class WriteListDelegate : public GridDelegate {
    private:
     QString valueText(int row, const QString& Data) const {
         QString text = Data;
-        if (const auto doubt = doubtOf(m_session.writer.AdvStringGrid1, row)) text += u' ' % doubt->text;
+        if (const auto doubt = doubtOf(m_session.writer.AdvStringGrid1, row))
+            text += u' ' % inLanguage(doubt->text);
         const std::optional<QString> held = m_session.heldByDrive(row);
         return held && *held != Data ? *held % QStringLiteral(" \u2192 ") % text : text;
     }
@@ -168,7 +170,7 @@ void TWriteCheckForm::connectList() {
 void TWriteCheckForm::follow(bool shown) {
     if (shown) {
         m_writer.AdvStringGrid1.addCheckBox(0, true);
-        SummaryLabel->setText(m_session.writeSummaryLine());
+        sumUp();
         showRecord();
         AdvStringGrid1->setCurrentCell(column::PrNo, 1);
         AdvStringGrid1->setFocus();
@@ -186,6 +188,13 @@ void TWriteCheckForm::showRecord() {
     PrLabel->setText(form.PrLabel);
 }
 
+void TWriteCheckForm::sumUp() {
+    QStringList parts;
+    for (const QString& part : m_session.writeSummaryLine().split(QLatin1String("; ")))
+        parts += inLanguage(part);
+    SummaryLabel->setText(parts.join(QLatin1String("; ")));
+}
+
 // Once for all rows that the header's box has changed.
 void TWriteCheckForm::sumUpLater() {
     if (m_sumPending) return;
@@ -194,7 +203,7 @@ void TWriteCheckForm::sumUpLater() {
         this,
         [this] {
             m_sumPending = false;
-            if (m_writer.form.shown) SummaryLabel->setText(m_session.writeSummaryLine());
+            if (m_writer.form.shown) sumUp();
         },
         Qt::QueuedConnection);
 }

@@ -28,6 +28,7 @@ class TWriteCheckForm : public QDialog {
     void connectList();
     void follow(bool shown);
     void showRecord();
+    void sumUp();
     void sumUpLater();
 
     ParameterSession& m_session;

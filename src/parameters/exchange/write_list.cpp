@@ -140,6 +140,8 @@ QString writeSummaryText(const WriteSummary& summary) {
         parts += QStringLiteral("%1 with no value read from the drive").arg(summary.unknown);
     if (summary.readOnly > 0) parts += QStringLiteral("%1 read-only").arg(summary.readOnly);
     if (summary.doubtful > 0) parts += QStringLiteral("%1 doubtful").arg(summary.doubtful);
+    if (summary.outOfSight > 0)
+        parts += QStringLiteral("%1 not in sight in the table").arg(summary.outOfSight);
     if (!summary.sourceFamily.isEmpty())
         parts += QStringLiteral("the table is of the family %1, the drive of the family %2")
                      .arg(summary.sourceFamily, summary.driveFamily);

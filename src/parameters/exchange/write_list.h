@@ -52,6 +52,7 @@ struct WriteSummary {
     int unknown = 0;    // the drive's value is not known
     int readOnly = 0;
     int doubtful = 0;
+    int outOfSight = 0;    // hidden in the table by its view; filled by the caller
     QString sourceFamily;  // both are empty when the families agree
     QString driveFamily;
 };

@@ -78,13 +78,13 @@ std::optional<QString> TableSaver::askName(const Job& job) {
 bool TableSaver::saveText(const Job& job) {
     SaveMemo = textOf(job);
     const std::optional<QString> path = askName(job);
-    return path && told(*path, writeWhole(*path, SaveMemo));
+    return path && told(*path, job.tab, writeWhole(*path, SaveMemo));
 }
 
 bool TableSaver::saveSpreadsheet(const Job& job) {
     if (!spreadsheetPresent(m_work.spreadsheet, m_work.person)) return false;
     const std::optional<QString> path = askName(job);
-    return path && told(*path, writeSheets(job.tab, *path));
+    return path && told(*path, job.tab, writeSheets(job.tab, *path));
 }
 
 QByteArray TableSaver::textOf(const Job& job) {
@@ -102,10 +102,11 @@ FileResult TableSaver::writeSheets(ParameterTab tab, const QString& path) {
     return saveTableSheets(*application, path, table(tab), RparaAbLED(tab), dialog.progress());
 }
 
-bool TableSaver::told(const QString& path, const FileResult& result) {
+bool TableSaver::told(const QString& path, ParameterTab tab, const FileResult& result) {
     if (result.ok) {
-        Q_EMIT saved(path);
+        Q_EMIT saved(path, tab);
     } else {
+        Q_EMIT notSaved();
         m_work.person.tell(result.error, QStringLiteral("Error"), BoxIcon::Stop);
     }
     return result.ok;

@@ -23,7 +23,8 @@ class TableSaver : public QObject {
     void save(ParameterTab preselected, const std::function<void()>& then);
 
    Q_SIGNALS:
-    void saved(const QString& path);
+    void saved(const QString& path, ParameterTab tab);
+    void notSaved();  // a box has said why
 
    private:
     struct Job {
@@ -38,7 +39,7 @@ class TableSaver : public QObject {
     bool saveSpreadsheet(const Job& job);
     QByteArray textOf(const Job& job);
     FileResult writeSheets(ParameterTab tab, const QString& path);
-    bool told(const QString& path, const FileResult& result);
+    bool told(const QString& path, ParameterTab tab, const FileResult& result);
     const ParameterTable& table(ParameterTab tab) const;
     bool RparaAbLED(ParameterTab tab) const;
 

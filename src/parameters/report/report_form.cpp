@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPdfWriter>
@@ -21,6 +22,11 @@ constexpr int MarginMm = 12;
 constexpr int PdfResolution = 600;
 
 const QMarginsF Margins(MarginMm, MarginMm, MarginMm, MarginMm);
+
+struct WaitCursor {
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+};
 
 }  // namespace
 
@@ -134,7 +140,9 @@ void TReportForm::showPageNumber() {
     NextToolButton->setEnabled(page < pages);
 }
 
+// A thousand pages take seconds.
 FileResult TReportForm::writePdf(const QString& path) const {
+    const WaitCursor busy;
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
@@ -160,8 +168,10 @@ void TReportForm::print() {
     auto* dialog = new QPrintDialog(m_printer.get(), this);
     dialog->setObjectName(QStringLiteral("PrintDialog"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this,
-            [this](QPrinter* printer) { paintReport(m_report, *printer); });
+    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this, [this](QPrinter* printer) {
+        const WaitCursor busy;
+        paintReport(m_report, *printer);
+    });
     dialog->open();
 }
 

@@ -137,6 +137,7 @@ void SubTable::passOn(const std::vector<int>& rows) {
     });
     for (size_t i = 0; i < rows.size(); ++i)
         if (targets[i] >= 0) grid.setEdited(rows[i], m_main.grid.edited(targets[i]));
+    if (passedOn) passedOn();
 }
 
 // By number and address, as the header's box has always been passed on.
@@ -148,6 +149,7 @@ void SubTable::passOnAllCheckBoxes() {
         for (size_t i = 0; i < all.size(); ++i)
             if (all[i] > 0) m_main.grid.setCheckBox(all[i], grid.checkBox(static_cast<int>(i) + 1));
     });
+    if (passedOn) passedOn();
 }
 
 void ColumnHiding::toggle(int column) {

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <array>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -35,6 +36,7 @@ class SubTable {
     SubTable(ParameterTable& main, TableSide side, EditHistory& history);
 
     StringGrid grid{TableColumns};
+    std::function<void()> passedOn;  // an edit is in the main table, and this one shows its mark
 
     // Fills the grid with the rows of a group and shows their check boxes. The row count comes from the
     // group's parameter count; rows that the main table does not have stay blank.

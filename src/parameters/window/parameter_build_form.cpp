@@ -15,6 +15,7 @@
 #include "parameters/window/parameter_pages_form.h"
 #include "ui/find_bar.h"
 #include "ui/icons.h"
+#include "ui/notice_bar.h"
 
 namespace kelvane {
 
@@ -61,9 +62,15 @@ void TParameterForm::buildCentre() {
     m_pages = new ParameterPages(m_session, this);
     m_findBar = new FindBar(this);
     m_findBar->setColumns(FindColumns);
+    m_viewNotice = new NoticeBar(this);
+    m_viewNotice->setObjectName(QStringLiteral("RowViewNotice"));
+    m_editsNotice = new NoticeBar(this);
+    m_editsNotice->setObjectName(QStringLiteral("KeptEditsNotice"));
     auto* right = new QWidget(this);
     auto* column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_editsNotice);
+    column->addWidget(m_viewNotice);
     column->addWidget(m_pages, 1);
     column->addWidget(m_findBar);
     auto* splitter = m_splitter = new QSplitter(this);
@@ -123,6 +130,7 @@ void TParameterForm::connectEngines() {
     connect(&m_session, &ParameterSession::screenChanged, this, &TParameterForm::showScreen);
     connect(&m_session, &ParameterSession::told, this, &TParameterForm::tellInStatusLine);
     connect(&m_session, &ParameterSession::historyChanged, this, &TParameterForm::showHistoryItems);
+    connect(&m_session, &ParameterSession::rowsInSightChanged, this, &TParameterForm::showRowView);
     connect(&m_session.reader, &ParameterReader::ended, this, &TParameterForm::focusTable);
     connect(&m_session.DriveAdvStringGrid, &StringGrid::hiddenColumnsChanged, this,
             &TParameterForm::showMenuItems);
@@ -176,6 +184,7 @@ void TParameterForm::connectMenus() {
         m_session.columns.toggle(column);
         showMenuItems();
     });
+    connect(m_menus, &ParameterMenus::rowViewChosen, &m_session, &ParameterSession::chooseRows);
     connect(m_menus->RecentFilesMenu, &QMenu::aboutToShow, this, &TParameterForm::fillRecentMenu);
 }
 
@@ -246,11 +255,9 @@ void TParameterForm::showRoot(QTreeWidgetItem* root, const TreeRoot& shown) {
 // The names have room; a person who drags the splitter has the last word.
 void TParameterForm::fitTreePane() {
     const QList<int> sizes = m_splitter->sizes();
-    int longest = 0;
-    for (const QTreeWidgetItem* root : {m_driveRoot, m_fileRoot})
-        for (int i = 0; i < root->childCount(); ++i)
-            longest = std::max(longest, fontMetrics().horizontalAdvance(root->child(i)->text(0)));
-    const int wanted = longest + 4 * ParaTreeView->indentation() + ParaTreeView->iconSize().width();
+    const int around = sizes[0] - ParaTreeView->viewport()->width();
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, ParaTreeView);
+    const int wanted = static_cast<QAbstractItemView*>(ParaTreeView)->sizeHintForColumn(0) + around + bar;
     const int widest = (sizes[0] + sizes[1]) / 3;
     if (m_splitterMoved || std::min(wanted, widest) <= sizes[0]) return;
     const int left = std::min(wanted, widest);

@@ -13,6 +13,8 @@
 #include "parameters/window/parameter_menus_form.h"
 #include "parameters/window/parameter_pages_form.h"
 #include "ui/find_bar.h"
+#include "ui/in_language.h"
+#include "ui/notice_bar.h"
 
 namespace kelvane {
 
@@ -53,6 +55,7 @@ void TParameterForm::showScreen() {
     m_mirroring = false;
     followFrontView();
     showHistoryItems();
+    showRowView();
 }
 
 void TParameterForm::showMenuItems() {
@@ -86,12 +89,50 @@ void TParameterForm::showLinkPanel() {
     m_panel1->setText(panel);
 }
 
-void TParameterForm::tellInStatusLine(const QString& text) { m_panel0->setText(text); }
+void TParameterForm::tellInStatusLine(const QString& text) { m_panel0->setText(inLanguage(text)); }
 
 void TParameterForm::followFrontView() {
     StringGridView* view = m_pages->frontView();
     m_findBar->setView(view);
     if (!view) m_findBar->hide();
+}
+
+// What a view hides is always said, with the way back.
+void TParameterForm::showRowView() {
+    m_menus->rowViews[static_cast<size_t>(m_session.rowView)]->setChecked(true);
+    const QString text = rowViewText();
+    if (text.isEmpty()) return m_viewNotice->withdraw();
+    if (!m_viewNotice->isHidden()) return m_viewNotice->setText(text);
+    m_viewNotice->offer(text, {{tr("Show all rows"), [this] { m_session.chooseRows(RowView::All); }}});
+}
+
+QString TParameterForm::rowViewText() const {
+    const std::optional<TableSide> side = frontSide();
+    if (!side || m_session.rowView == RowView::All) return {};
+    const RowsInSight rows = m_session.rowsInSight(*side);
+    const QString counts = (m_session.rowView == RowView::Differing
+                                ? tr("Only rows that differ from their default: %1 shown, %2 hidden.")
+                                : tr("Only checked rows: %1 shown, %2 hidden."))
+                               .arg(rows.shown)
+                               .arg(rows.hidden);
+    return counts % u' ' % tr("Write All, Save, Compare and Print take all rows.");
+}
+
+void TParameterForm::offerKeptEdits() {
+    const QFileInfo copy(m_session.offeredEdits());
+    if (copy.fileName().isEmpty()) return m_editsNotice->withdraw();
+    const QString name = copy.completeBaseName();
+    const auto kept = QDateTime::fromString(name.left(19), QStringLiteral("yyyy-MM-dd_HH-mm-ss"));
+    const auto answered = [this](void (ParameterSession::*answer)()) {
+        return [this, answer] {
+            (m_session.*answer)();
+            offerKeptEdits();
+        };
+    };
+    m_editsNotice->offer(tr("Edits of %1 that were not written are kept from %2.")
+                             .arg(name.mid(20), QLocale().toString(kept, QLocale::ShortFormat)),
+                         {{tr("Open the copy"), answered(&ParameterSession::openOfferedEdits)},
+                          {tr("Discard it"), answered(&ParameterSession::discardOfferedEdits)}});
 }
 
 void TParameterForm::SystemTimerTimer() {
@@ -149,10 +190,9 @@ void TParameterForm::rowMenu(StringGridView* view, int row, const QPoint& global
     const QString PrNo = view->grid()->cell(column::PrNo, row);
     const bool parameter = side && row > 0 && !PrNo.isEmpty() && !isGroupRow(*view->grid(), row);
     m_menuRow = parameter ? RowIndex(table(*side).grid).rowOf(*view->grid(), row) : -1;
-    const Family family = side ? table(*side).identity.family : Family::Keypad;
-    const bool hasDefaults = family != Family::Hazel && family != Family::Keypad;
+    const bool withDefaults = side && hasDefaults(table(*side).identity.family);
     m_menus->BackToReadValue->setEnabled(m_menuRow > 0 && table(*side).grid.edited(m_menuRow));
-    m_menus->ToDefault->setEnabled(m_menuRow > 0 && hasDefaults && isWritable(table(*side).grid, m_menuRow));
+    m_menus->ToDefault->setEnabled(m_menuRow > 0 && withDefaults && isWritable(table(*side).grid, m_menuRow));
     m_menus->CopyRows->setEnabled(!view->selectedGridRows().empty());
     m_menus->RowPopupMenu->popup(globalPos);
 }
@@ -234,6 +274,7 @@ void TParameterForm::showEvent(QShowEvent* event) {
     SystemTimer.setEnabled(true);
     showScreen();
     showLinkPanel();
+    if (!event->spontaneous()) offerKeptEdits();
 }
 
 void TParameterForm::hideEvent(QHideEvent* event) {
@@ -242,6 +283,7 @@ void TParameterForm::hideEvent(QHideEvent* event) {
 }
 
 void TParameterForm::closeEvent(QCloseEvent* event) {
+    if (!m_session.mayClose()) return event->ignore();
     m_session.FormClose();
     tellInStatusLine({});
     event->accept();

@@ -20,6 +20,7 @@ namespace kelvane {
 
 class FindBar;
 class FolderBrowser;
+class NoticeBar;
 class ParameterMenus;
 class ParameterPages;
 class StringGridView;
@@ -74,6 +75,9 @@ class TParameterForm : public QMainWindow {
     void showTree();
     void showRoot(QTreeWidgetItem* root, const TreeRoot& shown);
     void followFrontView();
+    void showRowView();
+    QString rowViewText() const;
+    void offerKeptEdits();
     void SystemTimerTimer();
 
     // The operator's hand.
@@ -98,6 +102,8 @@ class TParameterForm : public QMainWindow {
     ParameterPages* m_pages;
     ParameterMenus* m_menus;
     FindBar* m_findBar;
+    NoticeBar* m_viewNotice;   // rows that are hidden
+    NoticeBar* m_editsNotice;  // a copy of edits that were never written
     FolderBrowser* m_browser;
     QTreeWidget* ParaTreeView;
     QSplitter* m_splitter;

@@ -1,5 +1,6 @@
 #include "parameters/window/parameter_menus_form.h"
 
+#include <QActionGroup>
 #include <QMenuBar>
 
 #include "ui/find_bar.h"
@@ -98,6 +99,9 @@ void ParameterMenus::buildViewMenu(QMenuBar* bar) {
     QMenu* menu = addMenu(bar, "ViewMenu", QStringLiteral("&View"));
     CompareParameter = add(menu, "CompareParameter", QStringLiteral("Compare"), QKeySequence(Qt::Key_F7));
     CompareParameter->setIcon(icon(Icon::Compare));
+    menu->addSeparator();
+    buildRowViews(menu);
+    menu->addSeparator();
     HideColumn = menu->addMenu(QStringLiteral("&Hide Column"));
     HideColumn->setObjectName(QStringLiteral("HideColumn"));
     for (size_t i = 0; i < HideItems.size(); ++i) {
@@ -105,6 +109,20 @@ void ParameterMenus::buildViewMenu(QMenuBar* bar) {
         hideItems[i]->setCheckable(true);
         connect(hideItems[i], &QAction::triggered, this, [this, i] { Q_EMIT hideColumnClicked(int(i) + 1); });
     }
+}
+
+void ParameterMenus::buildRowViews(QMenu* menu) {
+    const auto ctrl = [](Qt::Key key) { return QKeySequence(Qt::CTRL | key); };
+    rowViews = {add(menu, "AllRows", QStringLiteral("&All Rows"), ctrl(Qt::Key_1)),
+                add(menu, "OnlyDifferingRows", QStringLiteral("Only Rows That &Differ"), ctrl(Qt::Key_2)),
+                add(menu, "OnlyCheckedRows", QStringLiteral("Only &Checked Rows"), ctrl(Qt::Key_3))};
+    auto* one = new QActionGroup(this);
+    for (size_t i = 0; i < rowViews.size(); ++i) {
+        rowViews[i]->setCheckable(true);
+        one->addAction(rowViews[i]);
+        connect(rowViews[i], &QAction::triggered, this, [this, i] { Q_EMIT rowViewChosen(RowView(i)); });
+    }
+    rowViews[0]->setChecked(true);
 }
 
 void ParameterMenus::buildPopups() {

@@ -7,7 +7,7 @@
 #include <QToolBar>
 #include <array>
 
-#include "parameters/table/sub_table.h"
+#include "parameters/table/row_view.h"
 
 class QMenuBar;
 
@@ -46,6 +46,7 @@ class ParameterMenus : public QObject {
     QAction* CopyRows;
     QMenu* RecentFilesMenu;
     QMenu* EditMenu;
+    std::array<QAction*, 3> rowViews;  // in the order of RowView; one is checked
     QMenu* HideColumn;
     std::array<QAction*, 9> hideItems;  // column 1 onward
 
@@ -60,6 +61,7 @@ class ParameterMenus : public QObject {
 
    Q_SIGNALS:
     void hideColumnClicked(int column);
+    void rowViewChosen(RowView view);
 
    private:
     QAction* add(QMenu* menu, const char* name, const QString& text, const QKeySequence& keys = {});
@@ -68,6 +70,7 @@ class ParameterMenus : public QObject {
     void buildDriveMenu(QMenuBar* bar);
     void buildEditMenu(QMenuBar* bar, const FindBar& find);
     void buildViewMenu(QMenuBar* bar);
+    void buildRowViews(QMenu* menu);
     void buildPopups();
     void buildButtons(QToolBar* tools);
     TransparentButton* addButton(QToolBar* tools, const char* name, const QIcon& icon, const QString& text,

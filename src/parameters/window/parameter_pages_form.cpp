@@ -17,6 +17,7 @@ namespace {
 
 constexpr int IdentityCharacters = 14;
 constexpr int InfoRows = 3;
+constexpr int MostDescriptionCharacters = 40;  // names have sixteen, but values should stand near them
 
 const std::vector<int> TableCharacters{3, 7, 8, 18, 5, 9, 9, 9, 9, 10, 6};
 const std::vector<int> InfoCharacters{3, 22, 14, 10, 14, 14, 12};
@@ -26,7 +27,7 @@ void setUpTable(StringGridView* view, const char* name, StringGrid& grid) {
     view->setObjectName(QLatin1String(name));
     view->setGrid(&grid);
     view->setColumnCharacters(TableCharacters);
-    view->setStretchColumn(column::Description);
+    view->setStretchColumn(column::Description, MostDescriptionCharacters);
     view->setRightAligned(ValueColumns);
 }
 

@@ -7,14 +7,12 @@
 #include <QTest>
 #include <stdexcept>
 
-#include "base/manual_tick_clock.h"
 #include "bench/scripted_operator.h"
-#include "drive/practice_port.h"
 #include "parameters/dialogs/input_value_form.h"
 #include "parameters/dialogs/progress_form.h"
 #include "parameters/dialogs/write_check_err_record_form.h"
 #include "parameters/dialogs/write_check_form.h"
-#include "parameters/parameter_session.h"
+#include "parameters/station_bench.h"
 #include "parameters/table/table_edit.h"
 #include "ui/string_grid_view.h"
 
@@ -63,59 +61,21 @@ class HandyOperator final : public Operator {
     }
 };
 
-struct DialogBench {
-    static drive::LineOptions line() {
-        drive::LineOptions options{.mode = drive::LineMode::Rtu};
-        options.wire = {.Baud = 38400, .DataBits = 8};
-        return options;
-    }
+struct DialogPerson {
+    LangTable words = LangTable::builtInEnglish();
+    HandyOperator person{words};
+};
 
-    ManualTickClock clock;
-    FixedWallClock wall{QDateTime(QDate(2026, 3, 2), QTime(9, 8, 7))};
-    LangTable lang = LangTable::builtInEnglish();
-    HandyOperator person{lang};
-    drive::PracticeStation station;
-    RequestScheduler link;
-    GroupNameTable names;
-    ParameterSession session{link, clock, names, {person, lang}};
+struct DialogBench : DialogPerson, StationBench {
     TProgressForm progress{session.progress};
     TWriteCheckForm writeCheck{session};
     TWriteCheckErrRecordForm errorRecord{session.writer};
     StringGrid& table = session.DriveAdvStringGrid;
     StringGrid& list = session.writer.AdvStringGrid1;
 
-    explicit DialogBench(Family family = Family::Larch)
-        : station(clock, drive::familyData(family), line()), link({clock, wall, person, station.port, lang}) {
-        link.Initial();
-        link.emptyQueues();
-        station.port.setSettings(line().wire);
-        link.ComMode = 1;
-        link.BaudTimeoutTicks = link.ReplyTimeoutTicks = 5;
-        link.ActiveFunction = OwnerParameter;
-        link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
-        link.ParamRead.fixedParaName = fixedParaName;
-        link.Labels.DriveVrLabel = QString::fromLatin1(familyName(family));
-        link.notifyChanged();
-        link.DriveStatus.DriveReady = 1;
-        link.DriveStatus.DriveFamily = static_cast<quint8>(family);
-        const int groups = station.drive.parameters().groupCount();
-        link.DriveStatus.GroupCount = static_cast<quint8>(groups);
-        for (int G = 0; G <= groups; ++G)
-            link.DriveStatus.GroupParamCount[static_cast<size_t>(G)] =
-                station.drive.parameters().highestNumber(G).value_or(0);
-        for (size_t G = 0; G < drive::familyData(family).groups.size(); ++G)
-            names.storeReportedName(
-                static_cast<quint8>(family), static_cast<int>(G),
-                QString::fromStdString(std::string(drive::familyData(family).groups[G].name)));
-        session.opened();
-    }
-    bool runUntil(const std::function<bool()>& done) { return clock.advanceUntil(done, 600 * 1000); }
+    explicit DialogBench(Family family = Family::Larch) : StationBench(person, family) {}
     bool readRows(int count) {
         return runUntil([&] { return session.progress.count >= count; });
-    }
-    void readTable() {
-        session.reader.ReadDriveTransparentButtonClick();
-        runUntil([&] { return !session.progress.shown; });
     }
     // Double click on the data of a parameter of the table.
     void edit(const QString& PrNo, std::function<void(TInputValueForm&)> hand) {

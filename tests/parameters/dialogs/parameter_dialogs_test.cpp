@@ -187,7 +187,7 @@ TEST(ProgressForm, NeverFlashes) {
 }
 
 // A refusal ends no wait; after three seconds at rest the dialog says so and lets the person out.
-TEST(ProgressForm, LeavesNobodyBehindAnAnswerThatIsNotComing) {
+TEST(ProgressForm, KeepsWaitingAfterARefusalButLocksNobodyIn) {
     DialogBench b;
     b.station.line.faults().failAt(6, drive::LineFault::Exception);
     b.session.reader.ReadDriveTransparentButtonClick();
@@ -196,8 +196,10 @@ TEST(ProgressForm, LeavesNobodyBehindAnAnswerThatIsNotComing) {
     EXPECT_TRUE(
         textOf(b.progress, "NoAnswerLabel").startsWith("No answer is coming for Pr 00-05: refused, CE 4"))
         << textOf(b.progress, "NoAnswerLabel").toStdString();
+    b.station.port.clearTranscript();
     press(b.progress, "CancelTransparentButton");
-    EXPECT_TRUE(b.progress.isVisible());
+    b.clock.advance(60000);
+    EXPECT_TRUE(b.progress.isVisible() && b.station.port.writes().isEmpty());
     ASSERT_TRUE(part(b.progress, "StopWaitingTransparentButton").isVisible());
     press(b.progress, "StopWaitingTransparentButton");
     EXPECT_FALSE(b.progress.isVisible());
@@ -270,32 +272,6 @@ TEST_F(WriteList, RowsThatRunningForbidsDifferByMoreThanTheirColour) {
     EXPECT_EQ(picture(2), picture(3));
 }
 
-TEST_F(WriteList, InARunCloseBoxAndEscapeAsk) {
-    b.person.script.expectBox(WriteQuestion, "Cofirm", BoxAnswer::No);
-    press(b.writeCheck, "OKTransparentButton");
-    EXPECT_TRUE(part(b.writeCheck, "OKTransparentButton").isEnabled());
-    b.person.script.expectBox(WriteQuestion, "Cofirm", BoxAnswer::Yes);
-    press(b.writeCheck, "OKTransparentButton");
-    b.runUntil([&] { return b.session.writer.form.barPosition == 1; });
-    const char* const StopWriting = "Parameters are being written. Stop now and read back what was sent ?";
-    b.person.script.expectBox(StopWriting, "Cofirm", BoxAnswer::No);
-    QTest::keyClick(&b.writeCheck, Qt::Key_Escape);
-    EXPECT_TRUE(b.writeCheck.isVisible() && b.session.writer.writing());
-    b.person.script.expectBox(StopWriting, "Cofirm", BoxAnswer::Yes);
-    b.writeCheck.close();
-    EXPECT_TRUE(b.writeCheck.isVisible());
-    ASSERT_TRUE(b.runUntil([&] { return b.errorRecord.isVisible(); }));
-    press(b.errorRecord, "CloseTransparentButton");
-    ASSERT_TRUE(b.runUntil([&] { return !b.writeCheck.isVisible(); }));
-    EXPECT_FALSE(b.session.writer.writing());
-    EXPECT_FALSE(b.link.Notice.TWriteCheckFormShown);
-
-    b.session.WriteCheckTransparentButtonClick();
-    EXPECT_TRUE(part(b.writeCheck, "AdvStringGrid1").isEnabled());
-    QTest::keyClick(&b.writeCheck, Qt::Key_Escape);
-    EXPECT_FALSE(b.writeCheck.isVisible());
-}
-
 // ---- Value editor ----
 
 class ValueEditor : public testing::Test {
@@ -327,22 +303,14 @@ class ValueEditor : public testing::Test {
     ValueEdit edit;
 };
 
-TEST_F(ValueEditor, TakesFiguresOnly) {
-    open(0, 60000, 2, "60.00");
-    EXPECT_EQ(form.windowTitle(), "Input Value");
-    EXPECT_TRUE(input.isVisible() && !list.isVisible());
+TEST_F(ValueEditor, TakesFiguresOnlyAndRefusesWithABoxAndTheOldText) {
+    const UsingDecimalSep point(QStringLiteral("."));
+    open(5000, 60000, 2, "60.00");
     type("-1a2 +.x,3e");
-    EXPECT_EQ(input.text(), "-12.,3");
+    EXPECT_EQ(input.text(), "-12.,3") << "figures and signs only";
     input.clear();
     input.insert("12 rpm");
     EXPECT_EQ(input.text(), "");
-    QTest::keyClick(&input, Qt::Key_Escape);
-    EXPECT_FALSE(form.isVisible() || edit.InputAccepted);
-}
-
-TEST_F(ValueEditor, RefusesWithABoxAndTheOldText) {
-    const UsingDecimalSep point(QStringLiteral("."));
-    open(5000, 60000, 2, "60.00");
     const struct {
         const char* typed;
         const char* text;

@@ -85,6 +85,8 @@ TEST_F(SheetTransfer, WritesTheSample) {
         for (const auto& [row, content] : sheet.rows)
             for (const SheetCell& cell : content.cells) EXPECT_TRUE(cell.text.isEmpty() || cell.format.text);
     }
+    table.identity.family = Family::Hazel;
+    EXPECT_EQ(interior(saved().sheets[2], 4, 6), YellowIndex) << "kept, though it has no defaults";
     EXPECT_EQ(said.front(), "Saving parameters from Larch ...");
     EXPECT_EQ(said.back(), "Process Pr 01-00:  Max. Output Freq");
 }
@@ -158,11 +160,6 @@ TEST_F(SheetTransfer, NumbersGetThePlacesOfTheirRow) {
     }
 }
 
-TEST_F(SheetTransfer, KeepsTheYellowMarkInHazel) {
-    table.identity.family = Family::Hazel;
-    EXPECT_EQ(interior(saved().sheets[2], 4, 6), YellowIndex);
-}
-
 TEST_F(SheetTransfer, GivesEveryGroupRowASheetWhateverTheIdentitySays) {
     table.identity.groupCount = 1;
     const Workbook book = saved();
@@ -223,13 +220,6 @@ TEST_F(SheetTransfer, RefusesForeignWorkbooksAndTellsFailures) {
     }));
     EXPECT_FALSE(loadSheets(*application, folder.filePath("none.xls"), {}, {}).error.isEmpty());
     EXPECT_FALSE(saveTableSheets(*application, folder.filePath("no/such/t.xls"), table, false, {}).ok);
-}
-
-TEST(SpreadsheetPresence, IsToldBeforeAnythingElse) {
-    ScriptedOperator person;
-    EXPECT_TRUE(spreadsheetPresent(builtInSpreadsheet(), person));
-    person.expectBox("Please install the Microsoft Excel first !!", "Error");
-    EXPECT_FALSE(spreadsheetPresent({[] { return false; }, {}}, person));
 }
 
 }  // namespace

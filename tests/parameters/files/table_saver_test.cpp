@@ -105,20 +105,5 @@ TEST_F(Saving, ASavedComparisonComesBackAndLeavesTheTableFromFile) {
     }
 }
 
-TEST_F(Saving, AFailedLoadLeavesTheOpenTable) {
-    openFile();
-    for (const char* name : {"empty.txt", "noise.xls"}) {
-        const QString path = folder.filePath(QLatin1String(name));
-        writeWhole(path, QByteArray(name).startsWith("noise") ? QByteArray(600, 'x') : QByteArray());
-        const bool sheet = path.endsWith("xls");
-        const QString error = sheet ? spreadsheet.create()->openWorkbook(path).error
-                                    : path + ": " + readTableText({}, TextFormat::Txt, {}).error;
-        person.expectBox(error, "Error");
-        EXPECT_FALSE(loader.load(path)) << name;
-        EXPECT_FALSE(session.progress.shown);
-        EXPECT_EQ(session.FileAdvStringGrid.cell(column::PrNo, 5), "01-00");
-    }
-}
-
 }  // namespace
 }  // namespace kelvane

@@ -10,7 +10,7 @@ namespace {
 
 using test::rowTexts;
 
-TEST(ParameterTable, FillsARowInItsColumns) {
+TEST(ParameterTable, FillsARowAndDropsWhatStoodInIt) {
     for (const char* sep : {".", ","}) {
         const UsingDecimalSep machine{QString(sep)};
         StringGrid grid(TableColumns);
@@ -19,20 +19,12 @@ TEST(ParameterTable, FillsARowInItsColumns) {
         const QString values = QString("60.00|60.00|50.00|600.00").replace(".", sep);
         EXPECT_EQ(rowTexts(grid, 1).join('|'),
                   "01-00|0100H|Max Output Freq.|Hz  |" % values % "|Writable|0100|2|true");
-        EXPECT_TRUE(grid.hasCheckBox(1));
+        EXPECT_TRUE(grid.hasCheckBox(1) && isWritable(grid, 1));
+        fillReservedGroupRow(grid, 1);
+        EXPECT_EQ(rowTexts(grid, 1).join('|'),
+                  "*****|*****|Reserved Parameters|*****|*****|*****|*****|*****|*****|*****|*****|");
+        EXPECT_FALSE(grid.hasCheckBox(1) || isWritable(grid, 1));
     }
-}
-
-TEST(ParameterTable, GroupRowDropsWhatStoodInTheRow) {
-    StringGrid grid(TableColumns);
-    fillParameterRow(grid, 1, Family::Larch, 0, 0, {1, 2, 0, 0, 1, "Name", "A"});
-    EXPECT_TRUE(isWritable(grid, 1));
-    fillReservedGroupRow(grid, 1);
-    EXPECT_EQ(rowTexts(grid, 1).join('|'),
-              "*****|*****|Reserved Parameters|*****|*****|*****|*****|*****|*****|*****|*****|");
-    EXPECT_TRUE(isGroupRow(grid, 1));
-    EXPECT_FALSE(isWritable(grid, 1));
-    EXPECT_FALSE(grid.hasCheckBox(1));
 }
 
 TEST(ParameterTable, ColoursChangedDataAndGroupRows) {

@@ -58,70 +58,46 @@ TEST_F(ValueEditing, HeaderCheckBoxTakesWritableRowsAlong) {
     EXPECT_FALSE(grid.checkBox(5));
 }
 
-class History : public ValueEditing {
-   protected:
-    History() { history.tableRead(); }
-    void type(const QString& text) {
+TEST_F(ValueEditing, IsUndoneStepByStepUntilTheTableIsReadAnew) {
+    EditHistory history{grid};
+    history.tableRead();
+    const auto type = [&](const char* text) {
         history.edit([&] {
             grid.setCell(column::Data, 5, text);
             grid.setCheckBox(5, true);
         });
-    }
-    EditHistory history{grid};
-};
-
-TEST_F(History, UndoesTextAndCheckBoxTogether) {
+    };
+    const auto row = [&] {
+        return grid.cell(column::Data, 5) + (grid.checkBox(5) ? " V" : " X") +
+               (grid.edited(5) ? " edited" : "");
+    };
     type("51.00");
     type("52.00");
-    EXPECT_TRUE(grid.edited(5));
     EXPECT_EQ(history.undo(), 5);
-    EXPECT_EQ(grid.cell(column::Data, 5), "51.00");
-    EXPECT_TRUE(grid.checkBox(5));
+    EXPECT_EQ(row(), "51.00 V edited");
     history.undo();
-    EXPECT_EQ(grid.cell(column::Data, 5), "50.00");
-    EXPECT_FALSE(grid.checkBox(5));
-    EXPECT_FALSE(grid.edited(5));
+    EXPECT_EQ(row(), "50.00 X");
     EXPECT_EQ(history.undo(), -1);
     history.redo();
-    EXPECT_EQ(grid.cell(column::Data, 5), "51.00");
     type("53.00");
     EXPECT_FALSE(history.canRedo());
-}
+    history.holds(5, "53.00");  // written and read back
+    EXPECT_EQ(row(), "53.00 V");
+    history.undo();
+    EXPECT_EQ(row(), "51.00 V edited");
 
-TEST_F(History, EndsWhenTheTableIsReadAnew) {
-    type("51.00");
-    history.tableRead();
-    EXPECT_FALSE(history.canUndo());
-    EXPECT_FALSE(grid.edited(5));
-    type("52.00");
-    EXPECT_TRUE(history.backToReadValue(5));
-    EXPECT_EQ(grid.cell(column::Data, 5), "51.00");
-}
-
-TEST_F(History, ForgetsAnEditDuringWhichTheTableWent) {
+    EXPECT_TRUE(history.toDefault(5));
+    EXPECT_EQ(row(), "60.00 V edited");
+    EXPECT_FALSE(history.toDefault(3) || history.toDefault(4)) << "read only, and a group";
     history.edit([&] {
-        grid.setCell(column::Data, 5, "51.00");
-        history.tableRead();
+        grid.setCell(column::Data, 5, "54.00");
+        history.tableRead();  // the table went while the editor was open
     });
     EXPECT_FALSE(history.canUndo());
-}
-
-TEST_F(History, WrittenRowsLoseTheirMarkAndCanBeUndone) {
-    type("51.00");
-    history.holds(5, "51.00");
-    EXPECT_FALSE(grid.edited(5));
-    history.undo();
-    EXPECT_TRUE(grid.edited(5));
-}
-
-TEST_F(History, TakesDefaultsOfWritableRows) {
-    EXPECT_TRUE(history.toDefault(5));
-    EXPECT_EQ(grid.cell(column::Data, 5), "60.00");
-    EXPECT_TRUE(grid.checkBox(5));
-    EXPECT_FALSE(history.toDefault(3));
-    EXPECT_FALSE(history.toDefault(4));
-    history.undo();
-    EXPECT_EQ(grid.cell(column::Data, 5), "50.00");
+    EXPECT_EQ(row(), "54.00 V");
+    type("55.00");
+    EXPECT_TRUE(history.backToReadValue(5));
+    EXPECT_EQ(grid.cell(column::Data, 5), "54.00");
 }
 
 }  // namespace

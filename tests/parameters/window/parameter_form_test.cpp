@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QDropEvent>
@@ -16,13 +17,11 @@
 #include <QTest>
 #include <QTreeWidget>
 
-#include "base/manual_tick_clock.h"
 #include "bench/scripted_operator.h"
-#include "catalogue/identification.h"
-#include "drive/practice_port.h"
 #include "parameters/dialogs/folder_browser_form.h"
 #include "parameters/files/table_text_file.h"
 #include "parameters/sample_table.h"
+#include "parameters/station_bench.h"
 #include "parameters/window/parameter_pages_form.h"
 #include "ui/display_label.h"
 #include "ui/find_bar.h"
@@ -32,20 +31,14 @@
 namespace kelvane {
 namespace {
 
-// On line in the Parameter window with a practice drive, as the shell leaves it.
-class ParameterWindow : public testing::Test {
+struct WindowPerson {
+    QTemporaryDir folder;
+    ScriptedOperator person;
+};
+
+class ParameterWindow : public testing::Test, protected WindowPerson, protected StationBench {
    protected:
-    ParameterWindow()
-        : station(clock, drive::familyData(Family::Larch), line()),
-          link({clock, wall, person, station.port, lang}) {
-        link.Initial();
-        link.emptyQueues();
-        link.BaudTimeoutTicks = link.ReplyTimeoutTicks = 5;
-        link.ComMode = 1;
-        station.port.setSettings(line().wire);
-        link.ActiveFunction = OwnerParameter;
-        link.ParamRead.fixedParaName = fixedParaName;
-        beOnLine(Family::Larch);
+    ParameterWindow() : StationBench(person, Family::Larch, folder.path()) {
         session.choices.chooseTab = [this](const QString& title, const std::vector<ParameterTab>& tabs,
                                            int selected, const TableChoices::ThenTab& then) {
             asked << title;
@@ -59,33 +52,8 @@ class ParameterWindow : public testing::Test {
             asked << items;
             then(chosen);
         };
-        session.opened();
         form.show();
         QApplication::processEvents();
-    }
-    static drive::LineOptions line() {
-        drive::LineOptions options{.mode = drive::LineMode::Rtu};
-        options.wire = {.Baud = 38400, .DataBits = 8};
-        return options;
-    }
-    void beOnLine(Family family) {
-        link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
-        link.Labels = {QString::fromLatin1(familyName(family)), "2.05", "150A", "460V", "75 ( 100 )"};
-        DriveStatusRecord& status = link.DriveStatus;
-        status.DriveReady = 1;
-        status.DriveFamily = static_cast<quint8>(family);
-        const int groups = station.drive.parameters().groupCount();
-        status.GroupCount = static_cast<quint8>(groups);
-        for (int G = 0; G <= groups; ++G) {
-            status.GroupParamCount[size_t(G)] = station.drive.parameters().highestNumber(G).value_or(0);
-            names.storeReportedName(status.DriveFamily, G, QStringLiteral("Group%1          ").arg(G));
-        }
-        link.notifyChanged();
-    }
-    void readTable() {
-        trigger("ReadfromDrive");
-        clock.advanceUntil([&] { return !session.progress.shown; }, 3600 * 1000);
-        ASSERT_EQ(session.reader.DriveTableComplete, 1);
     }
     // The sample table as the table from file.
     void loadSample() {
@@ -113,16 +81,6 @@ class ParameterWindow : public testing::Test {
         return named<QLabel>(index ? "StatusLinePanel1" : "StatusLinePanel0")->text();
     }
 
-    QTemporaryDir folder;
-    ManualTickClock clock;
-    FixedWallClock wall{QDateTime(QDate(2026, 3, 2), QTime(9, 8, 7))};
-    ScriptedOperator person;
-    LangTable lang = LangTable::builtInEnglish();
-    drive::PracticeStation station;
-    RequestScheduler link;
-    GroupNameTable names;
-    ParameterSession session{
-        link, clock, names, {person, lang}, {.programFolder = folder.path(), .wallClock = &wall}};
     LooksInMemory looks;
     TParameterForm form{session, looks};
     QStringList asked;
@@ -147,20 +105,6 @@ TEST_F(ParameterWindow, OpensBareAndTellsThatNoTableIsOpen) {
     EXPECT_TRUE(station.port.writes().isEmpty());
 }
 
-TEST_F(ParameterWindow, NoNameStandsTwice) {
-    QSet<QString> seen;
-    for (const QObject* object : form.findChildren<QObject*>()) {
-        const QString name = object->objectName();
-        const bool ofQt =
-            name.startsWith("qt_") || name.startsWith('_') || qobject_cast<QTabBar*>(object->parent());
-        if (name.isEmpty() || ofQt) continue;
-        EXPECT_FALSE(seen.contains(name)) << name.toStdString();
-        seen.insert(name);
-    }
-    EXPECT_TRUE(seen.contains("HideAttribute") && seen.contains("RparaAbLED") &&
-                seen.contains("CompKindLabel"));
-}
-
 TEST_F(ParameterWindow, ReadsATableIntoTabAndTree) {
     readTable();
     EXPECT_TRUE(named<TabSheet>("DriveTabSheet")->tabVisible());
@@ -170,11 +114,20 @@ TEST_F(ParameterWindow, ReadsATableIntoTabAndTree) {
     EXPECT_EQ(named<VrLabel>("RatedCurrentVrLabel")->text(), "150A");
     const QTreeWidgetItem* root = named<QTreeWidget>("ParaTreeView")->topLevelItem(0);
     EXPECT_EQ(root->text(0), "Drive [ Larch ]");
-    EXPECT_TRUE(root->isExpanded());
+    EXPECT_TRUE(root->isExpanded() && session.reader.DriveTableComplete);
     ASSERT_EQ(root->childCount(), station.drive.parameters().groupCount() + 1);
     EXPECT_EQ(root->child(0)->text(0), "All Parameters");
     EXPECT_EQ(root->child(2)->data(0, Qt::UserRole).toInt(), TreeChildImage);
     EXPECT_TRUE(named<QAction>("ResetParameter")->isEnabled());
+
+    // Find looks in the grid in front.
+    QTest::keyClick(view("DriveAdvStringGrid"), Qt::Key_F, Qt::ControlModifier);
+    FindBar* bar = form.findChild<FindBar*>();
+    ASSERT_TRUE(bar->isVisible());
+    bar->setSearchText("01-0");
+    EXPECT_EQ(bar->hitCount(), 10);
+    select(0, 1);
+    EXPECT_EQ(bar->hitCount(), 0);
 
     // Idle, the window sends nothing.
     station.port.clearTranscript();
@@ -305,23 +258,6 @@ TEST_F(ParameterWindow, SavesAsTextAndLoadsItAgain) {
     EXPECT_EQ(session.FileAdvStringGrid.RowCount(), 6);
 }
 
-TEST_F(ParameterWindow, SavesSpreadsheetsBehindTheProgressRecord) {
-    loadSample();
-    kind = TableFileKind::Spreadsheet;
-    const QString path = folder.filePath("t.xls");
-    QStringList infos;
-    QObject::connect(&session.progress, &ProgressDialog::shownChanged, [&](bool shown) {
-        if (shown) infos << session.progress.InfoLabel;
-    });
-    person.expectSave("Microsoft Excel Fiels(*.xls)|*.xls", ".xls", path);
-    trigger("Save");
-    ASSERT_TRUE(session.loader.load(path));
-    EXPECT_EQ(infos, (QStringList{"Saving parameters from Larch ...", "Reading parameters from Larch ..."}));
-    EXPECT_FALSE(session.progress.shown);
-    EXPECT_EQ(session.FileAdvStringGrid.cell(column::PrNo, 5), "01-00");
-    EXPECT_TRUE(session.FileAdvStringGrid.checkBox(5));
-}
-
 TEST_F(ParameterWindow, ClosingATabSavesThatTableAndFailureKeepsIt) {
     readTable();
     loadSample();
@@ -416,18 +352,6 @@ TEST_F(ParameterWindow, StatusLineKeepsLinkAndNumInOnePanel) {
     EXPECT_FALSE(form.SystemTimer.Enabled());
 }
 
-TEST_F(ParameterWindow, FindLooksInTheGridInFront) {
-    readTable();
-    QTest::keyClick(view("DriveAdvStringGrid"), Qt::Key_F, Qt::ControlModifier);
-    FindBar* bar = form.findChild<FindBar*>();
-    ASSERT_TRUE(bar->isVisible());
-    bar->setSearchText("01-0");
-    EXPECT_EQ(bar->hitCount(), 10);
-    select(0, 1);
-    bar->setSearchText("00-00");
-    EXPECT_EQ(bar->hitCount(), 1);
-}
-
 TEST_F(ParameterWindow, LoadsFilesThatAreDroppedOrDoubleClicked) {
     loadSample();
     QMimeData data;
@@ -472,6 +396,12 @@ TEST_F(ParameterWindow, BacksUpTheTableAsReadBeforeTheFirstWrite) {
     Q_EMIT session.writer.writesBegin();  // no table yet: tried again before the next write
     EXPECT_TRUE(history.last().endsWith(" > No backup: the table of this drive has not been read."));
     readTable();
+    writeWhole(folder.filePath("backup"), "a file in the place of the folder");
+    person.expectBox("The drive's table could not be backed up: The folder " + folder.filePath("backup") +
+                         " cannot be made.",
+                     "Error");
+    Q_EMIT session.writer.writesBegin();
+    QFile::remove(folder.filePath("backup"));
     const int row = rowOfNumber(session.DriveAdvStringGrid, "01-00");
     const QString read = session.DriveAdvStringGrid.cell(column::Data, row);
     session.DriveAdvStringGrid.setCell(column::Data, row, "55.00");
@@ -501,30 +431,142 @@ TEST_F(ParameterWindow, BacksUpTheTableAsReadBeforeTheFirstWrite) {
     EXPECT_EQ(backups(), 2);
 }
 
-TEST_F(ParameterWindow, ABackupThatFailsIsTold) {
+// Only what is seen changes, and what is hidden is said; an edit that waits to be written is always in sight.
+TEST_F(ParameterWindow, ViewsHideRowsAndSayHowMany) {
     readTable();
-    writeWhole(folder.filePath("backup"), "a file in the place of the folder");
-    person.expectBox("The drive's table could not be backed up: The folder " + folder.filePath("backup") +
-                         " cannot be made.",
-                     "Error");
-    Q_EMIT session.writer.writesBegin();
+    StringGrid& all = session.DriveAdvStringGrid;
+    const auto* bar = named<QWidget>("RowViewNotice");
+    const auto shown = [](const StringGrid& grid) {
+        QStringList numbers;
+        for (int row = 1; row < grid.RowCount(); ++row)
+            if (!grid.rowHidden(row)) numbers += grid.cell(column::PrNo, row);
+        return numbers;
+    };
+    const int row = rowOfNumber(all, "01-00");
+    const qsizetype parameters = shown(all).size() - shown(all).count("*****");
+    EXPECT_TRUE(bar->isHidden());
+    trigger("OnlyCheckedRows");
+    EXPECT_EQ(shown(all), QStringList());
+    EXPECT_TRUE(bar->accessibleName().startsWith(
+        QStringLiteral("Only checked rows: 0 shown, %1 hidden.").arg(parameters)));
+    session.driveHistory.edit({row}, [&] { all.setCheckBox(row, true); });
+    EXPECT_EQ(shown(all), (QStringList{"*****", "01-00"}));
+    EXPECT_TRUE(view("DriveAdvStringGrid")->isRowHidden(row) &&
+                !view("DriveAdvStringGrid")->isRowHidden(row - 1));
+    select(0, 2);
+    EXPECT_EQ(shown(session.SubDriveAdvStringGrid), QStringList{"01-00"});
+    session.WriteAllTransparentButtonClick();
+    const int writable = session.writer.AdvStringGrid1.RowCount() - 1;
+    EXPECT_GT(writable, 50) << "all rows, seen or not";
+    EXPECT_TRUE(session.writeSummaryLine().contains(
+        QStringLiteral("; %1 not in sight in the table").arg(writable - 1)));
+    session.writer.CancelTransparentButtonClick();
+
+    trigger("OnlyDifferingRows");
+    for (int each = 1; each < all.RowCount(); ++each) {
+        if (isGroupRow(all, each)) continue;
+        EXPECT_EQ(all.rowHidden(each), all.cell(column::Data, each) == all.cell(column::Default, each))
+            << each;
+    }
+    select(0, 0);
+    all.setCell(column::Default, row, "55.00");
+    session.driveHistory.edit({row}, [&] { all.setCell(column::Data, row, "55.00"); });
+    EXPECT_FALSE(all.rowHidden(row)) << "at its default, and not yet written";
+    QTest::keyClick(view("DriveAdvStringGrid"), Qt::Key_Z, Qt::ControlModifier);
+    session.driveTable.identity.family = Family::Hazel;
+    session.chooseRows(RowView::Differing);
+    EXPECT_EQ(shown(all).size(), all.RowCount() - 1) << "there are no defaults to differ from";
+    session.driveTable.identity.family = Family::Larch;
+    session.chooseRows(RowView::Differing);
+    bar->findChild<QAbstractButton*>()->click();
+    EXPECT_TRUE(bar->isHidden() && named<QAction>("AllRows")->isChecked());
+    EXPECT_EQ(shown(all).size(), all.RowCount() - 1);
 }
 
-TEST(TableBackup, KeepsTheLastTwentyAndTellsAFailure) {
+// Nobody is asked at closing, and nothing is lost: the copy waits for the next opening.
+TEST_F(ParameterWindow, EditsThatWereNeverWrittenOutliveTheWindow) {
+    readTable();
+    StringGrid& all = session.DriveAdvStringGrid;
+    const int row = rowOfNumber(all, "01-00");
+    const auto* bar = named<QWidget>("KeptEditsNotice");
+    const auto edit = [&](const char* text) {
+        session.driveHistory.edit({row}, [&] {
+            all.setCell(column::Data, row, text);
+            all.setCheckBox(row, true);
+        });
+    };
+    const auto openAgain = [&] {
+        session.opened();
+        form.show();
+    };
+    const auto copies = [&] { return QDir(session.unwritten.folder()).entryList(QDir::Files).size(); };
+    edit("55.00");
+    kind = TableFileKind::Text;
+    person.expectSave("Text Fiels(*.txt)|*.txt", ".txt", folder.filePath("saved.txt"));
+    trigger("Save");
+    form.close();
+    EXPECT_EQ(copies(), 0) << "what was saved is not lost";
+
+    openAgain();
+    EXPECT_TRUE(bar->isHidden());
+    readTable();
+    edit("56.00");
+    writeWhole(session.unwritten.folder(), "a file in the place of the folder");
+    person.expectBox(
+        "The edits that are not written yet could not be kept: The folder " + session.unwritten.folder() +
+            " cannot be made.\nSave the table to another place. Closing the window once more gives "
+            "them up.",
+        "Error");
+    form.close();
+    EXPECT_TRUE(form.isVisible());
+    QFile::remove(session.unwritten.folder());
+    edit("57.00");
+    form.close();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(copies(), 1);
+
+    openAgain();
+    EXPECT_TRUE(bar->accessibleName().startsWith("Edits of Larch that were not written are kept from "))
+        << bar->accessibleName().toStdString();
+    bar->findChildren<QAbstractButton*>()[0]->click();
+    EXPECT_TRUE(bar->isHidden());
+    EXPECT_EQ(session.FileAdvStringGrid.cell(column::Data, row), "57.00");
+    session.WriteCheckTransparentButtonClick();
+    ASSERT_EQ(session.writer.AdvStringGrid1.RowCount(), 2) << "the box tells which row was edited";
+    form.close();
+    EXPECT_EQ(copies(), 1) << "not yet written";
+
+    openAgain();
+    bar->findChildren<QAbstractButton*>()[0]->click();
+    session.WriteCheckTransparentButtonClick();
+    person.expectBox("Do you want to write the parameter(s) to drive ?", "Cofirm", BoxAnswer::Yes);
+    session.writer.OKTransparentButtonClick();
+    clock.advanceUntil([&] { return !session.writer.form.shown; }, 60 * 1000);
+    EXPECT_EQ(copies(), 0) << "the drive has them";
+    session.fileHistory.edit({row}, [&] { session.FileAdvStringGrid.setCell(column::Data, row, "58.00"); });
+    form.close();
+    openAgain();
+    ASSERT_EQ(copies(), 1);
+    bar->findChildren<QAbstractButton*>()[1]->click();
+    EXPECT_EQ(copies(), 0);
+    EXPECT_TRUE(bar->isHidden());
+}
+
+TEST(TableCopies, AreTheLastOnesAndTellAFailure) {
+    constexpr int Kept = 20;
     QTemporaryDir folder;
-    TableBackup backup(folder.path());
+    TableCopies copies(folder.filePath("backup"), Kept);
     ParameterTable table;
     test::fillSample(table);
-    const auto read = [](int) { return std::nullopt; };
-    QDateTime now(QDate(2026, 3, 2), QTime(9, 0));
-    for (int i = 0; i < TableBackup::Kept + 2; ++i)
-        ASSERT_TRUE(backup.write(table, false, now.addSecs(i / 2), read).ok);
-    const QStringList files = QDir(backup.folder()).entryList(QDir::Files);
-    EXPECT_EQ(files.size(), TableBackup::Kept);
+    const QDateTime now(QDate(2026, 3, 2), QTime(9, 0));
+    for (int i = 0; i < Kept + 2; ++i) ASSERT_TRUE(copies.write(table, false, now.addSecs(i / 2)).ok);
+    const QStringList files = QDir(copies.folder()).entryList(QDir::Files);
+    EXPECT_EQ(files.size(), Kept);
     EXPECT_EQ(files.first(), "2026-03-02_09-00-01_Larch.txt");
-    EXPECT_TRUE(QFile::exists(backup.path()));
-    TableBackup nowhere(folder.filePath("backup/") + files.first());
-    EXPECT_FALSE(nowhere.write(table, false, now, read).ok);
+    EXPECT_TRUE(QFile::exists(copies.path()));
+    EXPECT_EQ(copies.newest(), copies.path());
+    TableCopies nowhere(copies.path() + "/backup", Kept);
+    EXPECT_FALSE(nowhere.write(table, false, now).ok);
 }
 
 }  // namespace

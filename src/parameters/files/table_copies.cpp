@@ -1,4 +1,4 @@
-#include "parameters/files/table_backup.h"
+#include "parameters/files/table_copies.h"
 
 #include <QDir>
 
@@ -10,7 +10,14 @@ namespace {
 
 const auto Pattern = QStringLiteral("[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]_*.txt");
 
-// The table with the values that the drive held.
+QString fileWord(const QString& model) {
+    QString word;
+    for (const QChar c : model) word += c.isLetterOrNumber() ? c : QLatin1Char('_');
+    return word.isEmpty() ? QStringLiteral("drive") : word;
+}
+
+}  // namespace
+
 void copyAsRead(const ParameterTable& from, ParameterTable& to,
                 const std::function<std::optional<QString>(int)>& readValue) {
     to.identity = from.identity;
@@ -23,38 +30,35 @@ void copyAsRead(const ParameterTable& from, ParameterTable& to,
     }
 }
 
-QString fileWord(const QString& model) {
-    QString word;
-    for (const QChar c : model) word += c.isLetterOrNumber() ? c : QLatin1Char('_');
-    return word.isEmpty() ? QStringLiteral("drive") : word;
-}
-
-}  // namespace
-
-FileResult TableBackup::write(const ParameterTable& drive, bool RparaAbLED, const QDateTime& now,
-                              const std::function<std::optional<QString>(int)>& readValue) {
+FileResult TableCopies::write(const ParameterTable& table, bool RparaAbLED, const QDateTime& now) {
     if (!QDir().mkpath(m_folder))
         return {false, QStringLiteral("The folder %1 cannot be made.").arg(m_folder)};
-    ParameterTable asRead;
-    copyAsRead(drive, asRead, readValue);
-    m_path = freeName(fileWord(drive.identity.model), now);
-    const FileResult written = writeWhole(m_path, writeTableText(asRead, RparaAbLED, TextFormat::Txt));
+    m_path = freeName(fileWord(table.identity.model), now);
+    const FileResult written = writeWhole(m_path, writeTableText(table, RparaAbLED, TextFormat::Txt));
     if (written.ok) dropOldest();
     return written;
 }
 
-QString TableBackup::freeName(const QString& model, const QDateTime& now) const {
+// Names begin with the date, so their order is that of time.
+QStringList TableCopies::files() const {
+    return m_folder.isEmpty() ? QStringList() : QDir(m_folder).entryList({Pattern}, QDir::Files, QDir::Name);
+}
+
+QString TableCopies::newest() const {
+    const QStringList all = files();
+    return all.isEmpty() ? QString() : m_folder + u'/' + all.last();
+}
+
+QString TableCopies::freeName(const QString& model, const QDateTime& now) const {
     const QString stem = m_folder + u'/' + now.toString(QStringLiteral("yyyy-MM-dd_HH-mm-ss")) + u'_' + model;
     QString name = stem + QStringLiteral(".txt");
     for (int i = 2; QFile::exists(name); ++i) name = QStringLiteral("%1_%2.txt").arg(stem).arg(i);
     return name;
 }
 
-// Names begin with the date, so their order is that of time.
-void TableBackup::dropOldest() const {
-    QDir folder(m_folder);
-    QStringList files = folder.entryList({Pattern}, QDir::Files, QDir::Name);
-    while (files.size() > Kept) folder.remove(files.takeFirst());
+void TableCopies::dropOldest() const {
+    QStringList all = files();
+    while (all.size() > m_kept) QDir(m_folder).remove(all.takeFirst());
 }
 
 }  // namespace kelvane
