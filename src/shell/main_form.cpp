@@ -436,8 +436,8 @@ void TMainForm::enableSaveLanguage(const LiveTexts& live) {
 
 void TMainForm::LangTransparentButtonClick() {
     if (!m_liveTexts) return;
-    Operator& person = m_tool.bench.person;
-    const Language& language = m_tool.bench.language;
+    Operator& person = m_tool.site.person;
+    const Language& language = m_tool.site.language;
     person.suggestedName = languageFileName(language.LanguageIndex);
     // Kept: a name without an extension gets that of projects.
     const auto path = person.saveFile(QStringLiteral("TXT File(*.txt)|*.txt"), QStringLiteral("prj"));

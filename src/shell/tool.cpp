@@ -169,12 +169,12 @@ void Tool::SaveTransparentButtonClick() {
 
 void Tool::OpenSoftwareUserManual(int number) {
     if (!pdfViewerInstalled(viewer)) {
-        bench.person.tell(QStringLiteral("Please install the Adobe Acrobat first !!"),
-                          QStringLiteral("Error"));
+        site.person.tell(QStringLiteral("Please install the Adobe Acrobat first !!"),
+                         QStringLiteral("Error"));
         return;
     }
     // Kept: a manual that is not there, or does not open, passes in silence.
-    const QString path = bench.folder.findData(manualFile(number));
+    const QString path = site.folder.findData(manualFile(number));
     if (!path.isEmpty()) viewer.open(path);
 }
 

@@ -95,7 +95,7 @@ Windows::Windows(Tool& toolShown, TMainForm& main, ShellOperator* person, KeptLo
           edit.ask(caption, std::move(replace));
           showModal(edit);
       }),
-      m_texts(m_all, tool.bench.language.table) {
+      m_texts(m_all, tool.site.language.table) {
     if (person) {
         person->messageForm = &messageForm;
         person->prepareValueEditor = [this](ValueEdit& edit) { return inputValueForm.prepare(edit); };
