@@ -180,7 +180,7 @@ void Tool::SaveTransparentButtonClick() {
 void Tool::OpenSoftwareUserManual(int number) {
     if (!pdfViewerInstalled(viewer)) {
         site.person.tell(QStringLiteral("Please install the Adobe Acrobat first !!"),
-                          QStringLiteral("Error"));
+                         QStringLiteral("Error"));
         return;
     }
     // Kept: a manual that is not there, or does not open, passes in silence.
