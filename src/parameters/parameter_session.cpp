@@ -173,7 +173,8 @@ bool ParameterSession::mayClose() { return keepEdits(TableSide::Drive) && keepEd
 
 bool ParameterSession::hasUnkeptEdits(TableSide side) const {
     const bool drive = side == TableSide::Drive;
-    if (!(drive ? screen.DriveTabSheetVisible && !m_driveSaved : screen.FileTabSheetVisible && !m_fileSaved)) return false;
+    if (!(drive ? screen.DriveTabSheetVisible && !m_driveSaved : screen.FileTabSheetVisible && !m_fileSaved))
+        return false;
     const StringGrid& grid = drive ? DriveAdvStringGrid : FileAdvStringGrid;
     for (int row = 1; row < grid.RowCount(); ++row)
         if (grid.edited(row)) return true;
@@ -196,7 +197,7 @@ bool ParameterSession::keepEdits(TableSide side) {
     }
     (drive ? m_driveSaved : m_fileSaved) = true;
     site.link.ShowHistoryMsg(QStringLiteral("Edits that are not written yet were kept: %1")
-                                  .arg(QDir::toNativeSeparators(unwritten.path())));
+                                 .arg(QDir::toNativeSeparators(unwritten.path())));
     // The copy that these edits began with is part of the new one.
     const QString& before = fileTable.TableFileName;
     if (!drive && isOfferedCopy(before) && before != unwritten.path()) QFile::remove(before);
