@@ -14,6 +14,8 @@ constexpr qsizetype ShortestRtuReply = 5;
 constexpr qsizetype MostRemembered = 128;  // replies
 constexpr int EarlyByHabit = 3;            // exchanges in a row
 constexpr qint64 UsualDelay = 48000;       // us; from a request to its answer, where none is known
+constexpr qint64 DelayJitter = 1500;       // us
+constexpr qint64 LateJitter = 8000;        // us
 constexpr qint64 DelaySpread = 32000;      // us; by which an answer may be slower than those before
 
 QByteArray asciiBinary(const QByteArray& frame) { return QByteArray::fromHex(frame.mid(1).trimmed()); }
@@ -77,7 +79,11 @@ ReplyTrust::ReplyTrust(TickClock& clock, std::function<void()> onSilent)
       m_silence(clock, TickKind::Waiting, 1, [this] { silentTick(); }) {}
 
 void ReplyTrust::sent(LinkMode mode, const QString& command, qint64 wireTimeUs, bool again) {
-    if (!m_heard.isEmpty() && !inDoubt()) m_slowestUs = std::max(m_slowestUs, m_delayUs);
+    if (!m_heard.isEmpty() && !inDoubt()) {
+        const qint64 turnaround = m_sentUs + m_delayUs - m_earliestUs;
+        m_slowestUs = std::max(m_slowestUs, m_delayUs);
+        m_fastestUs = m_fastestUs < 0 ? turnaround : std::min(m_fastestUs, turnaround);
+    }
     remember(mode);
     if (!m_early) m_earlyInARow = 0;
     m_command = command;
@@ -119,6 +125,13 @@ bool ReplyTrust::othersMayCome() const {
     return m_more || tooEarly() || m_copy || m_clock.nowUs() < m_lostUntilUs;
 }
 
+// No answer of this line has begun so soon or so late.
+bool ReplyTrust::unusualDelay() const {
+    return m_fastestUs >= 0 && !m_paceless &&
+           (m_sentUs + m_delayUs - m_earliestUs < m_fastestUs - DelayJitter ||
+            m_delayUs > m_slowestUs + LateJitter);
+}
+
 bool ReplyTrust::ownAnswerIsDue() const {
     const qint64 now = m_clock.nowUs();
     return m_copy && !m_again && !m_more && !tooEarly() && now >= m_lostUntilUs &&
@@ -131,7 +144,7 @@ std::optional<QByteArray> ReplyTrust::answer(LinkMode mode, const QString& comma
         if (fitsCommand(mode, reply, command)) fitting += reply;
     const auto isCopy = [this](const QByteArray& reply) { return heardForAnother(reply); };
     if (!m_again && m_clock.nowUs() >= m_lostUntilUs &&
-        (tooEarly() || !std::all_of(fitting.begin(), fitting.end(), isCopy)))
+        (tooEarly() || unusualDelay() || !std::all_of(fitting.begin(), fitting.end(), isCopy)))
         fitting.removeIf(isCopy);
     const bool same =
         std::all_of(fitting.begin(), fitting.end(), [&](const auto& one) { return one == fitting[0]; });
@@ -155,6 +168,7 @@ void ReplyTrust::forgetPace() {
     m_paceless = false;
     m_earlyInARow = 0;
     m_slowestUs = 0;
+    m_fastestUs = -1;
     m_before.clear();
 }
 

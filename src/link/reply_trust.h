@@ -63,6 +63,7 @@ class ReplyTrust {
     void remember(LinkMode mode);
     bool heardForAnother(const QByteArray& reply) const;
     bool tooEarly() const { return m_early && !m_paceless; }
+    bool unusualDelay() const;
     TickClock& m_clock;
     std::function<void()> m_onSilent;
     TickTimer m_silence;
@@ -73,8 +74,10 @@ class ReplyTrust {
     QByteArray m_heard;     // since the request was sent
     qint64 m_sentUs = 0;
     qint64 m_earliestUs = 0;  // before it no answer can begin
-    qint64 m_slowestUs = 0;   // from a request to the first byte of its answer, in any exchange without doubt
-    qint64 m_delayUs = 0;     // the same in the exchange in hand
+    qint64 m_fastestUs =
+        -1;  // from the end of a request to the first byte of its answer, without doubt; -1: none
+    qint64 m_slowestUs = 0;  // from a request to the first byte of its answer, in any exchange without doubt
+    qint64 m_delayUs = 0;    // the same in the exchange in hand
     qint64 m_lostUntilUs = 0;
     bool m_again = false;
     bool m_early = false;
