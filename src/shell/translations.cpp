@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QLibraryInfo>
+#include <QRegularExpression>
 #include <QWidget>
 #include <algorithm>
 #include <array>
@@ -39,6 +40,12 @@ bool isContent(const QObject& object) {
     for (const char* kind : {"QLineEdit", "QTextEdit", "QPlainTextEdit", "QComboBox", "QAbstractSpinBox"})
         if (object.inherits(kind)) return true;
     return false;
+}
+
+// Console and keypad have no keys and stay as they are, whole.
+bool staysEnglish(const QWidget& window) {
+    return window.objectName() == QLatin1String("TAdvanceForm") ||
+           window.objectName() == QLatin1String("TKeypadForm");
 }
 
 }  // namespace
@@ -101,13 +108,25 @@ QString TextCatalogue::engineText(const QString& english) const {
     return {};
 }
 
+// "Colour of channel 3" is a line for all channels.
+QString TextCatalogue::counted(const QString& english) const {
+    const QString found = m_texts.value(english);
+    static const QRegularExpression number(QStringLiteral("\\b\\d+\\b"));
+    const QRegularExpressionMatch match = found.isEmpty() ? number.match(english) : QRegularExpressionMatch();
+    if (!match.hasMatch()) return found;
+    QString pattern = english;
+    pattern.replace(match.capturedStart(), match.capturedLength(), QStringLiteral("%1"));
+    const QString all = m_texts.value(pattern);
+    return all.contains(QLatin1String("%1")) ? all.arg(match.captured()) : QString();
+}
+
 QString TextCatalogue::text(const QString& english) const {
     if (const qsizetype key = english.indexOf(QLatin1Char('\t')); key >= 0) {
         const QString found = text(english.left(key));
         return found.isEmpty() ? found : found + english.mid(key);
     }
     const qsizetype mark = english.indexOf(QLatin1Char('&'));
-    if (mark < 0 || mark + 1 == english.size() || m_texts.contains(english)) return m_texts.value(english);
+    if (mark < 0 || mark + 1 == english.size() || m_texts.contains(english)) return counted(english);
     QString found = m_texts.value(QString(english).remove(mark, 1));
     if (found.isEmpty()) return found;
     constexpr char16_t FirstIdeograph = 0x2E80;
@@ -159,8 +178,9 @@ void Translations::show(const QList<QWidget*>& windows) const {
         }
     };
     for (QWidget* window : windows)
-        for (QObject* object : window->findChildren<QObject*>())
-            if (qobject_cast<QWidget*>(object) || qobject_cast<QAction*>(object)) showIn(*object);
+        if (!staysEnglish(*window))
+            for (QObject* object : window->findChildren<QObject*>())
+                if (qobject_cast<QWidget*>(object) || qobject_cast<QAction*>(object)) showIn(*object);
 }
 
 }  // namespace kelvane

@@ -38,6 +38,7 @@ class TextCatalogue : public QTranslator {
     };
     void addPattern(const QString& english, const QString& text);
     QString engineText(const QString& english) const;
+    QString counted(const QString& english) const;
 
     QHash<QString, QString> m_texts;
     QList<Pattern> m_patterns;

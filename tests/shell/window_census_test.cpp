@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QSet>
 #include <QTest>
@@ -93,6 +94,31 @@ TEST_P(EveryWindow, NamesEveryControlThatTakesTheFocus) {
         const bool isField = control->objectName().startsWith("qt_spinbox") || control->inherits("QComboBox");
         EXPECT_TRUE(named || isPart || (isField && labelled.contains(control->parentWidget())))
             << nameOf(*control);
+    }
+    window().hide();
+}
+
+// Alt and a letter leads to one control, and a letter in a menu to one item.
+TEST_P(EveryWindow, GivesEachLetterToOneControl) {
+    window().show();
+    QHash<QString, QSet<QString>> seen;
+    const auto take = [&](const QString& place, const QString& text) {
+        const QString letter = QKeySequence::mnemonic(text).toString();
+        if (letter.isEmpty()) return;
+        EXPECT_FALSE(seen[place].contains(letter)) << place.toStdString() << ": " << text.toStdString();
+        seen[place].insert(letter);
+    };
+    for (const QWidget* control : window().findChildren<QWidget*>()) {
+        if (const auto* menu = qobject_cast<const QMenu*>(control)) {
+            for (const QAction* item : menu->actions())
+                if (item->isVisible()) take("menu " + menu->objectName() + menu->title(), item->text());
+        } else if (const auto* bar = qobject_cast<const QMenuBar*>(control)) {
+            for (const QAction* item : bar->actions()) take("window", item->text());
+        } else if (control->isVisibleTo(&window()) && control->window() == &window()) {
+            const auto* label = qobject_cast<const QLabel*>(control);
+            if (label ? label->buddy() != nullptr : control->inherits("QAbstractButton"))
+                take("window", control->property("text").toString());
+        }
     }
     window().hide();
 }

@@ -430,7 +430,7 @@ void TScopeForm::buildFileMenu() {
         else
             m_foot->setText(tr("Put both measuring cursors first (keys A and B)."));
     });
-    add("SaveBMP", Icon::Picture, tr("Picture of the s&creen..."), {}, [this] { savePicture(); });
+    add("SaveBMP", Icon::Picture, tr("Picture of the scree&n..."), {}, [this] { savePicture(); });
     add("SavePlotItem", Icon::Picture, tr("Picture of the &plot..."), {}, [this] { savePlot(); });
     add("CopyPlotItem", Icon::Copy, tr("C&opy the plot"), QKeySequence::Copy, [this] { copyPlot(); });
     file->addSeparator();
