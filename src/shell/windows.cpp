@@ -52,6 +52,13 @@ Windows::Forms::Forms(Windows& windows) {
         if (row.built()) made.push_back(row.make(windows));
 }
 
+// A notice may lie over another form as its child, which would take it along and leave it to be deleted
+// twice.
+Windows::Forms::~Forms() {
+    for (const auto& form : made)
+        if (form->parentWidget()) form->setParent(nullptr, form->windowFlags());
+}
+
 namespace {
 
 // What lay over the window lies over the lowest one from now on: two that belong over each other stop the

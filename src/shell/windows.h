@@ -58,6 +58,7 @@ class Windows : public QObject {
     // Stands before the forms below, which are taken from it.
     struct Forms {
         explicit Forms(Windows& windows);
+        ~Forms();
         std::vector<std::unique_ptr<QWidget>> made;
     };
     Forms m_forms;

@@ -68,6 +68,25 @@ TEST(MainForm, TakesTheLinkOffLineByADoubleClickOnTheLamp) {
     EXPECT_TRUE(bench.windows->comSetupForm.isVisible());
 }
 
+TEST(MainForm, EndsWhileTheNoticeLiesOverAnotherWindow) {
+    for (const bool closedByHand : {false, true}) {
+        ShellBench bench;
+        bench.windows->showModal(bench.windows->comSetupForm);
+        bench.tool->link.Notice.TCEmessageFormShown = true;
+        bench.tool->link.notifyChanged();
+        TCEmessageForm& notice = bench.windows->ceMessageForm;
+        ASSERT_TRUE(notice.isVisible());
+        ASSERT_EQ(notice.parentWidget(), &bench.windows->comSetupForm);
+        if (closedByHand) notice.close();
+        int gone = 0;
+        QObject::connect(&notice, &QObject::destroyed, [&gone] { ++gone; });
+        // Com setup goes first, and alone.
+        QObject::connect(&bench.windows->comSetupForm, &QObject::destroyed, [&gone] { EXPECT_EQ(gone, 0); });
+        bench.windows.reset();
+        EXPECT_EQ(gone, 1);
+    }
+}
+
 TEST(MainForm, KeepsItsSetupOverARestart) {
     QByteArray written;
     {
