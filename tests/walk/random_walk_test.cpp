@@ -6,8 +6,10 @@
 
 #include <QEventLoop>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QTimer>
 #include <QWindow>
+#include <utility>
 
 #include "base/manual_tick_clock.h"
 #include "bench/credit_check.h"
@@ -74,7 +76,6 @@ struct Weather {
         const int kinds = walker.roll(4);
         for (int i = 0; i < kinds; ++i) {
             const Harm& harm = harms[size_t(walker.roll(int(harms.size())))];
-            if (harm.fault == drive::LineFault::Doubled) continue;  // the hostile sessions do that
             harm.setOn(line.options());
             line.faults().setChance(harm.fault, walker.roll(3) ? 2 + walker.roll(10) : 60);
         }
@@ -94,9 +95,6 @@ class RandomWalk : public QObject {
                           {"LsFilelistView", 0},
                           {"TestButton", 6},
                           {"OKBitBtn", 6},
-                          {"ComSetup", 4},
-                          {"Parameter", 1},
-                          {"ParameterManagement", 4},
                           {"ReadDriveTransparentButton", 4},
                           {"WriteCheckTransparentButton", 4},
                           {"WriteSelect", 3},
@@ -111,6 +109,7 @@ class RandomWalk : public QObject {
                           {"AutoDetectRadioButton", 0.1}};
     }
     void run() {
+        setOut();
         QTimer::singleShot(0, this, [this] { step(); });
         m_loop.exec();
     }
@@ -118,21 +117,44 @@ class RandomWalk : public QObject {
     int returns() const { return m_returns; }
 
    private:
-    // The next step is due before this one acts, since this one may open a box and wait in it.
+    // The next step is due before this one acts, since this one may open a box and wait in it. What waits in
+    // the event loop comes first, so that it does not matter which of the two is faster.
     void step() {
         if (m_ended) return;
         QTimer::singleShot(0, this, [this] { step(); });
+        const int level = QThread::currentThread()->loopLevel();
+        if (m_lettingGo == level) return;
+        const int below = std::exchange(m_lettingGo, level);
+        for (int turn = 0; turn < 3; ++turn) QCoreApplication::processEvents();
+        m_lettingGo = below;
+        if (!m_ended) decide();
+    }
+    void decide() {
         if (m_homeward && m_walker.isHome()) {
             m_homeward = 0;
             ++m_returns;
             if (m_taken >= m_steps) return end();
-            m_bench.usualSettings();
+            setOut();
         }
+        const bool onLine = m_bench.tool.link.Lamp.onLine();
+        for (const char* way : {"ComSetup", "ComSetupTransparentButton"})
+            m_walker.likes[way] = onLine ? 0.2 : 30;
         if (!m_homeward && m_taken >= (m_returns + 1) * StepsOut) m_homeward = 1;
         if (m_homeward && ++m_homeward > StepsHome) return stuck();
         if (m_walker.chance(1.5)) Weather{m_bench, m_walker}.change();
         if (!m_homeward) ++m_taken;
         m_walker.step(m_homeward != 0);
+    }
+    // Each time a person wants to work in another window, with any drive.
+    void setOut() {
+        m_bench.usualSettings();
+        if (!m_bench.tool.link.Lamp.onLine())
+            m_bench.tool.choosePracticeFamily(
+                AllFamilies[size_t(m_walker.roll(int(std::size(AllFamilies))))]);
+        const auto entries = windowEntries();
+        for (size_t i = 0; i < entries.size(); ++i)
+            for (const char* way : {entries[i]->entry.button, entries[i]->entry.menuItem})
+                if (way) m_walker.likes[way] = i == size_t(m_returns) % entries.size() ? 30 : 0.3;
     }
     void stuck() {
         ADD_FAILURE() << "No way home after step " << m_taken << ". On the screen:\n"
@@ -153,6 +175,7 @@ class RandomWalk : public QObject {
     int m_taken = 0;
     int m_returns = 0;
     int m_homeward = 0;
+    int m_lettingGo = 0;  // level of the loop whose events are let through
     bool m_ended = false;
 };
 

@@ -12,6 +12,9 @@
 #include <QMessageBox>
 #include <QTabBar>
 #include <QTest>
+#include <QWindow>
+#include <algorithm>
+#include <utility>
 
 #include "ui/lamp.h"
 
@@ -49,12 +52,19 @@ bool Walker::seen(const QWidget& widget) const {
     return there == &widget || (there && widget.isAncestorOf(there));
 }
 
+// In an order of their own: that of the toolkit is another one in every run.
 QList<QWidget*> Walker::reachable() const {
     if (QWidget* popup = QApplication::activePopupWidget()) return {popup};
-    if (QWidget* modal = QApplication::activeModalWidget()) return {modal};
+    const QWidget* modal = QApplication::activeModalWidget();
     QList<QWidget*> windows;
-    for (QWidget* top : QApplication::topLevelWidgets())
-        if (top->isVisible() && !(top->windowFlags() & Qt::ToolTip & ~Qt::Window)) windows += top;
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+        if (!top->isVisible() || top->windowFlags() & Qt::ToolTip & ~Qt::Window) continue;
+        const bool over = modal && modal->windowHandle() && top->windowHandle() &&
+                          modal->windowHandle()->isAncestorOf(top->windowHandle());
+        if (!modal || top == modal || over) windows += top;
+    }
+    std::sort(windows.begin(), windows.end(),
+              [](const QWidget* a, const QWidget* b) { return nameOf(*a) < nameOf(*b); });
     return windows;
 }
 
@@ -100,12 +110,17 @@ void Walker::addButtons(QWidget& window, bool homeward) {
         if (lamp && !lamp->clickable()) continue;
         static const QStringList out{"Close", "Cancel",  "Abort",        "Ignore", "No",    "OK",    "Yes",
                                      "Exit",  "Discard", "Stop waiting", "Stop",   "Leave", "Accept"};
-        const QString caption = captionOf(button->text());
+        const QString caption = captionOf(button->text()).section(QLatin1Char('\n'), 0, 0);
         const bool leads = homeward && (out.contains(caption) || nameOf(*button).contains("Cancel") ||
                                         nameOf(*button).contains("Close"));
         add(nameOf(*button) + QStringLiteral(" \"") + caption + QLatin1Char('"'),
             likingOf(nameOf(*button), caption) * (leads ? 8 : 1),
             [button] { QTest::mouseClick(button, Qt::LeftButton); });
+        add(QStringLiteral("hold ") + nameOf(*button), 0.1 * likingOf(nameOf(*button), caption),
+            [this, button] {
+                m_held = button;
+                QTest::mousePress(button, Qt::LeftButton);
+            });
     }
 }
 
@@ -125,6 +140,7 @@ void Walker::addPopup(QMenu& menu) {
     add(QStringLiteral("Escape in a menu"), 1, [&menu] { QTest::keyClick(&menu, Qt::Key_Escape); });
     for (QAction* action : menu.actions()) {
         if (!action->isVisible() || !action->isEnabled() || action->isSeparator()) continue;
+        if (stays.contains(action->objectName())) continue;
         add(QStringLiteral("item ") + action->text(), likingOf(action->objectName(), action->text()),
             [&menu, action] {
                 QTest::mouseClick(&menu, Qt::LeftButton, Qt::NoModifier,
@@ -186,6 +202,39 @@ void Walker::addInputs(QWidget& window) {
     }
 }
 
+// Whatever lies at a place, drawings and meters too.
+void Walker::addPlaces(QWidget& window) {
+    const QPoint at(roll(window.width()), roll(window.height()));
+    const int wheel = roll(2) ? 120 : -120;
+    const QPointer<QWidget> hit = window.childAt(at);
+    for (const QWidget* part = hit; part; part = part->parentWidget())
+        if (likingOf(nameOf(*part), {}) == 0 || stays.contains(nameOf(*part))) return;
+    if (!hit || !hit->isEnabled()) return;
+    const QPoint inside = hit->mapFrom(&window, at);
+    const QString place = nameOf(*hit) + QStringLiteral(" at %1, %2").arg(at.x()).arg(at.y());
+    add(QStringLiteral("place ") + place, 2,
+        [=] { QTest::mouseClick(hit, Qt::LeftButton, Qt::NoModifier, inside); });
+    add(QStringLiteral("double click on place ") + place, 1, [=] {
+        QTest::mouseClick(hit, Qt::LeftButton, Qt::NoModifier, inside);
+        if (hit) QTest::mouseDClick(hit, Qt::LeftButton, Qt::NoModifier, inside);
+    });
+    add(QStringLiteral("wheel over ") + place, 0.5, [=] {
+        QWheelEvent event(inside, hit->mapToGlobal(inside), {}, {0, wheel}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(hit, &event);
+    });
+}
+
+void Walker::addKeys(QWidget& window) {
+    QWidget* focus = window.focusWidget();
+    if (!focus || !focus->isVisible() || likingOf(nameOf(*focus), {}) == 0) return;
+    static constexpr Qt::Key keys[] = {
+        Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Space, Qt::Key_Return, Qt::Key_Up,  Qt::Key_Down, Qt::Key_Left,
+        Qt::Key_Home, Qt::Key_Delete,  Qt::Key_A,     Qt::Key_7,      Qt::Key_F12, Qt::Key_F8,   Qt::Key_F5};
+    const Qt::Key key = keys[roll(int(std::size(keys)))];
+    add(QStringLiteral("key %1 to ").arg(key) + nameOf(*focus), 1, [=] { QTest::keyClick(focus, key); });
+}
+
 void Walker::addLeaving(QWidget& window, bool homeward) {
     if (&window == &m_home) return;
     const double weight = homeward ? 8 : 0.5;
@@ -211,6 +260,7 @@ void Walker::answerFileDialog(QWidget& dialog) {
 
 void Walker::step(bool homeward) {
     if (advance) advance(chance(50) ? 100 + roll(1900) : roll(60));
+    if (m_held) QTest::mouseRelease(std::exchange(m_held, nullptr), Qt::LeftButton);
     const QList<QWidget*> windows = reachable();
     if (windows.isEmpty()) return;
     QWidget& window = *windows[roll(int(windows.size()))];
@@ -221,12 +271,15 @@ void Walker::step(bool homeward) {
     } else if (qobject_cast<QFileDialog*>(&window)) {
         answerFileDialog(window);
     } else if (window.inherits("QPrintDialog") || window.inherits("QComboBoxPrivateContainer")) {
+        addKeys(window);
         addLeaving(window, true);
     } else {
         addButtons(window, homeward);
         addMenus(window);
         addViews(window);
         addInputs(window);
+        addPlaces(window);
+        addKeys(window);
         addLeaving(window, homeward);
     }
     double sum = 0;

@@ -52,6 +52,8 @@ class Walker : public QObject {
     void addMenus(QWidget& window);
     void addViews(QWidget& window);
     void addInputs(QWidget& window);
+    void addPlaces(QWidget& window);
+    void addKeys(QWidget& window);
     void addLeaving(QWidget& window, bool homeward);
     void addPopup(QMenu& menu);
     void answerFileDialog(QWidget& dialog);
@@ -62,6 +64,7 @@ class Walker : public QObject {
     QWidget& m_home;
     std::mt19937 m_random;
     QList<Deed> m_deeds;
+    QPointer<QWidget> m_held;  // by the mouse, until the next step
 };
 
 }  // namespace kelvane::walk

@@ -2,6 +2,7 @@
 // them. It tells which file was double clicked; the window loads it.
 #pragma once
 
+#include <QSet>
 #include <QSplitter>
 
 class QFileSystemModel;
@@ -30,16 +31,22 @@ class FolderBrowser : public QSplitter {
 
    protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
    private:
     void buildTree();
     void buildList();
+    void makeModels();
+    void showFolder();
     void open(const QModelIndex& entry);
 
-    QFileSystemModel* m_folders;
-    QFileSystemModel* m_files;
-    FileListModel* m_shown;
+    // While it is seen.
+    QFileSystemModel* m_folders = nullptr;
+    QFileSystemModel* m_files = nullptr;
+    FileListModel* m_shown = nullptr;
     QString m_folder;
+    QSet<QString> m_expanded;  // folders of the tree
 };
 
 }  // namespace kelvane

@@ -371,7 +371,9 @@ TEST_F(ParameterWindow, LoadsFilesThatAreDroppedOrDoubleClicked) {
     QFile::copy(folder.filePath("t.txt"), folder.filePath("A.CSV"));
     FolderBrowser* browser = form.findChild<FolderBrowser*>();
     browser->setFolder(folder.path());
+    form.findChild<QTabWidget*>("PageControl2")->setCurrentIndex(0);
     QAbstractItemModel* files = browser->LsFilelistView->model();
+    ASSERT_NE(files, nullptr);
     // The folder is read and sorted by the window system in its own time.
     const auto shown = [&] {
         QStringList texts;
@@ -388,6 +390,8 @@ TEST_F(ParameterWindow, LoadsFilesThatAreDroppedOrDoubleClicked) {
     EXPECT_EQ(session.loader.OpenFromBrowser, 0);
     Q_EMIT browser->LsFilelistView->doubleClicked(files->index(0, 0, browser->LsFilelistView->rootIndex()));
     EXPECT_EQ(browser->folder(), QFileInfo(folder.path()).path());
+    form.hide();
+    EXPECT_EQ(browser->LsFilelistView->model(), nullptr) << "a folder that nobody sees is not watched";
 }
 
 TEST_F(ParameterWindow, BacksUpTheTableAsReadBeforeTheFirstWrite) {
