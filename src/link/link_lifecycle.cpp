@@ -23,7 +23,7 @@ QString longTimeWithoutZone(const QLocale& locale, const QTime& time) {
 }  // namespace
 
 QString RequestScheduler::dateTimeText() const {
-    return dateTimeText(QLocale::system(), m_bench.wallClock.now());
+    return dateTimeText(QLocale::system(), m_site.wallClock.now());
 }
 
 QString RequestScheduler::dateTimeText(const QLocale& locale, const QDateTime& now) {
@@ -105,7 +105,7 @@ void RequestScheduler::Initial() {
     InitFailCount = 0;
     Rx.RxGotCR = Rx.RxFrameDone = 0;
     m_silentSince = false;
-    Notice.TInitialForm = Notice.TCEmessageForm = false;
+    Notice.TInitialFormShown = Notice.TCEmessageFormShown = false;
     DriveIdentified = 1;
     setLamp(LampState::OffLine);
     Q_EMIT initialRun();
@@ -121,7 +121,7 @@ void RequestScheduler::prelude() {
     rest();
     clearReception();
     emptyQueues();
-    Notice.TCEmessageForm = false;
+    Notice.TCEmessageFormShown = false;
     Q_EMIT preludeRun();
     notifyChanged();
     if (stopIsNext()) start();
@@ -129,7 +129,7 @@ void RequestScheduler::prelude() {
 
 void RequestScheduler::tail() {
     ActiveFunction = OwnerMain;
-    Notice.TCEmessageForm = false;
+    Notice.TCEmessageFormShown = false;
     if (Lamp.onLine()) {
         rest();
         clearReception();

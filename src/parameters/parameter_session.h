@@ -29,7 +29,7 @@ class ParameterSession : public QObject {
     Q_OBJECT
    public:
     ParameterSession(RequestScheduler& link, TickClock& clock, const GroupNameTable& names,
-                     const ParameterFiles& files = {});
+                     const Voice& voice, const ParameterFiles& files = {});
 
     ParameterTable driveTable;
     ParameterTable fileTable;
@@ -49,7 +49,7 @@ class ParameterSession : public QObject {
     ColumnHiding columns;
     RowView rowView = RowView::All;  // of the four tables; see chooseRows()
     ParameterScreen screen;
-    ParameterBench bench;
+    ParameterSite site;
     ProgressDialog progress;
     ParameterReader reader;
     KeypadSource keypad;
@@ -135,7 +135,7 @@ class ParameterSession : public QObject {
     int hiddenInWriteList() const;
     bool isOfferedCopy(const QString& path) const { return path.startsWith(unwritten.folder() + u'/'); }
     ParameterTable& table(TableSide side) { return side == TableSide::Drive ? driveTable : fileTable; }
-    Family driveFamily() const { return static_cast<Family>(bench.link.DriveStatus.DriveFamily); }
+    Family driveFamily() const { return static_cast<Family>(site.link.DriveStatus.DriveFamily); }
 
     WriteMode m_wantedMode = WriteMode::Selected;
     Family m_writeFamily = Family::Rowan;  // of the table that the write list came from

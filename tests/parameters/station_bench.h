@@ -28,7 +28,7 @@ struct StationBench {
     StationBench(Operator& asked, Family family, const QString& programFolder = {})
         : station(clock, drive::familyData(family), line()),
           link({clock, wall, asked, station.port, lang}),
-          session(link, clock, names, {.programFolder = programFolder, .wallClock = &wall}) {
+          session(link, clock, names, {asked, lang}, {.programFolder = programFolder, .wallClock = &wall}) {
         link.Initial();
         link.emptyQueues();
         station.port.setSettings(line().wire);

@@ -268,7 +268,7 @@ TEST_F(ParameterWindow, ClosingATabSavesThatTableAndFailureKeepsIt) {
     person.expectBox(writeWhole(nowhere, "x").error, "Error");
     trigger("CloseTab");
     EXPECT_EQ(asked.last(), "1");
-    EXPECT_TRUE(session.screen.FileAbLED);
+    EXPECT_TRUE(session.screen.FileAbLEDLit);
     EXPECT_TRUE(named<TabSheet>("FileTabSheet")->tabVisible());
 
     // Only No discards: not a choice that was left, nor the box that was.
