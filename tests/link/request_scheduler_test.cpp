@@ -194,9 +194,9 @@ TEST_F(TimeOut, TakesItsNoticeAlongWithTheLink) {
         start(1);
         send();
         staySilent();
-        ASSERT_TRUE(link.Notice.TCEmessageForm);
+        ASSERT_TRUE(link.Notice.TCEmessageFormShown);
         (link.*end)();
-        EXPECT_FALSE(link.Notice.TCEmessageForm);
+        EXPECT_FALSE(link.Notice.TCEmessageFormShown);
     }
 }
 
