@@ -18,10 +18,20 @@ QString nameOr(const QWidget& widget, const QString& caption) {
     return widget.accessibleName().isEmpty() ? caption : widget.accessibleName();
 }
 
+QAccessible::Role roleOf(const AbLED& lamp) {
+    if (!lamp.clickable()) return QAccessible::Indicator;
+    return lamp.autoExclusive() ? QAccessible::RadioButton : QAccessible::CheckBox;
+}
+
 class ButtonSpeech : public QAccessibleWidget {
    public:
     ButtonSpeech(QAbstractButton* button, QAccessible::Role role) : QAccessibleWidget(button, role) {}
 
+    // Asked anew: a lamp may become a choice after a screen reader has met it.
+    QAccessible::Role role() const override {
+        const auto* lamp = qobject_cast<const AbLED*>(object());
+        return lamp ? roleOf(*lamp) : QAccessibleWidget::role();
+    }
     QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Name) return nameOr(*button(), button()->text());
         if (kind == QAccessible::Value) return stateInWords();
@@ -62,11 +72,6 @@ class BarSpeech : public QAccessibleWidget {
         return position < 0 ? QStringLiteral("idle") : QString::number(position);
     }
 };
-
-QAccessible::Role roleOf(const AbLED& lamp) {
-    if (!lamp.clickable()) return QAccessible::Indicator;
-    return lamp.autoExclusive() ? QAccessible::RadioButton : QAccessible::CheckBox;
-}
 
 // A display label: its caption names it, and its text is said once, empty or not.
 class DisplaySpeech : public QAccessibleWidget {

@@ -189,6 +189,17 @@ TEST_F(WaitStep, TellsAReadError) {
     port.arriveUnreadable();
 }
 
+TEST_F(TimeOut, TakesItsNoticeAlongWithTheLink) {
+    for (const auto end : {&RequestScheduler::Initial, &RequestScheduler::prelude, &RequestScheduler::tail}) {
+        start(1);
+        send();
+        staySilent();
+        ASSERT_TRUE(link.Notice.TCEmessageFormShown);
+        (link.*end)();
+        EXPECT_FALSE(link.Notice.TCEmessageFormShown);
+    }
+}
+
 TEST_F(TimeOut, WaitsLongerEachTimeAndAsksAtTheFifth) {
     start(1);
     link.push(12, "FF030100000F");

@@ -73,6 +73,7 @@ TEST(AbLED, IsPressedOnlyWhenClickableAndChangesByItselfOnlyInAChoice) {
     EXPECT_EQ(clicks.size(), 1);
     EXPECT_FALSE(file.isChecked());
     for (AbLED* lamp : {&drive, &file}) lamp->setAutoExclusive(true);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&file)->role(), QAccessible::RadioButton);
     drive.setChecked(true);
     QTest::keyClick(&file, Qt::Key_Space);
     EXPECT_TRUE(file.isChecked());
