@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QScreen>
-#include <QShortcut>
 #include <QSplitter>
 
 #include "commissioning/grid_looks_form.h"
@@ -47,8 +46,6 @@ TPIDForm::TPIDForm(PidControl& pid, TickClock& clock, QWidget* parent)
     column->addWidget(m_status);
     connect(ParaAdvStringGrid, &StringGridView::dblClickCell, this, [this](int, int row) { editRow(row); });
     connect(&m_pid, &PidControl::changed, this, &TPIDForm::showEngine);
-    auto* stop = new QShortcut(QKeySequence(Qt::Key_F12), this);
-    connect(stop, &QShortcut::activated, &m_pid, &PidControl::STOPTransparentButtonClick);
     const int edge = column->contentsMargins().left() + column->contentsMargins().right();
     const int diagram = fontMetrics().averageCharWidth() * DiagramCharacters;
     splitter->setSizes({ParaAdvStringGrid->wholeWidth(), diagram});
@@ -146,7 +143,7 @@ QString TPIDForm::statusText() const {
     if (m_pid.RdTimer.running()) return tr("Reading the parameters ...");
     if (m_pid.WrTimer.running()) return tr("Writing the parameters ...");
     if (m_pid.MonitorTimer.running()) return tr("Watching the state of the drive. F12 stops it.");
-    return tr("Off Line");
+    return tr("Off Line. Nothing is sent.");
 }
 
 void TPIDForm::editRow(int row) {
@@ -159,6 +156,7 @@ void TPIDForm::selectRows() { ParaAdvStringGrid->selectAll(); }
 
 void TPIDForm::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
+    if (event->spontaneous()) return;
     m_guide->showCase(1);
     showEngine();
     selectRows();

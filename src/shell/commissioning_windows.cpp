@@ -30,6 +30,12 @@ std::unique_ptr<QWidget> makeAutoTuning(Windows& w) {
 
 std::unique_ptr<QWidget> makeMotorSel(Windows&) { return std::make_unique<TMotorSelForm>(); }
 
+void wirePid(Windows& w, QWidget& form) {
+    PidControl& pid = w.tool.pid;
+    w.stopKey.add(
+        form, [&pid] { return pid.line.isOpen(); }, [&pid] { pid.STOPTransparentButtonClick(); });
+}
+
 void wireAutoTuning(Windows& w, QWidget& form) {
     auto& tuningForm = static_cast<TAutoTuningForm&>(form);
     QObject::connect(&tuningForm, &TAutoTuningForm::motorSelFormWanted, &w, [&w](int marked) {

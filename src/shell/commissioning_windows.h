@@ -12,6 +12,7 @@ class Windows;
 std::unique_ptr<QWidget> makePid(Windows& windows);
 std::unique_ptr<QWidget> makeAutoTuning(Windows& windows);
 std::unique_ptr<QWidget> makeMotorSel(Windows& windows);
+void wirePid(Windows& windows, QWidget& form);
 void wireAutoTuning(Windows& windows, QWidget& form);
 void openPid(Windows& windows, QWidget& form);
 void openAutoTuning(Windows& windows, QWidget& form);

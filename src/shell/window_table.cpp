@@ -113,7 +113,7 @@ const WindowRow Rows[] = {
                .menu = "DiagnosticMenu", .menuItem = "AutoTuning", .icon = Icon::AutoTuning,
                .offered = &DriveLabelsRecord::AutoTuning},
      .open = openAutoTuning},
-    {.form = "TPIDForm", .make = makePid,
+    {.form = "TPIDForm", .make = makePid, .wire = wirePid,
      .rule = {.ActiveFunction = OwnerPid, .offLine = OffLineBox::OnLineFirst, .stopsKeypad = true,
               .closesKeypad = true, .marksRead = true, .marksWritten = true, .tail = true},
      .entry = {.place = 8, .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "PID Control"),

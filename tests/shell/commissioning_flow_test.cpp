@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QTest>
 
@@ -39,6 +38,7 @@ TEST(CommissioningFlow, OpensPidBehindTheNoticeAndGivesTheLineBack) {
     CommissioningFlow b;
     EXPECT_FALSE(b.find<QAction>("PIDControl")->isEnabled());
     b.goOnLine(Family::Osier);
+    EXPECT_FALSE(b.find<QAction>("MultiStep")->isVisible() || b.find<QAction>("MultiStep")->isEnabled());
     ASSERT_TRUE(b.open("PIDControl", b.pidForm));
     EXPECT_FALSE(b.windows->initialForm.isVisible());
     EXPECT_EQ(b.link.ActiveFunction, OwnerPid);
@@ -60,7 +60,7 @@ TEST(CommissioningFlow, OpensPidBehindTheNoticeAndGivesTheLineBack) {
         b.find<QPlainTextEdit>("Case2Memo", &b.pidForm)->toPlainText().contains("Differentail time(D)"));
     b.press("RUNTransparentButton", b.pidForm);
     b.clock.advance(1000);
-    Q_EMIT b.pidForm.findChild<QShortcut*>()->activated();  // F12
+    QTest::keyClick(&b.pidForm, Qt::Key_F12);
     b.clock.advance(1000);
     EXPECT_EQ(b.port().transcript().filter("FF06"), QStringList({"FF0620000002", "FF0620000001"}));
     b.press("ExitTransparentButton", b.pidForm);
