@@ -167,7 +167,7 @@ void AutoTuning::ParaAdvStringGridDblClickCell(int row) {
 // ---- Motor ----
 
 // Kept: left without OK, the dialog sends the old value again, and everything is read anew. A value that the
-// drive has not told is not sent.
+// drive has not yet given is not sent.
 void AutoTuning::motorSelFormClosed(std::optional<int> chosen) {
     if (chosen) SelectorData = QString::number(*chosen);
     if (line.refusesOffLine()) return;

@@ -212,6 +212,7 @@ TEST_P(TuneFamilyTest, StandsAtTheStepThatFailed) {
     const QString result = QLatin1String(tuneFamily(quint8(GetParam()))->resultCommand);
     const QString text = "FF03" + QString(tuneFamily(quint8(GetParam()))->textRegister) + "28000A";
     const int entry = GetParam() == Family::Tilia ? 2 : 1;
+    const QString poll = GetParam() == Family::Willow ? "FF032100000B" : "FF0321000010";
     const QStringList run{
         StopFrame, State, "FF06" + command + QString::asprintf("%04X", entry),        RunFrame, State,
         result,    text,  QLatin1String(tuneFamily(quint8(GetParam()))->resetCommand)};
@@ -230,7 +231,7 @@ TEST_P(TuneFamilyTest, StandsAtTheStepThatFailed) {
                                  120000);
             b.clock.advance(20000);
             QStringList wanted = run.mid(0, step);
-            wanted += refused ? QStringList("FF0321000010") : QStringList(4, run[step - 1]);
+            wanted += refused ? QStringList(poll) : QStringList(4, run[step - 1]);
             EXPECT_EQ(b.frames(), wanted);
             EXPECT_EQ(b.tuning.line.standing,
                       refused ? CommissioningLink::Standing::Refused : CommissioningLink::Standing::Lost);

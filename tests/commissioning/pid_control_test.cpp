@@ -205,7 +205,7 @@ TEST(PidControl, SendsAPressedStopWhenItCloses) {
         b.frames();
         b.pid.STOPTransparentButtonClick();
         if (when == When::OnItsWay)
-            b.clock.advanceUntil([&] { return b.pid.RunRequest == PidControl::RequestSent; }, 1000);
+            b.clock.advanceUntil([&] { return !b.transcript().filter("FF06").isEmpty(); }, 1000);
         b.close();
         b.awaitPolls(2);
         const QString stop = QStringLiteral("FF0620000001");
