@@ -169,7 +169,7 @@ void ConsoleLogView::explain() {
 }
 
 void ConsoleLogView::save() {
-    Operator& person = m_console.bench.link.operatorAsked();
+    Operator& person = m_console.site.voice.person;
     const std::optional<QString> path = person.saveFileTitled(TextFilter, QStringLiteral("MessageBox"));
     if (!path) return;
     const FileResult written =

@@ -55,7 +55,7 @@ void ConsoleTraffic::cutOff() {
     m_dropResend = false;
     link.rest();
     link.emptyQueues();
-    link.Notice.TCEmessageForm = false;
+    link.Notice.TCEmessageFormShown = false;
     link.Notice.LinkAction = 0;
     link.TimeoutCount = 0;
     link.Console.Log.CanSend = 1;

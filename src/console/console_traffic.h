@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include "link/request_scheduler.h"
+#include "localisation/voice.h"
 
 namespace kelvane {
 

@@ -16,12 +16,13 @@ const QString MotFilter = QStringLiteral("(*.mot)|*.mot");
 
 }  // namespace
 
-Flasher::Flasher(ConsoleTraffic& traffic, TickClock& clock)
+Flasher::Flasher(ConsoleTraffic& traffic, TickClock& clock, const Voice& voice)
     : MotTimer(clock, TickKind::RealTime, IntervalAtCreation, [this] { MotTimerTimer(); }),
-      m_traffic(traffic) {}
+      m_traffic(traffic),
+      m_voice(voice) {}
 
 void Flasher::LoadClick() {
-    Operator& person = m_traffic.link.operatorAsked();
+    Operator& person = m_voice.person;
     const std::optional<QString> path = person.openFile(MotFilter);
     if (!path) return;
     const FileContent content = readWhole(*path, MaxFileBytes);

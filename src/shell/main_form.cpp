@@ -66,7 +66,7 @@ TMainForm::TMainForm(Tool& tool, QWidget* parent) : QMainWindow(parent), m_tool(
     buildCentre();
     buildStatusLine();
     listen();
-    checkLanguageItem(tool.bench.language.LanguageIndex);
+    checkLanguageItem(tool.site.language.LanguageIndex);
     resize(940, 620);
 }
 
@@ -151,7 +151,7 @@ void TMainForm::buildLanguageItems() {
                                    m_tool.chooseLanguage(index);
                                    // The mark follows LanguageIndex, which only the file's own section
                                    // changes.
-                                   checkLanguageItem(m_tool.bench.language.LanguageIndex);
+                                   checkLanguageItem(m_tool.site.language.LanguageIndex);
                                });
         action->setCheckable(true);
         action->setEnabled(languageItems[i].enabled);
@@ -332,7 +332,7 @@ void TMainForm::listen() {
 void TMainForm::showHistory(const QString& line) { m_memo->appendPlainText(line); }
 
 void TMainForm::saveHistory() {
-    Operator& person = m_tool.bench.person;
+    Operator& person = m_tool.site.person;
     const auto path =
         person.saveFileTitled(QStringLiteral("TXT File(*.txt)|*.txt"), QStringLiteral("MessageBox"));
     if (!path) return;
@@ -405,7 +405,7 @@ void TMainForm::ComStatusAbLEDDblClick() {
         Q_EMIT comSetupWanted();
         return;
     }
-    if (m_tool.bench.person.yes(m_tool.link.lang().MsgStr(Message::GoOffLine), QStringLiteral("Cofirm")))
+    if (m_tool.site.person.yes(m_tool.voice.text(Message::GoOffLine), QStringLiteral("Cofirm")))
         m_tool.link.Initial();
 }
 
