@@ -43,7 +43,7 @@ AutoTuning::AutoTuning(const CommissioningSite& site)
 void AutoTuning::opened() {
     const TuneFamily* tune = family();
     rows.setCount(tune ? tune->TuneRowCount() : 0);
-    SelectorData = QStringLiteral("1");
+    SelectorData.clear();
     fillTable();
     enabled = {};
     TuneParaComboBox = 0;
@@ -56,7 +56,7 @@ void AutoTuning::opened() {
 void AutoTuning::fillTable() {
     const TuneFamily* tune = family();
     if (!tune) return;
-    const bool second = tune->hasTwoMotors() && !firstMotor();
+    const bool second = tune->hasTwoMotors() && motorKnown() && !firstMotor();
     int row = 0;
     for (const ListedParameter& parameter : tune->motors[second])
         rows.setAddress(++row, QLatin1String(parameter.number), QLatin1String(parameter.modbus));
@@ -166,7 +166,8 @@ void AutoTuning::ParaAdvStringGridDblClickCell(int row) {
 
 // ---- Motor ----
 
-// Kept: left without OK, the dialog sends the old value again, and everything is read anew.
+// Kept: left without OK, the dialog sends the old value again, and everything is read anew. A value that the
+// drive has not yet given is not sent.
 void AutoTuning::motorSelFormClosed(std::optional<int> chosen) {
     if (chosen) SelectorData = QString::number(*chosen);
     if (line.refusesOffLine()) return;
@@ -178,7 +179,7 @@ void AutoTuning::motorSelFormClosed(std::optional<int> chosen) {
 }
 
 std::optional<LinkRequest> AutoTuning::nextOfMotor() {
-    if (std::exchange(m_motorSent, true)) return std::nullopt;
+    if (std::exchange(m_motorSent, true) || !motorKnown()) return std::nullopt;
     return line.write(QStringLiteral("FF06") % QLatin1String(MotorSelectorRegister) %
                       IntToBaseStr(SelectorData.toInt(), 16, 4));
 }

@@ -19,7 +19,8 @@ class AutoTuning : public QObject {
     TuningSequence sequence;
     RequestChain RdTimer;
     RequestChain WrTimer;
-    QString SelectorData;  // "Data" of row 13, the motor selector of Tilia: "1" or "2"
+    // "Data" of row 13, the motor selector of Tilia: "1" or "2"; empty until the drive has said it.
+    QString SelectorData;
     int TuneParaComboBox = 0;
 
     // What a person may use.
@@ -33,6 +34,7 @@ class AutoTuning : public QObject {
     // nullptr for a family without auto tuning.
     const TuneFamily* family() const { return tuneFamily(line.DriveFamily()); }
     int TuneRowCount() const { return rows.count(); }
+    bool motorKnown() const { return !SelectorData.isEmpty(); }
     bool firstMotor() const { return SelectorData == QLatin1String("1"); }
 
     // The window has been given the link: fills the grid's numbers and starts to read, behind the wait

@@ -178,7 +178,7 @@ void TAutoTuningForm::showEngine() {
     const bool twoMotors = m_tuning.family() && m_tuning.family()->hasTwoMotors();
     MotorSelTransparentButton->setVisible(twoMotors);
     Motor1Image->setVisible(twoMotors && m_tuning.firstMotor());
-    Motor2Image->setVisible(twoMotors && !m_tuning.firstMotor());
+    Motor2Image->setVisible(twoMotors && m_tuning.motorKnown() && !m_tuning.firstMotor());
     m_status->setText(statusText());
 }
 

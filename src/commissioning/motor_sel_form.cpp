@@ -1,6 +1,7 @@
 #include "commissioning/motor_sel_form.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <utility>
 
 #include "ui/icons.h"
@@ -30,6 +31,11 @@ TMotorSelForm::TMotorSelForm(QWidget* parent)
         const int marked = Motor1Panel->marked() ? 1 : 2;
         if (then) then(result == Accepted ? std::optional(marked) : std::nullopt);
     });
+}
+
+void TMotorSelForm::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange) setWindowTitle(tr("Motor Selection"));
+    QDialog::changeEvent(event);
 }
 
 MarkPanel* TMotorSelForm::panel(int motor) {

@@ -18,6 +18,9 @@ class TMotorSelForm : public QDialog {
     // OK.
     void ask(int marked, std::function<void(std::optional<int>)> then);
 
+   protected:
+    void changeEvent(QEvent* event) override;  // no language file has its title
+
    private:
     MarkPanel* panel(int motor);
     void mark(int motor);

@@ -153,12 +153,17 @@ void PidControl::showLeds() {
     Q_EMIT changed();
 }
 
+// Pressed and not sent yet, or sent and not answered: its exchange ends with the window.
+bool PidControl::stopIsUnanswered() const {
+    const auto& out = MonitorTimer.out();
+    return RunRequest == StopPressed || (out && out->command == StopCommand);
+}
+
 void PidControl::FormClose() {
     if (!line.isOpen()) return;
+    const bool stopLeaves = stopIsUnanswered() && m_site.link.Lamp.onLine();
     stopTimers();
-    // A STOP that a person has pressed leaves all the same.
-    if (RunRequest == StopPressed && m_site.link.Lamp.onLine())
-        m_site.link.pushCommand(StopTask, StopCommand);
+    if (stopLeaves) m_site.link.pushCommand(StopTask, StopCommand);
     if (leds.RUN.on)
         m_site.link.ShowHistoryMsg(QStringLiteral("PID Control was closed while the drive was running"));
     RunRequest = RequestSent;

@@ -37,7 +37,7 @@ class PidControl : public QObject {
     void RUNTransparentButtonClick();
     void STOPTransparentButtonClick();
     void ParaAdvStringGridDblClickCell(int row);
-    // Nothing is sent any more but a STOP that was pressed; else the drive stays as it is.
+    // Nothing is sent any more but a STOP that was pressed and has no answer; else the drive stays as it is.
     void FormClose();
 
    Q_SIGNALS:
@@ -47,6 +47,7 @@ class PidControl : public QObject {
     void startReading();
     void stopTimers();
     void dropUnsentRun();
+    bool stopIsUnanswered() const;
     std::optional<LinkRequest> nextRead();
     void storeRead();
     std::optional<LinkRequest> nextWrite();

@@ -143,7 +143,7 @@ QString TPIDForm::statusText() const {
     if (m_pid.RdTimer.running()) return tr("Reading the parameters ...");
     if (m_pid.WrTimer.running()) return tr("Writing the parameters ...");
     if (m_pid.MonitorTimer.running()) return tr("Watching the state of the drive. F12 stops it.");
-    return tr("Off Line");
+    return tr("Off Line. Nothing is sent.");
 }
 
 void TPIDForm::editRow(int row) {
@@ -156,6 +156,7 @@ void TPIDForm::selectRows() { ParaAdvStringGrid->selectAll(); }
 
 void TPIDForm::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
+    if (event->spontaneous()) return;
     m_guide->showCase(1);
     showEngine();
     selectRows();

@@ -79,13 +79,13 @@ TuningSequence::Request TuningSequence::writeMode() {
                  m_line.write(QStringLiteral("FF06") % QLatin1String(m_family->commandRegister) % mode));
 }
 
-quint8 TuningSequence::resultCode() const {
+quint16 TuningSequence::resultCode() const {
     const quint16 word = m_site.link.ParamRead.ReadWords[0];
-    return static_cast<quint8>(m_family->codeInHighByte ? word >> 8 : word);
+    return m_family->codeInHighByte ? quint16(word >> 8) : word;
 }
 
 TuningSequence::Request TuningSequence::judgeResult() {
-    const quint8 code = resultCode();
+    const quint16 code = resultCode();
     if (code != 0) {
         const QString text = QStringLiteral("FF03") % QLatin1String(m_family->textRegister) %
                              IntToBaseStr(code, 16, 2) % QStringLiteral("000A");

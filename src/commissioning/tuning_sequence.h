@@ -41,7 +41,7 @@ class TuningSequence {
     Request tellFailure();
     Request readState(quint8 step, quint8 phase);
     Request enter(quint8 step, quint8 phase, const LinkRequest& request);
-    quint8 resultCode() const;
+    quint16 resultCode() const;
 
     const CommissioningSite m_site;
     CommissioningLink& m_line;

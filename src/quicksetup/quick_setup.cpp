@@ -286,7 +286,7 @@ QString QuickSetup::shownValue(int slot, int value) const {
 QString QuickSetup::limitsText(int slot) const {
     const QSlot& q = at(slot);
     if (isList(slot) || (q.SlotMin == 0 && q.SlotMax == 0)) return {};
-    return QStringLiteral("%1 to %2")
+    return tr("%1 to %2")
         .arg(InsertDecimalPoint(QString::number(q.SlotMin), placesOf(slot)), shownValue(slot, q.SlotMax));
 }
 

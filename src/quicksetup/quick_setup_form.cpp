@@ -46,13 +46,13 @@ TQuickSetupForm::TQuickSetupForm(QuickSetup& quick, QuickSetupFlow& flow, QWidge
     setWindowModality(Qt::ApplicationModal);
     const auto add = [this](const char* name, const char* headingName, const QString& heading,
                             QWidget* content) {
-        PageControl1->addTab(makePage(name, headingName, heading, content),
-                             tr("Step %1").arg(PageControl1->count() + 1));
+        PageControl1->addTab(makePage(name, headingName, heading, content), {});
     };
     add("S1TabSheet", "Step1VrLabel", tr("User Parameters & Motor Parameters"), makeStepOne());
     add("S2TabSheet", "Step2VrLabel", tr("Basic Parameters"), makeStepTwo());
     add("S3TabSheet", "Step3VrLabel", tr("Operation Method Parameters"), makeStepThree());
     add("S4TabSheet", "Step4VrLabel", tr("Output & Input Function Parameters"), makeStepFour());
+    nameTabs();
     auto* column = new QVBoxLayout(this);
     column->addWidget(PageControl1, 1);
     column->addWidget(makeFoot());
@@ -69,6 +69,17 @@ TQuickSetupForm::TQuickSetupForm(QuickSetup& quick, QuickSetupFlow& flow, QWidge
 }
 
 // ---- Layout ----
+
+void TQuickSetupForm::nameTabs() {
+    for (int step = 0; step <= LastStep; ++step) PageControl1->setTabText(step, tr("Step %1").arg(step + 1));
+    PageControl2->setTabText(0, tr("Output"));
+    PageControl2->setTabText(1, tr("Input"));
+}
+
+void TQuickSetupForm::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange) nameTabs();
+    QDialog::changeEvent(event);
+}
 
 QWidget* TQuickSetupForm::makePage(const char* name, const char* headingName, const QString& heading,
                                    QWidget* content) {
@@ -198,8 +209,8 @@ QWidget* TQuickSetupForm::makeStepFour() {
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(0, 0, 0, 0);
     PageControl2 = named<QTabWidget>("PageControl2");
-    PageControl2->addTab(makeTerminalPage("OutputTabSheet", OutputSlots), tr("Output"));
-    PageControl2->addTab(makeTerminalPage("InputTabSheet", InputSlots), tr("Input"));
+    PageControl2->addTab(makeTerminalPage("OutputTabSheet", OutputSlots), {});
+    PageControl2->addTab(makeTerminalPage("InputTabSheet", InputSlots), {});
     column->addWidget(PageControl2, 1);
     column->addWidget(makeTerminals(), 0, Qt::AlignHCenter);
     return content;

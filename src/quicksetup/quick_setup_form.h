@@ -35,9 +35,11 @@ class TQuickSetupForm : public QDialog {
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
    private:
     // Layout.
+    void nameTabs();  // which no language file has
     QWidget* makePage(const char* name, const char* headingName, const QString& heading, QWidget* content);
     QWidget* makeStepOne();
     QWidget* makeStepTwo();

@@ -31,8 +31,9 @@ std::unique_ptr<QWidget> makeAutoTuning(Windows& w) {
 std::unique_ptr<QWidget> makeMotorSel(Windows&) { return std::make_unique<TMotorSelForm>(); }
 
 void wirePid(Windows& w, QWidget& form) {
+    PidControl& pid = w.tool.pid;
     w.stopKey.add(
-        form, [] { return true; }, [&w] { w.tool.pid.STOPTransparentButtonClick(); });
+        form, [&pid] { return pid.line.isOpen(); }, [&pid] { pid.STOPTransparentButtonClick(); });
 }
 
 void wireAutoTuning(Windows& w, QWidget& form) {

@@ -55,6 +55,7 @@ void TInitialForm::follow() {
     m_stop->setVisible(m_link.Notice.waitMayBeLeft);
     m_patience.setEnabled(wanted);
     if (!wanted) m_wait = {};
+    setWindowTitle(tr("Please wait"));
     setVisible(wanted);
 }
 

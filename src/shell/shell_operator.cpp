@@ -165,6 +165,9 @@ BoxAnswer ShellOperator::ask(QMessageBox& message, BoxButtons buttons) const {
     makeRoomForTitle(message);
     message.setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (buttons == BoxButtons::YesNo) message.setEscapeButton(QMessageBox::No);
+    // A warning before something moves: Enter alone does not say OK.
+    if (buttons == BoxButtons::OkCancel && message.icon() == QMessageBox::Warning)
+        message.setDefaultButton(QMessageBox::Cancel);
     if (buttons == BoxButtons::YesNoOrLeave) {
         message.setEscapeButton(QMessageBox::Cancel);
         message.button(QMessageBox::Cancel)->hide();

@@ -205,29 +205,78 @@ TEST(AutoTuning, ReadsTheTableOfTheSelectedMotor) {
     EXPECT_FALSE(b.tuning.firstMotor());
 }
 
-// Each step refused: the run stands there, sends one poll and nothing more, and the way out is to close.
-TEST(AutoTuning, StandsWhereItWasRefused) {
-    for (int step = 1; step <= 7; ++step) {
-        SCOPED_TRACE(step);
-        TuneStand b(Family::Larch);
-        b.open();
-        b.station.drive.options().tuneSeconds = 0.01;
-        b.station.drive.setNextTuneResult(drive::TuneFault);
-        b.user.onBox = [](const QString& title) {
-            return title == "Caution" ? BoxAnswer::Ok : BoxAnswer::Ok;
-        };
-        b.faults().failAt(step, LineFault::Exception);
-        b.tune(1);
-        b.clock.advance(20000);
-        EXPECT_EQ(b.tuning.line.standing, CommissioningLink::Standing::Refused);
-        EXPECT_TRUE(b.runs());
-        EXPECT_EQ(b.frames().back(), "FF0321000010");
-        b.clock.advance(20000);
-        EXPECT_EQ(b.frames(), QStringList());
-        b.close();
-        EXPECT_FALSE(b.runs());
-        EXPECT_TRUE(b.awaitPolls(1));
-    }
+// Golden transcripts of a run whose k-th step is refused, and of one whose k-th step is never answered: the
+// run stands there. Behind a refusal comes one poll, behind a time-out nothing after four resends; the way
+// out is to close.
+TEST_P(TuneFamilyTest, StandsAtTheStepThatFailed) {
+    const QString command = QLatin1String(tuneFamily(quint8(GetParam()))->commandRegister);
+    const QString result = QLatin1String(tuneFamily(quint8(GetParam()))->resultCommand);
+    const QString text = "FF03" + QString(tuneFamily(quint8(GetParam()))->textRegister) + "28000A";
+    const int entry = GetParam() == Family::Tilia ? 2 : 1;
+    const QString poll = GetParam() == Family::Willow ? "FF032100000B" : "FF0321000010";
+    const QStringList run{
+        StopFrame, State, "FF06" + command + QString::asprintf("%04X", entry),        RunFrame, State,
+        result,    text,  QLatin1String(tuneFamily(quint8(GetParam()))->resetCommand)};
+    for (int step = 1; step <= run.size(); ++step)
+        for (const bool refused : {true, false}) {
+            SCOPED_TRACE(testing::Message() << step << (refused ? " refused" : " silent"));
+            TuneStand b(GetParam());
+            b.open();
+            b.station.drive.options().tuneSeconds = 0.01;
+            b.station.drive.setNextTuneResult(drive::TuneFault);
+            b.user.onLinkFailure = [] { return LinkAnswer::Ignore; };
+            for (int k = 0; k < (refused ? 1 : 5); ++k)
+                b.faults().failAt(step + k, refused ? LineFault::Exception : LineFault::Silent);
+            b.tune(entry);
+            b.clock.advanceUntil([&] { return b.tuning.line.standing != CommissioningLink::Standing::No; },
+                                 120000);
+            b.clock.advance(20000);
+            QStringList wanted = run.mid(0, step);
+            wanted += refused ? QStringList(poll) : QStringList(4, run[step - 1]);
+            EXPECT_EQ(b.frames(), wanted);
+            EXPECT_EQ(b.tuning.line.standing,
+                      refused ? CommissioningLink::Standing::Refused : CommissioningLink::Standing::Lost);
+            EXPECT_TRUE(b.runs());
+            EXPECT_FALSE(b.tuning.enabled.buttons);
+            b.close();
+            EXPECT_FALSE(b.runs());
+            EXPECT_TRUE(b.tuning.enabled.buttons);
+            if (refused) {
+                EXPECT_TRUE(b.awaitPolls(1));
+            }
+        }
+}
+
+// On Larch and Tilia the whole word is the code.
+TEST(AutoTuning, TakesNoCodeInTheHighByteForAGoodEnd) {
+    TuneStand b(Family::Larch);
+    b.open();
+    QObject::connect(&b.link, &RequestScheduler::answered, [&](quint8, const QString& command) {
+        if (command == QLatin1String(b.family().resultCommand)) b.link.ParamRead.ReadWords[0] = 0x0100;
+    });
+    b.tune(1);
+    b.untilEnd();
+    EXPECT_EQ(b.frames().filter("FF0333"), QStringList("FF033300000A"));
+    EXPECT_TRUE(b.user.asked.front().endsWith(", \nWould you want to reset the drive?"));
+}
+
+// Before the drive has said which motor it has, no motor is written.
+TEST(AutoTuning, WritesNoMotorThatNobodyChose) {
+    TuneStand b(Family::Tilia);
+    b.begin(OwnerAutoTuning);
+    b.clock.advanceUntil([&] { return b.link.idle(); }, 2000);
+    b.faults().failNext(LineFault::Exception);
+    b.tuning.opened();
+    b.clock.advance(2000);
+    EXPECT_FALSE(b.tuning.motorKnown());
+    b.link.Notice.TInitialFormShown = false;
+    b.link.notifyChanged();
+    b.frames();
+    b.tuning.motorSelFormClosed({});
+    b.idle(b.tuning.line);
+    b.clock.advance(5000);
+    EXPECT_EQ(b.frames(), QStringList("FF03050A000F") + b.tableReads());
+    EXPECT_TRUE(b.tuning.firstMotor());
 }
 
 // No time limit; closing in the middle asks, sends nothing, and says so in the history.

@@ -13,6 +13,7 @@ namespace {
 using drive::LineFault;
 
 const QString RunFrame = QStringLiteral("FF0620000002");
+const QString StopFrame = QStringLiteral("FF0620000001");
 
 struct AnyPerson : CommissioningStand {
     PidControl pid{{link, clock, user, lang}};
@@ -20,6 +21,9 @@ struct AnyPerson : CommissioningStand {
     std::mt19937 random;
     int runsWanted = 0;  // by RUN clicks and runs of tuning in the open window
     int runsSent = 0;
+    int tunesWanted = 0;
+    int tunesSent = 0;
+    bool closed = false;
     QStringList wrong;
 
     AnyPerson(Family family, unsigned seed)
@@ -45,7 +49,15 @@ struct AnyPerson : CommissioningStand {
         for (const QString& frame : frames()) {
             if (frame == QLatin1String("FF0620000003")) wrong += "a jog";
             if (frame == RunFrame && ++runsSent > runsWanted * 6) wrong += "a run that nobody asked for";
+            if (isTuneMode(frame) && ++tunesSent > tunesWanted * 6) wrong += "a tuning that nobody asked for";
+            if (closed && frame.startsWith(QLatin1String("FF06")) && frame != StopFrame)
+                wrong += "behind a closed window " + frame;
         }
+    }
+    bool isTuneMode(const QString& frame) const {
+        const TuneFamily* tune = tuneFamily(link.DriveStatus.DriveFamily);
+        return tune && frame.startsWith("FF06" + QString(tune->commandRegister)) &&
+               frame.size() == (*tune->commandRegister ? 12 : 8);
     }
     void comeBack() {
         if (link.Lamp.onLine() && link.DriveStatus.DriveReady) return;
@@ -72,6 +84,7 @@ struct AnyPerson : CommissioningStand {
             case 2:
                 tuning.TuneParaComboBoxChange(1 + roll(2));
                 ++runsWanted;
+                ++tunesWanted;
                 return tuning.TuneTransparentButtonClick();
             case 3: return leave(tuning.line);
             case 4:
@@ -89,7 +102,8 @@ struct AnyPerson : CommissioningStand {
     template <class Engine>
     void visit(Engine& engine, LinkOwner owner, void (AnyPerson::*act)()) {
         comeBack();
-        runsWanted = runsSent = 0;
+        runsWanted = runsSent = tunesWanted = tunesSent = 0;
+        closed = false;
         begin(owner);
         engine.opened();
         for (int steps = roll(12); steps >= 0; --steps) {
@@ -101,7 +115,8 @@ struct AnyPerson : CommissioningStand {
         if (anyTimer()) wrong += "a timer behind a closed window";
         if (link.Notice.TInitialFormShown) wrong += "a notice behind a closed window";
         frames();
-        runsWanted = runsSent = 0;
+        runsWanted = runsSent = tunesWanted = tunesSent = 0;
+        closed = true;
         pass();
         pass();
         // Left alone in the middle, the drive ends its tuning without us.
@@ -111,7 +126,7 @@ struct AnyPerson : CommissioningStand {
 
 TEST(Commissioning, MovesTheMotorOnlyWhenAsked) {
     const int sequences = everyCase() ? 10000 : 600;
-    const Family families[] = {Family::Rowan, Family::Larch, Family::Tilia, Family::Willow};
+    const Family families[] = {Family::Rowan, Family::Larch, Family::Tilia, Family::Willow, Family::Sorrel};
     for (size_t f = 0; f < std::size(families); ++f) {
         AnyPerson b(families[f], unsigned(f + 1));
         for (int i = 0; i < sequences / int(std::size(families)) && b.wrong.isEmpty(); ++i)
@@ -121,34 +136,57 @@ TEST(Commissioning, MovesTheMotorOnlyWhenAsked) {
     }
 }
 
-// On a line that loses, damages and delays one reply in a hundred, what is shown is what the drive holds.
-TEST(Commissioning, ShowsAndWritesTrueValuesOverABadLine) {
-    for (const PidFamily& family : pidFamilies()) {
-        AnyPerson b(family.family, 7);
-        b.faults().clear();
-        b.faults().setSeed(unsigned(family.family) + 3);
+// A line that loses, damages and delays replies; what is shown is what the drive holds, before and behind a
+// write.
+struct BadLine : AnyPerson {
+    BadLine(Family family, unsigned seed) : AnyPerson(family, seed) {
+        faults().clear();
+        faults().setSeed(seed);
         for (const LineFault fault : {LineFault::Silent, LineFault::BadCheck, LineFault::Late})
-            b.faults().setChance(fault, 2);
-        b.user.onLinkFailure = [] { return LinkAnswer::Retry; };
-        b.begin(OwnerPid);
-        b.pid.opened();
-        for (int times = 0; times < 5; ++times) {
-            ASSERT_TRUE(b.idle(b.pid.line, 600000));
-            for (int row = 1; row <= b.pid.ParamCount(); ++row) {
-                const int reg = b.pid.rows.registerText(row).toInt(nullptr, 16);
-                EXPECT_EQ(withoutSeparatorToInt(b.pid.rows.text(ParameterRows::Data, row)), b.value(reg));
-                b.pid.rows.setData(
-                    row, b.pid.rows.text(times % 2 ? ParameterRows::Min : ParameterRows::Default, row));
-            }
-            b.pid.WriteTransparentButtonClick();
-            ASSERT_TRUE(b.idle(b.pid.line, 600000));
-            for (int row = 1; row <= b.pid.ParamCount(); ++row) {
-                const int reg = b.pid.rows.registerText(row).toInt(nullptr, 16);
-                EXPECT_EQ(withoutSeparatorToInt(b.pid.rows.text(ParameterRows::Data, row)), b.value(reg));
-            }
-            b.pid.ReadTransparentButtonClick();
+            faults().setChance(fault, 2);
+        user.onLinkFailure = [] { return LinkAnswer::Retry; };
+    }
+    template <class Engine>
+    void writeAndReadBack(Engine& engine, LinkOwner owner) {
+        begin(owner);
+        engine.opened();
+        for (int times = 0; times < 4; ++times) {
+            ASSERT_TRUE(idle(engine.line, 600000));
+            expectTrue(engine.rows);
+            for (int row = 1; row <= engine.rows.count(); ++row)
+                engine.rows.setData(
+                    row, engine.rows.text(times % 2 ? ParameterRows::Min : ParameterRows::Default, row));
+            engine.WriteTransparentButtonClick();
+            ASSERT_TRUE(idle(engine.line, 600000));
+            expectTrue(engine.rows);
+            engine.ReadTransparentButtonClick();
         }
-        b.close(b.pid);
+        close(engine);
+        EXPECT_EQ(credits.miscredited, QStringList());
+    }
+    void expectTrue(const ParameterRows& rows) {
+        for (int row = 1; row <= rows.count(); ++row) {
+            if (rows.text(ParameterRows::PrNo, row) == QLatin1String(NoParameter)) continue;
+            EXPECT_EQ(rows.word(row),
+                      QString::asprintf("%04X", value(rows.registerText(row).toInt(nullptr, 16)) & 0xFFFF))
+                << rows.registerText(row).toStdString();
+        }
+    }
+};
+
+TEST(Commissioning, ShowsAndWritesTrueValuesOverABadLine) {
+    const unsigned seeds = everyCase() ? 40 : 2;
+    for (unsigned seed = 1; seed <= seeds; ++seed) {
+        for (const PidFamily& family : pidFamilies()) {
+            SCOPED_TRACE(testing::Message() << "PID " << familyName(family.family) << " seed " << seed);
+            BadLine b(family.family, seed);
+            b.writeAndReadBack(b.pid, OwnerPid);
+        }
+        for (const TuneFamily& family : tuneFamilies()) {
+            SCOPED_TRACE(testing::Message() << "tuning " << familyName(family.family) << " seed " << seed);
+            BadLine b(family.family, seed);
+            b.writeAndReadBack(b.tuning, OwnerAutoTuning);
+        }
     }
 }
 

@@ -191,20 +191,93 @@ TEST(PidControl, KeepsStandingAfterARefusalUntilItIsReadAnew) {
     EXPECT_EQ(b.pid.line.standing, CommissioningLink::Standing::No);
 }
 
-// A STOP that was pressed leaves, even if the window closes before its turn or stands.
+// A STOP that was pressed leaves, even if the window closes before its turn or stands, or while its answer
+// is awaited.
 TEST(PidControl, SendsAPressedStopWhenItCloses) {
-    for (const bool stands : {false, true}) {
+    enum class When { Waiting, Standing, OnItsWay };
+    for (const When when : {When::Waiting, When::Standing, When::OnItsWay}) {
         PidStand b(Family::Aspen);
         b.openAndRead();
-        if (stands) {
+        if (when == When::Standing) {
             b.faults().failNext(LineFault::Exception);
             b.clock.advance(3000);
         }
         b.frames();
         b.pid.STOPTransparentButtonClick();
+        if (when == When::OnItsWay)
+            b.clock.advanceUntil([&] { return !b.transcript().filter("FF06").isEmpty(); }, 1000);
         b.close();
         b.awaitPolls(2);
-        EXPECT_EQ(b.frames().filter("FF06"), QStringList("FF0620000001"));
+        const QString stop = QStringLiteral("FF0620000001");
+        EXPECT_EQ(b.frames().filter("FF06"),
+                  when == When::OnItsWay ? QStringList({stop, stop}) : QStringList(stop));
+    }
+}
+
+// Golden transcripts of each step that is refused or never answered: the window stands there. A refused read
+// or write goes no further, and nothing is sent behind it.
+TEST(PidControl, StandsAtTheStepThatFailed) {
+    const auto read = [](int row) { return QString::asprintf("FF030A%02X000F", row - 1); };
+    for (const bool refused : {true, false}) {
+        const auto fail = [&](PidStand& b) {
+            b.user.onLinkFailure = [] { return LinkAnswer::Ignore; };
+            b.faults().failNext(refused ? LineFault::Exception : LineFault::Silent, refused ? 1 : 5);
+        };
+        const auto expectStanding = [&](PidStand& b, QStringList before, const QString& failed) {
+            b.clock.advance(200000);
+            for (int k = 0; k < (refused ? 1 : 5); ++k) before += failed;
+            EXPECT_EQ(b.frames(PidState), before);
+            EXPECT_EQ(b.pid.line.standing,
+                      refused ? CommissioningLink::Standing::Refused : CommissioningLink::Standing::Lost);
+            b.close();
+        };
+        for (int row = 1; row <= 8; ++row) {
+            SCOPED_TRACE(testing::Message() << "row " << row << (refused ? " refused" : " silent"));
+            QStringList reads, writes;
+            PidStand reading(Family::Larch);
+            reading.openAndRead();
+            reading.clock.advanceUntil([&] { return reading.pid.line.isFree(); }, 1000);
+            reading.frames();
+            reading.pid.ReadTransparentButtonClick();
+            for (int k = 1; k < row; ++k) reads += read(k);
+            reading.clock.advanceUntil([&] { return reading.pid.ParamRow == row; }, 5000);
+            fail(reading);
+            expectStanding(reading, reads, read(row));
+            PidStand writing(Family::Larch);
+            writing.openAndRead();
+            for (int k = 1; k <= row; ++k)
+                writes += QString::asprintf("FF060A%02X", k - 1) + *writing.pid.rows.word(k);
+            writing.frames();
+            writing.pid.WriteTransparentButtonClick();
+            writing.clock.advanceUntil([&] { return writing.pid.ParamRow == row; }, 5000);
+            fail(writing);
+            expectStanding(writing, writes.mid(0, row - 1), writes.back());
+        }
+        for (const bool run : {true, false}) {
+            PidStand b(Family::Larch);
+            b.openAndRead();
+            b.frames();
+            run ? b.pid.RUNTransparentButtonClick() : b.pid.STOPTransparentButtonClick();
+            b.clock.advanceUntil([&] { return b.pid.RunRequest == PidControl::RequestSent; }, 1000);
+            fail(b);
+            expectStanding(b, {}, run ? "FF0620000002" : "FF0620000001");
+        }
+    }
+}
+
+// Wherever in the exchange it is pressed, STOP is the next frame.
+TEST(PidControl, SendsStopBehindTheExchangeInHand) {
+    for (const drive::LineMode mode : {drive::LineMode::Ascii, drive::LineMode::Rtu}) {
+        PidStand b(Family::Larch, mode);
+        b.openAndRead();
+        b.passPolls(2);
+        for (int ms = 0; ms < 60; ++ms) {
+            b.clock.advance(1);
+            b.frames();
+            b.pid.STOPTransparentButtonClick();
+            b.clock.advanceUntil([&] { return !b.transcript().isEmpty(); }, 1000);
+            EXPECT_EQ(b.frames(), QStringList("FF0620000001")) << ms;
+        }
     }
 }
 

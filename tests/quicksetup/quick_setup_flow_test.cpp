@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include "bench/hostile_line.h"
 #include "bench/on_line_bench.h"
 
 namespace kelvane {
@@ -173,7 +174,7 @@ TEST_P(EveryFamily, ReadsAndWritesInTheOrderOfTheSlots) {
 TEST_P(EveryFamily, SurvivesALineThatFails) {
     for (const LineMode mode : {LineMode::Ascii, LineMode::Rtu}) {
         FlowBench b(GetParam(), mode);
-        for (uint32_t seed = 1; seed <= 5; ++seed) {
+        for (uint32_t seed = 1; seed <= (everyCase() ? 200u : 5u); ++seed) {
             b.faults().setSeed(seed);
             for (const LineFault fault : {LineFault::Silent, LineFault::BadCheck, LineFault::Late,
                                           LineFault::Doubled, LineFault::CutShort, LineFault::InPieces})
@@ -328,11 +329,11 @@ TEST(QuickSetupFlow, WritingWaitsForTheLastRead) {
     EXPECT_EQ(b.history.filter("Quick Setup"), QStringList());
 }
 
-TEST(QuickSetupFlow, AProjectOfOneDriveIsWrittenToAnother) {
+TEST_P(EveryFamily, WritesAProjectOfOneDriveToAnother) {
     std::array<QString, SlotCount + 1> saved;
     std::array<quint16, SlotCount + 1> held{};
     {
-        FlowBench first(Family::Tilia);
+        FlowBench first(GetParam());
         first.read();
         first.changeAll();
         first.write();
@@ -342,7 +343,7 @@ TEST(QuickSetupFlow, AProjectOfOneDriveIsWrittenToAnother) {
             if (first.quick.used(number)) held[size_t(number)] = first.held(number);
         }
     }
-    FlowBench second(Family::Tilia);
+    FlowBench second(GetParam());
     second.quick.takeProject(saved);
     second.begin(SettingsSource::Project);
     second.clock.advance(500);

@@ -38,6 +38,7 @@ TEST(CommissioningFlow, OpensPidBehindTheNoticeAndGivesTheLineBack) {
     CommissioningFlow b;
     EXPECT_FALSE(b.find<QAction>("PIDControl")->isEnabled());
     b.goOnLine(Family::Osier);
+    EXPECT_FALSE(b.find<QAction>("MultiStep")->isVisible() || b.find<QAction>("MultiStep")->isEnabled());
     ASSERT_TRUE(b.open("PIDControl", b.pidForm));
     EXPECT_FALSE(b.windows->initialForm.isVisible());
     EXPECT_EQ(b.link.ActiveFunction, OwnerPid);
