@@ -13,6 +13,7 @@
 #include <QStatusBar>
 #include <array>
 
+#include "base/save_file.h"
 #include "shell/window_table.h"
 #include "ui/display_label.h"
 #include "ui/elided_label.h"
@@ -332,12 +333,7 @@ void TMainForm::listen() {
 void TMainForm::showHistory(const QString& line) { m_memo->appendPlainText(line); }
 
 void TMainForm::saveHistory() {
-    Operator& person = m_tool.bench.person;
-    const auto path =
-        person.saveFileTitled(QStringLiteral("TXT File(*.txt)|*.txt"), QStringLiteral("MessageBox"));
-    if (!path) return;
-    const FileResult written = writeWhole(*path, m_memo->toPlainText().toUtf8());
-    if (!written.ok) person.tell(written.error, QStringLiteral("Error"), BoxIcon::Stop);
+    askToSave(m_tool.bench.person, QStringLiteral("TXT File(*.txt)|*.txt"), m_memo->toPlainText().toUtf8());
 }
 
 void TMainForm::showLink() {
