@@ -44,8 +44,8 @@ double residentMb() {
 struct ListSide : ToolSide {
     QTemporaryDir folder;
     QtComPort setupPort{QString()};
-    ComSetup comSetup{link, setupPort, clock};
-    AdvanceConsole console{{link, comSetup, clock, wall, folder.path()}};
+    ComSetup comSetup{link, setupPort, clock, {person, lang}};
+    AdvanceConsole console{{link, comSetup, clock, wall, {person, lang}, folder.path()}};
     std::vector<quint16> registers = parametersToRead(Rows);
     std::vector<QString> seen = std::vector<QString>(Rows + 1);
     int wrongRows = 0;
@@ -79,11 +79,11 @@ struct ListSide : ToolSide {
         console.showConnectionPage(ConnectionPage::B);
         console.RepeatLabeledEdit = QString::number(repeats);
         console.RUNTransparentButtonClick();
-        bool told = false;
+        bool halfSeen = false;
         return runUntil(
             [&] {
-                if (!told && replies >= Rows * repeats / 2) {
-                    told = true;
+                if (!halfSeen && replies >= Rows * repeats / 2) {
+                    halfSeen = true;
                     halfway();
                 }
                 return !console.running() && console.traffic.free();
@@ -148,13 +148,13 @@ void measureListener(const Cutting& cutting) {
     StubPort port;
     StubPort setupPort;
     RequestScheduler link({clock, wall, person, port, lang});
-    ComSetup comSetup(link, setupPort, clock);
-    AdvanceConsole console({link, comSetup, clock, wall, folder.path()});
+    ComSetup comSetup(link, setupPort, clock, {person, lang});
+    AdvanceConsole console({link, comSetup, clock, wall, {person, lang}, folder.path()});
     link.ActiveFunction = OwnerAdvance;
     link.ComMode = static_cast<quint8>(cutting.mode);
     console.showPage(ConsolePage::Monitor);
     PortListener& listener = console.listener;
-    listener.AutoBreakChRadioButton = cutting.byBreak;
+    listener.AutoBreakChRadioButtonChecked = cutting.byBreak;
     listener.setBreakLength(1);
     listener.setBreakCells({QStringLiteral("0A")});
     listener.WordCntLabeledEdit = QString::number(cutting.bytesPerLine);

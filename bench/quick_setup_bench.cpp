@@ -19,8 +19,8 @@ constexpr int SweepLimitMs = 60000;
 int missed = 0;
 
 struct SetupSide : ToolSide {
-    QuickSetup quick{link};
-    QuickSetupFlow flow{quick, link, clock};
+    QuickSetup quick{link, {person, lang}};
+    QuickSetupFlow flow{quick, link, clock, {person, lang}};
 
     SetupSide(const LineCase& line, const QString& device, Family family) : ToolSide(line, device) {
         beReady();

@@ -271,7 +271,7 @@ void identifyWithOneFaultEverywhere(Family family, LinkMode mode) {
         WholeProgram whole(line, drive.device());
         const double before = nowUs();
         const bool on =
-            whole.goOnLine() && whole.tool.link.Lamp.onLine() && !whole.tool.link.Notice.TInitialForm;
+            whole.goOnLine() && whole.tool.link.Lamp.onLine() && !whole.tool.link.Notice.TInitialFormShown;
         longest = std::max(longest, nowUs() - before);
         replies = whole.exchanges;
         stuck += !on;

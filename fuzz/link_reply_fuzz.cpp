@@ -144,7 +144,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     bench.port.canHoldBack = data[1] & 16;
     link.DriveStatus.DriveReady = (data[1] >> 1) & 1;
     link.ActiveFunction = static_cast<quint8>(1 + data[2] % 8);
-    link.Console.CheckRuleCheckBox = data[1] & 4;
+    link.Console.CheckRuleCheckBoxChecked = data[1] & 4;
     link.Console.ListRunning = (data[1] >> 3) & 1;
     link.DriveStatus.DriveFamily = data[3];
     link.DriveStatus.StatusWordCount = data[3] & 1 ? data[4] : 14;

@@ -19,11 +19,11 @@ Stage::Stage(const QString& programFolder)
     startLanguage(language, folder.findData(QStringLiteral("default.prj")),
                   folder.findData(QStringLiteral("Language file")), person);
     tool = std::make_unique<Tool>(
-        ToolBench{clock, wallClock, person, folder, language, [this](const PortTarget& target) {
-                      std::unique_ptr<TApdComPort> port;
-                      if (target.kind == PortTarget::Kind::Practice) port = practice.makePort(target.family);
-                      return port;
-                  }});
+        ToolSite{clock, wallClock, person, folder, language, [this](const PortTarget& target) {
+                     std::unique_ptr<TApdComPort> port;
+                     if (target.kind == PortTarget::Kind::Practice) port = practice.makePort(target.family);
+                     return port;
+                 }});
     tool->tripPracticeDrive = [this](Family family) { practice.raiseFault(family); };
     mainForm = std::make_unique<TMainForm>(*tool);
     windows = std::make_unique<Windows>(*tool, *mainForm, &person, looks);

@@ -294,13 +294,14 @@ void Walk::closeTab() {
     const QStringList menus{QStringLiteral("FileMenu")};
     m_hand.choose(m_parameters, menus, "CloseTab", QStringLiteral("file-menu"));
     const ParameterScreen& screen = m_stage.tool->parameters.screen;
-    check(!screen.CompareTabSheet, QStringLiteral("the comparison is still open"));
+    check(!screen.CompareTabSheetVisible, QStringLiteral("the comparison is still open"));
     m_hand.clickItem(*m_hand.find<QTreeWidget>(m_parameters, "ParaTreeView").topLevelItem(1)->child(0));
     m_answers.expectBox(QStringLiteral("Do you want to save the parameter table before close ?"),
                         QMessageBox::No);
     m_hand.choose(m_parameters, menus, "CloseTab");
     m_hand.waitForAnswers();
-    check(!screen.FileTabSheet && screen.DriveTabSheet, QStringLiteral("another table was closed"));
+    check(!screen.FileTabSheetVisible && screen.DriveTabSheetVisible,
+          QStringLiteral("another table was closed"));
 }
 
 void Walk::closeParameters() {

@@ -83,8 +83,8 @@ struct TraitRow {
     quint8 pollRegisterCount;
     quint16 secondStateWordRegister;
     bool groupNamesFromDrive;
-    bool AutoTuning;
-    bool PIDControl;
+    bool AutoTuningEnabled;
+    bool PIDControlEnabled;
 };
 
 consteval FamilyProfile profileOf(Family family, const ItemRow& items, std::span<const ListEntry> itemList,
@@ -103,8 +103,8 @@ consteval FamilyProfile profileOf(Family family, const ItemRow& items, std::span
             .pollRegisterCount = traits.pollRegisterCount,
             .secondStateWordRegister = traits.secondStateWordRegister,
             .groupNamesFromDrive = traits.groupNamesFromDrive,
-            .AutoTuning = traits.AutoTuning,
-            .PIDControl = traits.PIDControl};
+            .AutoTuningEnabled = traits.AutoTuningEnabled,
+            .PIDControlEnabled = traits.PIDControlEnabled};
 }
 
 // Kept: Aspen's item 8 has two decimals, a scale of 10 and the format of none.

@@ -38,8 +38,8 @@ struct FamilyProfile {
     quint8 pollRegisterCount;
     quint16 secondStateWordRegister;  // 2101h comes with the poll, 2119h takes a request of its own
     bool groupNamesFromDrive;
-    bool AutoTuning;
-    bool PIDControl;
+    bool AutoTuningEnabled;
+    bool PIDControlEnabled;
 
     bool asksSecondStateWord() const { return secondStateWordRegister != 0x2101; }
 };

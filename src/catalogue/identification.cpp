@@ -15,8 +15,8 @@ constexpr quint8 HazelGroups = 10;  // an Osier code with this many groups is a 
 }  // namespace
 
 DriveIdentification::DriveIdentification(RequestScheduler& link, GroupNameTable& groupNames,
-                                         const LangTable& lang)
-    : m_link(link), m_groupNames(groupNames), m_lang(lang) {
+                                         const Voice& voice)
+    : m_link(link), m_groupNames(groupNames), m_voice(voice) {
     using Text = const QString&;
     using Bytes = const QByteArray&;
     m_link.onReply(0, [this](Text, Bytes data) { onFamily(data); });
@@ -43,16 +43,16 @@ void DriveIdentification::onFamily(const QByteArray& RxData) {
 
 void DriveIdentification::refuse(quint8 code) {
     m_link.DriveIdentified = 0;
-    m_link.Notice.TInitialForm = false;
+    m_link.Notice.TInitialFormShown = false;
     m_link.notifyChanged();
-    m_link.operatorAsked().tell(QStringLiteral("ID code = %1. Can't identify this drive !").arg(code),
-                                QStringLiteral("Error"));
+    m_voice.person.tell(QStringLiteral("ID code = %1. Can't identify this drive !").arg(code),
+                        QStringLiteral("Error"));
 }
 
 void DriveIdentification::enableMenus() {
     const FamilyProfile* profile = familyProfile(m_link.DriveStatus.DriveFamily);
-    m_link.Labels.AutoTuning = profile->AutoTuning;
-    m_link.Labels.PIDControl = profile->PIDControl;
+    m_link.Labels.AutoTuningEnabled = profile->AutoTuningEnabled;
+    m_link.Labels.PIDControlEnabled = profile->PIDControlEnabled;
 }
 
 void DriveIdentification::takeVersion(quint16 word) {
@@ -79,8 +79,8 @@ void DriveIdentification::InitialDrive() {
 void DriveIdentification::refreshItemNames() {
     const FamilyProfile* profile = familyProfile(m_link.DriveStatus.DriveFamily);
     if (!profile) return;
-    itemList =
-        itemNames(*profile, m_lang.commonItemNames, m_lang.familyItemNames(m_link.DriveStatus.DriveFamily));
+    itemList = itemNames(*profile, m_voice.lang.commonItemNames,
+                         m_voice.lang.familyItemNames(m_link.DriveStatus.DriveFamily));
     infoCells = infoGridCells(*profile, itemList);
     Q_EMIT itemNamesChanged();
 }

@@ -10,14 +10,15 @@
 #include "catalogue/family_profiles.h"
 #include "catalogue/group_names.h"
 #include "link/request_scheduler.h"
+#include "localisation/voice.h"
 
 namespace kelvane {
 
 class DriveIdentification : public QObject {
     Q_OBJECT
    public:
-    // Both outlive this object; lang gives the item names.
-    DriveIdentification(RequestScheduler& link, GroupNameTable& groupNames, const LangTable& lang);
+    // All outlive this object; the voice gives the item names, too.
+    DriveIdentification(RequestScheduler& link, GroupNameTable& groupNames, const Voice& voice);
 
     // Fills the family's tables and labels and tells the windows. A family without a row changes nothing but
     // still runs the common part.
@@ -44,7 +45,7 @@ class DriveIdentification : public QObject {
 
     RequestScheduler& m_link;
     GroupNameTable& m_groupNames;
-    const LangTable& m_lang;
+    const Voice m_voice;
 };
 
 }  // namespace kelvane

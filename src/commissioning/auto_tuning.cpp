@@ -12,13 +12,13 @@ constexpr quint8 SelectorFirst = 255;  // the selector is read before the rows, 
 
 }  // namespace
 
-AutoTuning::AutoTuning(const CommissioningBench& bench)
-    : line(bench),
-      sequence(bench, line),
-      RdTimer(bench.clock, bench.link),
-      WrTimer(bench.clock, bench.link),
-      m_bench(bench),
-      m_motorChain(bench.clock, bench.link) {
+AutoTuning::AutoTuning(const CommissioningSite& site)
+    : line(site),
+      sequence(site, line),
+      RdTimer(site.clock, site.link),
+      WrTimer(site.clock, site.link),
+      m_site(site),
+      m_motorChain(site.clock, site.link) {
     for (RequestChain* chain : {&RdTimer, &WrTimer, &m_motorChain}) line.setUp(*chain);
     RdTimer.next = [this] { return nextRead(); };
     RdTimer.answered = [this](const LinkRequest&) { storeRead(); };
@@ -110,10 +110,10 @@ std::optional<LinkRequest> AutoTuning::nextRead() {
 
 void AutoTuning::storeRead() {
     if (TuneRow != SelectorRow) {
-        rows.store(TuneRow, m_bench.link.ParamRead, line.DriveFamily(), ParameterRows::Signs::Never);
+        rows.store(TuneRow, m_site.link.ParamRead, line.DriveFamily(), ParameterRows::Signs::Never);
         return;
     }
-    SelectorData = QString::number(m_bench.link.ParamRead.ReadField[0]);
+    SelectorData = QString::number(m_site.link.ParamRead.ReadField[0]);
     TuneRow = 0;
     fillTable();
     Q_EMIT motorChanged();
@@ -161,7 +161,7 @@ std::optional<LinkRequest> AutoTuning::nextWrite() {
 }
 
 void AutoTuning::ParaAdvStringGridDblClickCell(int row) {
-    if (rows.text(ParameterRows::PrNo, row) != QLatin1String(NoParameter)) rows.edit(row, m_bench.person);
+    if (rows.text(ParameterRows::PrNo, row) != QLatin1String(NoParameter)) rows.edit(row, m_site.person);
 }
 
 // ---- Motor ----
@@ -187,7 +187,7 @@ std::optional<LinkRequest> AutoTuning::nextOfMotor() {
 
 void AutoTuning::TuneParaComboBoxChange(int index) {
     TuneParaComboBox = index;
-    enabled.TuneTransparentButton = index > 0;
+    enabled.TuneTransparentButtonEnabled = index > 0;
     Q_EMIT changed();
 }
 
@@ -195,14 +195,14 @@ void AutoTuning::TuneTransparentButtonClick() {
     const TuneFamily* tune = family();
     if (TuneParaComboBox <= 0 || !tune || line.refusesOffLine()) return;
     if (TuneParaComboBox == tune->turningEntry &&
-        m_bench.person.box(m_bench.lang.MsgStr(Message::MotorWillRun), QStringLiteral("Caution"),
-                           BoxIcon::Exclamation, BoxButtons::OkCancel) != BoxAnswer::Ok)
+        m_site.person.box(m_site.lang.MsgStr(Message::MotorWillRun), QStringLiteral("Caution"),
+                          BoxIcon::Exclamation, BoxButtons::OkCancel) != BoxAnswer::Ok)
         return;
     // The question may have stood for long.
     if (!line.isOpen() || family() != tune || line.refusesOffLine()) return;
     stopTimers();
     line.startAnew();
-    enabled = {.buttons = false, .TuneTransparentButton = false, .entry = false};
+    enabled = {.buttons = false, .TuneTransparentButtonEnabled = false, .entry = false};
     sequence.start(*tune, TuneParaComboBox);
     Q_EMIT changed();
 }
@@ -213,18 +213,18 @@ bool AutoTuning::mayClose() {
     if (sequence.modeIsSet())
         text += QLatin1Char('\n') %
                 tr("Its tuning command is set: the next RUN from anywhere starts the tuning.");
-    return m_bench.person.yes(text % QLatin1Char('\n') % tr("Close the window?"), QStringLiteral("Caution"),
-                              BoxIcon::Exclamation);
+    return m_site.person.yes(text % QLatin1Char('\n') % tr("Close the window?"), QStringLiteral("Caution"),
+                             BoxIcon::Exclamation);
 }
 
 void AutoTuning::FormClose() {
     if (!line.isOpen()) return;
     if (sequence.leavesDriveTuning())
-        m_bench.link.ShowHistoryMsg(
+        m_site.link.ShowHistoryMsg(
             QStringLiteral("Auto Tuning was closed during a run: the drive goes on by itself"));
     stopTimers();
     line.close();
-    enabled = {.buttons = true, .TuneTransparentButton = true, .entry = true};
+    enabled = {.buttons = true, .TuneTransparentButtonEnabled = true, .entry = true};
     rows.clear();
     Q_EMIT changed();
 }

@@ -11,7 +11,7 @@ namespace kelvane {
 class AutoTuning : public QObject {
     Q_OBJECT
    public:
-    explicit AutoTuning(const CommissioningBench& bench);
+    explicit AutoTuning(const CommissioningSite& site);
 
     CommissioningLink line;
     ParameterRows rows;
@@ -25,7 +25,7 @@ class AutoTuning : public QObject {
     // What a person may use.
     struct Enabled {
         bool buttons = true;  // motor, read, write, exit
-        bool TuneTransparentButton = false;
+        bool TuneTransparentButtonEnabled = false;
         bool entry = true;  // TuneParaComboBox and the grid
         bool operator==(const Enabled&) const = default;
     } enabled;
@@ -68,7 +68,7 @@ class AutoTuning : public QObject {
     std::optional<LinkRequest> nextOfMotor();
     void motorWritten();
 
-    const CommissioningBench m_bench;
+    const CommissioningSite m_site;
     RequestChain m_motorChain;
     bool m_motorSent = false;
 };

@@ -172,7 +172,7 @@ void TAutoTuningForm::showEngine() {
     for (TransparentButton* made :
          {MotorSelTransparentButton, ReadTransparentButton, WriteTransparentButton, ExitTransparentButton})
         made->setEnabled(enabled.buttons);
-    TuneTransparentButton->setEnabled(enabled.TuneTransparentButton);
+    TuneTransparentButton->setEnabled(enabled.TuneTransparentButtonEnabled);
     ParaAdvStringGrid->setEnabled(enabled.entry);
     TuneParaComboBox->setEnabled(enabled.entry);
     const bool twoMotors = m_tuning.family() && m_tuning.family()->hasTwoMotors();
@@ -191,7 +191,7 @@ QString TAutoTuningForm::statusText() const {
                   : tr("Close this window, or read again.");
         return m_tuning.line.standingText() % QLatin1Char(' ') % after;
     }
-    if (!m_tuning.line.bench.link.Lamp.onLine())
+    if (!m_tuning.line.site.link.Lamp.onLine())
         return tr("Off Line. A drive that was tuning goes on by itself.");
     if (tunes) return tr("Tuning. The drive ends it by itself; nothing here limits its time.");
     if (m_tuning.RdTimer.running()) return tr("Reading the motor parameters ...");

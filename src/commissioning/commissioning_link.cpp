@@ -10,11 +10,11 @@ constexpr quint8 WriteTask = 13;
 
 }  // namespace
 
-CommissioningLink::CommissioningLink(const CommissioningBench& with) : bench(with) {
-    connect(&bench.link, &RequestScheduler::cycleEnded, this, &CommissioningLink::cycleEnded);
-    connect(&bench.link, &RequestScheduler::refused, this, [this](quint8, quint8 code) { m_refusal = code; });
-    connect(&bench.link, &RequestScheduler::changed, this, &CommissioningLink::linkChanged);
-    connect(&bench.link, &RequestScheduler::initialRun, this, &CommissioningLink::initialRun);
+CommissioningLink::CommissioningLink(const CommissioningSite& with) : site(with) {
+    connect(&site.link, &RequestScheduler::cycleEnded, this, &CommissioningLink::cycleEnded);
+    connect(&site.link, &RequestScheduler::refused, this, [this](quint8, quint8 code) { m_refusal = code; });
+    connect(&site.link, &RequestScheduler::changed, this, &CommissioningLink::linkChanged);
+    connect(&site.link, &RequestScheduler::initialRun, this, &CommissioningLink::initialRun);
 }
 
 void CommissioningLink::open() {
@@ -25,13 +25,13 @@ void CommissioningLink::open() {
 
 void CommissioningLink::close() {
     if (!std::exchange(m_open, false)) return;
-    bench.link.emptyQueues();
+    site.link.emptyQueues();
     m_awaited.reset();
     setStanding(Standing::No);
     closeWait();
 }
 
-bool CommissioningLink::isFree() const { return bench.link.idle() && bench.link.CommandQueue.empty(); }
+bool CommissioningLink::isFree() const { return site.link.idle() && site.link.CommandQueue.empty(); }
 
 void CommissioningLink::setUp(RequestChain& chain) const {
     chain.mayAsk = [this] { return isFree(); };
@@ -39,14 +39,14 @@ void CommissioningLink::setUp(RequestChain& chain) const {
 }
 
 bool CommissioningLink::refusesOffLine() const {
-    if (bench.link.Lamp.onLine()) return false;
-    bench.person.tell(bench.lang.MsgStr(Message::OffLineNow), QStringLiteral("Cofirm"));
+    if (site.link.Lamp.onLine()) return false;
+    site.person.tell(site.lang.MsgStr(Message::OffLineNow), QStringLiteral("Cofirm"));
     return true;
 }
 
 void CommissioningLink::startAnew() {
-    bench.link.emptyQueues();
-    bench.link.ParamRead.ReadDone = bench.link.ParamRead.WriteDone = 1;
+    site.link.emptyQueues();
+    site.link.ParamRead.ReadDone = site.link.ParamRead.WriteDone = 1;
     m_awaited.reset();
     setStanding(Standing::No);
 }
@@ -68,9 +68,9 @@ LinkRequest CommissioningLink::write(const QString& command) {
 void CommissioningLink::cycleEnded() {
     const quint8 refusal = std::exchange(m_refusal, quint8(0));
     if (!m_open || !m_awaited) return;
-    const ParamReadRecord& done = bench.link.ParamRead;
+    const ParamReadRecord& done = site.link.ParamRead;
     const bool answered = *m_awaited == Awaits::ReadDone ? done.ReadDone : done.WriteDone;
-    if (!answered && !bench.link.TaskQueue.empty()) return;  // it is sent again
+    if (!answered && !site.link.TaskQueue.empty()) return;  // it is sent again
     m_awaited.reset();
     if (answered) return;
     refusalCode = refusal;
@@ -80,8 +80,8 @@ void CommissioningLink::cycleEnded() {
 void CommissioningLink::setStanding(Standing why) {
     if (standing == why) return;
     standing = why;
-    bench.link.Notice.waitTrouble = m_waitShown ? standingText() : QString();
-    bench.link.notifyChanged();
+    site.link.Notice.waitTrouble = m_waitShown ? standingText() : QString();
+    site.link.notifyChanged();
     Q_EMIT changed();
 }
 
@@ -97,22 +97,22 @@ QString CommissioningLink::standingText() const {
 
 void CommissioningLink::showWait() {
     m_waitShown = true;
-    bench.link.Notice.waitTrouble.clear();
-    bench.link.Notice.TInitialForm = bench.link.Notice.waitMayBeLeft = true;
-    bench.link.notifyChanged();
+    site.link.Notice.waitTrouble.clear();
+    site.link.Notice.TInitialFormShown = site.link.Notice.waitMayBeLeft = true;
+    site.link.notifyChanged();
 }
 
 void CommissioningLink::closeWait() {
     if (!std::exchange(m_waitShown, false)) return;
-    bench.link.Notice.TInitialForm = bench.link.Notice.waitMayBeLeft = false;
-    bench.link.notifyChanged();
+    site.link.Notice.TInitialFormShown = site.link.Notice.waitMayBeLeft = false;
+    site.link.notifyChanged();
     Q_EMIT waitEnded();
 }
 
 void CommissioningLink::linkChanged() {
-    if (!m_waitShown || bench.link.Notice.TInitialForm) return;
+    if (!m_waitShown || site.link.Notice.TInitialFormShown) return;
     m_waitShown = false;
-    bench.link.Notice.waitMayBeLeft = false;
+    site.link.Notice.waitMayBeLeft = false;
     Q_EMIT waitLeft();
     Q_EMIT waitEnded();
 }

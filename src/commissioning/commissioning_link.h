@@ -11,7 +11,7 @@
 namespace kelvane {
 
 // What the windows' engines work on; all of it outlives them.
-struct CommissioningBench {
+struct CommissioningSite {
     RequestScheduler& link;
     TickClock& clock;
     Operator& person;
@@ -21,9 +21,9 @@ struct CommissioningBench {
 class CommissioningLink : public QObject {
     Q_OBJECT
    public:
-    explicit CommissioningLink(const CommissioningBench& bench);
+    explicit CommissioningLink(const CommissioningSite& site);
 
-    const CommissioningBench bench;
+    const CommissioningSite site;
 
     // Why a window stands: the request in hand got no answer that sets its flag, and none will come.
     enum class Standing { No, Refused, Lost };
@@ -31,7 +31,7 @@ class CommissioningLink : public QObject {
     quint8 refusalCode = 0;        // with Standing::Refused
     QString standingText() const;  // in words; empty while nothing stands
 
-    quint8 DriveFamily() const { return bench.link.DriveStatus.DriveFamily; }
+    quint8 DriveFamily() const { return site.link.DriveStatus.DriveFamily; }
     // Between the window's opening and its closing.
     bool isOpen() const { return m_open; }
     void open();

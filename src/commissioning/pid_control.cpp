@@ -13,12 +13,12 @@ const QString StateCommand = QStringLiteral("FF0321190001");
 
 }  // namespace
 
-PidControl::PidControl(const CommissioningBench& bench)
-    : line(bench),
-      RdTimer(bench.clock, bench.link),
-      WrTimer(bench.clock, bench.link),
-      MonitorTimer(bench.clock, bench.link),
-      m_bench(bench) {
+PidControl::PidControl(const CommissioningSite& site)
+    : line(site),
+      RdTimer(site.clock, site.link),
+      WrTimer(site.clock, site.link),
+      MonitorTimer(site.clock, site.link),
+      m_site(site) {
     for (RequestChain* chain : {&RdTimer, &WrTimer, &MonitorTimer}) line.setUp(*chain);
     RdTimer.next = [this] { return nextRead(); };
     RdTimer.answered = [this](const LinkRequest&) { storeRead(); };
@@ -89,7 +89,7 @@ std::optional<LinkRequest> PidControl::nextRead() {
 
 void PidControl::storeRead() {
     const bool tilia = line.DriveFamily() == static_cast<quint8>(Family::Tilia);
-    rows.store(ParamRow, m_bench.link.ParamRead, line.DriveFamily(),
+    rows.store(ParamRow, m_site.link.ParamRead, line.DriveFamily(),
                tilia ? ParameterRows::Signs::ByAttribute : ParameterRows::Signs::Never);
 }
 
@@ -116,7 +116,7 @@ std::optional<LinkRequest> PidControl::nextWrite() {
     return std::nullopt;
 }
 
-void PidControl::ParaAdvStringGridDblClickCell(int row) { rows.edit(row, m_bench.person); }
+void PidControl::ParaAdvStringGridDblClickCell(int row) { rows.edit(row, m_site.person); }
 
 // ---- Running and watching ----
 
@@ -147,7 +147,7 @@ std::optional<LinkRequest> PidControl::nextOfMonitor() {
 }
 
 void PidControl::showLeds() {
-    const StateLeds now = codedStateLeds(m_bench.link.ParamRead.ReadWords[0]);
+    const StateLeds now = codedStateLeds(m_site.link.ParamRead.ReadWords[0]);
     if (now == leds) return;
     leds = now;
     Q_EMIT changed();
@@ -157,10 +157,10 @@ void PidControl::FormClose() {
     if (!line.isOpen()) return;
     stopTimers();
     // A STOP that a person has pressed leaves all the same.
-    if (RunRequest == StopPressed && m_bench.link.Lamp.onLine())
-        m_bench.link.pushCommand(StopTask, StopCommand);
+    if (RunRequest == StopPressed && m_site.link.Lamp.onLine())
+        m_site.link.pushCommand(StopTask, StopCommand);
     if (leds.RUN.on)
-        m_bench.link.ShowHistoryMsg(QStringLiteral("PID Control was closed while the drive was running"));
+        m_site.link.ShowHistoryMsg(QStringLiteral("PID Control was closed while the drive was running"));
     RunRequest = RequestSent;
     line.close();
     rows.clear();

@@ -13,7 +13,7 @@ namespace kelvane {
 class PidControl : public QObject {
     Q_OBJECT
    public:
-    explicit PidControl(const CommissioningBench& bench);
+    explicit PidControl(const CommissioningSite& site);
 
     CommissioningLink line;
     ParameterRows rows;
@@ -54,7 +54,7 @@ class PidControl : public QObject {
     void watch();
     void showLeds();
 
-    const CommissioningBench m_bench;
+    const CommissioningSite m_site;
 };
 
 }  // namespace kelvane

@@ -136,7 +136,7 @@ void TPIDForm::showEngine() {
 
 // A window that stands says why, and what still stops the motor.
 QString TPIDForm::statusText() const {
-    const bool onLine = m_pid.line.bench.link.Lamp.onLine();
+    const bool onLine = m_pid.line.site.link.Lamp.onLine();
     if (m_pid.line.standing != CommissioningLink::Standing::No)
         return m_pid.line.standingText() % QLatin1Char(' ') %
                (onLine ? tr("RUN and STOP have no effect here until Read has been pressed. To stop the "

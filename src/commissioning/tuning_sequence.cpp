@@ -17,8 +17,8 @@ const QString Caution = QStringLiteral("Caution");
 
 }  // namespace
 
-TuningSequence::TuningSequence(const CommissioningBench& bench, CommissioningLink& line)
-    : MonitorTimer(bench.clock, bench.link), m_bench(bench), m_line(line) {
+TuningSequence::TuningSequence(const CommissioningSite& site, CommissioningLink& line)
+    : MonitorTimer(site.clock, site.link), m_site(site), m_line(line) {
     m_line.setUp(MonitorTimer);
     MonitorTimer.next = [this] { return nextStep(); };
     MonitorTimer.ended = [this] { ended(); };
@@ -64,9 +64,9 @@ TuningSequence::Request TuningSequence::stopDrive() { return enter(2, 2, m_line.
 
 // Before the run and after it. Kept: a drive that reports to stand right after RUN has ended its tuning.
 TuningSequence::Request TuningSequence::waitForStop() {
-    speed = m_bench.link.ParamRead.ReadWords[SpeedWord];
+    speed = m_site.link.ParamRead.ReadWords[SpeedWord];
     speedRead();
-    if (m_bench.link.ParamRead.ReadWords[0] & RunBits) return readState(1, TunePhase);
+    if (m_site.link.ParamRead.ReadWords[0] & RunBits) return readState(1, TunePhase);
     if (TunePhase == 2) return writeMode();
     TuneStep = 5;
     TunePhase = 1;
@@ -80,7 +80,7 @@ TuningSequence::Request TuningSequence::writeMode() {
 }
 
 quint8 TuningSequence::resultCode() const {
-    const quint16 word = m_bench.link.ParamRead.ReadWords[0];
+    const quint16 word = m_site.link.ParamRead.ReadWords[0];
     return static_cast<quint8>(m_family->codeInHighByte ? word >> 8 : word);
 }
 
@@ -93,17 +93,17 @@ TuningSequence::Request TuningSequence::judgeResult() {
     }
     TuneStep = 8;
     TunePhase = 6;
-    m_bench.person.tell(m_bench.lang.MsgStr(Message::AutoTuningFinish), QStringLiteral("Confirm"),
-                        BoxIcon::Information);
+    m_site.person.tell(m_site.lang.MsgStr(Message::AutoTuningFinish), QStringLiteral("Confirm"),
+                       BoxIcon::Information);
     return std::nullopt;
 }
 
 TuningSequence::Request TuningSequence::tellFailure() {
-    const QString text = from8Bit(m_bench.link.ParamRead.ReadDataText) % QStringLiteral(", ") %
-                         m_bench.lang.MsgStr(Message::ResetDrive);
+    const QString text = from8Bit(m_site.link.ParamRead.ReadDataText) % QStringLiteral(", ") %
+                         m_site.lang.MsgStr(Message::ResetDrive);
     TuneStep = 8;
     TunePhase = 7;
-    const bool reset = m_bench.person.yes(text, Caution, BoxIcon::Stop);
+    const bool reset = m_site.person.yes(text, Caution, BoxIcon::Stop);
     // The link may have gone to rest, and the run with it, while the question stood.
     if (!reset || !running()) return std::nullopt;
     return m_line.write(QLatin1String(m_family->resetCommand));

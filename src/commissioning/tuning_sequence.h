@@ -12,7 +12,7 @@ namespace kelvane {
 
 class TuningSequence {
    public:
-    TuningSequence(const CommissioningBench& bench, CommissioningLink& line);
+    TuningSequence(const CommissioningSite& site, CommissioningLink& line);
 
     quint8 TuneStep = 0;   // 1 to 8 as in nextStep(); 0 before a run
     quint8 TunePhase = 0;  // step at which the present one was entered
@@ -43,7 +43,7 @@ class TuningSequence {
     Request enter(quint8 step, quint8 phase, const LinkRequest& request);
     quint8 resultCode() const;
 
-    const CommissioningBench m_bench;
+    const CommissioningSite m_site;
     CommissioningLink& m_line;
     const TuneFamily* m_family = nullptr;
     int m_entry = 0;

@@ -20,33 +20,33 @@ const QString ErrorTitle = QStringLiteral("Error");
 
 }  // namespace
 
-AdvanceConsole::AdvanceConsole(const ConsoleBench& consoleBench)
-    : bench(consoleBench),
-      traffic(bench.link),
-      log(bench.link, bench.clock),
-      list(traffic, bench.clock),
-      panel(traffic, list.CmdAdvStringGrid, bench.clock),
-      listener(traffic, bench.wallClock),
-      flasher(traffic, bench.clock),
+AdvanceConsole::AdvanceConsole(const ConsoleSite& consoleSite)
+    : site(consoleSite),
+      traffic(site.link),
+      log(site.link, site.clock),
+      list(traffic, site.clock, site.voice),
+      panel(traffic, list.CmdAdvStringGrid, site.clock, site.voice),
+      listener(traffic, site.wallClock, site.voice),
+      flasher(traffic, site.clock, site.voice),
       RxAdvStringGrid(5),
-      m_closeLimit(bench.clock, TickKind::RealTime, CloseLimit, [this] {
+      m_closeLimit(site.clock, TickKind::RealTime, CloseLimit, [this] {
           traffic.cutOff();
           closeNow();
       }) {
     RxAdvStringGrid.setHeaders({QString(), QStringLiteral("Hex"), QStringLiteral("Dec"),
                                 QStringLiteral("Bin"), QStringLiteral("ASCII")});
     connectLink();
-    caption = advanceCaption(bench.comSetup.shown);
+    caption = advanceCaption(site.comSetup.shown);
     loadDefault();
     panel.SelDriveComboBoxChange();
 }
 
 void AdvanceConsole::connectLink() {
-    RequestScheduler& link = bench.link;
+    RequestScheduler& link = site.link;
     connect(&link.Console, &ConsoleExchange::replied, this, &AdvanceConsole::takeGoodReply);
     connect(&link.Console, &ConsoleExchange::rowReplied, &list, &CommandList::takeFailure);
     connect(&link.Console, &ConsoleExchange::stopWanted, this, &AdvanceConsole::STOPTransparentButtonClick);
-    connect(&bench.comSetup, &ComSetup::closeWanted, this, &AdvanceConsole::followComSetup);
+    connect(&site.comSetup, &ComSetup::closeWanted, this, &AdvanceConsole::followComSetup);
     connect(&list, &CommandList::ended, this, &AdvanceConsole::changed);
     connect(&panel, &DrivePanel::ended, this, &AdvanceConsole::changed);
     // A list that goes on could start the motor again.
@@ -62,7 +62,7 @@ void AdvanceConsole::connectLink() {
 // ---- Opening and closing ----
 
 void AdvanceConsole::opened() {
-    caption = advanceCaption(bench.comSetup.shown);
+    caption = advanceCaption(site.comSetup.shown);
     Q_EMIT changed();
 }
 
@@ -89,7 +89,7 @@ void AdvanceConsole::closeNow() {
 }
 
 FileResult AdvanceConsole::FormClose() {
-    if (bench.link.owner().console) {
+    if (site.link.owner().console) {
         stopAll();
         traffic.cutOff();
     }
@@ -100,8 +100,8 @@ FileResult AdvanceConsole::FormClose() {
 // ---- Single commands ----
 
 void AdvanceConsole::complainOfNumber(const QString& text) {
-    bench.link.operatorAsked().tell(QStringLiteral("'%1' is not a valid integer value").arg(text), ErrorTitle,
-                                    BoxIcon::Stop);
+    site.voice.person.tell(QStringLiteral("'%1' is not a valid integer value").arg(text), ErrorTitle,
+                           BoxIcon::Stop);
 }
 
 QString AdvanceConsole::dataField(bool& legal) {
@@ -113,7 +113,7 @@ QString AdvanceConsole::dataField(bool& legal) {
     if (DataLabeledEdit.size() <= DataDigits)
         return DataLabeledEdit.rightJustified(DataDigits, QLatin1Char('0'));
     // Kept: the command goes out all the same, without its data.
-    bench.link.operatorAsked().tell(bench.link.lang().MsgStr(Message::ValueNotLegal), ErrorTitle);
+    site.voice.person.tell(site.voice.text(Message::ValueNotLegal), ErrorTitle);
     return {};
 }
 
@@ -145,7 +145,7 @@ void AdvanceConsole::SendAnyTransparentButtonClick(const QString& text) {
 
 bool AdvanceConsole::InputDataEditEnter(const QString& text) {
     if (!record().CanSend || running() || text.isEmpty()) return false;
-    bench.link.Console.Log.CanSend = 0;
+    site.link.Console.Log.CanSend = 0;
     SendAnyTransparentButtonClick(text);
     return true;
 }
@@ -197,7 +197,7 @@ QString AdvanceConsole::explain(const ConsoleLine& line) const {
 }
 
 QString AdvanceConsole::explainLine(const QString& heard) const {
-    return explainHeard(heard, bench.link.mode() == LinkMode::Rtu,
+    return explainHeard(heard, site.link.mode() == LinkMode::Rtu,
                         [this](quint16 address) { return nameOf(address); });
 }
 
@@ -273,22 +273,22 @@ bool AdvanceConsole::storeTimeOut(TimeOutTag tag, const QString& text) {
 void AdvanceConsole::prepareComSetup() {
     if (running() || listener.running()) return;
     traffic.cutOff();
-    bench.comSetup.shown.OKBitBtn = true;
+    site.comSetup.shown.OKBitBtnEnabled = true;
 }
 
 void AdvanceConsole::followComSetup() {
-    caption = advanceCaption(bench.comSetup.shown);
-    const QString raised = bench.comSetup.shown.consoleTimeOutCaption;
+    caption = advanceCaption(site.comSetup.shown);
+    const QString raised = site.comSetup.shown.consoleTimeOutCaption;
     if (!raised.isEmpty()) TimeOutCaption = raised;
     Q_EMIT changed();
 }
 
 // ---- Files ----
 
-QString AdvanceConsole::defaultPath() const { return bench.programFolder % QStringLiteral("/default.cml"); }
+QString AdvanceConsole::defaultPath() const { return site.programFolder % QStringLiteral("/default.cml"); }
 
 CommandListFile AdvanceConsole::state() {
-    const ComSetup::Shown& boxes = bench.comSetup.shown;
+    const ComSetup::Shown& boxes = site.comSetup.shown;
     return {.ComPortComboBox = boxes.ComPortComboBox,
             .ModeComboBox = boxes.ModeComboBox,
             .BaudComboBox = boxes.BaudComboBox,
@@ -312,12 +312,12 @@ QByteArray AdvanceConsole::SaveFile() {
 FileResult AdvanceConsole::saveDefault() { return writeWhole(defaultPath(), SaveFile()); }
 
 void AdvanceConsole::SaveClick() {
-    if (const auto path = askToSave(bench.link.operatorAsked(), CmlFilter, SaveFile())) Q_EMIT fileOpened(*path);
+    if (const auto path = askToSave(site.voice.person, CmlFilter, SaveFile())) Q_EMIT fileOpened(*path);
 }
 
 void AdvanceConsole::OpenClick() {
     if (running()) return;
-    const std::optional<QString> path = bench.link.operatorAsked().openFile(CmlFilter);
+    const std::optional<QString> path = site.voice.person.openFile(CmlFilter);
     if (path) openPath(*path);
 }
 
@@ -325,7 +325,7 @@ void AdvanceConsole::openPath(const QString& path) {
     if (running()) return;
     const FileContent content = readWhole(path, MaxFileBytes);
     if (!content.ok) {
-        bench.link.operatorAsked().tell(content.error, ErrorTitle, BoxIcon::Stop);
+        site.voice.person.tell(content.error, ErrorTitle, BoxIcon::Stop);
         return Q_EMIT fileMissing(path);
     }
     LoadFile(path, content.bytes, true);
@@ -344,8 +344,8 @@ void AdvanceConsole::LoadFile(const QString& path, const QByteArray& bytes, bool
     CommandListFile file = state();
     const CommandListRead read = readCommandList(bytes, file);
     take(file, read);
-    caption = ok && read.ok ? advanceCaption(bench.comSetup.shown)
-                            : advanceCaption(bench.comSetup.shown, bench.link.port().settings());
+    caption = ok && read.ok ? advanceCaption(site.comSetup.shown)
+                            : advanceCaption(site.comSetup.shown, site.link.port().settings());
     Q_EMIT changed();
 }
 

@@ -18,11 +18,12 @@
 namespace kelvane {
 
 // What the console works on; all of it outlives the console.
-struct ConsoleBench {
+struct ConsoleSite {
     RequestScheduler& link;
     ComSetup& comSetup;
     TickClock& clock;
     const WallClock& wallClock;
+    Voice voice;
     QString programFolder;
 };
 
@@ -33,9 +34,9 @@ enum class TimeOutTag { First = 1, Second = 2 };  // Tag of TInputTimeOutForm
 class AdvanceConsole : public QObject {
     Q_OBJECT
    public:
-    explicit AdvanceConsole(const ConsoleBench& bench);
+    explicit AdvanceConsole(const ConsoleSite& site);
 
-    ConsoleBench bench;
+    ConsoleSite site;
     ConsoleTraffic traffic;
     ConsoleLog log;
     CommandList list;
@@ -68,8 +69,8 @@ class AdvanceConsole : public QObject {
     QString explain(const ConsoleLine& line) const;
     QString explainLine(const QString& heard) const;
 
-    ConsoleSettings& settings() { return bench.link.Console; }
-    const ConsoleRecord& record() const { return bench.link.Console.Log; }
+    ConsoleSettings& settings() { return site.link.Console; }
+    const ConsoleRecord& record() const { return site.link.Console.Log; }
     bool running() const { return list.running() || panel.running(); }
 
     // The window was opened, and may it be closed? When not, everything has been stopped and readyToClose()

@@ -181,7 +181,7 @@ void TAdvanceForm::closeEvent(QCloseEvent* event) {
         return event->ignore();
     }
     const FileResult written = m_console.FormClose();
-    if (!written.ok) m_console.bench.link.ShowHistoryMsg(written.error);
+    if (!written.ok) m_console.site.link.ShowHistoryMsg(written.error);
     event->accept();
     Q_EMIT finished(0);
 }

@@ -51,8 +51,11 @@ quint32 baudTimeoutTicks(int Baud) {
     return Baud > 115200 ? 1 : 8;
 }
 
-ComSetup::ComSetup(RequestScheduler& link, TApdComPort& setupPort, TickClock& clock)
-    : RxTimer(clock, TickKind::Waiting, 1, [this] { RxTimerTimer(); }), m_link(link), m_setupPort(setupPort) {
+ComSetup::ComSetup(RequestScheduler& link, TApdComPort& setupPort, TickClock& clock, const Voice& voice)
+    : RxTimer(clock, TickKind::Waiting, 1, [this] { RxTimerTimer(); }),
+      m_link(link),
+      m_voice(voice),
+      m_setupPort(setupPort) {
     m_setupPort.OnTriggerAvail = [this](int count) { ApdComPort1TriggerAvail(count); };
     setLine([](PortSettings& line) { line = {1, 9600, 7, ComParity::None, 2}; });
     m_link.BaudTimeoutTicks = baudTimeoutTicks(9600);
@@ -145,21 +148,21 @@ void ComSetup::StopBitsComboBoxChange(const QString& text) {
 }
 
 void ComSetup::ManualRadioButtonClick() {
-    shown.ManualRadioButton = true;
+    shown.ManualRadioButtonChecked = true;
     notify();
 }
 
 void ComSetup::AutoDetectRadioButtonClick() {
-    shown.ManualRadioButton = false;
+    shown.ManualRadioButtonChecked = false;
     notify();
 }
 
 // ---- Test ----
 
 void ComSetup::TestButtonClick() {
-    shown.OKBitBtn = true;
-    shown.FailAbLED = shown.SuccessAbLED = false;
-    if (!shown.ManualRadioButton) takeNextCombination();
+    shown.OKBitBtnEnabled = true;
+    shown.FailAbLEDLit = shown.SuccessAbLEDLit = false;
+    if (!shown.ManualRadioButtonChecked) takeNextCombination();
     notify();
     if (openForTest()) {
         sendTest();
@@ -193,11 +196,11 @@ bool ComSetup::openForTest() {
 
 void ComSetup::failToOpen() {
     closeConnectForm();
-    shown.FailAbLED = true;
+    shown.FailAbLEDLit = true;
     notify();
     const QString why = m_setupPort.openError();
     if (!why.isEmpty()) m_link.ShowHistoryMsg(why);
-    m_link.operatorAsked().tell(m_link.lang().MsgStr(Message::NoComPort), QStringLiteral("Error Message"));
+    m_voice.person.tell(m_voice.text(Message::NoComPort), QStringLiteral("Error Message"));
 }
 
 void ComSetup::sendTest() {
@@ -230,20 +233,20 @@ void ComSetup::RxTimerTimer() {
     RxTimer.setEnabled(false);
     if (TestRxCount > 0) {
         succeed();
-    } else if (shown.ManualRadioButton) {
+    } else if (shown.ManualRadioButtonChecked) {
         failTest(Message::ComTimeout);
     } else if (DetectCode > LastDetectCode) {
         failTest(Message::NoDriveDetected);
     } else {
-        shown.TConnectForm = true;
+        shown.TConnectFormShown = true;
         TestButtonClick();
     }
 }
 
 void ComSetup::succeed() {
     m_setupPort.close();
-    shown.SuccessAbLED = true;
-    const bool detecting = !shown.ManualRadioButton;
+    shown.SuccessAbLEDLit = true;
+    const bool detecting = !shown.ManualRadioButtonChecked;
     if (detecting) {
         DetectCode = 0;
         closeConnectForm();
@@ -251,32 +254,31 @@ void ComSetup::succeed() {
     notify();
     TestRxText.clear();
     TestRxCount = 0;
-    if (detecting) m_link.operatorAsked().tell(m_link.lang().MsgStr(Message::AutoDetectSuccess), Cofirm);
+    if (detecting) m_voice.person.tell(m_voice.text(Message::AutoDetectSuccess), Cofirm);
 }
 
 void ComSetup::failTest(Message message) {
     DetectCode = 0;
     closeConnectForm();
     m_setupPort.close();
-    shown.FailAbLED = true;
+    shown.FailAbLEDLit = true;
     notify();
-    m_link.operatorAsked().tell(m_link.lang().MsgStr(message), Warning);
+    m_voice.person.tell(m_voice.lang.MsgStr(message), Warning);
 }
 
 void ComSetup::closeConnectForm() {
-    if (!shown.TConnectForm) return;
-    shown.TConnectForm = false;
-    shown.ManualRadioButton = true;
+    if (!shown.TConnectFormShown) return;
+    shown.TConnectFormShown = false;
+    shown.ManualRadioButtonChecked = true;
     notify();
 }
 
 // ---- Accept ----
 
 void ComSetup::OKBitBtnClick() {
-    if (shown.SuccessAbLED) {
+    if (shown.SuccessAbLEDLit) {
         m_setupPort.close();
-        if (!m_link.owner().console &&
-            m_link.operatorAsked().yes(m_link.lang().MsgStr(Message::GoOnLine), Cofirm)) {
+        if (!m_link.owner().console && m_voice.person.yes(m_voice.text(Message::GoOnLine), Cofirm)) {
             m_link.start();
             Q_EMIT goingOnLine();
         }
@@ -309,7 +311,7 @@ void ComSetup::FormClose() {
     RxTimer.setEnabled(false);
     closeConnectForm();
     DetectCode = 0;
-    shown.SuccessAbLED = shown.FailAbLED = false;
+    shown.SuccessAbLEDLit = shown.FailAbLEDLit = false;
     m_setupPort.close();
     notify();
 }
@@ -318,11 +320,10 @@ void ComSetup::FormClose() {
 
 bool ComSetup::mayOpen() {
     m_link.ShowHistoryMsg(QStringLiteral("Setup the Com port and protocol"));
-    if (m_link.Lamp.onLine() &&
-        !m_link.operatorAsked().yes(m_link.lang().MsgStr(Message::LeaveLineForComSetup), Cofirm))
+    if (m_link.Lamp.onLine() && !m_voice.person.yes(m_voice.text(Message::LeaveLineForComSetup), Cofirm))
         return false;
     m_link.Initial();
-    shown.OKBitBtn = false;
+    shown.OKBitBtnEnabled = false;
     notify();
     return true;
 }

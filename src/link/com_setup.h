@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include "link/request_scheduler.h"
+#include "localisation/voice.h"
 
 namespace kelvane {
 
@@ -30,7 +31,7 @@ class ComSetup : public QObject {
     Q_OBJECT
    public:
     // setupPort is the dialog's own port; link's port is closed before it opens.
-    ComSetup(RequestScheduler& link, TApdComPort& setupPort, TickClock& clock);
+    ComSetup(RequestScheduler& link, TApdComPort& setupPort, TickClock& clock, const Voice& voice);
     ~ComSetup() override;
 
     quint8 DetectCode = 0;
@@ -49,11 +50,11 @@ class ComSetup : public QObject {
         QString ParityComboBox = QStringLiteral("N");
         QString StopBitsComboBox = QStringLiteral("2");
         bool dataBitsEnabled = true;
-        bool ManualRadioButton = true;  // else AutoDetectRadioButton
-        bool OKBitBtn = false;
-        bool SuccessAbLED = false;
-        bool FailAbLED = false;
-        bool TConnectForm = false;
+        bool ManualRadioButtonChecked = true;  // else AutoDetectRadioButton
+        bool OKBitBtnEnabled = false;
+        bool SuccessAbLEDLit = false;
+        bool FailAbLEDLit = false;
+        bool TConnectFormShown = false;
         QString connectBaud;
         QString connectProtocol;
         QString consoleTimeOutCaption;  // of TimeOutTransparentButton and FtimeoutTransparentButton
@@ -106,6 +107,7 @@ class ComSetup : public QObject {
     void notify();
 
     RequestScheduler& m_link;
+    const Voice m_voice;
     TApdComPort& m_setupPort;
     Shown m_lastShown;
 };

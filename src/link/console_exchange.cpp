@@ -25,7 +25,7 @@ QString failureText(const JudgedReply& reply) {
 }  // namespace
 
 FrameCheck ConsoleExchange::frameCheck() const {
-    if (!AddChksumCheckBox || Flasher) return FrameCheck::None;
+    if (!AddChksumCheckBoxChecked || Flasher) return FrameCheck::None;
     return Orlan ? FrameCheck::Standard : FrameCheck::Fletcher;
 }
 
@@ -92,7 +92,7 @@ bool ConsoleExchange::timedOut() {
         Log.RepliedData = QString();
         Q_EMIT rowReplied();
     }
-    if (TimeOutCheckBox) {
+    if (TimeOutCheckBoxChecked) {
         Q_EMIT stopWanted();
         return false;
     }
@@ -109,7 +109,7 @@ void ConsoleExchange::failed(const JudgedReply& reply, const QString& RxLogText)
         Q_EMIT rowReplied();
     }
     Log.CanSend = 1;
-    if (ErrorCheckBox) Q_EMIT stopWanted();
+    if (ErrorCheckBoxChecked) Q_EMIT stopWanted();
 }
 
 void ConsoleExchange::goodReply(const QString& command, const QByteArray& RxData) {

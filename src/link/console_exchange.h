@@ -22,7 +22,7 @@ class ConsoleExchange : public QObject, public ConsoleSettings {
     quint8 FirstWaitOver = 0;
 
     FrameCheck frameCheck() const;
-    bool rules() const { return CheckRuleCheckBox; }
+    bool rules() const { return CheckRuleCheckBoxChecked; }
     bool listens() const { return Monitor || Flasher; }  // without waiting for replies
     void sent(const QString& TxFrameText);
     // A burst for the listener, or for nobody; false when it belongs to the exchange.

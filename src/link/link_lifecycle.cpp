@@ -17,7 +17,7 @@ QString longTimeWithoutZone(const QLocale& locale, const QTime& time) {
 
 QString RequestScheduler::dateTimeText() const {
     const QLocale locale = QLocale::system();
-    const QDateTime now = m_bench.wallClock.now();
+    const QDateTime now = m_site.wallClock.now();
     return locale.toString(now.date(), QLocale::ShortFormat) % QLatin1Char(' ') %
            longTimeWithoutZone(locale, now.time());
 }
@@ -96,7 +96,7 @@ void RequestScheduler::Initial() {
     InitFailCount = 0;
     Rx.RxGotCR = Rx.RxFrameDone = 0;
     m_silentSince = false;
-    Notice.TInitialForm = Notice.TCEmessageForm = false;
+    Notice.TInitialFormShown = Notice.TCEmessageFormShown = false;
     DriveIdentified = 1;
     setLamp(LampState::OffLine);
     Q_EMIT initialRun();
@@ -112,7 +112,7 @@ void RequestScheduler::prelude() {
     rest();
     clearReception();
     emptyQueues();
-    Notice.TCEmessageForm = false;
+    Notice.TCEmessageFormShown = false;
     Q_EMIT preludeRun();
     notifyChanged();
     if (stopIsNext()) start();
@@ -120,7 +120,7 @@ void RequestScheduler::prelude() {
 
 void RequestScheduler::tail() {
     ActiveFunction = OwnerMain;
-    Notice.TCEmessageForm = false;
+    Notice.TCEmessageFormShown = false;
     if (Lamp.onLine()) {
         rest();
         clearReception();

@@ -62,8 +62,8 @@ struct DriveLabelsRecord {
     QString RatedCurrentVrLabel;
     QString RatedVoltageVrLabel;
     QString HPVrLabel;
-    bool AutoTuning = false;  // menu items that this drive has
-    bool PIDControl = false;
+    bool AutoTuningEnabled = false;  // menu items that this drive has
+    bool PIDControlEnabled = false;
     bool operator==(const DriveLabelsRecord&) const = default;
 };
 
@@ -88,14 +88,14 @@ LampRecord lampOnLine(LinkMode mode, const PortSettings& line);
 // TMessageForm's answer and the notices that the link shows and closes.
 struct NoticeRecord {
     quint8 LinkAction = 0;  // 0 go on, 1 send again, 2 skip, 3 give up
-    bool TCEmessageForm = false;
+    bool TCEmessageFormShown = false;
     QString CEmessageText;
     QString CEmessageTitle;
-    bool TInitialForm = false;
+    bool TInitialFormShown = false;
     bool waitMayBeLeft = false;  // a person may close TInitialForm; whoever opened it goes on without
     QString waitTrouble;         // why it waits for nothing; empty while it may still end
-    bool TProgressForm = false;
-    bool TWriteCheckForm = false;
+    bool TProgressFormShown = false;
+    bool TWriteCheckFormShown = false;
     bool operator==(const NoticeRecord&) const = default;
 };
 
@@ -108,13 +108,13 @@ struct ClockReading {
 
 // Settings of the Advance console that decide how the link sends and judges while ActiveFunction is 6.
 struct ConsoleSettings {
-    bool AddChksumCheckBox = true;
-    bool CheckRuleCheckBox = true;
+    bool AddChksumCheckBoxChecked = true;
+    bool CheckRuleCheckBoxChecked = true;
     bool Orlan = true;  // unchecked: Mallow
     bool Flasher = false;
     bool Monitor = false;
-    bool TimeOutCheckBox = false;
-    bool ErrorCheckBox = false;
+    bool TimeOutCheckBoxChecked = false;
+    bool ErrorCheckBoxChecked = false;
     quint32 TimeOut1 = 20;  // ms
     quint32 TimeOut2 = 0;   // ms
     quint8 ListRunning = 0;

@@ -15,7 +15,7 @@ const QString Cofirm = QStringLiteral("Cofirm");
 
 void RequestScheduler::handleReply() {
     TxTimer.setInterval(StepInterval);
-    Notice.TCEmessageForm = false;
+    Notice.TCEmessageFormShown = false;
     notifyChanged();
     TimeoutCount = 0;
     ReplyTimeoutTicks = BaudTimeoutTicks;
@@ -113,7 +113,7 @@ void RequestScheduler::countRule() {
         return;
     }
     Notice.LinkAction = 3;
-    Notice.TInitialForm = false;
+    Notice.TInitialFormShown = false;
     notifyChanged();
     operatorAsked().tell(QStringLiteral("Initial drive failed !!"), QStringLiteral("Error"));
 }

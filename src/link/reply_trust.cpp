@@ -11,6 +11,10 @@ namespace {
 constexpr qint64 LongestLateness = 5000000;  // us; an answer that comes later is not reckoned with
 constexpr qsizetype MostHeard = 2048;        // bytes; a line that chatters on has no answer in it
 constexpr qsizetype ShortestRtuReply = 5;
+constexpr qsizetype MostRemembered = 128;  // replies
+constexpr int EarlyByHabit = 3;            // exchanges in a row
+constexpr qint64 UsualDelay = 48000;       // us; from a request to its answer, where none is known
+constexpr qint64 DelaySpread = 32000;      // us; by which an answer may be slower than those before
 
 QByteArray asciiBinary(const QByteArray& frame) { return QByteArray::fromHex(frame.mid(1).trimmed()); }
 
@@ -72,30 +76,63 @@ ReplyTrust::ReplyTrust(TickClock& clock, std::function<void()> onSilent)
       m_onSilent(std::move(onSilent)),
       m_silence(clock, TickKind::Waiting, 1, [this] { silentTick(); }) {}
 
-void ReplyTrust::sent(qint64 wireTimeUs, bool again) {
+void ReplyTrust::sent(LinkMode mode, const QString& command, qint64 wireTimeUs, bool again) {
+    if (!m_heard.isEmpty() && !inDoubt()) m_slowestUs = std::max(m_slowestUs, m_delayUs);
+    remember(mode);
+    if (!m_early) m_earlyInARow = 0;
+    m_command = command;
     m_heard.clear();
-    m_earliestUs = m_clock.nowUs() + wireTimeUs;
+    m_sentUs = m_clock.nowUs();
+    m_earliestUs = m_sentUs + wireTimeUs;
     m_again = again;
-    m_early = m_more = false;
+    m_early = m_more = m_copy = false;
+}
+
+// Copies of these may come while later requests wait for their answers.
+void ReplyTrust::remember(LinkMode mode) {
+    const qint64 now = m_clock.nowUs();
+    for (const QByteArray& reply : wholeReplies(mode, m_heard)) m_before.append({m_command, reply, now});
+    while (!m_before.isEmpty() &&
+           (m_before.size() > MostRemembered || m_before.front().atUs + LongestLateness < now))
+        m_before.removeFirst();
+}
+
+bool ReplyTrust::heardForAnother(const QByteArray& reply) const {
+    return std::any_of(m_before.begin(), m_before.end(),
+                       [&](const Heard& one) { return one.reply == reply && one.command != m_command; });
 }
 
 void ReplyTrust::heard(LinkMode mode, const QByteArray& burst) {
     if (m_silenceLeft > 0) m_silenceLeft = m_silenceOwed;
-    if (m_heard.isEmpty() && m_clock.nowUs() < m_earliestUs) m_early = true;
+    if (m_heard.isEmpty()) {
+        m_delayUs = m_clock.nowUs() - m_sentUs;
+        m_early = m_clock.nowUs() < m_earliestUs;
+    }
     m_heard += burst;
     if (m_heard.size() > MostHeard) m_heard.remove(0, m_heard.size() - MostHeard);
     const qsizetype end = mode == LinkMode::Ascii ? m_heard.indexOf("\r\n") : -1;
     if (end >= 0 && end + 2 < m_heard.size()) m_more = true;
+    if (heardForAnother(m_heard)) m_copy = true;
 }
 
 bool ReplyTrust::othersMayCome() const {
-    return m_more || (m_early && !m_paceless) || m_clock.nowUs() < m_lostUntilUs;
+    return m_more || tooEarly() || m_copy || m_clock.nowUs() < m_lostUntilUs;
+}
+
+bool ReplyTrust::ownAnswerIsDue() const {
+    const qint64 now = m_clock.nowUs();
+    return m_copy && !m_again && !m_more && !tooEarly() && now >= m_lostUntilUs &&
+           now >= m_sentUs + std::max(m_slowestUs, UsualDelay) + DelaySpread;
 }
 
 std::optional<QByteArray> ReplyTrust::answer(LinkMode mode, const QString& command) const {
     QByteArrayList fitting;
     for (const QByteArray& reply : wholeReplies(mode, m_heard))
         if (fitsCommand(mode, reply, command)) fitting += reply;
+    const auto isCopy = [this](const QByteArray& reply) { return heardForAnother(reply); };
+    if (!m_again && m_clock.nowUs() >= m_lostUntilUs &&
+        (tooEarly() || !std::all_of(fitting.begin(), fitting.end(), isCopy)))
+        fitting.removeIf(isCopy);
     const bool same =
         std::all_of(fitting.begin(), fitting.end(), [&](const auto& one) { return one == fitting[0]; });
     if (fitting.isEmpty() || !same) return std::nullopt;
@@ -109,8 +146,16 @@ bool ReplyTrust::heardEcho(LinkMode mode, const QString& command) const {
 }
 
 void ReplyTrust::answered(const QByteArray& reply) {
-    if (m_early && m_heard == reply && !m_again && !m_more && m_clock.nowUs() >= m_lostUntilUs)
-        m_paceless = true;
+    const bool lone = m_heard == reply && !m_again && !m_copy && m_clock.nowUs() >= m_lostUntilUs;
+    m_earlyInARow = m_early && lone ? m_earlyInARow + 1 : 0;
+    if (m_earlyInARow >= EarlyByHabit) m_paceless = true;
+}
+
+void ReplyTrust::forgetPace() {
+    m_paceless = false;
+    m_earlyInARow = 0;
+    m_slowestUs = 0;
+    m_before.clear();
 }
 
 void ReplyTrust::lostTrack() { m_lostUntilUs = m_clock.nowUs() + LongestLateness; }

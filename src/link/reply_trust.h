@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QByteArrayList>
+#include <QList>
 #include <optional>
 
 #include "base/tick_clock.h"
@@ -24,18 +25,23 @@ class ReplyTrust {
     ReplyTrust(TickClock& clock, std::function<void()> onSilent);
 
     // ---- One exchange
-    void sent(qint64 wireTimeUs, bool again);
+    void sent(LinkMode mode, const QString& command, qint64 wireTimeUs, bool again);
     void heard(LinkMode mode, const QByteArray& burst);
     // Answers to other requests may be among what is heard.
     bool othersMayCome() const;
     bool inDoubt() const { return m_again || othersMayCome(); }
+    // All the doubt there is comes from a copy of another request's reply, and by now a slow answer of its own
+    // would have begun.
+    bool ownAnswerIsDue() const;
     bool heardAnything() const { return !m_heard.isEmpty(); }
-    // The one reply that fits; nothing when there is none, or when two that fit are not the same.
+    // The one reply that fits; nothing when there is none, or when two that fit are not the same. A copy of what
+    // was heard for another request does not count beside a fresh one, nor where no answer can have begun.
     std::optional<QByteArray> answer(LinkMode mode, const QString& command) const;
     bool heardEcho(LinkMode mode, const QString& command) const;  // of a write
     bool heardWholeReply(LinkMode mode) const { return !wholeReplies(mode, m_heard).isEmpty(); }
     // The exchange ended with a good answer. A line that answers before the request can have left it has no
-    // pace; there, being early is no sign of a late answer.
+    // pace (a pseudo terminal, a gateway); there, being early is no sign of a late answer. One such reply may be
+    // the copy of another, several in a row are the line's way.
     void answered(const QByteArray& reply);
 
     // ---- After it
@@ -44,22 +50,37 @@ class ReplyTrust {
     // Nothing is sent until no byte has come for so many waiting ticks; counts at once.
     void oweSilence(quint32 ticks);
     bool silenceOwed() const { return m_silenceLeft > 0; }
-    void forgetPace() { m_paceless = false; }
+    void forgetPace();
 
    private:
+    struct Heard {
+        QString command;
+        QByteArray reply;
+        qint64 atUs;
+    };
     void silentTick();
+    void remember(LinkMode mode);
+    bool heardForAnother(const QByteArray& reply) const;
+    bool tooEarly() const { return m_early && !m_paceless; }
     TickClock& m_clock;
     std::function<void()> m_onSilent;
     TickTimer m_silence;
     quint32 m_silenceOwed = 0;  // ticks
     quint32 m_silenceLeft = 0;
+    QList<Heard> m_before;    // whole replies of the exchanges of the last seconds, oldest first
+    QString m_command;        // the request in hand
     QByteArray m_heard;       // since the request was sent
+    qint64 m_sentUs = 0;
     qint64 m_earliestUs = 0;  // before it no answer can begin
+    qint64 m_slowestUs = 0;   // from a request to the first byte of its answer, in any exchange without doubt
+    qint64 m_delayUs = 0;     // the same in the exchange in hand
     qint64 m_lostUntilUs = 0;
     bool m_again = false;
     bool m_early = false;
     bool m_more = false;  // bytes behind the end of a frame
+    bool m_copy = false;  // what was heard is the reply to another request, byte by byte
     bool m_paceless = false;
+    int m_earlyInARow = 0;  // exchanges that a lone early reply answered
 };
 
 }  // namespace kelvane

@@ -25,13 +25,13 @@ const QString Cofirm = QStringLiteral("Cofirm");
 
 }  // namespace
 
-RequestScheduler::RequestScheduler(const LinkBench& bench, int brandVariant)
-    : Console(bench.wallClock),
-      TxTimer(bench.clock, TickKind::Stepping, StepInterval, [this] { TxTimerTimer(); }),
-      RxTimer(bench.clock, TickKind::Waiting, StepInterval, [this] { RxTimerTimer(); }),
-      m_bench(bench),
+RequestScheduler::RequestScheduler(const LinkSite& site, int brandVariant)
+    : Console(site.wallClock),
+      TxTimer(site.clock, TickKind::Stepping, StepInterval, [this] { TxTimerTimer(); }),
+      RxTimer(site.clock, TickKind::Waiting, StepInterval, [this] { RxTimerTimer(); }),
+      m_site(site),
       m_brandVariant(brandVariant),
-      m_trust(bench.clock, [this] {
+      m_trust(site.clock, [this] {
           if (m_sendDeferred) TxTimer.kick();
       }) {
     installTaskTable(*this);
@@ -89,7 +89,7 @@ void RequestScheduler::TxTimerTimer() {
     const bool sent = !command.isEmpty() && SendUsart(command);
     // A STOP that the port did not take stays and is tried again.
     if (!sent && !inConsole() && TaskQueue.front() != StopTask) emptyQueues();
-    prepareToReceive();
+    prepareToReceive(command);
     if (inConsole() && Console.listens()) return;
     armFirstWait();
 }
@@ -128,13 +128,13 @@ bool RequestScheduler::SendUsart(const QString& command) {
     return sent;
 }
 
-void RequestScheduler::prepareToReceive() {
+void RequestScheduler::prepareToReceive(const QString& command) {
     RxTickCount = 0;
     Console.FirstWaitOver = 0;
     m_wholeReply = false;
     endHoldBack();
     Rx.prepare(mode());
-    m_trust.sent(m_wireTimeUs, m_sentAgain);
+    m_trust.sent(mode(), command, m_wireTimeUs, m_sentAgain);
 }
 
 // Nothing is counted while the request is still on the wire. In RTU it ends with its silence: without that, a
@@ -237,9 +237,18 @@ bool RequestScheduler::waitIsOver() {
     const bool doubt = m_trust.inDoubt();
     if (Rx.RxFrameDone && !doubt) return true;
     if (echoIsHeard()) return true;
+    if (RxTickCount >= adapterGapTicks() && m_trust.ownAnswerIsDue() &&
+        m_trust.answer(mode(), CommandQueue.front()))
+        return true;
     if (!stopWaits()) return RxTickCount >= ReplyTimeoutTicks;
     if (doubt && m_trust.answer(mode(), CommandQueue.front())) return true;
     return RxTickCount >= std::min(ReplyTimeoutTicks, BaudTimeoutTicks);
+}
+
+// An adapter hands on the bytes of a reply in portions; shorter silences say nothing.
+quint32 RequestScheduler::adapterGapTicks() {
+    constexpr int Portion = 16;  // characters
+    return 1 + static_cast<quint32>(port().settings().wireTimeUs(Portion) / (qint64(TickLength) * 1000));
 }
 
 void RequestScheduler::endCycle() {
@@ -322,7 +331,7 @@ void RequestScheduler::handleTimeout() {
 }
 
 void RequestScheduler::announceRetry() {
-    Notice.TCEmessageForm = true;
+    Notice.TCEmessageFormShown = true;
     Notice.CEmessageText = QStringLiteral("Can not get any response from derive. Try to communicate ...");
     Notice.CEmessageTitle = QStringLiteral("Communication TimeOut");
     Notice.LinkAction = 1;
@@ -331,7 +340,7 @@ void RequestScheduler::announceRetry() {
 }
 
 void RequestScheduler::askAfterFifthTimeout() {
-    Notice.TCEmessageForm = false;
+    Notice.TCEmessageFormShown = false;
     inConsole() ? notifyChanged() : setLamp(LampState::Silent);
     Notice.LinkAction = static_cast<quint8>(
         operatorAsked().linkFailure(QStringLiteral("Communication Timeout"), !readIsRunning()));
@@ -342,14 +351,15 @@ void RequestScheduler::askAfterFifthTimeout() {
 // ---- End of the cycle ----
 
 void RequestScheduler::finishByLinkAction() {
-    const bool writesWait = Notice.TWriteCheckForm && !Notice.TProgressForm;  // for the answer, to act on it
+    const bool writesWait =
+        Notice.TWriteCheckFormShown && !Notice.TProgressFormShown;  // for the answer, to act on it
     if (Notice.LinkAction == 1) return sendAgain();
     if (Notice.LinkAction == 3) {
         giveUp();
     } else {
         if (Notice.LinkAction == 2) {
             stopReadIfRunning();
-            if (Notice.TWriteCheckForm) {
+            if (Notice.TWriteCheckFormShown) {
                 ParamRead.WriteDone = 1;
                 Notice.LinkAction = 0;
             }
@@ -373,7 +383,7 @@ void RequestScheduler::sendAgain() {
 void RequestScheduler::stopReadIfRunning() {
     if (!readIsRunning()) return;
     Q_EMIT parameterReadStopped();
-    Notice.TProgressForm = false;
+    Notice.TProgressFormShown = false;
     notifyChanged();
     operatorAsked().tell(lang().MsgStr(Message::OnLineFail), QStringLiteral("Error"));
     Q_EMIT focusWanted(ActiveFunction);
@@ -385,20 +395,20 @@ void RequestScheduler::giveUp() {
         stopReadIfRunning();
     } else if (inConsole()) {
         Q_EMIT Console.stopWanted();
-    } else if (Notice.TWriteCheckForm) {
+    } else if (Notice.TWriteCheckFormShown) {
         InitialUnder(ActiveFunction);  // the read-back of an aborted run has the line as the run had
     } else {
         Initial();
     }
-    if (Notice.TWriteCheckForm) DriveStatus.ExceptionTextDone = 1;
+    if (Notice.TWriteCheckFormShown) DriveStatus.ExceptionTextDone = 1;
 }
 
 void RequestScheduler::decideWhetherToGoOn() {
     const bool exceptionPending = DriveStatus.ExceptionPending == 1;
     const bool runsOutsideThePoll = (!DriveStatus.DriveReady || exceptionPending) &&
-                                    owner().goesOnForIdentification && !Notice.TWriteCheckForm;
+                                    owner().goesOnForIdentification && !Notice.TWriteCheckFormShown;
     if (DriveIdentified && (owner().polls || runsOutsideThePoll)) TxTimer.setEnabled(true);
-    if (exceptionPending && Notice.TWriteCheckForm) TxTimer.setEnabled(true);
+    if (exceptionPending && Notice.TWriteCheckFormShown) TxTimer.setEnabled(true);
     if (owner().emptiesQueues) emptyQueues();
     if (std::exchange(m_startWanted, false) && !TaskQueue.empty()) TxTimer.setEnabled(true);
     if (stopIsNext()) TxTimer.setEnabled(true);

@@ -24,7 +24,7 @@
 namespace kelvane {
 
 // What the scheduler works on; all of it outlives the scheduler.
-struct LinkBench {
+struct LinkSite {
     TickClock& clock;
     const WallClock& wallClock;
     Operator& operatorAsked;
@@ -35,7 +35,7 @@ struct LinkBench {
 class RequestScheduler : public QObject, public RequestQueues {
     Q_OBJECT
    public:
-    explicit RequestScheduler(const LinkBench& bench, int BrandVariant = 0);
+    explicit RequestScheduler(const LinkSite& site, int BrandVariant = 0);
     ~RequestScheduler() override;
 
     quint8 ActiveFunction = OwnerMain;
@@ -93,9 +93,7 @@ class RequestScheduler : public QObject, public RequestQueues {
 
     LinkMode mode() const { return ComMode ? LinkMode::Rtu : LinkMode::Ascii; }
     const OwnerRow& owner() const { return ownerRow(ActiveFunction); }
-    TApdComPort& port() { return m_bench.ApdComPort1; }
-    Operator& operatorAsked() { return m_bench.operatorAsked; }
-    const LangTable& lang() const { return m_bench.LangTable1; }
+    TApdComPort& port() { return m_site.ApdComPort1; }
     int BrandVariant() const { return m_brandVariant; }
     int ComStatusVrIndicator() const { return m_indicator; }  // scanner bar, 0 to 100
 
@@ -121,6 +119,8 @@ class RequestScheduler : public QObject, public RequestQueues {
     void focusWanted(int ActiveFunction);
 
    private:
+    Operator& operatorAsked() { return m_site.operatorAsked; }
+    const LangTable& lang() const { return m_site.LangTable1; }
     void TxTimerTimer();
     void RxTimerTimer();
     void ApdComPort1TriggerAvail(int count);
@@ -130,7 +130,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     void stepIndicator(int position);
     void pushPollIfIdle();
     bool SendUsart(const QString& command);
-    void prepareToReceive();
+    void prepareToReceive(const QString& command);
     void armFirstWait();
 
     // Wait step.
@@ -142,6 +142,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     void endHoldBack();
     void endCycle();
     void judgeCycle();
+    quint32 adapterGapTicks();
     bool takeTrustedAnswer();
     void askOnceMore();
     void yieldToStop();
@@ -158,7 +159,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     void finishByLinkAction();
     void sendAgain();
     void giveUp();
-    bool readIsRunning() const { return owner().reads && Notice.TProgressForm; }
+    bool readIsRunning() const { return owner().reads && Notice.TProgressFormShown; }
     void stopReadIfRunning();
     void decideWhetherToGoOn();
     bool inConsole() const { return owner().console; }
@@ -172,7 +173,7 @@ class RequestScheduler : public QObject, public RequestQueues {
         NoticeRecord Notice;
         bool operator==(const ShownRecords&) const = default;
     };
-    LinkBench m_bench;
+    LinkSite m_site;
     const int m_brandVariant;
     std::array<TaskHandler, 82> m_handlers;
     ReplyTrust m_trust;

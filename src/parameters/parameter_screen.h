@@ -19,26 +19,26 @@ struct TreeRoot {
 };
 
 struct ParameterScreen {
-    bool DriveTabSheet = false;  // visible
-    bool FileTabSheet = false;
-    bool CompareTabSheet = false;
+    bool DriveTabSheetVisible = false;  // visible
+    bool FileTabSheetVisible = false;
+    bool CompareTabSheetVisible = false;
     ParameterTab active = ParameterTab::None;  // the active tab is the highlighted one
     bool driveSubShown = false;                // DriveSubParaTabSheet in front, else DriveAllParaTabSheet
     bool fileSubShown = false;
     TreeRoot driveRoot{QStringLiteral("Drive"), {}, false};
     TreeRoot fileRoot{QStringLiteral("File"), {}, false};
-    QString ModelVrLabel;                 // model of the drive, or "Keypad"
-    bool RparaAbLED = false;              // "Reserved parameters opened" is shown
-    bool ResetParameter = false;          // menu item enabled
-    bool ShowReservedParameters = false;  // menu item enabled
-    bool ReadfromKeypad = false;          // mark of the menu item
-    bool FileAbLED = false;               // lamp of TSelParaSourceForm that is lit; else DriveAbLED
+    QString ModelVrLabel;                        // model of the drive, or "Keypad"
+    bool RparaAbLEDShown = false;                // "Reserved parameters opened" is shown
+    bool ResetParameterEnabled = false;          // menu item enabled
+    bool ShowReservedParametersEnabled = false;  // menu item enabled
+    bool ReadfromKeypadChecked = false;          // mark of the menu item
+    bool FileAbLEDLit = false;                   // lamp of TSelParaSourceForm that is lit; else DriveAbLED
 
     bool visible(ParameterTab tab) const {
         switch (tab) {
-            case ParameterTab::Drive: return DriveTabSheet;
-            case ParameterTab::File: return FileTabSheet;
-            case ParameterTab::Compare: return CompareTabSheet;
+            case ParameterTab::Drive: return DriveTabSheetVisible;
+            case ParameterTab::File: return FileTabSheetVisible;
+            case ParameterTab::Compare: return CompareTabSheetVisible;
             case ParameterTab::None: break;
         }
         return false;

@@ -14,17 +14,17 @@ const QString Cofirm = QStringLiteral("Cofirm");
 }  // namespace
 
 ParameterSession::ParameterSession(RequestScheduler& link, TickClock& clock, const GroupNameTable& names,
-                                   const ParameterFiles& files)
+                                   const Voice& voice, const ParameterFiles& files)
     : columns({&DriveAdvStringGrid, &SubDriveAdvStringGrid, &FileAdvStringGrid, &SubFileAdvStringGrid,
                &CompareAdvStringGrid}),
-      bench{link, clock, names, {}},
+      site{link, clock, names, voice, {}},
       progress(link, clock),
-      reader(bench, driveTable, screen, progress),
-      keypad(bench, screen),
-      writer(bench, screen, progress),
-      comparisonEngine(driveTable, fileTable, comparison, link.operatorAsked(), link.lang()),
-      fileWork{driveTable, fileTable, comparison,           screen,      reader.DriveTableComplete,
-               progress,   clock,     link.operatorAsked(), link.lang(), files.spreadsheet},
+      reader(site, driveTable, screen, progress),
+      keypad(site, screen),
+      writer(site, screen, progress),
+      comparisonEngine(driveTable, fileTable, comparison, voice.person, voice.lang),
+      fileWork{driveTable, fileTable, comparison,   screen,     reader.DriveTableComplete,
+               progress,   clock,     voice.person, voice.lang, files.spreadsheet},
       saver(fileWork, choices),
       loader(fileWork),
       backup(files.programFolder),
@@ -53,7 +53,7 @@ void ParameterSession::connectGrids() {
         return ProcessAdvStringGridGetCellColor(SubFileAdvStringGrid, fileTable.identity.family, column, row);
     };
     CompareAdvStringGrid.cellColours = [this](int column, int row) {
-        const ParameterTable& table = screen.DriveTabSheet ? driveTable : fileTable;
+        const ParameterTable& table = screen.DriveTabSheetVisible ? driveTable : fileTable;
         return ProcessAdvStringGridGetCellColor(CompareAdvStringGrid, table.identity.family, column, row);
     };
 }
@@ -61,11 +61,11 @@ void ParameterSession::connectGrids() {
 void ParameterSession::connectEngines() {
     reader.hideColumnsFor = [this](Family family) { columns.setForFamily(family); };
     keypad.closeTable = [this](const std::function<void()>& then) {
-        if (!screen.DriveTabSheet) return then();
+        if (!screen.DriveTabSheetVisible) return then();
         closeTableClick(TableSide::Drive, then);
     };
-    connect(&bench.link, &RequestScheduler::changed, this, &ParameterSession::mirrorModel);
-    connect(&bench.link, &RequestScheduler::initialRun, this,
+    connect(&site.link, &RequestScheduler::changed, this, &ParameterSession::mirrorModel);
+    connect(&site.link, &RequestScheduler::initialRun, this,
             [this] { m_tableOfDriveOnLine = m_backedUp = false; });
     connect(&reader, &ParameterReader::screenChanged, this, &ParameterSession::screenChanged);
     connect(&keypad, &KeypadSource::screenChanged, this, &ParameterSession::screenChanged);
@@ -106,7 +106,7 @@ void ParameterSession::connectEngines() {
 
 // The label follows the link's until "Keypad" is written over it.
 void ParameterSession::mirrorModel() {
-    const QString& model = bench.link.Labels.DriveVrLabel;
+    const QString& model = site.link.Labels.DriveVrLabel;
     if (model == m_linkModel) return;
     m_linkModel = model;
     screen.ModelVrLabel = model;
@@ -121,25 +121,25 @@ std::optional<QString> ParameterSession::heldByDrive(int listRow) const {
 // One backup of each drive that is written to, as it was read. A failure is shown and never stops the writes.
 void ParameterSession::backUp() {
     if (m_files.programFolder.isEmpty() || m_backedUp) return;
-    if (!screen.DriveTabSheet || !reader.DriveTableComplete || !m_tableOfDriveOnLine) {
-        bench.link.ShowHistoryMsg(QStringLiteral("No backup: the table of this drive has not been read."));
+    if (!screen.DriveTabSheetVisible || !reader.DriveTableComplete || !m_tableOfDriveOnLine) {
+        site.link.ShowHistoryMsg(QStringLiteral("No backup: the table of this drive has not been read."));
         return;
     }
-    const FileResult written = backup.write(driveTable, screen.RparaAbLED, now(),
+    const FileResult written = backup.write(driveTable, screen.RparaAbLEDShown, now(),
                                             [this](int row) { return driveHistory.readValue(row); });
     m_backedUp = written.ok;
     const QString told =
         written.ok
             ? QStringLiteral("Backup of the drive's table: %1").arg(QDir::toNativeSeparators(backup.path()))
             : QStringLiteral("The drive's table could not be backed up: %1").arg(written.error);
-    bench.link.ShowHistoryMsg(told);
-    if (!written.ok) bench.link.operatorAsked().tell(told, QStringLiteral("Error"), BoxIcon::Stop);
+    site.link.ShowHistoryMsg(told);
+    if (!written.ok) site.voice.person.tell(told, QStringLiteral("Error"), BoxIcon::Stop);
 }
 
 // ---- Life of the window ----
 
 void ParameterSession::opened() {
-    screen.ShowReservedParameters = bench.link.DriveStatus.ReservedEnabled != 0;
+    screen.ShowReservedParametersEnabled = site.link.DriveStatus.ReservedEnabled != 0;
     Q_EMIT screenChanged();
 }
 
@@ -151,26 +151,26 @@ void ParameterSession::FormClose() {
     driveTable.clear();
     fileTable.clear();
     CompareAdvStringGrid.blank(column::PrNo, column::Note, 1, BlankedOnClose);
-    screen.DriveTabSheet = screen.FileTabSheet = screen.CompareTabSheet = false;
+    screen.DriveTabSheetVisible = screen.FileTabSheetVisible = screen.CompareTabSheetVisible = false;
     screen.active = ParameterTab::None;
-    screen.ResetParameter = false;
+    screen.ResetParameterEnabled = false;
     screen.driveSubShown = screen.fileSubShown = false;
-    screen.RparaAbLED = false;
+    screen.RparaAbLEDShown = false;
     Q_EMIT screenChanged();
 }
 
 // ---- Tabs and tree ----
 
 bool ParameterSession::anyTableOpen() {
-    if (screen.DriveTabSheet || screen.FileTabSheet) return true;
-    bench.link.operatorAsked().tell(QStringLiteral("There is no parameter table be opened !"), Cofirm);
+    if (screen.DriveTabSheetVisible || screen.FileTabSheetVisible) return true;
+    site.voice.person.tell(QStringLiteral("There is no parameter table be opened !"), Cofirm);
     return false;
 }
 
 void ParameterSession::show(ParameterTab tab) {
-    if (tab == ParameterTab::Drive) screen.DriveTabSheet = true;
-    if (tab == ParameterTab::File) screen.FileTabSheet = true;
-    if (tab == ParameterTab::Compare) screen.CompareTabSheet = true;
+    if (tab == ParameterTab::Drive) screen.DriveTabSheetVisible = true;
+    if (tab == ParameterTab::File) screen.FileTabSheetVisible = true;
+    if (tab == ParameterTab::Compare) screen.CompareTabSheetVisible = true;
     screen.active = tab;
     Q_EMIT screenChanged();
 }
@@ -222,13 +222,12 @@ void ParameterSession::CloseTab(const std::function<void()>& then) {
         if (then) then();
     };
     if (tab == ParameterTab::Compare) return goOn();
-    const BoxAnswer answer =
-        bench.link.operatorAsked().box(bench.link.lang().MsgStr(Message::SaveBeforeClose), Cofirm,
-                                       BoxIcon::Question, BoxButtons::YesNoOrLeave);
+    const BoxAnswer answer = site.voice.person.box(site.voice.text(Message::SaveBeforeClose), Cofirm,
+                                                   BoxIcon::Question, BoxButtons::YesNoOrLeave);
     if (answer == BoxAnswer::No) return goOn();
     if (answer != BoxAnswer::Yes) return;
-    screen.FileAbLED = tab == ParameterTab::File;
-    const TableSide side = screen.FileAbLED ? TableSide::File : TableSide::Drive;
+    screen.FileAbLEDLit = tab == ParameterTab::File;
+    const TableSide side = screen.FileAbLEDLit ? TableSide::File : TableSide::Drive;
     Q_EMIT sourceLit(side);
     saver.save(tab, goOn);
 }
@@ -236,12 +235,12 @@ void ParameterSession::CloseTab(const std::function<void()>& then) {
 void ParameterSession::closeTab(ParameterTab tab) {
     if (tab == ParameterTab::Drive) {
         closeSide(TableSide::Drive);
-        screen.DriveTabSheet = false;
+        screen.DriveTabSheetVisible = false;
     } else if (tab == ParameterTab::File) {
         closeSide(TableSide::File);
-        screen.FileTabSheet = false;
+        screen.FileTabSheetVisible = false;
     } else {
-        screen.CompareTabSheet = false;
+        screen.CompareTabSheetVisible = false;
     }
     if (screen.active == tab) screen.active = ParameterTab::None;
     for (const ParameterTab next : {ParameterTab::Drive, ParameterTab::File, ParameterTab::Compare})
@@ -263,26 +262,26 @@ void ParameterSession::closeSide(TableSide side) {
 // ---- Writing ----
 
 void ParameterSession::startWrite(WriteMode mode) {
-    bench.whenOnLine([this, mode] { chooseWriteSource(mode); });
+    site.whenOnLine([this, mode] { chooseWriteSource(mode); });
 }
 
 void ParameterSession::chooseWriteSource(WriteMode mode) {
     if (!anyTableOpen()) return;
-    if (!screen.DriveTabSheet || !screen.FileTabSheet) {
-        write(screen.DriveTabSheet ? TableSide::Drive : TableSide::File, mode, false);
+    if (!screen.DriveTabSheetVisible || !screen.FileTabSheetVisible) {
+        write(screen.DriveTabSheetVisible ? TableSide::Drive : TableSide::File, mode, false);
         return;
     }
     m_wantedMode = mode;
-    screen.FileAbLED = screen.active == ParameterTab::File;
-    Q_EMIT sourceLit(screen.FileAbLED ? TableSide::File : TableSide::Drive);
+    screen.FileAbLEDLit = screen.active == ParameterTab::File;
+    Q_EMIT sourceLit(screen.FileAbLEDLit ? TableSide::File : TableSide::Drive);
     Q_EMIT writeSourceWanted(QStringLiteral("Select Parameter Source to Write"));
 }
 
 void ParameterSession::writeSourceChosen(TableSide side) { write(side, m_wantedMode, false); }
 
 void ParameterSession::ResetParameterClick() {
-    bench.whenOnLine([this] {
-        if (anyTableOpen() && screen.DriveTabSheet) write(TableSide::Drive, WriteMode::All, true);
+    site.whenOnLine([this] {
+        if (anyTableOpen() && screen.DriveTabSheetVisible) write(TableSide::Drive, WriteMode::All, true);
     });
 }
 

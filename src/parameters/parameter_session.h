@@ -28,7 +28,7 @@ class ParameterSession : public QObject {
     Q_OBJECT
    public:
     ParameterSession(RequestScheduler& link, TickClock& clock, const GroupNameTable& names,
-                     const ParameterFiles& files = {});
+                     const Voice& voice, const ParameterFiles& files = {});
 
     ParameterTable driveTable;
     ParameterTable fileTable;
@@ -47,7 +47,7 @@ class ParameterSession : public QObject {
 
     ColumnHiding columns;
     ParameterScreen screen;
-    ParameterBench bench;
+    ParameterSite site;
     ProgressDialog progress;
     ParameterReader reader;
     KeypadSource keypad;
@@ -113,7 +113,7 @@ class ParameterSession : public QObject {
     void closeTab(ParameterTab tab);
     void closeSide(TableSide side);
     void backUp();
-    Family driveFamily() const { return static_cast<Family>(bench.link.DriveStatus.DriveFamily); }
+    Family driveFamily() const { return static_cast<Family>(site.link.DriveStatus.DriveFamily); }
 
     WriteMode m_wantedMode = WriteMode::Selected;
     Family m_writeFamily = Family::Rowan;  // of the table that the write list came from

@@ -35,7 +35,7 @@ bool isList(int slot) { return quickSlot(slot).control == SlotControl::List; }
 
 }  // namespace
 
-QuickSetup::QuickSetup(RequestScheduler& link) : m_link(link) {
+QuickSetup::QuickSetup(RequestScheduler& link, const Voice& voice) : m_link(link), m_voice(voice) {
     for (QSlot& slot : Slot) slot.SlotReadCommand = CmdSkip;
     connect(&link, &RequestScheduler::statusDecoded, this, &QuickSetup::takeModel);
 }
@@ -201,7 +201,7 @@ void QuickSetup::typeText(int slot, const QString& text) {
 }
 
 void QuickSetup::refuse(int slot, Message message) {
-    m_link.operatorAsked().tell(m_link.lang().MsgStr(message), QStringLiteral("Error"), BoxIcon::Stop);
+    m_voice.person.tell(m_voice.lang.MsgStr(message), QStringLiteral("Error"), BoxIcon::Stop);
     // Slot 7 has stored what was typed; the value before it is the old one.
     if (slot == PolesSlot && m_beforeTyping) at(slot).SlotValue = *m_beforeTyping;
     fillControl(slot);

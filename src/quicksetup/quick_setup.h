@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "link/request_scheduler.h"
+#include "localisation/voice.h"
 #include "quicksetup/family_setup.h"
 #include "quicksetup/quick_slots.h"
 
@@ -48,7 +49,7 @@ struct QSlot {
 class QuickSetup : public QObject {
     Q_OBJECT
    public:
-    explicit QuickSetup(RequestScheduler& link);
+    QuickSetup(RequestScheduler& link, const Voice& voice);
 
     // Slots count from 1; [0] and those above 40 are not used.
     std::array<QSlot, 50> Slot;
@@ -115,6 +116,7 @@ class QuickSetup : public QObject {
     void refuse(int slot, Message message);
 
     RequestScheduler& m_link;
+    const Voice m_voice;
     const FamilySetup* m_family = nullptr;
     std::optional<quint8> m_model;  // DriveIdCode of the drive that the values belong to
     bool m_projectTaken = false;

@@ -13,8 +13,9 @@ QString numberOf(const QString& label) { return label.section(QLatin1Char(' '), 
 
 }  // namespace
 
-QuickSetupFlow::QuickSetupFlow(QuickSetup& quick, RequestScheduler& link, TickClock& clock)
-    : RDTimer(clock, link), WRTimer(clock, link), m_quick(quick), m_link(link) {
+QuickSetupFlow::QuickSetupFlow(QuickSetup& quick, RequestScheduler& link, TickClock& clock,
+                               const Voice& voice)
+    : RDTimer(clock, link), WRTimer(clock, link), m_quick(quick), m_link(link), m_voice(voice) {
     RDTimer.next = [this] { return nextRead(); };
     RDTimer.answered = [this](const LinkRequest&) { Q_EMIT progressed(); };
     RDTimer.ended = [this] { endReading(); };
@@ -34,7 +35,7 @@ QuickSetupFlow::QuickSetupFlow(QuickSetup& quick, RequestScheduler& link, TickCl
     connect(&link, &RequestScheduler::initialRun, this, &QuickSetupFlow::onInitialRun);
     // A person has closed the notice.
     connect(&link, &RequestScheduler::changed, this, [this] {
-        if (waiting() && !m_link.Notice.TInitialForm) leaveWait();
+        if (waiting() && !m_link.Notice.TInitialFormShown) leaveWait();
     });
     connect(&link, &RequestScheduler::statusDecoded, this, [this] { endLastWrite(Outcome::Unanswered); });
 }
@@ -47,7 +48,7 @@ bool QuickSetupFlow::noAnswerComes(const RequestChain& chain) const {
 void QuickSetupFlow::goTo(WizardState state) {
     m_state = state;
     const bool waits = waiting();
-    m_link.Notice.TInitialForm = m_link.Notice.waitMayBeLeft = waits;
+    m_link.Notice.TInitialFormShown = m_link.Notice.waitMayBeLeft = waits;
     m_link.Notice.waitTrouble.clear();
     Q_EMIT progressed();
     m_link.notifyChanged();
@@ -66,8 +67,8 @@ void QuickSetupFlow::chooseSource(SettingsSource source) {
     if (source == SettingsSource::Drive) return startReading();
     goTo(WizardState::Editing);
     if (!m_quick.LoadParaFromFile())
-        m_link.operatorAsked().tell(QStringLiteral("Parameter value Not correct !!"),
-                                    QStringLiteral("Warning Message"), BoxIcon::Exclamation);
+        m_voice.person.tell(QStringLiteral("Parameter value Not correct !!"),
+                            QStringLiteral("Warning Message"), BoxIcon::Exclamation);
     Q_EMIT wizardWanted();
 }
 
@@ -126,15 +127,15 @@ void QuickSetupFlow::endReading() {
 // The link may have gone to rest under the open wizard.
 bool QuickSetupFlow::mayWrite() {
     if (m_link.ActiveFunction == OwnerQuickSetup) return true;
-    m_link.operatorAsked().tell(m_link.lang().MsgStr(OnLineFirst), QStringLiteral("Warning Message"));
+    m_voice.person.tell(m_voice.lang.MsgStr(OnLineFirst), QStringLiteral("Warning Message"));
     return false;
 }
 
 void QuickSetupFlow::OkBitBtnClick() {
     if (m_state != WizardState::Editing || !mayWrite()) return;
     const BoxAnswer answer =
-        m_link.operatorAsked().boxOverPanel(m_link.lang().MsgStr(MayWrite), QStringLiteral("Cofirm"),
-                                            BoxIcon::Question, BoxButtons::YesNoOrLeave, panel());
+        m_voice.person.boxOverPanel(m_voice.lang.MsgStr(MayWrite), QStringLiteral("Cofirm"),
+                                    BoxIcon::Question, BoxButtons::YesNoOrLeave, panel());
     if (m_state != WizardState::Editing) return;
     if (answer == BoxAnswer::No) return endWizard();
     if (answer != BoxAnswer::Yes) return;  // left: back to the slots
@@ -244,7 +245,7 @@ void QuickSetupFlow::leaveWait() {
     reportWriting();
     endWizard();
     if (!report.isEmpty())
-        m_link.operatorAsked().tell(report, QStringLiteral("Warning Message"), BoxIcon::Exclamation);
+        m_voice.person.tell(report, QStringLiteral("Warning Message"), BoxIcon::Exclamation);
 }
 
 // ---- What OK would change ----

@@ -26,7 +26,7 @@ struct SettingChange {
 class QuickSetupFlow : public QObject {
     Q_OBJECT
    public:
-    QuickSetupFlow(QuickSetup& quick, RequestScheduler& link, TickClock& clock);
+    QuickSetupFlow(QuickSetup& quick, RequestScheduler& link, TickClock& clock, const Voice& voice);
 
     quint8 SlotIndex = 1;
     RequestChain RDTimer;
@@ -83,6 +83,7 @@ class QuickSetupFlow : public QObject {
 
     QuickSetup& m_quick;
     RequestScheduler& m_link;
+    const Voice m_voice;
     WizardState m_state = WizardState::Closed;
     SettingsSource m_source = SettingsSource::Drive;
     bool m_goodReply = false;  // to the last read

@@ -34,7 +34,7 @@ TCEmessageForm::TCEmessageForm(RequestScheduler& link, QWidget* parent)
 
 void TCEmessageForm::showRecord() {
     const NoticeRecord& notice = m_link.Notice;
-    if (notice.TCEmessageForm) {
+    if (notice.TCEmessageFormShown) {
         m_text->setText(notice.CEmessageText);
         setWindowTitle(notice.CEmessageTitle);
         if (!isVisible()) showOver(lastingModalWindow());
@@ -55,8 +55,8 @@ void TCEmessageForm::showOver(QWidget* window) {
 
 void TCEmessageForm::done(int result) {
     QDialog::done(result);
-    if (!m_link.Notice.TCEmessageForm) return;
-    m_link.Notice.TCEmessageForm = false;
+    if (!m_link.Notice.TCEmessageFormShown) return;
+    m_link.Notice.TCEmessageFormShown = false;
     m_link.notifyChanged();
 }
 

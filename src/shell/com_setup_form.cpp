@@ -171,14 +171,14 @@ void TComSetupForm::connectHand() {
 void TComSetupForm::showRecord() {
     const ComSetup::Shown& shown = m_setup.shown;
     showBoxes();
-    (shown.ManualRadioButton ? ManualRadioButton : AutoDetectRadioButton)->setChecked(true);
-    OKBitBtn->setEnabled(shown.OKBitBtn);
-    const bool succeeded = shown.SuccessAbLED && !SuccessAbLED->isChecked();
-    SuccessAbLED->setChecked(shown.SuccessAbLED);
-    FailAbLED->setChecked(shown.FailAbLED);
+    (shown.ManualRadioButtonChecked ? ManualRadioButton : AutoDetectRadioButton)->setChecked(true);
+    OKBitBtn->setEnabled(shown.OKBitBtnEnabled);
+    const bool succeeded = shown.SuccessAbLEDLit && !SuccessAbLED->isChecked();
+    SuccessAbLED->setChecked(shown.SuccessAbLEDLit);
+    FailAbLED->setChecked(shown.FailAbLEDLit);
     if (succeeded) OKBitBtn->setFocus();
-    (shown.SuccessAbLED ? OKBitBtn : TestButton)->setDefault(true);
-    const QString why = shown.FailAbLED ? advice() : QString();
+    (shown.SuccessAbLEDLit ? OKBitBtn : TestButton)->setDefault(true);
+    const QString why = shown.FailAbLEDLit ? advice() : QString();
     if (why == PortErrorLabel->text()) return;
     PortErrorLabel->setText(why);
     PortErrorLabel->setVisible(!why.isEmpty());
@@ -191,7 +191,7 @@ QString TComSetupForm::advice() const {
     if (!why.isEmpty()) return why;
     const QString look = tr("No answer came. Look at the cable and at the power of the drive.");
     return look % QLatin1Char(' ') %
-           (m_setup.shown.ManualRadioButton
+           (m_setup.shown.ManualRadioButtonChecked
                 ? tr("Set mode, baud rate and the protocol as the drive has them, or choose Auto-Detect.")
                 : tr("Every combination of settings was tried. Does another program hold the line?"));
 }
@@ -205,8 +205,8 @@ void TComSetupForm::showBoxes() {
     showText(ParityComboBox, shown.ParityComboBox);
     showText(StopBitsComboBox, shown.StopBitsComboBox);
     for (QComboBox* box : {ModeComboBox, BaudComboBox, ParityComboBox, StopBitsComboBox})
-        box->setEnabled(shown.ManualRadioButton);
-    DataBitsComboBox->setEnabled(shown.ManualRadioButton && shown.dataBitsEnabled);
+        box->setEnabled(shown.ManualRadioButtonChecked);
+    DataBitsComboBox->setEnabled(shown.ManualRadioButtonChecked && shown.dataBitsEnabled);
 }
 
 // Asks the system what is plugged in, so it runs when a person looks or chooses, not on every change.

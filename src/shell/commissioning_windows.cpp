@@ -21,11 +21,11 @@ void openBehindWait(Windows& w, Engine& engine, QWidget& form) {
 }  // namespace
 
 std::unique_ptr<QWidget> makePid(Windows& w) {
-    return std::make_unique<TPIDForm>(w.tool.pid, w.tool.bench.clock);
+    return std::make_unique<TPIDForm>(w.tool.pid, w.tool.site.clock);
 }
 
 std::unique_ptr<QWidget> makeAutoTuning(Windows& w) {
-    return std::make_unique<TAutoTuningForm>(w.tool.autoTuning, w.tool.bench.language.table);
+    return std::make_unique<TAutoTuningForm>(w.tool.autoTuning, w.tool.site.language.table);
 }
 
 std::unique_ptr<QWidget> makeMotorSel(Windows&) { return std::make_unique<TMotorSelForm>(); }

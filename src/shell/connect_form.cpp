@@ -75,10 +75,10 @@ void TConnectForm::showRecord() {
     m_progress->setValue(static_cast<int>(tried - walk().begin()));
     m_baud->setText(m_setup.shown.connectBaud);
     m_protocol->setText(m_setup.shown.connectProtocol);
-    if (m_setup.shown.TConnectForm == isVisible()) return;
-    Timer1.setEnabled(m_setup.shown.TConnectForm);
-    if (!m_setup.shown.TConnectForm) park();
-    setVisible(m_setup.shown.TConnectForm);
+    if (m_setup.shown.TConnectFormShown == isVisible()) return;
+    Timer1.setEnabled(m_setup.shown.TConnectFormShown);
+    if (!m_setup.shown.TConnectFormShown) park();
+    setVisible(m_setup.shown.TConnectFormShown);
 }
 
 void TConnectForm::Timer1Timer() {

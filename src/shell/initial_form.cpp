@@ -47,7 +47,7 @@ TInitialForm::TInitialForm(RequestScheduler& link, TickClock& clock, QWidget* pa
 }
 
 void TInitialForm::follow() {
-    const bool wanted = m_link.Notice.TInitialForm;
+    const bool wanted = m_link.Notice.TInitialFormShown;
     m_trouble->setText(m_link.Notice.waitTrouble);
     m_trouble->setVisible(!m_link.Notice.waitTrouble.isEmpty());
     if (wanted == isVisible()) return;
@@ -78,7 +78,7 @@ void TInitialForm::leave() {
         wait.leave();
     else if (!m_link.Notice.waitMayBeLeft)
         m_link.Initial();
-    m_link.Notice.TInitialForm = false;
+    m_link.Notice.TInitialFormShown = false;
     m_link.notifyChanged();
     Q_EMIT left();
 }

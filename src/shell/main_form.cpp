@@ -67,7 +67,7 @@ TMainForm::TMainForm(Tool& tool, QWidget* parent) : QMainWindow(parent), m_tool(
     buildCentre();
     buildStatusLine();
     listen();
-    checkLanguageItem(tool.bench.language.LanguageIndex);
+    checkLanguageItem(tool.site.language.LanguageIndex);
     resize(940, 620);
 }
 
@@ -152,7 +152,7 @@ void TMainForm::buildLanguageItems() {
                                    m_tool.chooseLanguage(index);
                                    // The mark follows LanguageIndex, which only the file's own section
                                    // changes.
-                                   checkLanguageItem(m_tool.bench.language.LanguageIndex);
+                                   checkLanguageItem(m_tool.site.language.LanguageIndex);
                                });
         action->setCheckable(true);
         action->setEnabled(languageItems[i].enabled);
@@ -333,7 +333,7 @@ void TMainForm::listen() {
 void TMainForm::showHistory(const QString& line) { m_memo->appendPlainText(line); }
 
 void TMainForm::saveHistory() {
-    askToSave(m_tool.bench.person, QStringLiteral("TXT File(*.txt)|*.txt"), m_memo->toPlainText().toUtf8());
+    askToSave(m_tool.site.person, QStringLiteral("TXT File(*.txt)|*.txt"), m_memo->toPlainText().toUtf8());
 }
 
 void TMainForm::showLink() {
@@ -401,7 +401,7 @@ void TMainForm::ComStatusAbLEDDblClick() {
         Q_EMIT comSetupWanted();
         return;
     }
-    if (m_tool.bench.person.yes(m_tool.link.lang().MsgStr(Message::GoOffLine), QStringLiteral("Cofirm")))
+    if (m_tool.site.person.yes(m_tool.voice.text(Message::GoOffLine), QStringLiteral("Cofirm")))
         m_tool.link.Initial();
 }
 

@@ -45,10 +45,10 @@ std::unique_ptr<QWidget> makeWriteCheck(Windows& w) {
 }
 
 std::unique_ptr<QWidget> makeInputValue(Windows& w) {
-    return std::make_unique<TInputValueForm>(w.tool.bench.person, w.tool.bench.language.table);
+    return std::make_unique<TInputValueForm>(w.tool.site.person, w.tool.site.language.table);
 }
 
-std::unique_ptr<QWidget> makeReport(Windows& w) { return std::make_unique<TReportForm>(w.tool.bench.person); }
+std::unique_ptr<QWidget> makeReport(Windows& w) { return std::make_unique<TReportForm>(w.tool.site.person); }
 
 std::unique_ptr<QWidget> makeSelGroupLoad(Windows& w) {
     return std::make_unique<TSelGroupLoadForm>(w.tool.parameters.reader);
@@ -61,7 +61,7 @@ std::unique_ptr<QWidget> makeWriteCheckErrRecord(Windows& w) {
 void wireParameterForm(Windows& w, QWidget&) {
     ParameterSession& session = w.tool.parameters;
     session.progress.pump = [] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
-    session.bench.openComSetup = [&w](std::function<void()> then) { w.openComSetup(std::move(then)); };
+    session.site.openComSetup = [&w](std::function<void()> then) { w.openComSetup(std::move(then)); };
     QObject::connect(&session.keypad, &KeypadSource::passwordWanted, &w,
                      [&w] { w.showModal(w.passwordForm); });
     QObject::connect(&w.passwordForm, &TPasswordForm::keypadReadEnabled, &session.keypad,

@@ -27,8 +27,8 @@ constexpr std::array<Door, 2> doors{{
 
 }  // namespace
 
-TPasswordForm::TPasswordForm(RequestScheduler& link, QWidget* parent)
-    : QDialog(parent), m_link(link), PasswordEdit(new QLineEdit(this)) {
+TPasswordForm::TPasswordForm(RequestScheduler& link, const Voice& voice, QWidget* parent)
+    : QDialog(parent), m_link(link), m_voice(voice), PasswordEdit(new QLineEdit(this)) {
     setObjectName(QStringLiteral("TPasswordForm"));
     setWindowTitle(QStringLiteral("Password"));
     setModal(true);
@@ -56,14 +56,14 @@ void TPasswordForm::enterPressed() {
         return row.window == m_link.ActiveFunction && text == QLatin1String(row.password);
     });
     if (door != doors.end()) {
-        m_link.operatorAsked().tell(QLatin1String(door->message), QStringLiteral("Success"));
+        m_voice.person.tell(QLatin1String(door->message), QStringLiteral("Success"));
         accept();
         Q_EMIT(this->*door->opened)();
         return;
     }
     const BoxAnswer answer =
-        m_link.operatorAsked().box(QStringLiteral("Password incorrect. Try again?"), QStringLiteral("Cofirm"),
-                                   BoxIcon::Question, BoxButtons::RetryCancel);
+        m_voice.person.box(QStringLiteral("Password incorrect. Try again?"), QStringLiteral("Cofirm"),
+                           BoxIcon::Question, BoxButtons::RetryCancel);
     if (answer == BoxAnswer::Cancel) reject();
 }
 

@@ -5,6 +5,7 @@
 #include <QDialog>
 
 #include "link/request_scheduler.h"
+#include "localisation/voice.h"
 
 class QLineEdit;
 
@@ -13,7 +14,7 @@ namespace kelvane {
 class TPasswordForm : public QDialog {
     Q_OBJECT
    public:
-    explicit TPasswordForm(RequestScheduler& link, QWidget* parent = nullptr);
+    TPasswordForm(RequestScheduler& link, const Voice& voice, QWidget* parent = nullptr);
 
    Q_SIGNALS:
     void languageEnabled();
@@ -25,6 +26,7 @@ class TPasswordForm : public QDialog {
    private:
     void enterPressed();
     RequestScheduler& m_link;
+    const Voice m_voice;
     QLineEdit* PasswordEdit;
 };
 

@@ -49,7 +49,7 @@ void wireQuickSetup(Windows& w, QWidget& form) {
     // Wait notice and wizard go in one; a window manager that hands the focus from one to the other loses it.
     QObject::connect(&wizard, &QDialog::finished, &w, [&w] { w.mainForm.activateWindow(); });
     const auto followLanguage = [&w, &wizard] {
-        wizard.setChinese(isChinese(w.tool.bench.language.LanguageIndex));
+        wizard.setChinese(isChinese(w.tool.site.language.LanguageIndex));
     };
     QObject::connect(&w.tool, &Tool::languageChanged, &wizard, followLanguage);
     followLanguage();

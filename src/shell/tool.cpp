@@ -15,31 +15,32 @@ const QString ErrorTitle = QStringLiteral("Error");
 
 }  // namespace
 
-Tool::Tool(const ToolBench& toolBench)
-    : bench(toolBench),
-      ports(PortDirectory::ofFile(bench.folder.findData(QStringLiteral("serial_ports.txt")))),
-      linkPort(ports, bench.makePort, LinkPortAtCreation),
-      setupPort(ports, bench.makeSetupPort, SetupPortAtCreation),
-      link({bench.clock, bench.wallClock, bench.person, linkPort, bench.language.table}, BrandVariantOfBuild),
-      comSetup(link, setupPort, bench.clock),
-      identification(link, groupNames, bench.language.table),
+Tool::Tool(const ToolSite& toolSite)
+    : site(toolSite),
+      voice{site.person, site.language.table},
+      ports(PortDirectory::ofFile(site.folder.findData(QStringLiteral("serial_ports.txt")))),
+      linkPort(ports, site.makePort, LinkPortAtCreation),
+      setupPort(ports, site.makeSetupPort, SetupPortAtCreation),
+      link({site.clock, site.wallClock, site.person, linkPort, site.language.table}, BrandVariantOfBuild),
+      comSetup(link, setupPort, site.clock, voice),
+      identification(link, groupNames, voice),
       presence(
           linkPort, [this](int number) { return ports.isPresent(number); },
           [this](const QString& text) { link.ShowHistoryMsg(text); }),
       watcher(presence),
-      rules(link),
-      console({link, comSetup, bench.clock, bench.wallClock, bench.folder.path()}),
-      parameters(link, bench.clock, groupNames,
-                 {.programFolder = bench.folder.path(), .wallClock = &bench.wallClock}),
-      pid({link, bench.clock, bench.person, bench.language.table}),
-      autoTuning({link, bench.clock, bench.person, bench.language.table}),
-      trend({bench.clock, bench.wallClock, link, bench.person,
-             bench.folder.file(QStringLiteral("trend journal"))}),
-      monitor({bench.clock, bench.wallClock, link, bench.person, bench.language.table}),
-      faults(bench.person, [this] { return link.dateTimeText(); }),
-      keypad(link, bench.clock, bench.person, bench.language.table),
-      quickSetup(link),
-      quickSetupFlow(quickSetup, link, bench.clock) {
+      rules(link, voice),
+      console({link, comSetup, site.clock, site.wallClock, voice, site.folder.path()}),
+      parameters(link, site.clock, groupNames, voice,
+                 {.programFolder = site.folder.path(), .wallClock = &site.wallClock}),
+      pid({link, site.clock, site.person, site.language.table}),
+      autoTuning({link, site.clock, site.person, site.language.table}),
+      trend(
+          {site.clock, site.wallClock, link, site.person, site.folder.file(QStringLiteral("trend journal"))}),
+      monitor({site.clock, site.wallClock, link, site.person, site.language.table}),
+      faults(site.person, [this] { return link.dateTimeText(); }),
+      keypad(link, site.clock, site.person, site.language.table),
+      quickSetup(link, voice),
+      quickSetupFlow(quickSetup, link, site.clock, voice) {
     followIdentification(trend, identification);
     followIdentification(monitor, identification);
     trend.showFault = [this](const DriveStatusRecord& status) { faults.showFault(status); };
@@ -76,9 +77,9 @@ PortSettings Tool::setComSetupForKeypad(const ComSetupChoice& choice) {
 
 void Tool::loadDefaultProject() {
     // Before the first exit it is the one that was installed.
-    const FileContent file = readWhole(bench.folder.findData(QStringLiteral("default.prj")));
+    const FileContent file = readWhole(site.folder.findData(QStringLiteral("default.prj")));
     const QStringList lines = file.ok ? projectLines(file.bytes) : QStringList();
-    defaults.LanguageIndex = bench.language.LanguageIndex;
+    defaults.LanguageIndex = site.language.LanguageIndex;
     const SectionRead read = readComSetupSection(lines, defaults.ComSetup);
     takeComSetup(defaults.ComSetup, read.taken);
     comSetup.copySettingsToLink();
@@ -128,15 +129,15 @@ FileResult Tool::SaveProject() {
     Q_EMIT projectWanted();
     defaults.Trend = trendSection(trend);
     defaults.Monitor = monitorSection(monitor);
-    defaults.LanguageIndex = bench.language.LanguageIndex;
+    defaults.LanguageIndex = site.language.LanguageIndex;
     defaults.ComSetup = comSetupSection();
-    return writeWhole(bench.folder.file(QStringLiteral("default.prj")), defaultProjectBytes(defaults));
+    return writeWhole(site.folder.file(QStringLiteral("default.prj")), defaultProjectBytes(defaults));
 }
 
 // A copy: named keeps whose values the last file held, which Quick Setup tells beside them.
 NamedProject Tool::projectToSave() const {
     NamedProject project = named;
-    project.LanguageIndex = bench.language.LanguageIndex;
+    project.LanguageIndex = site.language.LanguageIndex;
     project.ComSetup = comSetupSection();
     project.Monitor = monitorSection(monitor);
     project.MeterType = monitor.meterType.MeterType;
@@ -155,11 +156,11 @@ NamedProject Tool::projectToSave() const {
 void Tool::SaveTransparentButtonClick() {
     Q_EMIT projectWanted();
     const QByteArray bytes = namedProjectBytes(projectToSave());
-    const std::optional<QString> path = bench.person.saveFile(ProjectFilter, QStringLiteral("prj"));
+    const std::optional<QString> path = site.person.saveFile(ProjectFilter, QStringLiteral("prj"));
     if (!path) return;
     const FileResult written = writeWhole(*path, bytes);
     if (!written.ok) {
-        bench.person.tell(written.error, ErrorTitle, BoxIcon::Stop);
+        site.person.tell(written.error, ErrorTitle, BoxIcon::Stop);
         return;
     }
     statusPanel0 = QStringLiteral("Save ") % *path;
@@ -167,11 +168,11 @@ void Tool::SaveTransparentButtonClick() {
 }
 
 void Tool::OpenTransparentButtonClick() {
-    const std::optional<QString> path = bench.person.openFile(ProjectFilter);
+    const std::optional<QString> path = site.person.openFile(ProjectFilter);
     if (!path) return;
     const FileContent file = readWhole(*path);
     if (!file.ok) {
-        bench.person.tell(file.error, ErrorTitle, BoxIcon::Stop);
+        site.person.tell(file.error, ErrorTitle, BoxIcon::Stop);
         return;
     }
     named.ComSetup = comSetupSection();
@@ -189,7 +190,7 @@ void Tool::OpenTransparentButtonClick() {
     if (read.QuickSetup.taken > 0) quickSetup.takeProject(named.QuickSetup.SlotFileValue);
     Q_EMIT projectOpened();
     if (!read.ok()) {
-        bench.person.tell(read.error, ErrorTitle, BoxIcon::Stop);
+        site.person.tell(read.error, ErrorTitle, BoxIcon::Stop);
         return;
     }
     statusPanel0 = QStringLiteral("Open ") % *path;
@@ -207,7 +208,7 @@ void Tool::FormClose() {
     linkPort.close();
     link.setLamp(LampState::OffLine);
     // With the timers off nobody else would close these, and the program would stay for them.
-    link.Notice.TCEmessageForm = link.Notice.TInitialForm = false;
+    link.Notice.TCEmessageFormShown = link.Notice.TInitialFormShown = false;
     link.notifyChanged();
 }
 
@@ -233,7 +234,7 @@ void Tool::raiseFault() {
 
 bool Tool::chooseLanguage(quint8 index) {
     const bool loaded = kelvane::chooseLanguage(
-        bench.language, index, bench.folder.findData(QStringLiteral("Language file")), bench.person);
+        site.language, index, site.folder.findData(QStringLiteral("Language file")), site.person);
     if (!loaded) return false;
     identification.refreshItemNames();
     console.languageChanged();

@@ -31,7 +31,7 @@
 namespace kelvane {
 
 // What the tool stands on; all of it outlives the tool.
-struct ToolBench {
+struct ToolSite {
     TickClock& clock;
     const WallClock& wallClock;
     Operator& person;
@@ -44,9 +44,10 @@ struct ToolBench {
 class Tool : public QObject {
     Q_OBJECT
    public:
-    explicit Tool(const ToolBench& bench);
+    explicit Tool(const ToolSite& site);
 
-    ToolBench bench;
+    ToolSite site;
+    Voice voice;
     PortDirectory ports;
     RoutedPort linkPort;
     RoutedPort setupPort;

@@ -8,8 +8,7 @@
 namespace kelvane {
 
 std::unique_ptr<QWidget> makeScope(Windows& w) {
-    return std::make_unique<TScopeForm>(w.tool.trend,
-                                        ScopeFormBench{w.tool.bench.clock, w.tool.bench.person});
+    return std::make_unique<TScopeForm>(w.tool.trend, ScopeFormSite{w.tool.site.clock, w.tool.site.person});
 }
 
 std::unique_ptr<QWidget> makeTool(Windows& w) { return std::make_unique<TToolForm>(w.tool.trend); }

@@ -5,10 +5,9 @@ namespace kelvane {
 bool WindowRules::refusedOffLine(const WindowRule& rule) {
     if (rule.offLine == OffLineBox::NotNeeded || m_link.Lamp.onLine()) return false;
     if (rule.offLine == OffLineBox::QuickSetup)
-        m_link.operatorAsked().tell(m_link.lang().MsgStr(Message::OnLineFirst),
-                                    QStringLiteral("Warning Message"));
+        m_voice.person.tell(m_voice.text(Message::OnLineFirst), QStringLiteral("Warning Message"));
     else
-        m_link.operatorAsked().tell(m_link.lang().MsgStr(Message::OffLineNow), QStringLiteral("Cofirm"));
+        m_voice.person.tell(m_voice.text(Message::OffLineNow), QStringLiteral("Cofirm"));
     // Kept: Quick Setup has run its prelude by now and ends with its tail; the keypad brings its user back.
     if (rule.prelude) m_link.tail();
     if (rule.ActiveFunction == OwnerKeypad) Q_EMIT focusWanted(m_link.ActiveFunction);

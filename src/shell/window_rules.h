@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include "link/request_scheduler.h"
+#include "localisation/voice.h"
 
 namespace kelvane {
 
@@ -35,7 +36,7 @@ struct WindowRule {
 class WindowRules : public QObject {
     Q_OBJECT
    public:
-    explicit WindowRules(RequestScheduler& link) : m_link(link) {}
+    WindowRules(RequestScheduler& link, const Voice& voice) : m_link(link), m_voice(voice) {}
 
     // True when the window may be shown; everything that stands before it has then been done.
     bool begin(const WindowRule& rule);
@@ -52,6 +53,7 @@ class WindowRules : public QObject {
    private:
     bool refusedOffLine(const WindowRule& rule);
     RequestScheduler& m_link;
+    const Voice m_voice;
 };
 
 }  // namespace kelvane

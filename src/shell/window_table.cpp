@@ -20,13 +20,13 @@ namespace {
 using Made = std::unique_ptr<QWidget>;
 
 Made makeComSetup(Windows& w) { return std::make_unique<TComSetupForm>(w.tool.comSetup, w.tool.ports); }
-Made makeConnect(Windows& w) { return std::make_unique<TConnectForm>(w.tool.comSetup, w.tool.bench.clock); }
+Made makeConnect(Windows& w) { return std::make_unique<TConnectForm>(w.tool.comSetup, w.tool.site.clock); }
 Made makeCEmessage(Windows& w) { return std::make_unique<TCEmessageForm>(w.tool.link); }
-Made makeInitial(Windows& w) { return std::make_unique<TInitialForm>(w.tool.link, w.tool.bench.clock); }
+Made makeInitial(Windows& w) { return std::make_unique<TInitialForm>(w.tool.link, w.tool.site.clock); }
 Made makeAbout(Windows& w) {
-    return std::make_unique<TAboutForm>(w.tool.link.BrandVariant(), w.tool.bench.folder.path());
+    return std::make_unique<TAboutForm>(w.tool.link.BrandVariant(), w.tool.site.folder.path());
 }
-Made makePassword(Windows& w) { return std::make_unique<TPasswordForm>(w.tool.link); }
+Made makePassword(Windows& w) { return std::make_unique<TPasswordForm>(w.tool.link, w.tool.voice); }
 Made makeInput(Windows& w) { return std::make_unique<TInputForm>(w.tool.comSetup); }
 Made makeKeypad(Windows& w) { return std::make_unique<TKeypadForm>(w.tool.keypad, w.looks); }
 template <class Form>
@@ -111,14 +111,14 @@ const WindowRow Rows[] = {
               .closesKeypad = true, .marksRead = true, .marksWritten = true, .tail = true},
      .entry = {.place = 9, .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "Auto Tuning"),
                .menu = "DiagnosticMenu", .menuItem = "AutoTuning", .icon = Icon::AutoTuning,
-               .offered = &DriveLabelsRecord::AutoTuning},
+               .offered = &DriveLabelsRecord::AutoTuningEnabled},
      .open = openAutoTuning},
     {.form = "TPIDForm", .make = makePid,
      .rule = {.ActiveFunction = OwnerPid, .offLine = OffLineBox::OnLineFirst, .stopsKeypad = true,
               .closesKeypad = true, .marksRead = true, .marksWritten = true, .tail = true},
      .entry = {.place = 8, .caption = QT_TRANSLATE_NOOP("kelvane::TMainForm", "PID Control"),
                .menu = "DiagnosticMenu", .menuItem = "PIDControl", .icon = Icon::Pid,
-               .offered = &DriveLabelsRecord::PIDControl},
+               .offered = &DriveLabelsRecord::PIDControlEnabled},
      .open = openPid},
     {.form = "TEditForm"},
     {.form = "TPasswordForm", .make = makePassword},

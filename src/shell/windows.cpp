@@ -219,10 +219,10 @@ void Windows::openingGivenUp() {
 
 // The language file has the last word where it has one.
 void Windows::showLanguage() {
-    m_translations.choose(tool.bench.language.LanguageIndex,
-                          tool.bench.folder.findData(QStringLiteral("Language file")));
+    m_translations.choose(tool.site.language.LanguageIndex,
+                          tool.site.folder.findData(QStringLiteral("Language file")));
     m_translations.show(m_all);
-    ChangeLanguage(tool.bench.language.table, m_all);
+    ChangeLanguage(tool.site.language.table, m_all);
 }
 
 void Windows::showModal(QWidget& window) {
@@ -260,14 +260,14 @@ void Windows::afterComSetup() {
         return;
     }
     m_waitingForDrive = true;
-    tool.link.Notice.TInitialForm = true;
+    tool.link.Notice.TInitialFormShown = true;
     tool.link.notifyChanged();
 }
 
 // At the end of the exchange that closed the wait notice: when identification failed, Initial runs behind its
 // box, and would take the link away from the window that it was given back to.
 void Windows::watchInitialForm() {
-    if (!m_waitingForDrive || tool.link.Notice.TInitialForm) return;
+    if (!m_waitingForDrive || tool.link.Notice.TInitialFormShown) return;
     m_waitingForDrive = false;
     finishComSetup();
 }

@@ -16,9 +16,6 @@ struct Harm {
     int ms = 0;      // how late, how long the pause
     int pieces = 2;  // of a reply in pieces
 
-    // A copy that begins when the next request has left the wire, and is over before its answer begins, looks
-    // like it.
-    bool tooSubtleAt(int Baud) const { return fault == drive::LineFault::Doubled && ms > 0 && Baud > 38400; }
     void setOn(drive::LineOptions& line) const {
         line.lateUs = line.pieceGapUs = line.secondUs = qint64(ms) * 1000;
         line.pieces = pieces;
@@ -38,6 +35,7 @@ inline std::vector<Harm> brokenReplies() {
     using enum drive::LineFault;
     return {{"doubled at once", Doubled, 0},
             {"doubled after 3 ms", Doubled, 3},
+            {"doubled after 30 ms", Doubled, 30},
             {"two pieces, 50 ms", InPieces, 50},
             {"two pieces, 150 ms", InPieces, 150},
             {"two pieces, 200 ms", InPieces, 200},
@@ -47,6 +45,12 @@ inline std::vector<Harm> brokenReplies() {
             {"three pieces, 200 ms", InPieces, 200, 3},
             {"three pieces, 450 ms", InPieces, 450, 3},
             {"three pieces, 1 s", InPieces, 1000, 3}};
+}
+
+// They hold up the replies behind them.
+inline std::vector<Harm> lateCopies() {
+    using enum drive::LineFault;
+    return {{"doubled after 300 ms", Doubled, 300}, {"doubled after 1.2 s", Doubled, 1200}};
 }
 
 inline std::vector<Harm> plainHarms() {

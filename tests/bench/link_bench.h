@@ -22,7 +22,7 @@ struct SchedulerBench {
     LangTable lang = LangTable::builtInEnglish();
     RequestScheduler link;
     GroupNameTable groupNames;
-    DriveIdentification identification{link, groupNames, lang};
+    DriveIdentification identification{link, groupNames, {person, lang}};
     QStringList history;
     int cycles = 0;
 

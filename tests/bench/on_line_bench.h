@@ -66,8 +66,8 @@ struct OnLineBench {
     drive::PracticeStation station;
     RequestScheduler link{{clock, wall, person, station.port, lang}};
     GroupNameTable names;
-    DriveIdentification identification{link, names, lang};
-    ParameterSession session{link, clock, names};
+    DriveIdentification identification{link, names, {person, lang}};
+    ParameterSession session{link, clock, names, {person, lang}};
     CreditCheck credits{link, [this] { return &station.drive; }};
     QStringList history;
     int cycles = 0;

@@ -98,8 +98,8 @@ TEST_P(Identification, SpeaksItsTranscriptAndKnowsTheDrive) {
         EXPECT_EQ(labels.DriveVrLabel.toStdString(), familyName(golden.family));
         EXPECT_EQ(labels.VersionVrLabel.toStdString(), golden.version);
         EXPECT_EQ(labels.HPVrLabel.toStdString(), golden.power);
-        EXPECT_EQ(session.link.Labels.AutoTuning, golden.AutoTuning);
-        EXPECT_EQ(session.link.Labels.PIDControl, golden.PIDControl);
+        EXPECT_EQ(session.link.Labels.AutoTuningEnabled, golden.AutoTuning);
+        EXPECT_EQ(session.link.Labels.PIDControlEnabled, golden.PIDControl);
         EXPECT_TRUE(session.link.Lamp.onLine());
         EXPECT_TRUE(session.person.asked.isEmpty());
         // The version is known when the windows hear of the family, Hazel's comes later; no name is read
@@ -130,7 +130,7 @@ TEST(IdentificationEnd, OsierWithTenGroupsIsAHazel) {
     EXPECT_EQ(session.link.DriveStatus.DriveFamily, quint8(Family::Hazel));
     EXPECT_EQ(lines(session.transcript()), lines(expand(goldens[3].commands)));
     EXPECT_EQ(session.link.Labels.DriveVrLabel, QStringLiteral("Hazel"));
-    EXPECT_FALSE(session.link.Labels.AutoTuning || session.link.Labels.PIDControl);
+    EXPECT_FALSE(session.link.Labels.AutoTuningEnabled || session.link.Labels.PIDControlEnabled);
 }
 
 TEST(IdentificationEnd, KeepsTheVersionOfWillowWithoutItsLastDigit) {

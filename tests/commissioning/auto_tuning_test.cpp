@@ -71,7 +71,7 @@ TEST_P(TuneFamilyTest, RunsInOrderAndReadsWhatWasFound) {
         b.tune(entry);
         EXPECT_EQ(b.user.asked.takeFirst(),
                   "Caution: Motor will run after press OK !!\nAre you ready to AutoTuning ?");
-        EXPECT_FALSE(b.tuning.enabled.buttons || b.tuning.enabled.TuneTransparentButton ||
+        EXPECT_FALSE(b.tuning.enabled.buttons || b.tuning.enabled.TuneTransparentButtonEnabled ||
                      b.tuning.enabled.entry);
         int fastest = 0;
         QObject::connect(&b.tuning, &AutoTuning::speedRead,
@@ -83,7 +83,8 @@ TEST_P(TuneFamilyTest, RunsInOrderAndReadsWhatWasFound) {
         EXPECT_EQ(b.shape(), run + b.tableReads());
         EXPECT_GT(fastest, 0);
         EXPECT_EQ(b.value(QString(b.family().commandRegister).toInt(nullptr, 16)), 0);
-        EXPECT_EQ(b.tuning.enabled, (AutoTuning::Enabled{.buttons = true, .TuneTransparentButton = false}));
+        EXPECT_EQ(b.tuning.enabled,
+                  (AutoTuning::Enabled{.buttons = true, .TuneTransparentButtonEnabled = false}));
         b.close();
     }
 }
@@ -251,7 +252,7 @@ TEST(AutoTuning, LeavesARunAloneWhenItsWindowCloses) {
     EXPECT_EQ(b.frames().filter("FF06"), QStringList());
     EXPECT_FALSE(b.history.filter("goes on by itself").isEmpty()) << b.history.join("\n").toStdString();
     EXPECT_FALSE(b.tuning.RdTimer.running() || b.tuning.WrTimer.running() || b.runs());
-    EXPECT_TRUE(b.tuning.enabled.TuneTransparentButton);
+    EXPECT_TRUE(b.tuning.enabled.TuneTransparentButtonEnabled);
 }
 
 TEST(AutoTuning, AsksBeforeTheMotorTurnsAndTakesNo) {
@@ -259,12 +260,12 @@ TEST(AutoTuning, AsksBeforeTheMotorTurnsAndTakesNo) {
     b.open();
     b.user.onBox = [](const QString&) { return BoxAnswer::Cancel; };
     b.tune(0);
-    EXPECT_FALSE(b.tuning.enabled.TuneTransparentButton);
+    EXPECT_FALSE(b.tuning.enabled.TuneTransparentButtonEnabled);
     EXPECT_TRUE(b.user.asked.isEmpty());
     b.tune(2);
     EXPECT_EQ(b.user.asked.size(), 1);
     EXPECT_FALSE(b.runs());
-    EXPECT_EQ(b.tuning.enabled, (AutoTuning::Enabled{.TuneTransparentButton = true}));
+    EXPECT_EQ(b.tuning.enabled, (AutoTuning::Enabled{.TuneTransparentButtonEnabled = true}));
     b.clock.advance(1000);
     EXPECT_EQ(b.frames(), QStringList());
 }

@@ -82,7 +82,7 @@ struct AnyPerson : CommissioningStand {
     }
     void leave(const CommissioningLink& line) {
         if (!line.waitShown()) return;
-        link.Notice.TInitialForm = false;
+        link.Notice.TInitialFormShown = false;
         link.notifyChanged();
         if (line.waitShown()) wrong += "a notice that stays";
     }
@@ -99,7 +99,7 @@ struct AnyPerson : CommissioningStand {
         const bool runs = tuning.sequence.running();
         close(engine);
         if (anyTimer()) wrong += "a timer behind a closed window";
-        if (link.Notice.TInitialForm) wrong += "a notice behind a closed window";
+        if (link.Notice.TInitialFormShown) wrong += "a notice behind a closed window";
         frames();
         runsWanted = runsSent = 0;
         pass();

@@ -46,7 +46,7 @@ TEST_P(PidFamilyTest, ReadsWatchesAndWritesBack) {
     for (const drive::LineMode mode : {drive::LineMode::Ascii, drive::LineMode::Rtu}) {
         PidStand b(GetParam(), mode);
         b.open();
-        EXPECT_TRUE(b.link.Notice.TInitialForm);
+        EXPECT_TRUE(b.link.Notice.TInitialFormShown);
         ASSERT_TRUE(b.idle(b.pid.line));
         const PidFamily& family = pidFamily(quint8(GetParam()));
         QStringList reads, writes;
@@ -224,7 +224,7 @@ TEST(PidControl, CanBeLeftWhateverTheLineDoes) {
                   stands ? CommissioningLink::Standing::Lost : CommissioningLink::Standing::No);
         b.frames();
         if (stands) {
-            b.link.Notice.TInitialForm = false;  // as its close box does
+            b.link.Notice.TInitialFormShown = false;  // as its close box does
             b.link.notifyChanged();
             EXPECT_FALSE(b.pid.RdTimer.running());
         }

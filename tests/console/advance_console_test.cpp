@@ -25,9 +25,9 @@ TEST_F(Console, MakesTheFixedCommandFromItsFields) {
     console->settings().Orlan = false;
     EXPECT_EQ(send(), "0103210000013F9A");
     console->settings().Orlan = true;
-    console->settings().AddChksumCheckBox = false;
+    console->settings().AddChksumCheckBoxChecked = false;
     EXPECT_EQ(send(), "010321000001");
-    console->settings().AddChksumCheckBox = true;
+    console->settings().AddChksumCheckBoxChecked = true;
     console->writeOption = true;
     console->AddressLabeledEdit = "2000";
     console->DataLabeledEdit = "2";
@@ -55,7 +55,7 @@ TEST_F(Console, ShowsASingleReadAndLeavesItAtAWrite) {
     port.arrive(QByteArray::fromHex("0103041234414208C6"));
     port.written.clear();
     const QByteArray body = QByteArray::fromHex("01030412344142");
-    console->settings().CheckRuleCheckBox = true;
+    console->settings().CheckRuleCheckBoxChecked = true;
     run(300);
     console->SendAnyTransparentButtonClick("010321000002");
     run(10);
@@ -231,8 +231,8 @@ TEST_F(Console, EndsARunByItsStopConditions) {
     typeCommands({"010321000001", "010321000002"});
     console->showConnectionPage(ConnectionPage::B);
     for (const bool byTimeOut : {true, false}) {
-        console->settings().TimeOutCheckBox = byTimeOut;
-        console->settings().ErrorCheckBox = !byTimeOut;
+        console->settings().TimeOutCheckBoxChecked = byTimeOut;
+        console->settings().ErrorCheckBoxChecked = !byTimeOut;
         console->RUNTransparentButtonClick();
         run(20);
         if (!byTimeOut) port.arrive("\x01\x83\x02\xC0\xF2");
@@ -283,7 +283,7 @@ TEST_F(Console, StoresTimeOutsWithTheirCaptions) {
     person.expectBox("'1.5' is not a valid integer value", "Error");
     EXPECT_FALSE(console->storeTimeOut(TimeOutTag::Second, "1.5"));
 
-    comSetup.shown.SuccessAbLED = true;
+    comSetup.shown.SuccessAbLEDLit = true;
     port.open();
     comSetup.OKBitBtnClick();
     EXPECT_EQ(console->TimeOutCaption, "100 s") << "only a lower one is raised";

@@ -13,7 +13,7 @@ namespace kelvane {
 struct ConsoleBenchWithoutDrive : SchedulerBench {
     QTemporaryDir dir;
     StubPort setupPort;
-    ComSetup comSetup{link, setupPort, clock};
+    ComSetup comSetup{link, setupPort, clock, {person, lang}};
     std::unique_ptr<AdvanceConsole> console;
 
     explicit ConsoleBenchWithoutDrive(const QByteArray& defaultCml = {}) {
@@ -21,7 +21,8 @@ struct ConsoleBenchWithoutDrive : SchedulerBench {
         comSetup.ComPortComboBoxChange("3");
         comSetup.ModeComboBoxChange("RTU");
         comSetup.copySettingsToLink();
-        console = std::make_unique<AdvanceConsole>(ConsoleBench{link, comSetup, clock, wall, dir.path()});
+        console = std::make_unique<AdvanceConsole>(
+            ConsoleSite{link, comSetup, clock, wall, {person, lang}, dir.path()});
         link.prelude();
         link.ActiveFunction = OwnerAdvance;
         console->opened();

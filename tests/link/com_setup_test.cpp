@@ -9,7 +9,7 @@ namespace {
 
 struct SetupBench : SchedulerBench {
     StubPort setupPort;
-    ComSetup setup{link, setupPort, clock};
+    ComSetup setup{link, setupPort, clock, {person, lang}};
     bool closed = false;
     SetupBench() {
         QObject::connect(&setup, &ComSetup::closeWanted, [this] { closed = true; });
@@ -61,11 +61,11 @@ TEST_F(ComSetupTest, BoxesSetThePort) {
 
 TEST_F(ComSetupTest, SendsItsCommandInTheModeAndClosesTheLinkPort) {
     port.isOpen = true;
-    link.Console.AddChksumCheckBox = false;  // the console's switches play no part
+    link.Console.AddChksumCheckBoxChecked = false;  // the console's switches play no part
     setup.TestButtonClick();
     EXPECT_FALSE(port.isOpen);
     EXPECT_TRUE(setupPort.isOpen);
-    EXPECT_TRUE(setup.shown.OKBitBtn);
+    EXPECT_TRUE(setup.shown.OKBitBtnEnabled);
     setup.ModeComboBoxChange(QStringLiteral("RTU"));
     setup.TestButtonClick();
     EXPECT_EQ(setupPort.written,
@@ -83,9 +83,9 @@ TEST_F(ComSetupTest, WaitsFromTheEndOfTheRequestAndAgainAfterEveryBurst) {
     EXPECT_EQ(setup.TestTickCount, 0);
     EXPECT_EQ(setup.TestRxText, "x");
     clock.advance(7 * TickLength - 1);
-    EXPECT_FALSE(setup.shown.SuccessAbLED);
+    EXPECT_FALSE(setup.shown.SuccessAbLEDLit);
     clock.advance(1);
-    EXPECT_TRUE(setup.shown.SuccessAbLED);
+    EXPECT_TRUE(setup.shown.SuccessAbLEDLit);
     EXPECT_FALSE(setupPort.isOpen);
     EXPECT_EQ(setup.TestRxCount, 0u);
     EXPECT_FALSE(setup.RxTimer.Enabled());
@@ -96,7 +96,7 @@ TEST_F(ComSetupTest, PortThatCannotBeOpened) {
     setup.AutoDetectRadioButtonClick();
     expectMessage(19, "Error Message");
     setup.TestButtonClick();
-    EXPECT_TRUE(setup.shown.FailAbLED);
+    EXPECT_TRUE(setup.shown.FailAbLEDLit);
     EXPECT_TRUE(setupPort.written.isEmpty());
     EXPECT_FALSE(setup.RxTimer.Enabled());
     EXPECT_EQ(history, QStringList{QStringLiteral("there is no such device")});
@@ -129,7 +129,7 @@ std::vector<Combination> combinations() {
 TEST_F(ComSetupWalk, TriesAllCombinationsOnADeafLine) {
     setup.AutoDetectRadioButtonClick();
     setup.TestButtonClick();
-    EXPECT_FALSE(setup.shown.TConnectForm) << "not before the first silence";
+    EXPECT_FALSE(setup.shown.TConnectFormShown) << "not before the first silence";
     qsizetype n = 0;
     for (const Combination& tried : combinations()) {
         ASSERT_EQ(setupPort.written.size(), ++n);
@@ -141,12 +141,12 @@ TEST_F(ComSetupWalk, TriesAllCombinationsOnADeafLine) {
         if (n == 98) expectTexts("Baud rate 9600", "Modbus RTU mode, protocol < 8, N, 2 >");
         if (n == 168) expectMessage(20, "Warning");
         clock.advanceUntil([&] { return setupPort.written.size() > n || !setup.RxTimer.Enabled(); }, 1000);
-        EXPECT_EQ(setup.shown.TConnectForm, n < 168) << n;
+        EXPECT_EQ(setup.shown.TConnectFormShown, n < 168) << n;
     }
     EXPECT_EQ(setupPort.written.size(), 168);
     EXPECT_EQ(setup.DetectCode, 0);
-    EXPECT_TRUE(setup.shown.FailAbLED);
-    EXPECT_TRUE(setup.shown.ManualRadioButton);
+    EXPECT_TRUE(setup.shown.FailAbLEDLit);
+    EXPECT_TRUE(setup.shown.ManualRadioButtonChecked);
     EXPECT_FALSE(setupPort.isOpen);
 }
 
@@ -157,8 +157,8 @@ TEST_F(ComSetupWalk, EndsAtTheFirstAnswer) {
     setupPort.arrive(":FF83027C\r\n");
     expectMessage(22, "Cofirm");
     testIsOver();
-    EXPECT_TRUE(setup.shown.SuccessAbLED);
-    EXPECT_FALSE(setup.shown.TConnectForm);
+    EXPECT_TRUE(setup.shown.SuccessAbLEDLit);
+    EXPECT_FALSE(setup.shown.TConnectFormShown);
     EXPECT_EQ(setup.DetectCode, 0);
     EXPECT_EQ(setupPort.line, (PortSettings{1, 9600, 7, ComParity::None, 2}));
 }
@@ -188,7 +188,7 @@ TEST_F(ComSetupAccept, TakesTheSettingsWithoutATest) {
 TEST_F(ComSetupAccept, AsksToGoOnLineAfterASuccess) {
     for (const bool yes : {true, false}) {
         SetupBench bench;
-        bench.setup.shown.SuccessAbLED = true;
+        bench.setup.shown.SuccessAbLEDLit = true;
         bench.expectMessage(18, "Cofirm", yes ? BoxAnswer::Yes : BoxAnswer::No);
         bool goingOnLine = false;
         QObject::connect(&bench.setup, &ComSetup::goingOnLine, [&] { goingOnLine = true; });
@@ -201,7 +201,7 @@ TEST_F(ComSetupAccept, AsksToGoOnLineAfterASuccess) {
     }
     SetupBench console;
     console.link.ActiveFunction = OwnerAdvance;
-    console.setup.shown.SuccessAbLED = true;
+    console.setup.shown.SuccessAbLEDLit = true;
     console.setup.OKBitBtnClick();  // not asked
     EXPECT_FALSE(console.link.TxTimer.Enabled());
 }
@@ -213,10 +213,10 @@ TEST_F(ComSetupAccept, OpeningFromAnOnLineLinkIsAsked) {
     EXPECT_FALSE(setup.mayOpen());
     EXPECT_EQ(link.ActiveFunction, OwnerParameter);
     EXPECT_TRUE(link.TaskQueue.empty());
-    setup.shown.OKBitBtn = true;
+    setup.shown.OKBitBtnEnabled = true;
     expectMessage(1, "Cofirm", BoxAnswer::Yes);
     EXPECT_TRUE(setup.mayOpen());
-    EXPECT_FALSE(setup.shown.OKBitBtn);
+    EXPECT_FALSE(setup.shown.OKBitBtnEnabled);
     EXPECT_EQ(link.TaskQueue, (std::deque<quint8>{0, 21}));
     EXPECT_EQ(history, QStringList(2, QStringLiteral("Setup the Com port and protocol")));
 }
@@ -227,8 +227,8 @@ TEST_F(ComSetupAccept, ClosingForgetsTheTest) {
     clock.advanceUntil([&] { return setupPort.written.size() == 5; }, 1000);
     setup.FormClose();
     EXPECT_EQ(setup.DetectCode, 0);
-    EXPECT_FALSE(setupPort.isOpen || setup.shown.TConnectForm);
-    EXPECT_FALSE(setup.shown.SuccessAbLED || setup.shown.FailAbLED);
+    EXPECT_FALSE(setupPort.isOpen || setup.shown.TConnectFormShown);
+    EXPECT_FALSE(setup.shown.SuccessAbLEDLit || setup.shown.FailAbLEDLit);
     clock.advance(5000);
     EXPECT_EQ(setupPort.written.size(), 5);
 }

@@ -31,7 +31,7 @@ TEST_P(HostileIdentification, KnowsTheDriveWhateverFails) {
                 QStringList wrong;
                 if (!bench.goOnLine() || !bench.awaitPolls(3)) wrong += "never on line";
                 wrong += bench.wrongIdentity() + bench.credits.miscredited;
-                if (bench.link.Notice.TInitialForm || bench.link.Notice.TCEmessageForm)
+                if (bench.link.Notice.TInitialFormShown || bench.link.Notice.TCEmessageFormShown)
                     wrong += "a notice stays";
                 if (wrong.isEmpty() || ++failed > 8) continue;
                 ADD_FAILURE() << "reply " << place << " " << harm.name << ", " << inARow << " in a row\n  "

@@ -69,9 +69,8 @@ struct RandomSession {
         judgeStop();
     }
     void harm() {
-        static const std::vector<Harm> harms = plainHarms() + lateReplies() + brokenReplies();
+        static const std::vector<Harm> harms = plainHarms() + lateReplies() + brokenReplies() + lateCopies();
         const Harm& one = harms[size_t(roll(int(harms.size())))];
-        if (one.tooSubtleAt(b.station.port.settings().Baud)) return;
         b.faults().clear();  // its lateness is not the next one's
         one.setOn(b.station.line.options());
         const int at = 1 + roll(3);

@@ -62,7 +62,7 @@ struct PtySession {
     LangTable lang = LangTable::builtInEnglish();
     RequestScheduler link{{clock, wall, person, port, lang}};
     GroupNameTable groupNames;
-    DriveIdentification identification{link, groupNames, lang};
+    DriveIdentification identification{link, groupNames, {person, lang}};
     QStringList history;
     int polls = 0;
 };

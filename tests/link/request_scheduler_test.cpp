@@ -200,7 +200,7 @@ TEST_F(TimeOut, WaitsLongerEachTimeAndAsksAtTheFifth) {
         if (i == 4) {
             person.expectLinkFailure(DeadText, true, LinkAnswer::Retry, [&] {
                 EXPECT_EQ(link.Lamp.ComStatusAbLED, "Off Line");
-                EXPECT_FALSE(link.Notice.TCEmessageForm);
+                EXPECT_FALSE(link.Notice.TCEmessageFormShown);
                 EXPECT_EQ(link.DriveStatus.DriveReady, 1);
                 EXPECT_TRUE(port.isOpen);
             });
@@ -211,7 +211,7 @@ TEST_F(TimeOut, WaitsLongerEachTimeAndAsksAtTheFifth) {
         waits.push_back((clock.nowUs() - sentAt - wire) / (TickLength * 1000));
         EXPECT_EQ(timedOut, i + 1);
         EXPECT_EQ(link.TxTimer.Interval(), 1000);
-        EXPECT_EQ(link.Notice.TCEmessageForm, i < 4);
+        EXPECT_EQ(link.Notice.TCEmessageFormShown, i < 4);
     }
     EXPECT_EQ(waits, (std::vector<qint64>{7, 50, 300, 300, 300}));
     EXPECT_EQ(history, QStringList(5, DeadText));
@@ -233,11 +233,11 @@ TEST_F(TimeOut, IgnoreDropsTheRequestAndAbortTakesTheLinkDown) {
     EXPECT_EQ(send(), "FF0620000030");
 
     start();
-    link.Notice.TInitialForm = true;
+    link.Notice.TInitialFormShown = true;
     failFiveTimes(LinkAnswer::Abort);
     EXPECT_EQ(tasks(), (std::vector<int>{0, 21}));
     EXPECT_FALSE(link.TxTimer.Enabled() || link.RxTimer.Enabled());
-    EXPECT_FALSE(link.Notice.TInitialForm || link.Notice.TCEmessageForm);
+    EXPECT_FALSE(link.Notice.TInitialFormShown || link.Notice.TCEmessageFormShown);
     EXPECT_EQ(link.Notice.LinkAction, 0);
 }
 
@@ -342,7 +342,7 @@ TEST_F(Reply, FetchesTheTextOfAnExceptionAndDropsTheRequest) {
 
 TEST_F(Reply, CountsFailuresOfIdentificationTogether) {
     link.Initial();
-    link.Notice.TInitialForm = true;
+    link.Notice.TInitialFormShown = true;
     link.TxTimer.setEnabled(true);
     const QStringList replies{"FF8302", "FF030204D2", "FF8302", "FF030204D2", "FF8302"};
     for (int i = 0; i < 5; ++i) {
@@ -350,7 +350,7 @@ TEST_F(Reply, CountsFailuresOfIdentificationTogether) {
         if (i == 4) person.expectBox("Initial drive failed !!", "Error");
         answer(replies[i]);
     }
-    EXPECT_FALSE(link.Notice.TInitialForm || link.Lamp.onLine() || port.isOpen);
+    EXPECT_FALSE(link.Notice.TInitialFormShown || link.Lamp.onLine() || port.isOpen);
     EXPECT_FALSE(link.TxTimer.Enabled());
     EXPECT_EQ(history, QStringList(2, "Receive data length is not correct !!"));
 }
@@ -362,7 +362,7 @@ TEST_F(Reply, LogsLengthAndFunctionErrorsAndGoesOnWithoutAFlag) {
     EXPECT_EQ(link.ParamRead.ReadDone, 0);
     EXPECT_FALSE(link.TxTimer.Enabled());
     ask(12, "FF0401000001");
-    answer("FF030204D2");
+    answer("FF030204D3");
     EXPECT_EQ(history, (QStringList{"Receive data length is not correct !!", "Function code error !! -> "}));
 }
 
@@ -378,7 +378,7 @@ TEST_P(EndOfCycle, DecidesWhetherTheLineGoesOn) {
     const GoOnRow& row = GetParam();
     link.DriveStatus.DriveReady = static_cast<quint8>(row.ready);
     link.DriveIdentified = static_cast<quint8>(row.identified);
-    link.Notice.TWriteCheckForm = row.writing;
+    link.Notice.TWriteCheckFormShown = row.writing;
     link.ActiveFunction = static_cast<quint8>(row.owner);
     link.push(8, "FF0620050006");
     link.push(13, "FF0601001770");
@@ -439,7 +439,7 @@ TEST_F(ConsoleLink, LogsEachExchangeAndSetsBothFlags) {
 
 TEST_F(ConsoleLink, KeepsAFailedSendOutOfTheLogAndItsQueues) {
     port.canOpen = false;
-    link.Console.TimeOutCheckBox = true;
+    link.Console.TimeOutCheckBoxChecked = true;
     link.port().close();
     link.push(19, "FF0321010001");
     link.TxTimer.setEnabled(true);
@@ -460,14 +460,14 @@ TEST_F(ConsoleLink, FramesByItsSettings) {
     EXPECT_EQ(wire(), "FF03211000031BEC");
     link.Console.Orlan = false;
     EXPECT_EQ(wire(), "FF032110000302C6");
-    link.Console.AddChksumCheckBox = false;
+    link.Console.AddChksumCheckBoxChecked = false;
     EXPECT_EQ(wire(), "FF0321100003");
     link.ActiveFunction = OwnerMain;  // elsewhere the boxes play no part
     EXPECT_EQ(wire(), "FF03211000031BEC");
 }
 
 TEST_F(ConsoleLink, WaitsTwiceInTrueMilliseconds) {
-    link.Console.TimeOutCheckBox = true;
+    link.Console.TimeOutCheckBoxChecked = true;
     request();
     EXPECT_EQ(waitMs(), 20);
     link.Console.TimeOut2 = 30;
@@ -500,7 +500,7 @@ TEST_F(ConsoleLink, CountsTimeOutsOfASingleSendAndTakesAnythingAsGoodWithoutRule
     EXPECT_TRUE(link.TaskQueue.empty());
     EXPECT_TRUE(history.isEmpty());
 
-    link.Console.CheckRuleCheckBox = false;
+    link.Console.CheckRuleCheckBoxChecked = false;
     request();
     port.arrive(":nonsense\r\n");
     clock.advance(30);

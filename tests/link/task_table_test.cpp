@@ -33,7 +33,7 @@ TEST_F(StatusPoll, DecodesItemsAsUnsignedTexts) {
     link.DriveStatus.StatusDecimals = {2, 2, 2, 1, 1, 0, 0, 0, 1, 1};
     link.DriveStatus.FaultTextValid = 1;
     link.DriveStatus.DriveReady = 0;
-    link.Notice.TInitialForm = true;
+    link.Notice.TInitialFormShown = true;
     int decoded = 0;
     QObject::connect(&link, &RequestScheduler::statusDecoded, [&] { ++decoded; });
     poll();
@@ -49,7 +49,7 @@ TEST_F(StatusPoll, DecodesItemsAsUnsignedTexts) {
     EXPECT_EQ(status.ReservedEnabled, 1);
     EXPECT_EQ(status.FaultTextValid, 0);
     EXPECT_EQ(status.DriveReady, 1);
-    EXPECT_FALSE(link.Notice.TInitialForm);
+    EXPECT_FALSE(link.Notice.TInitialFormShown);
     EXPECT_EQ(decoded, 1);
 }
 

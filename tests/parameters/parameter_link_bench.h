@@ -20,7 +20,7 @@ inline const DriveRecord R1{{6000, 60000, 5000, TwoPlacesRunSet, 6000}};
 // group 2.
 struct ParameterLinkBench : SchedulerBench {
     GroupNameTable names;
-    ParameterSession session{link, clock, names};
+    ParameterSession session{link, clock, names, {person, lang}};
     ParameterTable& table = session.driveTable;
     ParameterScreen& screen = session.screen;
     ProgressDialog& progress = session.progress;
@@ -79,7 +79,7 @@ struct ParameterLinkBench : SchedulerBench {
             table.grid.setCheckBox(N + 2, true);
         }
         session.driveHistory.tableRead();
-        screen.DriveTabSheet = true;
+        screen.DriveTabSheetVisible = true;
     }
     // Presses OK, and yes in its question.
     void pressOk() {

@@ -15,7 +15,7 @@ TEST(KeypadSource, AsksForThePasswordUntilItsMarkIsSet) {
     QObject::connect(&b.session.keypad, &KeypadSource::passwordWanted, [&] { ++asked; });
     b.session.keypad.ReadfromKeypadClick();
     EXPECT_EQ(asked, 1);
-    b.screen.ReadfromKeypad = true;
+    b.screen.ReadfromKeypadChecked = true;
     b.person.expectBox(PuMode, "Warning", BoxAnswer::Cancel);
     b.session.keypad.ReadfromKeypadClick();
     EXPECT_EQ(b.person.lastButtons, BoxButtons::OkCancel);
@@ -34,9 +34,10 @@ TEST(KeypadSource, ReadsValuesOnly) {
         b.link.BaudTimeoutTicks = 7;
         return PortSettings{6, choice.Baud, choice.DataBits, choice.Parity, choice.StopBits};
     };
-    b.screen.ReadfromKeypad = true;
+    b.screen.ReadfromKeypadChecked = true;
     b.person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::No);
-    b.person.expectBox(PuMode, "Warning", BoxAnswer::Ok, [&] { EXPECT_FALSE(b.screen.DriveTabSheet); });
+    b.person.expectBox(PuMode, "Warning", BoxAnswer::Ok,
+                       [&] { EXPECT_FALSE(b.screen.DriveTabSheetVisible); });
     b.session.keypad.ReadfromKeypadClick();
     EXPECT_EQ(chosen.mode, LinkMode::Rtu);
     EXPECT_EQ(b.port.line, (PortSettings{6, 9600, 8, ComParity::None, 2}));
@@ -137,7 +138,7 @@ TEST(ParameterSession, ClosedAndOpenedAgainIsBare) {
     b.session.opened();
     ParameterScreen bare;
     bare.ModelVrLabel = "Tilia";
-    bare.ShowReservedParameters = true;
+    bare.ShowReservedParametersEnabled = true;
     EXPECT_EQ(b.screen, bare);
     EXPECT_EQ(b.table.grid.RowCount(), 2);
     EXPECT_EQ(b.table.grid.cell(column::PrNo, 1), "");
@@ -147,13 +148,13 @@ TEST(ParameterSession, ClosedAndOpenedAgainIsBare) {
     b.person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::Yes);
     b.session.closeTableClick(TableSide::Drive);
     EXPECT_EQ(saved, QList<ParameterTab>{ParameterTab::Drive});
-    EXPECT_TRUE(b.screen.DriveTabSheet);
+    EXPECT_TRUE(b.screen.DriveTabSheetVisible);
     goOn();
-    EXPECT_TRUE(b.screen.DriveTabSheet) << "nothing was saved";
+    EXPECT_TRUE(b.screen.DriveTabSheetVisible) << "nothing was saved";
     b.person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::No);
     b.session.closeTableClick(TableSide::Drive);
     EXPECT_EQ(b.screen.driveRoot, (TreeRoot{"Drive", {}, false}));
-    EXPECT_FALSE(b.screen.DriveTabSheet);
+    EXPECT_FALSE(b.screen.DriveTabSheetVisible);
 }
 
 TEST(ParameterSession, ClosingWhileReadingStopsTheRead) {

@@ -57,8 +57,8 @@ QStringList registersOf(Family family) {
 }
 
 struct FlowBench : OnLineBench {
-    QuickSetup quick{link};
-    QuickSetupFlow flow{quick, link, clock};
+    QuickSetup quick{link, {person, lang}};
+    QuickSetupFlow flow{quick, link, clock, {person, lang}};
     int wizards = 0;
     int givenUp = 0;
 
@@ -84,7 +84,7 @@ struct FlowBench : OnLineBench {
         flow.chooseSource(source);
     }
     bool waitsEnd(qint64 maxMs = 900000) {
-        return clock.advanceUntil([this] { return !link.Notice.TInitialForm; }, maxMs);
+        return clock.advanceUntil([this] { return !link.Notice.TInitialFormShown; }, maxMs);
     }
     void read() {
         begin();
@@ -273,7 +273,7 @@ TEST(QuickSetupFlow, EveryWaitCanBeLeft) {
     b.begin();
     b.clock.advance(3000);
     b.flow.leaveWait();
-    EXPECT_FALSE(b.link.Notice.TInitialForm);
+    EXPECT_FALSE(b.link.Notice.TInitialFormShown);
     EXPECT_EQ(b.givenUp, 1);
     b.faults().clear();
     EXPECT_TRUE(b.awaitPolls(2)) << "the main window has the line again";

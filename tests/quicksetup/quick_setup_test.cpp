@@ -16,7 +16,7 @@ constexpr int MaxFrequency = 8;
 constexpr int Poles = 7;
 
 struct SlotBench : SchedulerBench {
-    QuickSetup quick{link};
+    QuickSetup quick{link, {person, lang}};
 
     explicit SlotBench(Family family = Family::Larch) { connectDrive(family); }
     void connectDrive(Family family, quint8 DriveIdCode = 0) {

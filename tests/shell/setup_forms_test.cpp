@@ -71,8 +71,8 @@ struct Room {
     LangTable lang = LangTable::builtInEnglish();
     RequestScheduler link{{clock, wall, person, linkPort, lang}};
     GroupNameTable groupNames;
-    DriveIdentification identification{link, groupNames, lang};
-    ComSetup setup{link, station.port, clock};
+    DriveIdentification identification{link, groupNames, {person, lang}};
+    ComSetup setup{link, station.port, clock, {person, lang}};
     PortDirectory ports =
         PortDirectory::fromText(QStringLiteral("3=practice:Tilia\n4=/dev/no-such-device\n"));
     TComSetupForm form{setup, ports};
@@ -162,9 +162,9 @@ TEST(ComSetupForm, TestByHandThenOnLine) {
     room.person.expectBox(room.lang.MsgStr(Message::GoOnLine), QStringLiteral("Cofirm"), BoxAnswer::Yes);
     click(room.form, "OKBitBtn");
     EXPECT_FALSE(room.form.isVisible());
-    EXPECT_FALSE(room.setup.shown.SuccessAbLED);
+    EXPECT_FALSE(room.setup.shown.SuccessAbLEDLit);
     ASSERT_TRUE(room.link.TxTimer.Enabled());
-    room.link.Notice.TInitialForm = true;
+    room.link.Notice.TInitialFormShown = true;
     room.link.notifyChanged();
     EXPECT_TRUE(wait.isVisible());
     QTest::keyClick(&wait, Qt::Key_Escape);
@@ -322,7 +322,7 @@ TEST(CEmessageForm, StandsOverTheWindowInFrontAndFollowsTheLink) {
     room.setup.ComPortComboBoxChange(QStringLiteral("3"));
     room.setup.copySettingsToLink();
     room.link.Initial();
-    room.link.Notice.TInitialForm = true;
+    room.link.Notice.TInitialFormShown = true;
     room.link.notifyChanged();
     room.link.TxTimer.setEnabled(true);
     room.clock.advanceUntil([&] { return notice.isVisible(); }, 5000);
@@ -333,7 +333,7 @@ TEST(CEmessageForm, StandsOverTheWindowInFrontAndFollowsTheLink) {
     EXPECT_EQ(notice.parentWidget(), &wait) << "else the wait notice would block it";
     // Closed by hand it comes back with the next silence.
     notice.close();
-    EXPECT_FALSE(room.link.Notice.TCEmessageForm);
+    EXPECT_FALSE(room.link.Notice.TCEmessageFormShown);
     room.clock.advanceUntil([&] { return notice.isVisible(); }, 10000);
     ASSERT_TRUE(notice.isVisible());
 
@@ -350,7 +350,7 @@ TEST(InitialForm, NobodyIsLockedInWhenTheLinkGivesUp) {
     room.station.line.faults().setChance(drive::LineFault::Exception, 100);
     room.setup.copySettingsToLink();
     room.link.Initial();
-    room.link.Notice.TInitialForm = true;
+    room.link.Notice.TInitialFormShown = true;
     room.link.notifyChanged();
     room.link.TxTimer.setEnabled(true);
     room.person.expectBox(QStringLiteral("Initial drive failed !!"), QStringLiteral("Error"), BoxAnswer::Ok,
@@ -364,7 +364,7 @@ TEST(InitialForm, CanBeLeftAfterFiveSeconds) {
     TInitialForm wait(room.link, room.clock);
     QSignalSpy left(&wait, &TInitialForm::left);
     const auto begin = [&] {
-        room.link.Notice.TInitialForm = true;
+        room.link.Notice.TInitialFormShown = true;
         room.link.notifyChanged();
         room.clock.advance(4900);
         EXPECT_FALSE(named<QWidget>(wait, "CloseTransparentButton").isVisible());
@@ -387,7 +387,7 @@ TEST(InitialForm, CanBeLeftAfterFiveSeconds) {
 
 TEST(PasswordForm, OneDoorForEachOwner) {
     Room room;
-    TPasswordForm form(room.link);
+    TPasswordForm form(room.link, {room.person, room.lang});
     QSignalSpy language(&form, &TPasswordForm::languageEnabled);
     QSignalSpy keypad(&form, &TPasswordForm::keypadReadEnabled);
     auto& edit = named<QLineEdit>(form, "PasswordEdit");

@@ -33,12 +33,12 @@ struct ShellBench {
         language.table = LangTable::builtInEnglish();
         language.LanguageIndex = 4;
         tool = std::make_unique<Tool>(
-            ToolBench{clock, wall, person, folder, language, [this](const PortTarget& target) {
-                          std::unique_ptr<TApdComPort> port;
-                          if (target.kind == PortTarget::Kind::Practice)
-                              port = practice.makePort(target.family);
-                          return port;
-                      }});
+            ToolSite{clock, wall, person, folder, language, [this](const PortTarget& target) {
+                         std::unique_ptr<TApdComPort> port;
+                         if (target.kind == PortTarget::Kind::Practice)
+                             port = practice.makePort(target.family);
+                         return port;
+                     }});
         tool->tripPracticeDrive = [this](Family family) { practice.raiseFault(family); };
         mainForm = std::make_unique<TMainForm>(*tool);
         windows = std::make_unique<Windows>(*tool, *mainForm, nullptr, looks);

@@ -94,9 +94,9 @@ QWidget* ConnectionForm::buildRunBar() {
     RepeatLabeledEdit->setMaximumWidth(fontMetrics().averageCharWidth() * 9);
     TerCondLabel = plainLabel("TerCondLabel", QStringLiteral("Stop when"), bar);
     ErrorCheckBox =
-        addCheck("ErrorCheckBox", QStringLiteral("Error Occur"), &ConsoleSettings::ErrorCheckBox, bar);
-    TimeOutCheckBox =
-        addCheck("TimeOutCheckBox", QStringLiteral("Time Out"), &ConsoleSettings::TimeOutCheckBox, bar);
+        addCheck("ErrorCheckBox", QStringLiteral("Error Occur"), &ConsoleSettings::ErrorCheckBoxChecked, bar);
+    TimeOutCheckBox = addCheck("TimeOutCheckBox", QStringLiteral("Time Out"),
+                               &ConsoleSettings::TimeOutCheckBoxChecked, bar);
     FigButton = toolButton("FigButton", Icon::Trend, {},
                            QStringLiteral("Change between command page and chart"), bar);
     auto* row = barLayout(bar);
@@ -143,9 +143,9 @@ QWidget* ConnectionForm::buildRowBar() {
     Bevel7->setFrameShape(QFrame::VLine);
     Bevel7->setFrameShadow(QFrame::Sunken);
     AddChksumCheckBox = addCheck("AddChksumCheckBox", QStringLiteral("Add Checksum into Command"),
-                                 &ConsoleSettings::AddChksumCheckBox, bar);
+                                 &ConsoleSettings::AddChksumCheckBoxChecked, bar);
     CheckRuleCheckBox = addCheck("CheckRuleCheckBox", QStringLiteral("Check Message by Orlan Rules"),
-                                 &ConsoleSettings::CheckRuleCheckBox, bar);
+                                 &ConsoleSettings::CheckRuleCheckBoxChecked, bar);
     addChecksumMenu();
     auto* row = barLayout(bar);
     for (QWidget* widget :
@@ -159,7 +159,7 @@ QWidget* ConnectionForm::buildRowBar() {
             [this] { m_console.InsertTransparentButtonClick(currentRow()); });
     connect(DelTransparentButton, &QToolButton::clicked, this,
             [this] { m_console.DelTransparentButtonClick(currentRow()); });
-    const bool brand = m_console.bench.link.BrandVariant() != 0;
+    const bool brand = m_console.site.link.BrandVariant() != 0;
     for (QWidget* widget : std::initializer_list<QWidget*>{Bevel7, AddChksumCheckBox, CheckRuleCheckBox})
         widget->setVisible(!brand);
     return bar;

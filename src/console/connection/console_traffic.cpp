@@ -29,10 +29,10 @@ bool ConsoleTraffic::exchangeOpen() const {
     return link.RxTimer.Enabled() || (!link.idle() && !link.TxTimer.Enabled());
 }
 
-bool ConsoleTraffic::openPort() {
+bool ConsoleTraffic::openPort(const Voice& voice) {
     if (link.port().Open() || link.port().open()) return true;
     link.ShowHistoryMsg(link.port().openError());
-    link.operatorAsked().tell(link.lang().MsgStr(Message::NoComPort), QStringLiteral("Error Message"));
+    voice.person.tell(voice.text(Message::NoComPort), QStringLiteral("Error Message"));
     return false;
 }
 
@@ -62,7 +62,7 @@ void ConsoleTraffic::cutOff() {
     m_dropResend = false;
     link.rest();
     link.emptyQueues();
-    link.Notice.TCEmessageForm = false;
+    link.Notice.TCEmessageFormShown = false;
     link.Notice.LinkAction = 0;
     link.TimeoutCount = 0;
     link.Console.Log.CanSend = 1;

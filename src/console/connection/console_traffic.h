@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include "link/request_scheduler.h"
+#include "localisation/voice.h"
 
 namespace kelvane {
 
@@ -23,7 +24,7 @@ class ConsoleTraffic : public QObject {
     // Nothing queued, nothing awaited.
     bool free() const { return link.TaskQueue.empty() && link.idle(); }
     // Opens the port where no exchange would; false, with a box, when it cannot be opened.
-    bool openPort();
+    bool openPort(const Voice& voice);
     // A request is out and is waited for, or is being judged.
     bool exchangeOpen() const;
     void send(quint8 task, const QString& command) { link.request(task, command); }

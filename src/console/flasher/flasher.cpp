@@ -16,12 +16,13 @@ const QString MotFilter = QStringLiteral("(*.mot)|*.mot");
 
 }  // namespace
 
-Flasher::Flasher(ConsoleTraffic& traffic, TickClock& clock)
+Flasher::Flasher(ConsoleTraffic& traffic, TickClock& clock, const Voice& voice)
     : MotTimer(clock, TickKind::RealTime, IntervalAtCreation, [this] { MotTimerTimer(); }),
-      m_traffic(traffic) {}
+      m_traffic(traffic),
+      m_voice(voice) {}
 
 void Flasher::LoadClick() {
-    Operator& person = m_traffic.link.operatorAsked();
+    Operator& person = m_voice.person;
     const std::optional<QString> path = person.openFile(MotFilter);
     if (!path) return;
     const FileContent content = readWhole(*path, MaxFileBytes);
@@ -37,7 +38,7 @@ void Flasher::LoadClick() {
 }
 
 void Flasher::SendFileTransparentButtonClick() {
-    if (running() || FlashLines.isEmpty() || !m_traffic.openPort()) return;
+    if (running() || FlashLines.isEmpty() || !m_traffic.openPort(m_voice)) return;
     FlashLineIndex = 0;
     gauge = 0;
     MotTimer.setInterval(static_cast<int>(std::clamp(m_traffic.link.Console.TimeOut1, 1U, LongestInterval)));

@@ -12,7 +12,7 @@ namespace kelvane {
 class Flasher : public QObject {
     Q_OBJECT
    public:
-    Flasher(ConsoleTraffic& traffic, TickClock& clock);
+    Flasher(ConsoleTraffic& traffic, TickClock& clock, const Voice& voice);
 
     QStringList FlashLines;  // also what FileMemo shows
     quint16 FlashLineIndex = 0;
@@ -31,6 +31,7 @@ class Flasher : public QObject {
    private:
     void MotTimerTimer();
     ConsoleTraffic& m_traffic;
+    const Voice m_voice;
 };
 
 }  // namespace kelvane

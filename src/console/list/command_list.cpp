@@ -23,10 +23,11 @@ std::vector<quint16> replyWords(const QByteArray& RxData) {
     return words;
 }
 
-CommandList::CommandList(ConsoleTraffic& traffic, TickClock& clock)
+CommandList::CommandList(ConsoleTraffic& traffic, TickClock& clock, const Voice& voice)
     : CmdAdvStringGrid(5),
       SendCmdTimer(clock, TickKind::RealTime, SendCmdInterval, [this] { SendCmdTimerTimer(); }),
-      m_traffic(traffic) {
+      m_traffic(traffic),
+      m_voice(voice) {
     CmdAdvStringGrid.setHeaders({QString(), QStringLiteral("Command to Send"),
                                  QStringLiteral("Replied Message"), HexFormat, QStringLiteral("Note")});
     CmdAdvStringGrid.addCheckBox(0, true);
@@ -49,8 +50,8 @@ bool CommandList::run(quint16 repeat) {
     }
     RequestScheduler& link = m_traffic.link;
     if (!any || odd) {
-        link.operatorAsked().tell(link.lang().MsgStr(any ? Message::CommandLengthOdd : Message::NoCommandSelected),
-                                  any ? QStringLiteral("Error") : QStringLiteral("Cofirm"));
+        m_voice.person.tell(m_voice.text(any ? Message::CommandLengthOdd : Message::NoCommandSelected),
+                            any ? QStringLiteral("Error") : QStringLiteral("Cofirm"));
         return false;
     }
     CmdAdvStringGrid.blank(MessageColumn, DataColumn, 1, CmdAdvStringGrid.RowCount() - 1);

@@ -18,7 +18,7 @@ class CommandList : public QObject {
     static constexpr int DataColumn = 3;
     static constexpr int NoteColumn = 4;
 
-    CommandList(ConsoleTraffic& traffic, TickClock& clock);
+    CommandList(ConsoleTraffic& traffic, TickClock& clock, const Voice& voice);
 
     StringGrid CmdAdvStringGrid;
     quint16 CurrentRow = 0;  // row last sent; 0 before the first one
@@ -55,6 +55,7 @@ class CommandList : public QObject {
     bool goes(int row) const;
 
     ConsoleTraffic& m_traffic;
+    const Voice m_voice;
 };
 
 // Words of a good reply, high byte first, from its binary form; none when it is too short.

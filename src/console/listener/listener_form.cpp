@@ -43,7 +43,7 @@ ListenerForm::ListenerForm(AdvanceConsole& console, QWidget* parent)
     : QWidget(parent),
       m_console(console),
       m_listener(console.listener),
-      m_refresh(console.bench.clock, TickKind::RealTime, RefreshInterval, [this] {
+      m_refresh(console.site.clock, TickKind::RealTime, RefreshInterval, [this] {
           m_refresh.setEnabled(false);
           showLines();
       }) {
@@ -151,12 +151,12 @@ QWidget* ListenerForm::buildCutting() {
     row->addStretch();
     addLengthMenu();
     connect(AutoBreakChRadioButton, &QRadioButton::clicked, this,
-            [this] { m_listener.AutoBreakChRadioButton = true; });
+            [this] { m_listener.AutoBreakChRadioButtonChecked = true; });
     connect(LengthLimitRadioButton, &QRadioButton::clicked, this,
-            [this] { m_listener.AutoBreakChRadioButton = false; });
+            [this] { m_listener.AutoBreakChRadioButtonChecked = false; });
     connect(WordCntLabeledEdit, &QLineEdit::textEdited, this, [this](const QString& text) {
         m_listener.WordCntLabeledEdit = text;
-        m_listener.AutoBreakChRadioButton = false;
+        m_listener.AutoBreakChRadioButtonChecked = false;
         showState();
     });
     return group;
@@ -185,7 +185,8 @@ void ListenerForm::showState() {
              AutoBreakChRadioButton, LengthLimitRadioButton, BreakAdvStringGrid, WordCntLabeledEdit,
              SearchTransparentButton, MprotocolTransparentButton})
         widget->setEnabled(free);
-    (m_listener.AutoBreakChRadioButton ? AutoBreakChRadioButton : LengthLimitRadioButton)->setChecked(true);
+    (m_listener.AutoBreakChRadioButtonChecked ? AutoBreakChRadioButton : LengthLimitRadioButton)
+        ->setChecked(true);
     m_lengths->actions().at(m_listener.breakLength() - 1)->setChecked(true);
     fitBreakGrid();
 }
@@ -248,14 +249,13 @@ void ListenerForm::search() {
 void ListenerForm::findNext() {
     if (FindEdit->text().isEmpty() || RxMemo->find(FindEdit->text(), QTextDocument::FindCaseSensitively))
         return;
-    const RequestScheduler& link = m_console.bench.link;
-    m_console.bench.link.operatorAsked().tell(link.lang().MsgStr(Message::StringNotFound),
-                                              QStringLiteral("Cofirm"));
+    m_console.site.voice.person.tell(m_console.site.voice.text(Message::StringNotFound),
+                                     QStringLiteral("Cofirm"));
     RxMemo->moveCursor(QTextCursor::Start);
 }
 
 void ListenerForm::save() {
-    askToSave(m_console.bench.link.operatorAsked(), TextFilter, m_listener.text().toLatin1());
+    askToSave(m_console.site.voice.person, TextFilter, m_listener.text().toLatin1());
 }
 
 void ListenerForm::chooseFont() {

@@ -17,13 +17,13 @@ constexpr quint8 LineFeed = 10;
 
 }  // namespace
 
-PortListener::PortListener(ConsoleTraffic& traffic, const WallClock& wallClock)
-    : BreakAdvStringGrid(MaxBreakLength), m_traffic(traffic), m_wallClock(wallClock) {
+PortListener::PortListener(ConsoleTraffic& traffic, const WallClock& wallClock, const Voice& voice)
+    : BreakAdvStringGrid(MaxBreakLength), m_traffic(traffic), m_voice(voice), m_wallClock(wallClock) {
     setBreakCells({QStringLiteral("00"), QStringLiteral("00"), QStringLiteral("00"), QStringLiteral("00")});
     BreakAdvStringGrid.mayType = [this](int, int) { return !running(); };
     connect(&BreakAdvStringGrid, &StringGrid::cellTyped, this, [this](int column, int row) {
         BreakAdvStringGrid.setCell(column, row, BreakAdvStringGrid.cell(column, row).toUpper());
-        AutoBreakChRadioButton = true;
+        AutoBreakChRadioButtonChecked = true;
         Q_EMIT stateChanged();
     });
     connect(&m_traffic.link.Console, &ConsoleExchange::listenerBurst, this, &PortListener::takeBurst);
@@ -57,7 +57,7 @@ QString PortListener::typedBreakCell(const QString& before, QChar key) {
 
 void PortListener::RUNmonitorTransparentButtonClick() {
     if (m_running) return;
-    if (!m_traffic.openPort()) return;
+    if (!m_traffic.openPort(m_voice)) return;
     clearCutting();
     m_notice.clear();
     m_running = true;
@@ -134,7 +134,7 @@ QString PortListener::added(const QString& item) const {
 void PortListener::takeBurst(const QByteArray& bytes) {
     if (!m_running) return;
     m_expected = breakCell(BreakIndex);
-    m_byBreak = AutoBreakChRadioButton && !m_expected.isEmpty();
+    m_byBreak = AutoBreakChRadioButtonChecked && !m_expected.isEmpty();
     const qint64 before = m_added;
     for (const char c : bytes) {
         const auto byte = static_cast<quint8>(c);

@@ -23,11 +23,11 @@ class PortListener : public QObject {
     static constexpr size_t Room = 50000;                  // lines
     static constexpr qsizetype RoomCharacters = 10000000;  // of all lines
 
-    PortListener(ConsoleTraffic& traffic, const WallClock& wallClock);
+    PortListener(ConsoleTraffic& traffic, const WallClock& wallClock, const Voice& voice);
 
     // One row of up to four cells of two hexadecimal digits; as many are shown as the break has bytes.
     StringGrid BreakAdvStringGrid;
-    bool AutoBreakChRadioButton = true;  // else LengthLimitRadioButton
+    bool AutoBreakChRadioButtonChecked = true;  // else LengthLimitRadioButton
     QString WordCntLabeledEdit = QStringLiteral("20");
     QString MonitorRxLine;
     quint8 MonitorFirstChar = 0;
@@ -74,6 +74,7 @@ class PortListener : public QObject {
     bool rtu() const { return m_traffic.link.mode() == LinkMode::Rtu; }
 
     ConsoleTraffic& m_traffic;
+    const Voice m_voice;
     const WallClock& m_wallClock;
     std::deque<ListenerLine> m_lines;
     qint64 m_added = 0;

@@ -169,7 +169,7 @@ void ConsoleLogView::explain() {
 }
 
 void ConsoleLogView::save() {
-    askToSave(m_console.bench.link.operatorAsked(), TextFilter,
+    askToSave(m_console.site.voice.person, TextFilter,
               m_console.log.text(ErrorsOnlyCheckBox->isChecked()).toUtf8());
 }
 

@@ -50,10 +50,12 @@ void ChartSeries::add(double value) {
     ++firstX;
 }
 
-DrivePanel::DrivePanel(ConsoleTraffic& traffic, StringGrid& CmdAdvStringGrid, TickClock& clock)
+DrivePanel::DrivePanel(ConsoleTraffic& traffic, StringGrid& CmdAdvStringGrid, TickClock& clock,
+                       const Voice& voice)
     : AdvStringGrid1(6),
       SendDefCmdTimer(clock, TickKind::Stepping, 1, [this] { SendDefCmdTimerTimer(); }),
       m_traffic(traffic),
+      m_voice(voice),
       m_commandList(CmdAdvStringGrid) {
     AdvStringGrid1.setHeaders({QString(), QStringLiteral("Address"), QStringLiteral("Name"), DecFormat,
                                QStringLiteral("Unit"), QStringLiteral("Decimal")});
@@ -84,7 +86,7 @@ void DrivePanel::SelDriveComboBoxChange() {
 
 void DrivePanel::fillSeries(int index) {
     const SeriesTable& table = seriesTable(index);
-    const auto names = seriesNames(index, m_traffic.link.lang());
+    const auto names = seriesNames(index, m_voice.lang);
     DefCmdLabeledEdit = QString::fromLatin1(table.command);
     AdvStringGrid1.setRowCount(table.rows + 1);
     for (int row = 1; row <= table.rows; ++row) {
@@ -185,11 +187,7 @@ void DrivePanel::typeCommand(const QString& text) {
 void DrivePanel::typeId(const QString& text) {
     bool ok = false;
     const int id = text.trimmed().toInt(&ok);
-    if (!ok) {
-        RequestScheduler& link = m_traffic.link;
-        link.operatorAsked().tell(link.lang().MsgStr(Message::ValueNotLegal),
-                                  QStringLiteral("Error Message"));
-    }
+    if (!ok) m_voice.person.tell(m_voice.text(Message::ValueNotLegal), QStringLiteral("Error Message"));
     takeId(ok ? id : CommonAddress);
 }
 
@@ -207,7 +205,7 @@ void DrivePanel::takeId(int id) {
 bool DrivePanel::run(quint16 repeat) {
     RequestScheduler& link = m_traffic.link;
     if (DefCmdLabeledEdit.isEmpty()) {
-        link.operatorAsked().tell(link.lang().MsgStr(Message::NoCommandSelected), QStringLiteral("Cofirm"));
+        m_voice.person.tell(m_voice.text(Message::NoCommandSelected), QStringLiteral("Cofirm"));
         return false;
     }
     // Kept: it is the command list's column that is emptied; the page's own data stays on show.
@@ -249,8 +247,7 @@ void DrivePanel::SendDefCmdTimerTimer() {
     }
     showWords();
     // Kept: with a cell that is no number the polling stays off until STOP and RUN.
-    if (!addToChart())
-        return m_traffic.link.operatorAsked().tell(QStringLiteral("I got you !!"), QStringLiteral("Cofirm"));
+    if (!addToChart()) return m_voice.person.tell(QStringLiteral("I got you !!"), QStringLiteral("Cofirm"));
     showStatus();
     countRepeat();
 }

@@ -40,7 +40,7 @@ class DrivePanel : public QObject {
     static constexpr int DecimalColumn = 5;
     static constexpr int Channels = 4;
 
-    DrivePanel(ConsoleTraffic& traffic, StringGrid& CmdAdvStringGrid, TickClock& clock);
+    DrivePanel(ConsoleTraffic& traffic, StringGrid& CmdAdvStringGrid, TickClock& clock, const Voice& voice);
 
     StringGrid AdvStringGrid1;
     OthersTable others;
@@ -114,6 +114,7 @@ class DrivePanel : public QObject {
     void setLeds(const StateLeds& lit);
 
     ConsoleTraffic& m_traffic;
+    const Voice m_voice;
     StringGrid& m_commandList;
     bool m_running = false;
 };

@@ -61,7 +61,7 @@ void showText(QLineEdit* edit, const QString& text) {
 }  // namespace
 
 DrivePanelPage::DrivePanelPage(AdvanceConsole& console, QWidget* parent)
-    : QWidget(parent), m_console(console), m_panel(console.panel), m_flasher(console.bench.clock) {
+    : QWidget(parent), m_console(console), m_panel(console.panel), m_flasher(console.site.clock) {
     auto* column = new QVBoxLayout(this);
     column->addWidget(buildHead());
     AdvStringGrid1 = named<EditableGridView>("AdvStringGrid1", this);
@@ -83,7 +83,7 @@ DrivePanelPage::DrivePanelPage(AdvanceConsole& console, QWidget* parent)
 QWidget* DrivePanelPage::buildHead() {
     auto* head = new QWidget(this);
     SelDriveComboBox = named<QComboBox>("SelDriveComboBox", head);
-    SelDriveComboBox->addItems(seriesItems(m_console.bench.link.BrandVariant()));
+    SelDriveComboBox->addItems(seriesItems(m_console.site.link.BrandVariant()));
     DefCmdLabeledEdit = named<QLineEdit>("DefCmdLabeledEdit", head);
     DefCmdLabeledEdit->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
     monitorIDLabeledEdit = named<QLineEdit>("monitorIDLabeledEdit", head);

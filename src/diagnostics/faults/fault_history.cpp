@@ -38,8 +38,8 @@ void FaultHistory::showFault(const DriveStatusRecord& DriveStatus) {
 }
 
 void FaultHistory::show(bool on, const QString& code, const QString& description) {
-    if (on == ErrCodeAbLED && code == ErrCodeLabel && description == ErrDescriptLabel) return;
-    ErrCodeAbLED = on;
+    if (on == ErrCodeAbLEDLit && code == ErrCodeLabel && description == ErrDescriptLabel) return;
+    ErrCodeAbLEDLit = on;
     ErrCodeLabel = code;
     ErrDescriptLabel = description;
     Q_EMIT changed();

@@ -18,10 +18,10 @@ class FaultHistory : public QObject {
     // now gives date and time in the system's formats.
     FaultHistory(Operator& person, std::function<QString()> now);
 
-    bool ErrCodeAbLED = false;
+    bool ErrCodeAbLEDLit = false;
     QString ErrCodeLabel = QStringLiteral("0");
     QString ErrDescriptLabel = QStringLiteral("No errors occurred");
-    bool standing() const { return ErrCodeAbLED; }  // both labels red, else green
+    bool standing() const { return ErrCodeAbLEDLit; }  // both labels red, else green
     // Number, code, description, time. Its last row is always empty.
     StringGrid ErrorAdvStringGrid{4};
 

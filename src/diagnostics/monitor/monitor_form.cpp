@@ -275,7 +275,7 @@ void TMonitorForm::showItems(QComboBox& box, int index) {
 }
 
 void TMonitorForm::showSession() {
-    StartVrPowerButton->setChecked(m_monitor.StartVrPowerButton);
+    StartVrPowerButton->setChecked(m_monitor.StartVrPowerButtonOn);
     CussorTransparentButton->setChecked(m_monitor.opCursorOnRec);
     showItems(*m_first.box, m_monitor.Meter1.ComboBox);
     showItems(*m_second.box, m_monitor.Meter2.ComboBox);

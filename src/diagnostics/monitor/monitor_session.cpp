@@ -42,16 +42,16 @@ void MeterTypeChoice::setMaxValue(const QString& text) {
     if (value) VrAngularMeter = AbThermometer = AbHMeter = *value;
 }
 
-MonitorSession::MonitorSession(const MonitorBench& bench)
-    : AbTrend1(bench.clock, bench.wallClock, 1),
-      GetDataTimer(bench.clock, TickKind::Stepping, 1, [this] { GetDataTimerTimer(); }),
-      m_bench(bench) {
+MonitorSession::MonitorSession(const MonitorSite& site)
+    : AbTrend1(site.clock, site.wallClock, 1),
+      GetDataTimer(site.clock, TickKind::Stepping, 1, [this] { GetDataTimerTimer(); }),
+      m_site(site) {
     AbTrend1.SetFlow(true);
     AbTrend1.Channel(1).ValueTo = FirstTrendTop;
     AbTrend1.Channel(1).DigitalTo = 1;
     // Before the first poll there is nothing but zeros.
     AbTrend1.mayRecord = [this] { return status().DriveReady != 0; };
-    connect(&m_bench.link, &RequestScheduler::cycleEnded, this, [this] { GetDataTimer.kick(); });
+    connect(&m_site.link, &RequestScheduler::cycleEnded, this, [this] { GetDataTimer.kick(); });
 }
 
 // ---- Data ----
@@ -121,19 +121,19 @@ void MonitorSession::takeItemNames(const QStringList& itemList) {
 // ---- Start ----
 
 void MonitorSession::StartVrPowerButtonClick(bool on) {
-    StartVrPowerButton = on;
-    if (m_bench.link.Lamp.onLine() || !openComSetup) return startOrStop();
+    StartVrPowerButtonOn = on;
+    if (m_site.link.Lamp.onLine() || !openComSetup) return startOrStop();
     openComSetup([this] {
-        m_bench.link.ActiveFunction = OwnerMonitor;
+        m_site.link.ActiveFunction = OwnerMonitor;
         startOrStop();
     });
 }
 
 // Off line nothing runs, and the button does not pretend it.
 void MonitorSession::startOrStop() {
-    if (!m_bench.link.Lamp.onLine()) StartVrPowerButton = false;
-    GetDataTimer.setEnabled(StartVrPowerButton);
-    AbTrend1.SetStartRecording(StartVrPowerButton);
+    if (!m_site.link.Lamp.onLine()) StartVrPowerButtonOn = false;
+    GetDataTimer.setEnabled(StartVrPowerButtonOn);
+    AbTrend1.SetStartRecording(StartVrPowerButtonOn);
     Q_EMIT changed();
 }
 
@@ -220,7 +220,7 @@ std::optional<int> MonitorSession::legalMaximum(const QString& text) {
     bool ok = false;
     const int value = text.toInt(&ok);
     if (ok && value >= 0) return value;
-    m_bench.person.tell(m_bench.lang.MsgStr(ok ? 24 : 23), QStringLiteral("Error Message"), BoxIcon::Stop);
+    m_site.person.tell(m_site.lang.MsgStr(ok ? 24 : 23), QStringLiteral("Error Message"), BoxIcon::Stop);
     return std::nullopt;
 }
 
@@ -262,7 +262,7 @@ void MonitorSession::AbTrend1NewCursorPos(const ValueAtCursor& value) {
 // ---- Closing and projects ----
 
 void MonitorSession::FormClose() {
-    StartVrPowerButton = false;
+    StartVrPowerButtonOn = false;
     GetDataTimer.setEnabled(false);
     AbTrend1.SetStartRecording(false);
     VrMeter.Position = 0;

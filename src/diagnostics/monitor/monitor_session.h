@@ -18,7 +18,7 @@
 namespace kelvane {
 
 // What the session works on; all of it outlives the session.
-struct MonitorBench {
+struct MonitorSite {
     TickClock& clock;
     const WallClock& wallClock;
     RequestScheduler& link;
@@ -80,7 +80,7 @@ struct MonitorIndexes {
 class MonitorSession : public QObject {
     Q_OBJECT
    public:
-    explicit MonitorSession(const MonitorBench& bench);
+    explicit MonitorSession(const MonitorSite& site);
 
     // Fields of the window; Meter1 and Meter2 are the exchangeable ones.
     ExchangeableMeter Meter1;
@@ -91,7 +91,7 @@ class MonitorSession : public QObject {
     int Ch1ComboBox = 0;
     int TrendItem = 0;
     TrendRecorder AbTrend1;  // one channel
-    bool StartVrPowerButton = false;
+    bool StartVrPowerButtonOn = false;
     bool opCursorOnRec = true;
     TickTimer GetDataTimer;
     QStringList items;  // of the four boxes
@@ -132,7 +132,7 @@ class MonitorSession : public QObject {
     void cursorTexts();
 
    private:
-    const DriveStatusRecord& status() const { return m_bench.link.DriveStatus; }
+    const DriveStatusRecord& status() const { return m_site.link.DriveStatus; }
     void feedBigDial(const DriveStatusRecord& DriveStatus);
     void feedMeter(ExchangeableMeter& meter, const DriveStatusRecord& DriveStatus);
     void feedTrend(const DriveStatusRecord& DriveStatus);
@@ -140,7 +140,7 @@ class MonitorSession : public QObject {
     std::optional<int> legalMaximum(const QString& text);
     void startOrStop();
 
-    const MonitorBench m_bench;
+    const MonitorSite m_site;
 };
 
 }  // namespace kelvane

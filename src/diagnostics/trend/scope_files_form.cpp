@@ -75,7 +75,7 @@ void TScopeForm::savePicture() {
     const QPixmap whole = screen() ? screen()->grabWindow(0) : QPixmap();
     const bool given = !whole.isNull() && whole.width() > 1;
     Image1->setPixmap(given ? whole : grab());
-    const auto path = m_bench.person.saveFile(ScreenFilter, ScreenSuffixes);
+    const auto path = m_site.person.saveFile(ScreenFilter, ScreenSuffixes);
     if (!path) return;
     const bool jpeg = path->endsWith(QLatin1String(".jpg"));
     const QImage picture = Image1->pixmap().toImage();
@@ -87,7 +87,7 @@ void TScopeForm::savePicture() {
 }
 
 void TScopeForm::savePlot() {
-    const auto path = m_bench.person.saveFile(PlotFilter, PlotSuffixes);
+    const auto path = m_site.person.saveFile(PlotFilter, PlotSuffixes);
     if (!path) return;
     const QByteArray bytes = path->endsWith(QLatin1String(".svg")) ? svgBytes(*AbTrend1)
                              : path->endsWith(QLatin1String(".pdf"))

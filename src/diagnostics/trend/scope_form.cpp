@@ -53,14 +53,14 @@ void setLabelColour(QLabel* label, const QColor& colour) {
 
 }  // namespace
 
-TScopeForm::TScopeForm(TrendSession& session, const ScopeFormBench& bench, QWidget* parent)
+TScopeForm::TScopeForm(TrendSession& session, const ScopeFormSite& site, QWidget* parent)
     : QMainWindow(parent),
       m_session(session),
-      m_bench(bench),
-      ButtonTimer(bench.clock, TickKind::RealTime, HoldTick, [this] { ButtonTimerTimer(); }) {
+      m_site(site),
+      ButtonTimer(site.clock, TickKind::RealTime, HoldTick, [this] { ButtonTimerTimer(); }) {
     setObjectName(QStringLiteral("TScopeForm"));
     setWindowTitle(QStringLiteral("Trend and Monitor"));
-    m_flasher = new LampFlasher(bench.clock, this);
+    m_flasher = new LampFlasher(site.clock, this);
     auto* centre = new QWidget(this);
     auto* column = new QVBoxLayout(centre);
     column->setContentsMargins(6, 2, 6, 4);
@@ -163,11 +163,11 @@ void TScopeForm::showItems() {
 
 void TScopeForm::showSession() {
     showItems();
-    StartVrPowerButton->setChecked(m_session.StartVrPowerButton);
-    TrendScrollBar->setEnabled(m_session.TrendScrollBar);
-    PageControl1->setTabVisible(PageControl1->indexOf(StatusTabSheet), m_session.StatusTabSheet);
-    KeypadTransparentButton->setEnabled(m_session.KeypadTransparentButton);
-    KeyPad->setEnabled(m_session.KeypadTransparentButton);
+    StartVrPowerButton->setChecked(m_session.StartVrPowerButtonOn);
+    TrendScrollBar->setEnabled(m_session.TrendScrollBarEnabled);
+    PageControl1->setTabVisible(PageControl1->indexOf(StatusTabSheet), m_session.StatusTabSheetShown);
+    KeypadTransparentButton->setEnabled(m_session.KeypadTransparentButtonEnabled);
+    KeyPad->setEnabled(m_session.KeypadTransparentButtonEnabled);
     CursorTransparentButton->setChecked(m_session.opCursorOnRec);
     AbTrend1->setCursorOnRec(m_session.opCursorOnRec);
     for (size_t c = 1; c <= TrendSession::Channels; ++c) {

@@ -30,7 +30,7 @@ class TrendPlot;
 class VrLabel;
 class VrPowerButton;
 
-struct ScopeFormBench {
+struct ScopeFormSite {
     TickClock& clock;
     Operator& person;
 };
@@ -38,7 +38,7 @@ struct ScopeFormBench {
 class TScopeForm : public QMainWindow {
     Q_OBJECT
    public:
-    TScopeForm(TrendSession& session, const ScopeFormBench& bench, QWidget* parent = nullptr);
+    TScopeForm(TrendSession& session, const ScopeFormSite& site, QWidget* parent = nullptr);
     ~TScopeForm() override;
 
     TrendPlot* AbTrend1 = nullptr;
@@ -107,7 +107,7 @@ class TScopeForm : public QMainWindow {
     void followMarkers();
 
     TrendSession& m_session;
-    ScopeFormBench m_bench;
+    ScopeFormSite m_site;
     TickTimer ButtonTimer;
     quint8 ButtonTicks = 0;
     bool ButtonUp = false;

@@ -44,12 +44,12 @@ double ParseFixed(int decimals, const QString& text) {
     return (whole * tens + scaled) / tens;
 }
 
-TrendSession::TrendSession(const TrendBench& bench)
-    : AbTrend1(bench.clock, bench.wallClock, Channels),
-      AbTrend2(bench.clock, bench.wallClock, LogicLines),
-      GetDataTimer(bench.clock, TickKind::Stepping, 1, [this] { GetDataTimerTimer(); }),
-      m_bench(bench),
-      m_journal(bench.journalFolder, bench.wallClock) {
+TrendSession::TrendSession(const TrendSite& site)
+    : AbTrend1(site.clock, site.wallClock, Channels),
+      AbTrend2(site.clock, site.wallClock, LogicLines),
+      GetDataTimer(site.clock, TickKind::Stepping, 1, [this] { GetDataTimerTimer(); }),
+      m_site(site),
+      m_journal(site.journalFolder, site.wallClock) {
     for (int c = 1; c <= Channels; ++c) {
         AbTrend1.Channel(c).color = ChannelColours[static_cast<size_t>(c - 1)];
         AbTrend1.Channel(c).visible = false;
@@ -83,7 +83,7 @@ TrendSession::TrendSession(const TrendBench& bench)
 }
 
 void TrendSession::followLink() {
-    RequestScheduler& link = m_bench.link;
+    RequestScheduler& link = m_site.link;
     connect(&link, &RequestScheduler::cycleEnded, this, [this] { GetDataTimer.kick(); });
     connect(&link, &RequestScheduler::answered, this, [this](quint8 task) { commandAnswered(task); });
     connect(&link, &RequestScheduler::timeoutTold, this, &TrendSession::suspend);
@@ -92,14 +92,14 @@ void TrendSession::followLink() {
     connect(&link, &RequestScheduler::wentOnLine, this, &TrendSession::resume);
     connect(&link, &RequestScheduler::statusDecoded, this, [this] { offerKeypad(true); });
     connect(&link, &RequestScheduler::initialRun, this, [this] {
-        StatusTabSheet = false;
+        StatusTabSheetShown = false;
         offerKeypad(false);
         Q_EMIT changed();
     });
 }
 
 void TrendSession::offerKeypad(bool offered) {
-    if (std::exchange(KeypadTransparentButton, offered) != offered) Q_EMIT changed();
+    if (std::exchange(KeypadTransparentButtonEnabled, offered) != offered) Q_EMIT changed();
 }
 
 TrendSession::~TrendSession() { m_journal.finish(AbTrend1.data.records); }
@@ -199,7 +199,7 @@ void TrendSession::InitialDrive(const QStringList& itemList) {
         const int entry = ChComboBox[static_cast<size_t>(c)];
         if (entry >= 0) ChannelItem[static_cast<size_t>(c)] = statusItemOfEntry(status().DriveFamily, entry);
     }
-    StatusTabSheet = true;
+    StatusTabSheetShown = true;
     takeItemNames(itemList);
     Q_EMIT scalesChanged();
 }
@@ -215,16 +215,16 @@ void TrendSession::commandAnswered(quint8 task) {
 // ---- A run ----
 
 void TrendSession::StartVrPowerButtonClick(bool on) {
-    StartVrPowerButton = on;
+    StartVrPowerButtonOn = on;
     const auto goOn = [this] {
         // Off Line a button that is off has nothing to stop, but gives the scroll bar back.
-        if (!StartVrPowerButton) stopRun();
-        if (StartVrPowerButton && m_bench.link.Lamp.onLine()) startRun();
+        if (!StartVrPowerButtonOn) stopRun();
+        if (StartVrPowerButtonOn && m_site.link.Lamp.onLine()) startRun();
         Q_EMIT changed();
     };
-    if (m_bench.link.Lamp.onLine() || !openComSetup) return goOn();
+    if (m_site.link.Lamp.onLine() || !openComSetup) return goOn();
     openComSetup([this, goOn] {
-        m_bench.link.ActiveFunction = OwnerTrend;
+        m_site.link.ActiveFunction = OwnerTrend;
         goOn();
     });
 }
@@ -237,25 +237,25 @@ void TrendSession::startRun() {
     // The pair leaves the same break in both lists, and AbTrend2 fed by AbTrend1 alone.
     AbTrend2.SetStartRecording(true);
     AbTrend2.SetStartRecording(false);
-    TrendScrollBar = false;
+    TrendScrollBarEnabled = false;
     Q_EMIT changed();
 }
 
 void TrendSession::stopRun() {
     GetDataTimer.setEnabled(false);
     AbTrend1.SetStartRecording(false);
-    TrendScrollBar = true;
+    TrendScrollBarEnabled = true;
     Q_EMIT changed();
 }
 
 void TrendSession::suspend() {
-    if (!StartVrPowerButton) return;
+    if (!StartVrPowerButtonOn) return;
     GetDataTimer.setEnabled(false);
     AbTrend1.SetStartRecording(false);
 }
 
 void TrendSession::resume() {
-    if (StartVrPowerButton && !GetDataTimer.Enabled()) startRun();
+    if (StartVrPowerButtonOn && !GetDataTimer.Enabled()) startRun();
 }
 
 void TrendSession::recordTaken() {
@@ -265,7 +265,7 @@ void TrendSession::recordTaken() {
 }
 
 void TrendSession::FormClose() {
-    StartVrPowerButton = false;
+    StartVrPowerButtonOn = false;
     stopRun();
     AbTrend2.SetStartRecording(false);
     endJournal();
@@ -391,11 +391,11 @@ FileResult TrendSession::saveTo(const QString& path) {
 }
 
 void TrendSession::SaveScopeDataTransparentButtonClick() {
-    if (const auto path = m_bench.person.saveFile(ScopeFilter, ScopeExtension)) saveTo(*path);
+    if (const auto path = m_site.person.saveFile(ScopeFilter, ScopeExtension)) saveTo(*path);
 }
 
 void TrendSession::LoadScopeDataTransparentButtonClick() {
-    if (const auto path = m_bench.person.openFile(ScopeFilter)) loadFrom(*path);
+    if (const auto path = m_site.person.openFile(ScopeFilter)) loadFrom(*path);
 }
 
 // Kept: the run ends, while button and tick stay as they are.
@@ -412,7 +412,7 @@ void TrendSession::loadFrom(const QString& path) {
 
 TrendInfo TrendSession::info() const {
     TrendInfo described;
-    const DriveLabelsRecord& labels = m_bench.link.Labels;
+    const DriveLabelsRecord& labels = m_site.link.Labels;
     described.drive = QStringList{labels.DriveVrLabel, labels.VersionVrLabel, labels.HPVrLabel,
                                   labels.RatedVoltageVrLabel, labels.RatedCurrentVrLabel}
                           .join(QStringLiteral(", "));
@@ -467,7 +467,7 @@ void TrendSession::declineOfferedInfo() {
 }
 
 void TrendSession::saveCsv(qint64 from, qint64 to) {
-    const auto path = m_bench.person.saveFile(CsvFilter, QStringLiteral("csv"));
+    const auto path = m_site.person.saveFile(CsvFilter, QStringLiteral("csv"));
     if (!path) return;
     const TrendInfo described = info();
     const FileResult saved = saveTrendCsv(*path, {AbTrend1.data, AbTrend2.data, described, from, to});

@@ -18,7 +18,7 @@
 namespace kelvane {
 
 // What the session works on; all of it outlives the session.
-struct TrendBench {
+struct TrendSite {
     TickClock& clock;
     const WallClock& wallClock;
     RequestScheduler& link;
@@ -32,7 +32,7 @@ class TrendSession : public QObject {
     static constexpr int Channels = 8;
     static constexpr int LogicLines = 4;
 
-    explicit TrendSession(const TrendBench& bench);
+    explicit TrendSession(const TrendSite& site);
     ~TrendSession() override;
 
     // Fields of the window. Arrays of channels have channel 1 at [1].
@@ -42,11 +42,11 @@ class TrendSession : public QObject {
     quint16 RunState = 0;
     quint16 DirState = 0;
     bool LogicPrimed = false;
-    bool StartVrPowerButton = false;
-    bool TrendScrollBar = true;            // enabled
-    bool StatusTabSheet = false;           // shown
-    bool opCursorOnRec = true;             // of AbTrend1
-    bool KeypadTransparentButton = false;  // enabled
+    bool StartVrPowerButtonOn = false;
+    bool TrendScrollBarEnabled = true;            // enabled
+    bool StatusTabSheetShown = false;             // shown
+    bool opCursorOnRec = true;                    // of AbTrend1
+    bool KeypadTransparentButtonEnabled = false;  // enabled
     int LeftScaleCh = 1;
     TickTimer GetDataTimer;
     std::array<bool, Channels + 1> ChVrPowerButton{};
@@ -81,7 +81,7 @@ class TrendSession : public QObject {
     void resume();
 
     // The window opens: its keypad button is enabled on line only.
-    void opened() { offerKeypad(m_bench.link.Lamp.onLine()); }
+    void opened() { offerKeypad(m_site.link.Lamp.onLine()); }
 
     // ---- Hand
     void StartVrPowerButtonClick(bool on);
@@ -135,8 +135,8 @@ class TrendSession : public QObject {
     void keepJournal();
     void endJournal();
     void tell(const QString& text);
-    const DriveStatusRecord& status() const { return m_bench.link.DriveStatus; }
-    TrendBench m_bench;
+    const DriveStatusRecord& status() const { return m_site.link.DriveStatus; }
+    TrendSite m_site;
     TrendJournal m_journal;
     struct ShownItem {
         QString name;

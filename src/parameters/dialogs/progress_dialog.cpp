@@ -30,7 +30,7 @@ void ProgressDialog::close() {
 }
 
 void ProgressDialog::setShown(bool on) {
-    m_link.Notice.TProgressForm = on;
+    m_link.Notice.TProgressFormShown = on;
     m_link.notifyChanged();
     if (shown == on) return;
     shown = on;

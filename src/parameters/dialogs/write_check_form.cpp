@@ -156,7 +156,7 @@ void TWriteCheckForm::build() {
 void TWriteCheckForm::connectList() {
     StringGrid& list = m_writer.AdvStringGrid1;
     connect(AdvStringGrid1, &StringGridView::dblClickCell, this, [this, &list](int column, int row) {
-        ProcessAdvStringGridDblClickCell(list, column, row, m_session.bench.link.operatorAsked());
+        ProcessAdvStringGridDblClickCell(list, column, row, m_session.site.voice.person);
     });
     // A row's box toggles here in any case, so that a row that is only to be read can be left out.
     connect(AdvStringGrid1, &StringGridView::checkBoxClicked, this, [&list](int row, bool set) {

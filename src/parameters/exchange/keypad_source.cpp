@@ -5,7 +5,7 @@
 namespace kelvane {
 
 void KeypadSource::ReadfromKeypadClick() {
-    if (!m_screen.ReadfromKeypad) {
+    if (!m_screen.ReadfromKeypadChecked) {
         Q_EMIT passwordWanted();
         return;
     }
@@ -17,36 +17,36 @@ void KeypadSource::ReadfromKeypadClick() {
 }
 
 void KeypadSource::enable() {
-    m_screen.ReadfromKeypad = true;
+    m_screen.ReadfromKeypadChecked = true;
     Q_EMIT screenChanged();
 }
 
 void KeypadSource::goOn() {
     if (!keypadIsConnected()) return;
-    m_bench.link.emptyQueues();
+    m_site.link.emptyQueues();
     takeLineSettings();
     becomeKeypad();
-    m_bench.link.push(80);
-    m_bench.link.push(81);
-    m_bench.link.start();
+    m_site.link.push(80);
+    m_site.link.push(81);
+    m_site.link.start();
 }
 
 bool KeypadSource::keypadIsConnected() {
-    return m_bench.link.operatorAsked().box(
-               QStringLiteral("The baudrate and protocol will be changed to PU mode.\n"
-                              "Please make sure keypad had connected to PC !"),
-               QStringLiteral("Warning"), BoxIcon::Exclamation, BoxButtons::OkCancel) == BoxAnswer::Ok;
+    return m_site.voice.person.box(QStringLiteral("The baudrate and protocol will be changed to PU mode.\n"
+                                                  "Please make sure keypad had connected to PC !"),
+                                   QStringLiteral("Warning"), BoxIcon::Exclamation,
+                                   BoxButtons::OkCancel) == BoxAnswer::Ok;
 }
 
 // As "Accept" of com setup takes them over.
 void KeypadSource::takeLineSettings() {
     if (!setComSetup) return;
-    m_bench.link.port().setSettings(setComSetup(ComSetupChoice{}));
-    m_bench.link.ReplyTimeoutTicks = m_bench.link.BaudTimeoutTicks;
+    m_site.link.port().setSettings(setComSetup(ComSetupChoice{}));
+    m_site.link.ReplyTimeoutTicks = m_site.link.BaudTimeoutTicks;
 }
 
 void KeypadSource::becomeKeypad() {
-    RequestScheduler& link = m_bench.link;
+    RequestScheduler& link = m_site.link;
     m_screen.ModelVrLabel = QStringLiteral("Keypad");
     link.setLamp(LampState::KeypadAsSource);
     link.DriveStatus.DriveReady = 0;

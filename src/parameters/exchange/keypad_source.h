@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "link/com_port.h"
-#include "parameters/exchange/parameter_bench.h"
+#include "parameters/exchange/parameter_site.h"
 #include "parameters/parameter_screen.h"
 
 namespace kelvane {
@@ -24,7 +24,7 @@ struct ComSetupChoice {
 class KeypadSource : public QObject {
     Q_OBJECT
    public:
-    KeypadSource(ParameterBench& bench, ParameterScreen& screen) : m_bench(bench), m_screen(screen) {}
+    KeypadSource(ParameterSite& site, ParameterScreen& screen) : m_site(site), m_screen(screen) {}
 
     void ReadfromKeypadClick();
     // The right password was given: sets the mark of the menu item.
@@ -46,7 +46,7 @@ class KeypadSource : public QObject {
     void takeLineSettings();
     void becomeKeypad();
 
-    ParameterBench& m_bench;
+    ParameterSite& m_site;
     ParameterScreen& m_screen;
 };
 

@@ -31,37 +31,37 @@ ParameterRecord recordOf(const ParamReadRecord& read) {
 
 }  // namespace
 
-ParameterReader::ParameterReader(ParameterBench& bench, ParameterTable& table, ParameterScreen& screen,
+ParameterReader::ParameterReader(ParameterSite& site, ParameterTable& table, ParameterScreen& screen,
                                  ProgressDialog& progress)
-    : m_bench(bench),
+    : m_site(site),
       m_table(table),
       m_screen(screen),
       m_progress(progress),
-      m_chain(bench.clock, bench.link),
-      m_restWatch(bench.clock, m_chain, [this] { tellNoAnswer(); }) {
+      m_chain(site.clock, site.link),
+      m_restWatch(site.clock, m_chain, [this] { tellNoAnswer(); }) {
     m_chain.next = [this] { return nextRequest(); };
     m_chain.answered = [this](const LinkRequest&) { takeReply(); };
     connect(&progress, &ProgressDialog::stopWaiting, this, &ParameterReader::stopWaiting);
-    connect(&bench.link, &RequestScheduler::keypadTableReady, this,
+    connect(&site.link, &RequestScheduler::keypadTableReady, this,
             [this] { ReadDriveTransparentButtonClick(); });
     // A link that goes to rest answers no more, also when it was not this window's.
-    connect(&bench.link, &RequestScheduler::initialRun, this, [this] {
+    connect(&site.link, &RequestScheduler::initialRun, this, [this] {
         if (reading()) stop();
     });
-    connect(&bench.link, &RequestScheduler::parameterReadStopped, this, &ParameterReader::stop);
+    connect(&site.link, &RequestScheduler::parameterReadStopped, this, &ParameterReader::stop);
 }
 
 int ParameterReader::highestNumber(int G) const {
-    const auto& counts = m_bench.link.DriveStatus.GroupParamCount;
+    const auto& counts = m_site.link.DriveStatus.GroupParamCount;
     return G >= 0 && static_cast<size_t>(G) < counts.size() ? counts[static_cast<size_t>(G)] : 0;
 }
 
 // ---- Start ----
 
 void ParameterReader::ReadDriveTransparentButtonClick() {
-    m_bench.goOnLine([this] {
-        if (m_bench.offLine()) {
-            m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(Message::PortNotReady), Cofirm);
+    m_site.goOnLine([this] {
+        if (m_site.offLine()) {
+            m_site.voice.person.tell(m_site.voice.text(Message::PortNotReady), Cofirm);
             forgetReservedWish();
         } else {
             startRead();
@@ -76,7 +76,7 @@ void ParameterReader::startRead() {
     Q_EMIT started();
     Q_EMIT screenChanged();
     if (!groups) {
-        m_bench.link.operatorAsked().tell(QStringLiteral("There is no group to load !!"), Cofirm);
+        m_site.voice.person.tell(QStringLiteral("There is no group to load !!"), Cofirm);
         forgetReservedWish();
         return;
     }
@@ -92,9 +92,9 @@ void ParameterReader::startRead() {
 }
 
 void ParameterReader::ShowReservedParametersClick() {
-    m_reservedShown = m_screen.RparaAbLED;
+    m_reservedShown = m_screen.RparaAbLEDShown;
     ReadReservedWanted = 1;
-    m_screen.RparaAbLED = true;
+    m_screen.RparaAbLEDShown = true;
     Q_EMIT screenChanged();
     ReadDriveTransparentButtonClick();
 }
@@ -102,7 +102,7 @@ void ParameterReader::ShowReservedParametersClick() {
 // The read that it was meant for did not start: the next one is a plain one.
 void ParameterReader::forgetReservedWish() {
     if (!std::exchange(ReadReservedWanted, quint8(0))) return;
-    m_screen.RparaAbLED = m_reservedShown;
+    m_screen.RparaAbLEDShown = m_reservedShown;
     Q_EMIT screenChanged();
 }
 
@@ -110,31 +110,31 @@ void ParameterReader::prepareTable() {
     if (hideColumnsFor) hideColumnsFor(family());
     m_table.clear();
     takeIdentity();
-    m_screen.DriveTabSheet = true;
+    m_screen.DriveTabSheetVisible = true;
     if (m_screen.active == ParameterTab::None) m_screen.active = ParameterTab::Drive;
-    m_screen.ResetParameter = true;
+    m_screen.ResetParameterEnabled = true;
     DriveTableComplete = 0;
 }
 
 void ParameterReader::takeIdentity() {
-    const DriveLabelsRecord& labels = m_bench.link.Labels;
+    const DriveLabelsRecord& labels = m_site.link.Labels;
     m_table.identity = {.model = m_screen.ModelVrLabel,
                         .version = labels.VersionVrLabel,
                         .ratedCurrent = labels.RatedCurrentVrLabel,
                         .ratedVoltage = labels.RatedVoltageVrLabel,
                         .hp = labels.HPVrLabel,
                         .family = family(),
-                        .groupCount = m_bench.link.DriveStatus.GroupCount};
-    for (int G = 0; G < static_cast<int>(m_bench.link.DriveStatus.GroupParamCount.size()); ++G)
+                        .groupCount = m_site.link.DriveStatus.GroupCount};
+    for (int G = 0; G < static_cast<int>(m_site.link.DriveStatus.GroupParamCount.size()); ++G)
         m_table.identity.groupParamCount[static_cast<size_t>(G)] = static_cast<quint16>(highestNumber(G));
 }
 
 bool ParameterReader::fillGroupList(Plan& plan) {
-    m_screen.RparaAbLED = reservedIncluded();
+    m_screen.RparaAbLEDShown = reservedIncluded();
     GrpNameCheckListBox.clear();
     for (int G = 0; G < limit(); ++G) {
         plan.total += highestNumber(G) + 1;
-        const QString name = m_bench.names.groupName(m_bench.link.DriveStatus.DriveFamily, G);
+        const QString name = m_site.names.groupName(m_site.link.DriveStatus.DriveFamily, G);
         GrpNameCheckListBox.push_back({name, true});
     }
     // A drive with one group alone is taken to have no group rows.
@@ -168,7 +168,7 @@ std::optional<LinkRequest> ParameterReader::nextRequest() {
         return std::nullopt;
     }
     ReadPending = 1;
-    m_bench.link.DriveStatus.ExceptionTextDone = 0;
+    m_site.link.DriveStatus.ExceptionTextDone = 0;
     fillAddressCells(m_table.grid, ReadRow, ReadGroup, ReadNumber);
     return LinkRequest{ReadTask, readCommand(), Awaits::ReadDone};
 }
@@ -189,7 +189,7 @@ void ParameterReader::passUncheckedGroups() {
 }
 
 void ParameterReader::writeGroupRow() {
-    const QString name = m_bench.names.groupName(m_bench.link.DriveStatus.DriveFamily, ReadGroup);
+    const QString name = m_site.names.groupName(m_site.link.DriveStatus.DriveFamily, ReadGroup);
     if (ReadGroup == groupCount()) {
         fillReservedGroupRow(m_table.grid, ReadRow);
     } else {
@@ -231,7 +231,7 @@ void ParameterReader::takeReply() {
 }
 
 void ParameterReader::storeRow() {
-    const ParameterRecord record = recordOf(m_bench.link.ParamRead);
+    const ParameterRecord record = recordOf(m_site.link.ParamRead);
     fillParameterRow(m_table.grid, ReadRow, family(), ReadGroup, ReadNumber, record);
     m_progress.parameterDone(QStringLiteral("Process Pr ") % m_table.grid.cell(column::PrNo, ReadRow) %
                              QStringLiteral(":  ") % record.ParaName);
@@ -255,21 +255,20 @@ void ParameterReader::stepOn() {
 void ParameterReader::askWhenCancelled() {
     // Kept: the mark is looked at after a reply only; without one, Cancel does nothing.
     if (!m_progress.cancelMark) return;
-    const bool terminate =
-        m_bench.link.operatorAsked().yes(QStringLiteral("Are you sure terminate ?"), Cofirm);
+    const bool terminate = m_site.voice.person.yes(QStringLiteral("Are you sure terminate ?"), Cofirm);
     if (!terminate && m_progress.shown) m_progress.showAgain();
 }
 
 // Kept: a refused or unusable reply ends no wait and is not asked for again. But nobody is locked in behind
 // it.
 void ParameterReader::tellNoAnswer() {
-    m_progress.tellNoAnswer(m_bench.noAnswerText(parameterNumberText(family(), ReadGroup, ReadNumber)));
+    m_progress.tellNoAnswer(m_site.noAnswerText(parameterNumberText(family(), ReadGroup, ReadNumber)));
 }
 
 // As Abort ends a read, but the link stays as it is.
 void ParameterReader::stopWaiting() {
     if (!reading()) return;
-    m_bench.link.emptyQueues();
+    m_site.link.emptyQueues();
     stop();
 }
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "parameters/dialogs/progress_dialog.h"
-#include "parameters/exchange/parameter_bench.h"
+#include "parameters/exchange/parameter_site.h"
 #include "parameters/exchange/rest_watch.h"
 #include "parameters/parameter_screen.h"
 #include "parameters/table/parameter_table.h"
@@ -26,7 +26,7 @@ class ParameterReader : public QObject {
     Q_OBJECT
    public:
     // All of them outlive the reader.
-    ParameterReader(ParameterBench& bench, ParameterTable& table, ParameterScreen& screen,
+    ParameterReader(ParameterSite& site, ParameterTable& table, ParameterScreen& screen,
                     ProgressDialog& progress);
 
     quint8 ReadGroup = 0;
@@ -85,13 +85,13 @@ class ParameterReader : public QObject {
     void stopWaiting();
     void endRead(int rows);
 
-    Family family() const { return static_cast<Family>(m_bench.link.DriveStatus.DriveFamily); }
-    int groupCount() const { return m_bench.link.DriveStatus.GroupCount; }
+    Family family() const { return static_cast<Family>(m_site.link.DriveStatus.DriveFamily); }
+    int groupCount() const { return m_site.link.DriveStatus.GroupCount; }
     int highestNumber(int G) const;
-    bool reservedIncluded() const { return m_screen.ShowReservedParameters && ReadReservedWanted; }
+    bool reservedIncluded() const { return m_screen.ShowReservedParametersEnabled && ReadReservedWanted; }
     int limit() const { return reservedIncluded() ? groupCount() + 1 : groupCount(); }
 
-    ParameterBench& m_bench;
+    ParameterSite& m_site;
     ParameterTable& m_table;
     ParameterScreen& m_screen;
     ProgressDialog& m_progress;

@@ -18,14 +18,13 @@ const QString NoRow = QStringLiteral("- -");
 
 }  // namespace
 
-ParameterWriter::ParameterWriter(ParameterBench& bench, const ParameterScreen& screen,
-                                 ProgressDialog& progress)
-    : readBack(bench, screen, progress, AdvStringGrid1), m_bench(bench), m_chain(bench.clock, bench.link) {
+ParameterWriter::ParameterWriter(ParameterSite& site, const ParameterScreen& screen, ProgressDialog& progress)
+    : readBack(site, screen, progress, AdvStringGrid1), m_site(site), m_chain(site.clock, site.link) {
     m_chain.next = [this] { return nextRequest(); };
     m_chain.answered = [this](const LinkRequest&) { takeAnswer(); };
     m_chain.ended = [this] { finishWrites(); };
     m_chain.alsoAnswered = [this] {
-        if (m_bench.link.DriveStatus.ExceptionTextDone) return true;
+        if (m_site.link.DriveStatus.ExceptionTextDone) return true;
         m_unanswered = m_stopWanted && m_chain.waitsForNothing();
         return m_unanswered;
     };
@@ -43,14 +42,14 @@ ParameterWriter::ParameterWriter(ParameterBench& bench, const ParameterScreen& s
 }
 
 bool ParameterWriter::isAspen() const {
-    return m_bench.link.DriveStatus.DriveFamily == static_cast<quint8>(Family::Aspen);
+    return m_site.link.DriveStatus.DriveFamily == static_cast<quint8>(Family::Aspen);
 }
 
 // ---- The list ----
 
 void ParameterWriter::SelectWriteSource(const WriteSource& source, WriteMode mode, bool useDefaults) {
     if (takeRows(source.table->grid, mode, useDefaults, AdvStringGrid1) == 0) {
-        m_bench.link.operatorAsked().tell(m_bench.link.lang().MsgStr(Message::NothingSelected), Cofirm);
+        m_site.voice.person.tell(m_site.voice.text(Message::NothingSelected), Cofirm);
         return;
     }
     m_source = source;
@@ -63,8 +62,8 @@ void ParameterWriter::SelectWriteSource(const WriteSource& source, WriteMode mod
 
 void ParameterWriter::setShown(bool on) {
     form.shown = on;
-    m_bench.link.Notice.TWriteCheckForm = on;
-    m_bench.link.notifyChanged();
+    m_site.link.Notice.TWriteCheckFormShown = on;
+    m_site.link.notifyChanged();
     Q_EMIT shownChanged(on);
 }
 
@@ -74,22 +73,22 @@ void ParameterWriter::setEnabled(bool on) {
 }
 
 void ParameterWriter::OKTransparentButtonClick() {
-    Operator& person = m_bench.link.operatorAsked();
+    Operator& person = m_site.voice.person;
     const int checked = checkedRows(AdvStringGrid1);
     if (checked == 0) {
         form.barPosition = 0;
         Q_EMIT changed();
-        person.tell(m_bench.link.lang().MsgStr(Message::NothingSelected), Cofirm);
+        person.tell(m_site.voice.text(Message::NothingSelected), Cofirm);
         return;
     }
-    m_bench.whenOnLine([this, checked] { startWrites(checked); });
+    m_site.whenOnLine([this, checked] { startWrites(checked); });
 }
 
 void ParameterWriter::startWrites(int checked) {
-    Operator& person = m_bench.link.operatorAsked();
-    if (!person.yes(m_bench.link.lang().MsgStr(Message::WriteParameters), Cofirm) || !form.shown) return;
+    Operator& person = m_site.voice.person;
+    if (!person.yes(m_site.voice.text(Message::WriteParameters), Cofirm) || !form.shown) return;
     WriteCount = static_cast<quint16>(checked);
-    m_bench.link.DriveStatus.ExceptionTextDone = 0;  // of an exception before this run
+    m_site.link.DriveStatus.ExceptionTextDone = 0;  // of an exception before this run
     WriteRow = 0;
     m_stopWanted = m_aborted = false;
     m_rowsReadBack.clear();
@@ -149,8 +148,8 @@ void ParameterWriter::leaveTheRest() {
 
 // An acknowledgement, a refusal, or the end of the link's patience.
 void ParameterWriter::takeAnswer() {
-    DriveStatusRecord& status = m_bench.link.DriveStatus;
-    const bool aborted = std::exchange(m_bench.link.Notice.LinkAction, quint8(0)) == 3;
+    DriveStatusRecord& status = m_site.link.DriveStatus;
+    const bool aborted = std::exchange(m_site.link.Notice.LinkAction, quint8(0)) == 3;
     if (!std::exchange(m_unanswered, false) && WriteRow != 0 && WriteRow != rowCount()) ++m_rowsDone;
     if (status.ExceptionTextDone) recordRefusal();
     status.ExceptionTextDone = status.ExceptionPending = 0;
@@ -167,7 +166,7 @@ void ParameterWriter::takeAnswer() {
 }
 
 void ParameterWriter::recordRefusal() {
-    const DriveStatusRecord& status = m_bench.link.DriveStatus;
+    const DriveStatusRecord& status = m_site.link.DriveStatus;
     const QString code = QString::number(status.ExceptionCode);
     if (WriteRow == 0 || WriteRow == rowCount()) {
         addErrorLine(ErrorAdvStringGrid,
@@ -187,7 +186,7 @@ void ParameterWriter::skipRow() {
     const bool number = withoutSeparatorToInt(AdvStringGrid1.cell(column::Data, WriteRow)).has_value();
     const auto doubt = doubtOf(AdvStringGrid1, WriteRow);
     const QString why =
-        number && doubt && !doubt->sent ? doubt->text : m_bench.link.lang().MsgStr(Message::ValueNotLegal);
+        number && doubt && !doubt->sent ? doubt->text : m_site.voice.text(Message::ValueNotLegal);
     addErrorLine(ErrorAdvStringGrid, {AdvStringGrid1.cell(column::PrNo, WriteRow),
                                       AdvStringGrid1.cell(column::Description, WriteRow),
                                       AdvStringGrid1.cell(column::Data, WriteRow), QString(), why});
@@ -238,7 +237,7 @@ void ParameterWriter::startReadBack() {
 
 void ParameterWriter::closeWanted() {
     if (!writing()) return FormClose();
-    const bool stop = m_bench.link.operatorAsked().yes(
+    const bool stop = m_site.voice.person.yes(
         QStringLiteral("Parameters are being written. Stop now and read back what was sent ?"), Cofirm);
     if (!stop || !writing()) return;
     m_stopWanted = true;
@@ -250,11 +249,11 @@ void ParameterWriter::FormClose() {
     const bool running = writing() || readBack.running();
     m_chain.stop();
     if (readBack.running()) readBack.stop();
-    if (running || m_aborted) m_bench.link.prelude();  // nothing of the run may be answered later
+    if (running || m_aborted) m_site.link.prelude();  // nothing of the run may be answered later
     // The read-back of an aborted run used the line once more; the link is Off Line until com setup takes it
     // up.
-    if (std::exchange(m_aborted, false)) m_bench.link.setLamp(LampState::OffLine);
-    m_bench.link.Notice.LinkAction = 0;
+    if (std::exchange(m_aborted, false)) m_site.link.setLamp(LampState::OffLine);
+    m_site.link.Notice.LinkAction = 0;
     m_readBackDue = false;
     form.barPosition = 0;
     setEnabled(true);

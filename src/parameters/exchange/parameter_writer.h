@@ -33,7 +33,7 @@ class ParameterWriter : public QObject {
     Q_OBJECT
    public:
     // All of them outlive the writer.
-    ParameterWriter(ParameterBench& bench, const ParameterScreen& screen, ProgressDialog& progress);
+    ParameterWriter(ParameterSite& site, const ParameterScreen& screen, ProgressDialog& progress);
 
     StringGrid AdvStringGrid1{TableColumns};
     StringGrid ErrorAdvStringGrid{ErrorColumns};
@@ -83,7 +83,7 @@ class ParameterWriter : public QObject {
     bool isAspen() const;
     int rowCount() const { return AdvStringGrid1.RowCount(); }
 
-    ParameterBench& m_bench;
+    ParameterSite& m_site;
     WriteSource m_source;
     int m_rowsDone = 0;     // checked rows that were answered or refused
     int m_rowsRefused = 0;  // of these, and those that could not be sent

@@ -13,16 +13,16 @@ constexpr int ReadBackProgressWidth = 329;
 
 }  // namespace
 
-WriteReadBack::WriteReadBack(ParameterBench& bench, const ParameterScreen& screen, ProgressDialog& progress,
+WriteReadBack::WriteReadBack(ParameterSite& site, const ParameterScreen& screen, ProgressDialog& progress,
                              StringGrid& AdvStringGrid1)
-    : m_bench(bench),
+    : m_site(site),
       m_screen(screen),
       m_progress(progress),
       m_list(AdvStringGrid1),
-      m_chain(bench.clock, bench.link),
-      m_restWatch(bench.clock, m_chain, [this] {
+      m_chain(site.clock, site.link),
+      m_restWatch(site.clock, m_chain, [this] {
           m_progress.tellNoAnswer(
-              m_bench.noAnswerText(m_list.cell(column::PrNo, static_cast<int>(RefreshRow))));
+              m_site.noAnswerText(m_list.cell(column::PrNo, static_cast<int>(RefreshRow))));
       }) {
     m_chain.next = [this] { return nextRequest(); };
     m_chain.answered = [this](const LinkRequest&) { takeReply(); };
@@ -32,14 +32,14 @@ WriteReadBack::WriteReadBack(ParameterBench& bench, const ParameterScreen& scree
     };
     connect(&progress, &ProgressDialog::cancelled, this, &WriteReadBack::onCancel);
     connect(&progress, &ProgressDialog::stopWaiting, this, &WriteReadBack::abandon);
-    connect(&bench.link, &RequestScheduler::parameterReadStopped, this, &WriteReadBack::abandon);
+    connect(&site.link, &RequestScheduler::parameterReadStopped, this, &WriteReadBack::abandon);
 }
 
 void WriteReadBack::start(const std::vector<bool>& wanted) {
     m_wanted = wanted;
     const int rows = static_cast<int>(std::count(wanted.begin(), wanted.end(), true));
     RefreshRow = 0;
-    m_bench.link.emptyQueues();
+    m_site.link.emptyQueues();
     m_chain.start();
     m_restWatch.start();
     m_progress.glyph = ProgressGlyph::ReadDrive;
@@ -60,7 +60,7 @@ std::optional<LinkRequest> WriteReadBack::nextRequest() {
         ++RefreshRow;
     } while (RefreshRow < m_wanted.size() && !m_wanted[RefreshRow]);
     if (RefreshRow >= m_wanted.size()) return std::nullopt;
-    m_bench.link.DriveStatus.ExceptionTextDone = 0;
+    m_site.link.DriveStatus.ExceptionTextDone = 0;
     return LinkRequest{ReadBackTask,
                        QStringLiteral("FF03") % m_list.cell(column::Address, static_cast<int>(RefreshRow)) %
                            QStringLiteral("0001"),
@@ -75,7 +75,7 @@ void WriteReadBack::takeReply() {
     // Kept: no sign here, a negative value of Tilia comes back as its unsigned reading.
     m_list.setCell(
         column::Data, row,
-        InsertDecimalPoint(QString::number(m_bench.link.ParamRead.ReadField[0]), dotOf(m_list, row)));
+        InsertDecimalPoint(QString::number(m_site.link.ParamRead.ReadField[0]), dotOf(m_list, row)));
     Q_EMIT rowReadBack(row);
 }
 
@@ -86,7 +86,7 @@ void WriteReadBack::onCancel() {
 
 void WriteReadBack::abandon() {
     if (!running()) return;
-    m_bench.link.emptyQueues();
+    m_site.link.emptyQueues();
     stop();
     Q_EMIT abandoned();
 }

@@ -5,7 +5,7 @@
 #include <QObject>
 
 #include "parameters/dialogs/progress_dialog.h"
-#include "parameters/exchange/parameter_bench.h"
+#include "parameters/exchange/parameter_site.h"
 #include "parameters/exchange/rest_watch.h"
 #include "parameters/parameter_screen.h"
 #include "parameters/table/parameter_table.h"
@@ -15,7 +15,7 @@ namespace kelvane {
 class WriteReadBack : public QObject {
     Q_OBJECT
    public:
-    WriteReadBack(ParameterBench& bench, const ParameterScreen& screen, ProgressDialog& progress,
+    WriteReadBack(ParameterSite& site, const ParameterScreen& screen, ProgressDialog& progress,
                   StringGrid& AdvStringGrid1);
 
     quint32 RefreshRow = 0;
@@ -35,7 +35,7 @@ class WriteReadBack : public QObject {
     void onCancel();
     void abandon();
 
-    ParameterBench& m_bench;
+    ParameterSite& m_site;
     const ParameterScreen& m_screen;
     ProgressDialog& m_progress;
     StringGrid& m_list;

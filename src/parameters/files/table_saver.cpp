@@ -116,7 +116,7 @@ const ParameterTable& TableSaver::table(ParameterTab tab) const {
 }
 
 bool TableSaver::RparaAbLED(ParameterTab tab) const {
-    return tab == ParameterTab::Drive && m_work.screen.RparaAbLED;
+    return tab == ParameterTab::Drive && m_work.screen.RparaAbLEDShown;
 }
 
 }  // namespace kelvane

@@ -34,7 +34,7 @@ const std::vector<int> FindColumns{column::PrNo, column::MODBUS, column::Descrip
 TParameterForm::TParameterForm(ParameterSession& session, KeptLooks& looks, QWidget* parent)
     : QMainWindow(parent),
       recent(looks, QStringLiteral("parameters/recentFiles")),
-      SystemTimer(session.bench.clock, TickKind::RealTime, SystemTimerInterval,
+      SystemTimer(session.site.clock, TickKind::RealTime, SystemTimerInterval,
                   [this] { SystemTimerTimer(); }),
       m_session(session),
       m_looks(looks) {
@@ -126,7 +126,7 @@ void TParameterForm::connectEngines() {
     connect(&m_session.reader, &ParameterReader::ended, this, &TParameterForm::focusTable);
     connect(&m_session.DriveAdvStringGrid, &StringGrid::hiddenColumnsChanged, this,
             &TParameterForm::showMenuItems);
-    connect(&m_session.bench.link, &RequestScheduler::changed, this, [this] {
+    connect(&m_session.site.link, &RequestScheduler::changed, this, [this] {
         showLinkPanel();
         if (isVisible()) m_pages->showScreen();
     });
@@ -271,8 +271,8 @@ void TParameterForm::treeMenu(const QPoint& pos) {
     const QTreeWidgetItem* item = ParaTreeView->itemAt(pos);
     if (!item || !treeMenuShown(item->text(0))) return;
     m_menuSide = sideOf(item);
-    m_menus->closeTable->setEnabled(m_menuSide == TableSide::Drive ? m_session.screen.DriveTabSheet
-                                                                   : m_session.screen.FileTabSheet);
+    m_menus->closeTable->setEnabled(m_menuSide == TableSide::Drive ? m_session.screen.DriveTabSheetVisible
+                                                                   : m_session.screen.FileTabSheetVisible);
     m_menus->TreeViewParaPopupMenu->popup(ParaTreeView->viewport()->mapToGlobal(pos));
 }
 

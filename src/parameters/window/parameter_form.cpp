@@ -57,9 +57,9 @@ void TParameterForm::showScreen() {
 
 void TParameterForm::showMenuItems() {
     const ParameterScreen& screen = m_session.screen;
-    m_menus->ResetParameter->setEnabled(screen.ResetParameter);
-    m_menus->ShowReservedParameters->setEnabled(screen.ShowReservedParameters);
-    m_menus->ReadfromKeypad->setChecked(screen.ReadfromKeypad);
+    m_menus->ResetParameter->setEnabled(screen.ResetParameterEnabled);
+    m_menus->ShowReservedParameters->setEnabled(screen.ShowReservedParametersEnabled);
+    m_menus->ReadfromKeypad->setChecked(screen.ReadfromKeypadChecked);
     for (size_t i = 0; i < m_menus->hideItems.size(); ++i)
         m_menus->hideItems[i]->setChecked(m_session.columns.isChecked(static_cast<int>(i) + 1));
 }
@@ -80,7 +80,7 @@ void TParameterForm::focusTable() {
 
 // Kept: link and NUM key write the same panel, and the last one wins.
 void TParameterForm::showLinkPanel() {
-    const QString& panel = m_session.bench.link.Lamp.parameterPanel1;
+    const QString& panel = m_session.site.link.Lamp.parameterPanel1;
     if (panel == m_linkPanel) return;
     m_linkPanel = panel;
     m_panel1->setText(panel);
@@ -174,7 +174,8 @@ QString TParameterForm::tabCaption(ParameterTab tab) const { return m_pages->tab
 
 void TParameterForm::CompareTransparentButtonClick() {
     if (!m_session.anyTableOpen()) return;
-    const QStringList kinds = compareKinds(m_session.screen.DriveTabSheet, m_session.screen.FileTabSheet);
+    const QStringList kinds =
+        compareKinds(m_session.screen.DriveTabSheetVisible, m_session.screen.FileTabSheetVisible);
     m_session.choices.chooseCompareKind(kinds, [this, kinds](std::optional<int> index) {
         if (!index || *index < 0 || *index >= kinds.size()) return;
         const ComparisonOutcome outcome = m_session.compare(kinds[*index]);

@@ -91,7 +91,7 @@ class TParameterForm : public QMainWindow {
     std::optional<TableSide> frontSide() const;
     ParameterTable& table(TableSide side);
     EditHistory& history(TableSide side);
-    Operator& person() { return m_session.bench.link.operatorAsked(); }
+    Operator& person() { return m_session.site.voice.person; }
 
     ParameterSession& m_session;
     KeptLooks& m_looks;

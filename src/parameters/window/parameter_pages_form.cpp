@@ -257,13 +257,13 @@ void ParameterPages::showTabs() {
 }
 
 void ParameterPages::showIdentity() {
-    const DriveLabelsRecord& labels = m_session.bench.link.Labels;
+    const DriveLabelsRecord& labels = m_session.site.link.Labels;
     DriveTabSheet->ModelVrLabel->setText(m_session.screen.ModelVrLabel);
     DriveTabSheet->VersionVrLabel->setText(labels.VersionVrLabel);
     DriveTabSheet->HPVrLabel->setText(labels.HPVrLabel);
     DriveTabSheet->RatedVoltageVrLabel->setText(labels.RatedVoltageVrLabel);
     DriveTabSheet->RatedCurrentVrLabel->setText(labels.RatedCurrentVrLabel);
-    DriveTabSheet->RparaAbLED->setVisible(m_session.screen.RparaAbLED);
+    DriveTabSheet->RparaAbLED->setVisible(m_session.screen.RparaAbLEDShown);
     const TableIdentity& file = m_session.fileTable.identity;
     FileTabSheet->ModelVrLabel->setText(file.model);
     FileTabSheet->VersionVrLabel->setText(file.version);

@@ -27,7 +27,7 @@ struct Listener : ConsoleBenchWithoutDrive, testing::Test {
         return lines;
     }
     void breakAt(const std::array<QString, 4>& cells, int length) {
-        listener.AutoBreakChRadioButton = true;
+        listener.AutoBreakChRadioButtonChecked = true;
         listener.setBreakCells(cells);
         listener.setBreakLength(length);
     }
@@ -35,7 +35,7 @@ struct Listener : ConsoleBenchWithoutDrive, testing::Test {
 };
 
 TEST_F(Listener, CutsRtuByLengthAndByBreakBytes) {
-    listener.AutoBreakChRadioButton = false;
+    listener.AutoBreakChRadioButtonChecked = false;
     listener.WordCntLabeledEdit = "3";
     EXPECT_EQ(heard(bytes("01020304050607")), QStringList({R"(\x01\x02\x03)", R"(\x04\x05\x06)", R"(\x07)"}));
     listener.WordCntLabeledEdit = "0";
@@ -54,7 +54,7 @@ TEST_F(Listener, CutsRtuByLengthAndByBreakBytes) {
 
 TEST_F(Listener, CutsAsciiByLineFeedAndByCharacter) {
     link.ComMode = 0;
-    listener.AutoBreakChRadioButton = false;
+    listener.AutoBreakChRadioButtonChecked = false;
     EXPECT_EQ(heard("AB\r\nC D\n"), QStringList({R"( A B \x0D \x0A)", R"( C \x20 D \x0A)"}));
     EXPECT_EQ(heard("~\x7F\xFF"), QStringList(R"( ~ \x7F \xFF)"));
     breakAt({"A"}, 1);
@@ -88,7 +88,7 @@ TEST_F(Listener, OwnsThePortOnlyWhileItRuns) {
 // Two minutes without pause at 115200 baud: every byte is in a line, and the oldest lines go with their
 // number known.
 TEST_F(Listener, LosesNothingAndStaysBounded) {
-    listener.AutoBreakChRadioButton = false;
+    listener.AutoBreakChRadioButtonChecked = false;
     listener.WordCntLabeledEdit = "20";
     listener.RUNmonitorTransparentButtonClick();
     constexpr qint64 Bytes = 115200 / 10 * 120;

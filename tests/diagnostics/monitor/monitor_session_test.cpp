@@ -167,7 +167,7 @@ TEST(Monitor, StartsStopsAndClears) {
     EXPECT_FALSE(b.monitor.Label1.isEmpty());
     b.monitor.StartVrPowerButtonClick(true);
     b.monitor.FormClose();
-    EXPECT_FALSE(b.monitor.StartVrPowerButton || b.monitor.GetDataTimer.Enabled() ||
+    EXPECT_FALSE(b.monitor.StartVrPowerButtonOn || b.monitor.GetDataTimer.Enabled() ||
                  b.monitor.AbTrend1.recording());
     EXPECT_EQ(b.monitor.AbTrend1.TotalRecords(), 0);
     EXPECT_EQ(b.monitor.Meter1.ValueLabel, "0");

@@ -87,7 +87,7 @@ TEST_F(ScopeForm, ARunCountsTenASecondAndSendsNothingOfItsOwn) {
     EXPECT_EQ(label("TotalRecordsLabel"), "0");
     EXPECT_EQ(session.AbTrend2.TotalRecords(), 0);
     form.close();
-    EXPECT_FALSE(session.StartVrPowerButton);
+    EXPECT_FALSE(session.StartVrPowerButtonOn);
     open();
     EXPECT_FALSE(find<QAbstractButton>("StartVrPowerButton")->isChecked());
     for (int c = 1; c <= 8; ++c) EXPECT_EQ(edit(c), " -- ");

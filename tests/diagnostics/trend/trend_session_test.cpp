@@ -85,24 +85,24 @@ TEST(TrendSession, ARunRecordsBothTrendsTogetherAndSuspendsWithTheLink) {
     b.session.StartVrPowerButtonClick(true);  // off line, and com setup does not help
     b.record(5);
     EXPECT_EQ(b.total(), 0);
-    EXPECT_TRUE(b.session.StartVrPowerButton);
+    EXPECT_TRUE(b.session.StartVrPowerButtonOn);
     b.goOnLine();
     b.session.StartVrPowerButtonClick(true);
-    EXPECT_FALSE(b.session.TrendScrollBar);
+    EXPECT_FALSE(b.session.TrendScrollBarEnabled);
     b.record(10);
     EXPECT_EQ(b.total(), 10);
     EXPECT_EQ(b.session.AbTrend2.TotalRecords(), 10);
     b.session.suspend();
     b.record(10);
     EXPECT_EQ(b.total(), 10);
-    EXPECT_TRUE(b.session.StartVrPowerButton);
+    EXPECT_TRUE(b.session.StartVrPowerButtonOn);
     b.session.resume();
     b.session.resume();
     b.record(2);
     EXPECT_EQ(b.total(), 17);
     EXPECT_EQ(b.session.AbTrend2.TotalRecords(), 17);
     b.session.StartVrPowerButtonClick(false);
-    EXPECT_TRUE(b.session.TrendScrollBar);
+    EXPECT_TRUE(b.session.TrendScrollBarEnabled);
     b.session.resume();
     b.record(5);
     EXPECT_EQ(b.total(), 17);
@@ -305,7 +305,7 @@ TEST(TrendSession, SavesLoadsAndOffersTheSettingsBeside) {
     b.person.expectOpen(filter, path);
     b.session.LoadScopeDataTransparentButtonClick();
     EXPECT_FALSE(b.session.AbTrend1.recording());
-    EXPECT_TRUE(b.session.StartVrPowerButton);  // kept: button and tick stay
+    EXPECT_TRUE(b.session.StartVrPowerButtonOn);  // kept: button and tick stay
     EXPECT_TRUE(b.session.GetDataTimer.Enabled());
     EXPECT_EQ(b.total(), 45);
     EXPECT_EQ(b.session.AbTrend2.TotalRecords(), 20);

@@ -77,7 +77,7 @@ struct DialogBench {
     drive::PracticeStation station;
     RequestScheduler link;
     GroupNameTable names;
-    ParameterSession session{link, clock, names};
+    ParameterSession session{link, clock, names, {person, lang}};
     TProgressForm progress{session.progress};
     TWriteCheckForm writeCheck{session};
     TWriteCheckErrRecordForm errorRecord{session.writer};

@@ -288,7 +288,7 @@ TEST_F(WriteList, InARunCloseBoxAndEscapeAsk) {
     press(b.errorRecord, "CloseTransparentButton");
     ASSERT_TRUE(b.runUntil([&] { return !b.writeCheck.isVisible(); }));
     EXPECT_FALSE(b.session.writer.writing());
-    EXPECT_FALSE(b.link.Notice.TWriteCheckForm);
+    EXPECT_FALSE(b.link.Notice.TWriteCheckFormShown);
 
     b.session.WriteCheckTransparentButtonClick();
     EXPECT_TRUE(part(b.writeCheck, "AdvStringGrid1").isEnabled());

@@ -13,7 +13,7 @@ TEST(ParameterReader, ReadsGroupByGroupAndNothingElse) {
     b.reader.ReadDriveTransparentButtonClick();
     EXPECT_EQ(b.progress.maximum, 3);
     EXPECT_EQ(b.reader.DriveTableComplete, 0);
-    EXPECT_TRUE(b.screen.DriveTabSheet && b.screen.ResetParameter);
+    EXPECT_TRUE(b.screen.DriveTabSheetVisible && b.screen.ResetParameterEnabled);
     EXPECT_EQ(b.screen.active, ParameterTab::Drive);
 
     EXPECT_EQ(b.readAll(), PlainRead);
@@ -27,22 +27,22 @@ TEST(ParameterReader, ReadsGroupByGroupAndNothingElse) {
     EXPECT_EQ(b.screen.driveRoot.children, (QStringList{"All Parameters", "0 - User", "1 - Basic"}));
     EXPECT_EQ(b.reader.DriveTableComplete, 1);
     EXPECT_EQ(b.complete, 1);
-    EXPECT_FALSE(b.progress.shown || b.link.Notice.TProgressForm);
-    EXPECT_FALSE(b.screen.RparaAbLED);
+    EXPECT_FALSE(b.progress.shown || b.link.Notice.TProgressFormShown);
+    EXPECT_FALSE(b.screen.RparaAbLEDShown);
     EXPECT_EQ(b.table.identity.groupParamCount[1], 2);
 }
 
 TEST(ParameterReader, ProgressStepsWithinGroupsAndTellsNameAndTimeLeft) {
     ParameterLinkBench b;
     b.readSome(0);
-    EXPECT_TRUE(b.link.Notice.TProgressForm);
+    EXPECT_TRUE(b.link.Notice.TProgressFormShown);
     EXPECT_EQ(b.progress.InfoLabel, "Reading parameters from Tilia ...");
     EXPECT_EQ(b.progress.width, 400);
     EXPECT_EQ(b.progress.msLeft(), -1);
     b.answerRecord();
     b.send();
     b.clock.advance(3);
-    b.answerRecord();
+    b.answerRecord(DriveRecord{{100, 200, 0, TwoPlacesRunSet, 100}});
     b.send();
     EXPECT_EQ(b.progress.ParaLabel, "Process Pr 00-01:  Max Output Freq.");
     EXPECT_EQ(b.progress.position, 1);
@@ -56,10 +56,10 @@ TEST(ParameterReader, ProgressStepsWithinGroupsAndTellsNameAndTimeLeft) {
 
 TEST(ParameterReader, ReservedGroupOnceOnRequest) {
     ParameterLinkBench b;
-    b.screen.ShowReservedParameters = true;
+    b.screen.ShowReservedParametersEnabled = true;
     b.reader.ShowReservedParametersClick();
     EXPECT_EQ(b.progress.maximum, 4);
-    EXPECT_TRUE(b.screen.RparaAbLED);
+    EXPECT_TRUE(b.screen.RparaAbLEDShown);
     EXPECT_EQ(b.readAll(), PlainRead + QStringList{"FF030200000F"});
     EXPECT_EQ(b.table.grid.RowCount(), 10);
     EXPECT_EQ(b.table.grid.cell(column::Description, 8), "Reserved Parameters");
@@ -67,7 +67,7 @@ TEST(ParameterReader, ReservedGroupOnceOnRequest) {
     EXPECT_EQ(b.reader.ReadReservedWanted, 0);
 
     b.reader.ReadDriveTransparentButtonClick();
-    EXPECT_FALSE(b.screen.RparaAbLED);
+    EXPECT_FALSE(b.screen.RparaAbLEDShown);
     EXPECT_EQ(b.readAll(), PlainRead);
     EXPECT_EQ(b.table.grid.RowCount(), 8);
 }
@@ -76,17 +76,18 @@ TEST(ParameterReader, OffLineAsksForComSetupAndStopsWhenThatDidNotHelp) {
     ParameterLinkBench b;
     b.link.Lamp = {};
     bool onLineNow = false;
-    b.session.bench.openComSetup = [&](const std::function<void()>& then) {
+    b.session.site.openComSetup = [&](const std::function<void()>& then) {
         if (onLineNow) b.link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
         then();
     };
     b.person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
     b.person.expectBox("The serial port is not yet functioning !\nCan not perform this function !", "Cofirm");
-    b.screen.ShowReservedParameters = true;
+    b.screen.ShowReservedParametersEnabled = true;
     b.reader.ShowReservedParametersClick();
     EXPECT_EQ(b.send(), "");
-    EXPECT_FALSE(b.screen.DriveTabSheet);
-    EXPECT_FALSE(b.screen.RparaAbLED || b.reader.ReadReservedWanted) << "no lamp and no wish stays behind";
+    EXPECT_FALSE(b.screen.DriveTabSheetVisible);
+    EXPECT_FALSE(b.screen.RparaAbLEDShown || b.reader.ReadReservedWanted)
+        << "no lamp and no wish stays behind";
 
     onLineNow = true;
     b.person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
@@ -126,7 +127,7 @@ TEST(ParameterReader, KeepsRowansNumbersRunningOn) {
     EXPECT_EQ(ParameterLinkBench::column(b.table.grid, column::PrNo), (QStringList{"0", "1"}));
     EXPECT_EQ(b.screen.driveRoot.children, QStringList{"All Parameters"});
 
-    b.screen.ShowReservedParameters = true;
+    b.screen.ShowReservedParametersEnabled = true;
     b.reader.ShowReservedParametersClick();
     EXPECT_EQ(b.readAll(),
               (QStringList{"FF030000000F", "FF030001000F", "FF030100000F", "FF030101000F", "FF030102000F"}));

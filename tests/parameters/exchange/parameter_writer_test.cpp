@@ -24,12 +24,12 @@ TEST_P(WriteOrders, GoOutTopDownAndAreReadBack) {
     ParameterLinkBench b(GetParam().DriveFamily);
     b.openTable(GetParam().values);
     b.session.WriteCheckTransparentButtonClick();
-    ASSERT_TRUE(b.writer.form.shown && b.link.Notice.TWriteCheckForm);
+    ASSERT_TRUE(b.writer.form.shown && b.link.Notice.TWriteCheckFormShown);
     for (const int row : GetParam().cleared) b.writer.AdvStringGrid1.setCheckBox(row, false);
     b.pressOk();
     EXPECT_FALSE(b.writer.form.enabled);
     EXPECT_EQ(b.writeAll(), GetParam().wire);
-    EXPECT_FALSE(b.writer.form.shown || b.progress.shown || b.link.Notice.TWriteCheckForm);
+    EXPECT_FALSE(b.writer.form.shown || b.progress.shown || b.link.Notice.TWriteCheckFormShown);
     EXPECT_TRUE(b.writer.form.enabled);
     for (int row = 0; row < GetParam().values.size(); ++row)
         EXPECT_EQ(b.table.grid.cell(column::Data, row + 2),
@@ -145,7 +145,7 @@ TEST(ParameterWriter, MarksWhatWouldNotBeSentAsItReads) {
     EXPECT_EQ(asked,
               (QStringList{"FF0620050003", "FF0601001770", "FF0601010032", "FF060105000F", "FF0620050005"}));
     EXPECT_EQ(record, (QStringList{"does not fit a register, not sent", "does not fit a register, not sent",
-                                   b.link.lang().MsgStr(Message::ValueNotLegal), ""}));
+                                   b.lang.MsgStr(Message::ValueNotLegal), ""}));
 }
 
 // Rowan with several groups has numbers twice: a value goes back to the row that it came from.
@@ -155,7 +155,7 @@ TEST(ParameterWriter, CopiesBackByNumberAndAddress) {
     fillParameterRow(b.table.grid, 2, Family::Rowan, 2, 5, {1, 9, 0, 2, 1, R1.name, R1.unit});
     ASSERT_EQ(b.table.grid.cell(column::PrNo, 1), b.table.grid.cell(column::PrNo, 2));
     b.session.driveHistory.tableRead();
-    b.screen.DriveTabSheet = true;
+    b.screen.DriveTabSheetVisible = true;
     b.table.grid.setCheckBox(2, true);
     b.session.WriteCheckTransparentButtonClick();
     b.writer.AdvStringGrid1.setCell(column::Data, 1, "7");

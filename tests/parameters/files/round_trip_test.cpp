@@ -37,7 +37,7 @@ TEST_P(PracticeSession, SavedLoadedAndSavedAgainIsTheSame) {
         OnLineBench b({.family = GetParam(), .mode = drive::LineMode::Rtu, .Baud = 38400});
         ASSERT_TRUE(b.goOnLine());
         b.openParameterWindow();
-        b.session.screen.ShowReservedParameters = true;
+        b.session.screen.ShowReservedParametersEnabled = true;
         b.session.reader.ShowReservedParametersClick();
         b.clock.advanceUntil([&] { return !b.session.progress.shown; }, 3600 * 1000);
         ASSERT_EQ(b.session.reader.DriveTableComplete, 1);

@@ -14,7 +14,7 @@ namespace {
 
 struct Saving : SchedulerBench, testing::Test {
     GroupNameTable names;
-    ParameterSession session{link, clock, names};
+    ParameterSession session{link, clock, names, {person, lang}};
     TableSaver& saver = session.saver;
     TableLoader& loader = session.loader;
     SpreadsheetBackend& spreadsheet = session.fileWork.spreadsheet;
@@ -67,7 +67,7 @@ TEST_F(Saving, ACancelledDialogLeavesTheTextAndNoFile) {
     saver.SaveTransparentButtonClick();
     EXPECT_EQ(person.suggestedName, "Larch");
     EXPECT_EQ(saver.SaveMemo, writeTableText(session.driveTable, false, TextFormat::Csv));
-    session.screen.DriveTabSheet = false;
+    session.screen.DriveTabSheetVisible = false;
     person.expectBox("There is no parameter table be opened !", "Cofirm");
     saver.SaveTransparentButtonClick();
     EXPECT_EQ(saver.SaveMemo, "");
@@ -93,11 +93,11 @@ TEST_F(Saving, ASavedComparisonComesBackAndLeavesTheTableFromFile) {
         const QString path = folder.filePath("c" + saveSuffix(kind));
         person.expectSave(saveFilter(kind), saveSuffix(kind), path);
         saver.SaveTransparentButtonClick();
-        session.screen.CompareTabSheet = false;
+        session.screen.CompareTabSheetVisible = false;
         session.CompareAdvStringGrid.setRowCount(1);
         person.expectOpen(openTableFilter(), path);
         loader.ReadFileTransparentButtonClick();
-        EXPECT_TRUE(session.screen.CompareTabSheet);
+        EXPECT_TRUE(session.screen.CompareTabSheetVisible);
         EXPECT_EQ(session.CompareAdvStringGrid.RowCount(), 3) << path.toStdString();
         EXPECT_EQ(session.CompareAdvStringGrid.cell(column::Note, 2), "Drive");
         EXPECT_EQ(session.fileTable.TableFileName, "");

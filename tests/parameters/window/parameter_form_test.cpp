@@ -121,7 +121,8 @@ class ParameterWindow : public testing::Test {
     drive::PracticeStation station;
     RequestScheduler link;
     GroupNameTable names;
-    ParameterSession session{link, clock, names, {.programFolder = folder.path(), .wallClock = &wall}};
+    ParameterSession session{
+        link, clock, names, {person, lang}, {.programFolder = folder.path(), .wallClock = &wall}};
     LooksInMemory looks;
     TParameterForm form{session, looks};
     QStringList asked;
@@ -331,7 +332,7 @@ TEST_F(ParameterWindow, ClosingATabSavesThatTableAndFailureKeepsIt) {
     person.expectBox(writeWhole(nowhere, "x").error, "Error");
     trigger("CloseTab");
     EXPECT_EQ(asked.last(), "1");
-    EXPECT_TRUE(session.screen.FileAbLED);
+    EXPECT_TRUE(session.screen.FileAbLEDLit);
     EXPECT_TRUE(named<TabSheet>("FileTabSheet")->tabVisible());
 
     // Only No discards: not a choice that was left, nor the box that was.

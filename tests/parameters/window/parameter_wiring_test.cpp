@@ -66,7 +66,7 @@ TEST_F(ParameterWiring, SourceLampIsLitByClosingATabAndGivesTheWriteList) {
     EXPECT_EQ(windows->selParaPrintForm.windowTitle(), "Select Parameter Source to Save");
     EXPECT_TRUE(fileLit());
     windows->selParaPrintForm.close();
-    EXPECT_TRUE(session.screen.FileTabSheet);
+    EXPECT_TRUE(session.screen.FileTabSheetVisible);
 
     item("WriteSelect")->trigger();
     ASSERT_TRUE(windows->selParaSourceForm.isVisible());

@@ -7,13 +7,15 @@
 #include "base/tick_clock.h"
 #include "catalogue/group_names.h"
 #include "link/request_scheduler.h"
+#include "localisation/voice.h"
 
 namespace kelvane {
 
-struct ParameterBench {
+struct ParameterSite {
     RequestScheduler& link;
     TickClock& clock;
     const GroupNameTable& names;
+    Voice voice;
     // Opens com setup and calls then when all its windows have closed, on line or not.
     std::function<void(std::function<void()> then)> openComSetup;
 

@@ -1,14 +1,13 @@
-#include "parameters/exchange/parameter_bench.h"
+#include "parameters/exchange/parameter_site.h"
 
 namespace kelvane {
 
-void ParameterBench::goOnLine(const std::function<void()>& then) const {
+void ParameterSite::goOnLine(const std::function<void()>& then) const {
     if (!offLine()) {
         then();
         return;
     }
-    link.operatorAsked().tell(link.lang().MsgStr(Message::SetUpPortFirst), QStringLiteral("Cofirm"),
-                              BoxIcon::Information);
+    voice.person.tell(voice.text(Message::SetUpPortFirst), QStringLiteral("Cofirm"), BoxIcon::Information);
     if (openComSetup) {
         openComSetup(then);
     } else {
@@ -16,13 +15,13 @@ void ParameterBench::goOnLine(const std::function<void()>& then) const {
     }
 }
 
-void ParameterBench::whenOnLine(const std::function<void()>& go) const {
+void ParameterSite::whenOnLine(const std::function<void()>& go) const {
     goOnLine([this, go] {
         if (link.Lamp.onLine()) go();
     });
 }
 
-QString ParameterBench::noAnswerText(const QString& PrNo) const {
+QString ParameterSite::noAnswerText(const QString& PrNo) const {
     const DriveStatusRecord& status = link.DriveStatus;
     const QString why = status.ExceptionTextDone ? QStringLiteral("refused, CE %1 %2")
                                                        .arg(status.ExceptionCode)
