@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <vector>
 
-#include "console/command_list_file.h"
-#include "console/motorola_file.h"
+#include "console/flasher/motorola_file.h"
+#include "console/list/command_list_file.h"
 
 using namespace kelvane;
 

@@ -60,13 +60,9 @@ class Operator {
     // TMessageForm: ErrNameVrLabel is its text; Ignore is offered only when ignoreShown.
     virtual LinkAnswer linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) = 0;
     virtual void editValue(ValueEdit& edit) = 0;
-    // saveFile() where the question for overwriting has a title of its own.
-    virtual std::optional<QString> saveFileTitled(const QString& filter, const QString& overwriteTitle) {
-        Q_UNUSED(overwriteTitle)
-        return saveFile(filter, {});
-    }
 
-    QString suggestedName;  // for the next saveFile(), without suffix; used once
+    QString suggestedName;   // for the next saveFile(), without suffix; used once
+    QString overwriteTitle;  // of the question for overwriting in the next saveFile(); used once
 
     void tell(const QString& text, const QString& title, BoxIcon icon = BoxIcon::None) {
         box(text, title, icon, BoxButtons::Ok);

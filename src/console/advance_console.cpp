@@ -3,7 +3,7 @@
 #include <QFileInfo>
 #include <algorithm>
 
-#include "console/console_texts.h"
+#include "console/connection/console_texts.h"
 #include "link/number_text.h"
 
 namespace kelvane {
@@ -312,13 +312,7 @@ QByteArray AdvanceConsole::SaveFile() {
 FileResult AdvanceConsole::saveDefault() { return writeWhole(defaultPath(), SaveFile()); }
 
 void AdvanceConsole::SaveClick() {
-    const QByteArray bytes = SaveFile();
-    Operator& person = site.voice.person;
-    const std::optional<QString> path = person.saveFileTitled(CmlFilter, QStringLiteral("MessageBox"));
-    if (!path) return;
-    const FileResult written = writeWhole(*path, bytes);
-    if (!written.ok) return person.tell(written.error, ErrorTitle, BoxIcon::Stop);
-    Q_EMIT fileOpened(*path);
+    if (const auto path = askToSave(site.voice.person, CmlFilter, SaveFile())) Q_EMIT fileOpened(*path);
 }
 
 void AdvanceConsole::OpenClick() {

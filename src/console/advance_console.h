@@ -6,14 +6,13 @@
 
 #include <QObject>
 
-#include "base/kept_looks.h"
-#include "base/whole_file.h"
-#include "console/command_list.h"
-#include "console/console_log.h"
-#include "console/drive_panel.h"
-#include "console/flasher.h"
-#include "console/frame_explainer.h"
-#include "console/port_listener.h"
+#include "base/save_file.h"
+#include "console/flasher/flasher.h"
+#include "console/list/command_list.h"
+#include "console/listener/port_listener.h"
+#include "console/log/console_log.h"
+#include "console/log/frame_explainer.h"
+#include "console/panel/drive_panel.h"
 #include "link/com_setup.h"
 
 namespace kelvane {

@@ -11,10 +11,10 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include "console/connection_form.h"
-#include "console/console_log_form.h"
-#include "console/flasher_form.h"
-#include "console/listener_form.h"
+#include "console/connection/connection_form.h"
+#include "console/flasher/flasher_form.h"
+#include "console/listener/listener_form.h"
+#include "console/log/console_log_form.h"
 #include "ui/icons.h"
 #include "ui/named.h"
 

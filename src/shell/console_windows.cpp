@@ -1,7 +1,7 @@
 #include "shell/console_windows.h"
 
 #include "console/advance_form.h"
-#include "console/input_time_out_form.h"
+#include "console/connection/input_time_out_form.h"
 #include "shell/windows.h"
 
 namespace kelvane {

@@ -14,6 +14,7 @@
 #include <QStatusBar>
 #include <array>
 
+#include "base/save_file.h"
 #include "localisation/language_writer.h"
 #include "shell/window_table.h"
 #include "ui/display_label.h"
@@ -157,7 +158,7 @@ void TMainForm::buildOptionsMenu() {
     auto* options = findChild<QMenu*>(QStringLiteral("OptionsMenu"));
     options->addSeparator();
     QAction* report =
-        item(options, "SessionReportItem", tr("Session &Report..."), [this] { Q_EMIT reportWanted(); });
+        item(options, "SessionReportItem", tr("Sessio&n Report..."), [this] { Q_EMIT reportWanted(); });
     report->setIcon(icon(Icon::Print));
     report->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
 }
@@ -374,12 +375,7 @@ void TMainForm::listen() {
 void TMainForm::showHistory(const QString& line) { m_memo->appendPlainText(line); }
 
 void TMainForm::saveHistory() {
-    Operator& person = m_tool.site.person;
-    const auto path =
-        person.saveFileTitled(QStringLiteral("TXT File(*.txt)|*.txt"), QStringLiteral("MessageBox"));
-    if (!path) return;
-    const FileResult written = writeWhole(*path, m_memo->toPlainText().toUtf8());
-    if (!written.ok) person.tell(written.error, QStringLiteral("Error"), BoxIcon::Stop);
+    askToSave(m_tool.site.person, QStringLiteral("TXT File(*.txt)|*.txt"), m_memo->toPlainText().toUtf8());
 }
 
 void TMainForm::showLink() {

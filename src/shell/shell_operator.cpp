@@ -204,13 +204,15 @@ std::optional<QString> ShellOperator::openFile(const QString& filter) {
 }
 
 std::optional<QString> ShellOperator::saveFile(const QString& filter, const QString& suffix) {
+    const QString title = std::exchange(overwriteTitle, {});
     for (;;) {
         const std::optional<ChosenFile> chosen = askFile(QFileDialog::AcceptSave, filter);
         if (!chosen) return {};
         const QStringList suffixes = suffix.split(QLatin1Char('|'));
         const QString path = withSuffix(chosen->path, suffixes.value(chosen->filter, suffixes.first()));
         if (!QFileInfo::exists(path)) return path;
-        if (yes(m_lang.MsgStr(Message::OverwriteFile), QStringLiteral("Cofirm"), BoxIcon::Exclamation))
+        if (yes(m_lang.MsgStr(Message::OverwriteFile), title.isEmpty() ? QStringLiteral("Cofirm") : title,
+                BoxIcon::Exclamation))
             return path;
     }
 }
@@ -230,16 +232,6 @@ LinkAnswer ShellOperator::linkFailure(const QString& ErrNameVrLabel, bool ignore
 
 void ShellOperator::editValue(ValueEdit& edit) {
     if (prepareValueEditor) prepareValueEditor(edit)->exec();
-}
-
-std::optional<QString> ShellOperator::saveFileTitled(const QString& filter, const QString& overwriteTitle) {
-    for (;;) {
-        const std::optional<ChosenFile> chosen = askFile(QFileDialog::AcceptSave, filter);
-        if (!chosen) return {};
-        if (!QFileInfo::exists(chosen->path)) return chosen->path;
-        if (yes(m_lang.MsgStr(Message::OverwriteFile), overwriteTitle, BoxIcon::Exclamation))
-            return chosen->path;
-    }
 }
 
 }  // namespace kelvane

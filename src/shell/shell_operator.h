@@ -25,7 +25,6 @@ class ShellOperator final : public Operator {
     std::optional<QString> saveFile(const QString& filter, const QString& suffix) override;
     LinkAnswer linkFailure(const QString& ErrNameVrLabel, bool ignoreShown) override;
     void editValue(ValueEdit& edit) override;
-    std::optional<QString> saveFileTitled(const QString& filter, const QString& overwriteTitle) override;
 
     // The forms behind the last two questions, set when they exist.
     TMessageForm* messageForm = nullptr;

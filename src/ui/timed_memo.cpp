@@ -17,12 +17,11 @@ const QString TimeFormat = QStringLiteral("hh:mm:ss.zzz");
 
 }  // namespace
 
-TimedMemo::TimedMemo(int room, QWidget* parent) : QPlainTextEdit(parent), m_margin(new QWidget(this)) {
+TimedMemo::TimedMemo(QWidget* parent) : QPlainTextEdit(parent), m_margin(new QWidget(this)) {
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setLineWrapMode(NoWrap);
     setUndoRedoEnabled(false);
-    setMaximumBlockCount(room);
     m_margin->installEventFilter(this);
     connect(this, &QPlainTextEdit::updateRequest, m_margin, qOverload<>(&QWidget::update));
     fitMargin();
@@ -42,6 +41,18 @@ void TimedMemo::appendLines(const QList<Line>& lines) {
     }
     cursor.endEditBlock();
     if (atEnd) bar->setValue(bar->maximum());
+}
+
+void TimedMemo::keepNewest(int count) {
+    const int gone = blockCount() - std::max(count, 1);
+    if (gone <= 0) return;
+    QScrollBar* bar = verticalScrollBar();
+    const bool atEnd = bar->value() >= bar->maximum();
+    const int seen = bar->value() - gone;
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor, gone);
+    cursor.removeSelectedText();
+    bar->setValue(atEnd ? bar->maximum() : std::max(seen, 0));
 }
 
 void TimedMemo::clearLines() {

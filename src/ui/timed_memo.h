@@ -1,5 +1,5 @@
 // A read-only memo that grows at its end, with a time of day beside each line. The times stand in a margin of
-// their own and are no part of the text. Bounded: the oldest lines go.
+// their own and are no part of the text.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -10,13 +10,15 @@ namespace kelvane {
 class TimedMemo : public QPlainTextEdit {
     Q_OBJECT
    public:
-    explicit TimedMemo(int room, QWidget* parent = nullptr);
+    explicit TimedMemo(QWidget* parent = nullptr);
 
     struct Line {
         QString text;
         QTime at;
     };
     void appendLines(const QList<Line>& lines);
+    // The oldest lines go until so many are left; who reads further up keeps the line in place.
+    void keepNewest(int count);
     void clearLines();
 
    protected:

@@ -1,8 +1,8 @@
 // Single commands, list runs, log, time-outs and files of the console, frame by frame.
 #include "console/advance_console.h"
 
+#include "console/connection/console_texts.h"
 #include "console/console_bench.h"
-#include "console/console_texts.h"
 
 namespace kelvane {
 namespace {

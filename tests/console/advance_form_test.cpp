@@ -11,7 +11,7 @@
 #include <QTabWidget>
 #include <QTest>
 
-#include "console/input_time_out_form.h"
+#include "console/connection/input_time_out_form.h"
 #include "shell/shell_bench.h"
 #include "ui/editable_grid_view.h"
 
