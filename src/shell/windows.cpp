@@ -196,7 +196,9 @@ void Windows::putOver(QWidget& window) {
 QWidget* Windows::inFront(const QWidget& window) const {
     QWidget* front = QApplication::activeModalWidget();
     if (!front || front == &window) front = QApplication::activeWindow();
-    if (!front || front == &window) front = mainForm.isVisible() ? &mainForm : nullptr;
+    // The retry notice moves over whatever comes into front, which can then not belong over the notice.
+    const bool unfit = !front || front == &window || front->objectName() == QLatin1String("TCEmessageForm");
+    if (unfit) front = mainForm.isVisible() ? &mainForm : nullptr;
     return front;
 }
 

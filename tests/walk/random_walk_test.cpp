@@ -6,6 +6,7 @@
 
 #include <QEventLoop>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QThread>
 #include <QTimer>
 #include <QWindow>
@@ -203,6 +204,22 @@ TEST(WindowOrder, IsNoCircle) {
             below->hide();
             above->hide();
         }
+}
+
+// The retry notice goes from window to window and may be the one that a person last clicked.
+TEST(WindowOrder, NothingBelongsOverTheRetryNotice) {
+    WalkBench bench;
+    QWidget& window = bench.windows.aboutForm;
+    TCEmessageForm& notice = bench.windows.ceMessageForm;
+    notice.showOver(nullptr);
+    notice.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&notice));
+    bench.windows.showModal(window);
+    for (const QWindow* over = window.windowHandle(); over; over = over->transientParent())
+        ASSERT_NE(over, notice.windowHandle()) << "the notice over this window would stop the whole tool";
+    notice.hide();
+    notice.showOver(&window);
+    EXPECT_TRUE(notice.isVisible());
 }
 
 class RandomWalks : public testing::TestWithParam<int> {};
