@@ -67,7 +67,7 @@ TEST_F(ValueEditing, IsUndoneStepByStepUntilTheTableIsReadAnew) {
             grid.setCheckBox(5, true);
         });
     };
-    const auto row = [&] {
+    const auto row = [&]() -> QString {
         return grid.cell(column::Data, 5) + (grid.checkBox(5) ? " V" : " X") +
                (grid.edited(5) ? " edited" : "");
     };
