@@ -108,6 +108,12 @@ bool ReplyTrust::heardForAnother(const QByteArray& reply) const {
                        [&](const Heard& one) { return one.reply == reply && one.command != m_command; });
 }
 
+bool ReplyTrust::owedToAnother(LinkMode mode, const QByteArray& reply) const {
+    return std::any_of(m_lost.begin(), m_lost.end(), [&](const QString& command) {
+        return command != m_command && fitsCommand(mode, reply, command);
+    });
+}
+
 void ReplyTrust::heard(LinkMode mode, const QByteArray& burst) {
     if (m_silenceLeft > 0) m_silenceLeft = m_silenceOwed;
     if (m_heard.isEmpty()) {
@@ -146,6 +152,8 @@ std::optional<QByteArray> ReplyTrust::answer(LinkMode mode, const QString& comma
     if (!m_again && m_clock.nowUs() >= m_lostUntilUs &&
         (tooEarly() || unusualDelay() || !std::all_of(fitting.begin(), fitting.end(), isCopy)))
         fitting.removeIf(isCopy);
+    if (!m_again && m_clock.nowUs() < m_lostUntilUs && unusualDelay())
+        fitting.removeIf([&](const QByteArray& reply) { return owedToAnother(mode, reply); });
     const bool same =
         std::all_of(fitting.begin(), fitting.end(), [&](const auto& one) { return one == fitting[0]; });
     if (fitting.isEmpty() || !same) return std::nullopt;
@@ -172,7 +180,11 @@ void ReplyTrust::forgetPace() {
     m_before.clear();
 }
 
-void ReplyTrust::lostTrack() { m_lostUntilUs = m_clock.nowUs() + LongestLateness; }
+void ReplyTrust::lostTrack() {
+    if (m_clock.nowUs() >= m_lostUntilUs) m_lost.clear();
+    if (!m_lost.contains(m_command)) m_lost += m_command;
+    m_lostUntilUs = m_clock.nowUs() + LongestLateness;
+}
 
 void ReplyTrust::oweSilence(quint32 ticks) {
     if (ticks == 0) return;

@@ -36,7 +36,8 @@ class ReplyTrust {
     bool heardAnything() const { return !m_heard.isEmpty(); }
     // The one reply that fits; nothing when there is none, or when two that fit are not the same. A copy of
     // what was heard for another request does not count beside a fresh one, nor where no answer can have
-    // begun.
+    // begun; nor does a reply at an unusual time, while it could be the one that another request still waits
+    // for.
     std::optional<QByteArray> answer(LinkMode mode, const QString& command) const;
     bool heardEcho(LinkMode mode, const QString& command) const;  // of a write
     bool heardWholeReply(LinkMode mode) const { return !wholeReplies(mode, m_heard).isEmpty(); }
@@ -62,6 +63,7 @@ class ReplyTrust {
     void silentTick();
     void remember(LinkMode mode);
     bool heardForAnother(const QByteArray& reply) const;
+    bool owedToAnother(LinkMode mode, const QByteArray& reply) const;
     bool tooEarly() const { return m_early && !m_paceless; }
     bool unusualDelay() const;
     TickClock& m_clock;
@@ -79,6 +81,7 @@ class ReplyTrust {
     qint64 m_slowestUs = 0;  // from a request to the first byte of its answer, in any exchange without doubt
     qint64 m_delayUs = 0;    // the same in the exchange in hand
     qint64 m_lostUntilUs = 0;
+    QStringList m_lost;  // requests without an answer, as long as one may come
     bool m_again = false;
     bool m_early = false;
     bool m_more = false;  // bytes behind the end of a frame
