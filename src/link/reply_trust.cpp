@@ -87,6 +87,8 @@ void ReplyTrust::sent(LinkMode mode, const QString& command, qint64 wireTimeUs, 
     remember(mode);
     if (!m_early) m_earlyInARow = 0;
     m_command = command;
+    const bool write = command.mid(2, 2) == QLatin1String("06");
+    m_echo = write ? buildFrame(mode, command, FrameCheck::Standard).wire : QByteArray();
     m_heard.clear();
     m_sentUs = m_clock.nowUs();
     m_earliestUs = m_sentUs + wireTimeUs;
@@ -104,7 +106,7 @@ void ReplyTrust::remember(LinkMode mode) {
 }
 
 bool ReplyTrust::heardForAnother(const QByteArray& reply) const {
-    return std::any_of(m_before.begin(), m_before.end(),
+    return reply != m_echo && std::any_of(m_before.begin(), m_before.end(),
                        [&](const Heard& one) { return one.reply == reply && one.command != m_command; });
 }
 
@@ -160,10 +162,8 @@ std::optional<QByteArray> ReplyTrust::answer(LinkMode mode, const QString& comma
     return fitting.front();
 }
 
-bool ReplyTrust::heardEcho(LinkMode mode, const QString& command) const {
-    if (command.mid(2, 2) != QLatin1String("06")) return false;
-    const QByteArray echo = buildFrame(mode, command, FrameCheck::Standard).wire;
-    return wholeReplies(mode, m_heard).contains(echo);
+bool ReplyTrust::heardEcho(LinkMode mode) const {
+    return !m_echo.isEmpty() && wholeReplies(mode, m_heard).contains(m_echo);
 }
 
 void ReplyTrust::answered(const QByteArray& reply) {

@@ -39,7 +39,7 @@ class ReplyTrust {
     // begun; nor does a reply at an unusual time, while it could be the one that another request still waits
     // for.
     std::optional<QByteArray> answer(LinkMode mode, const QString& command) const;
-    bool heardEcho(LinkMode mode, const QString& command) const;  // of a write
+    bool heardEcho(LinkMode mode) const;  // of a write
     bool heardWholeReply(LinkMode mode) const { return !wholeReplies(mode, m_heard).isEmpty(); }
     // The exchange ended with a good answer. A line that answers before the request can have left it has no
     // pace (a pseudo terminal, a gateway); there, being early is no sign of a late answer. One such reply may
@@ -73,6 +73,7 @@ class ReplyTrust {
     quint32 m_silenceLeft = 0;
     QList<Heard> m_before;  // whole replies of the exchanges of the last seconds, oldest first
     QString m_command;      // the request in hand
+    QByteArray m_echo;      // its answer, when it is a write: nothing else is answered like that
     QByteArray m_heard;     // since the request was sent
     qint64 m_sentUs = 0;
     qint64 m_earliestUs = 0;  // before it no answer can begin

@@ -200,8 +200,7 @@ int RequestScheduler::knownLength() const {
 // No other request's answer looks like the echo of a write, so in doubt it ends the wait of one that was sent
 // once.
 bool RequestScheduler::echoIsHeard() const {
-    return !inConsole() && !m_sentAgain && m_trust.inDoubt() && !CommandQueue.empty() &&
-           m_trust.heardEcho(mode(), CommandQueue.front());
+    return !inConsole() && !m_sentAgain && m_trust.inDoubt() && m_trust.heardEcho(mode());
 }
 
 void RequestScheduler::endHoldBack() {
