@@ -106,8 +106,9 @@ void ReplyTrust::remember(LinkMode mode) {
 }
 
 bool ReplyTrust::heardForAnother(const QByteArray& reply) const {
-    return reply != m_echo && std::any_of(m_before.begin(), m_before.end(),
-                       [&](const Heard& one) { return one.reply == reply && one.command != m_command; });
+    return reply != m_echo && std::any_of(m_before.begin(), m_before.end(), [&](const Heard& one) {
+               return one.reply == reply && one.command != m_command;
+           });
 }
 
 bool ReplyTrust::owedToAnother(LinkMode mode, const QByteArray& reply) const {
