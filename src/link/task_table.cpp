@@ -35,7 +35,7 @@ constexpr std::array<FamilyCommands, 10> familyCommands{{
 
 QString byFamily(const DriveStatusRecord& status, const char* FamilyCommands::*column) {
     if (status.DriveFamily >= familyCommands.size()) return {};
-    const QString text = QString::fromLatin1(familyCommands[status.DriveFamily].*column);
+    QString text = QString::fromLatin1(familyCommands[status.DriveFamily].*column);
     if (text != QLatin1String("G")) return text;
     return QStringLiteral("FF0331") % IntToBaseStr(status.GroupIndex, 16, 2) % QStringLiteral("0008");
 }

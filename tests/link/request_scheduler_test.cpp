@@ -206,7 +206,10 @@ TEST_F(TimeOut, WaitsLongerEachTimeAndAsksAtTheFifth) {
     const qint64 wire = port.line.wireTimeUs(8);
     std::vector<qint64> waits;
     int timedOut = 0;
+    QStringList told;
     QObject::connect(&link, &RequestScheduler::timedOut, [&] { ++timedOut; });
+    QObject::connect(&link, &RequestScheduler::timeoutTold, [&] { told += "suspend"; });
+    QObject::connect(&link, &RequestScheduler::answeredAgain, [&] { told += "resume"; });
     for (int i = 0; i < 5; ++i) {
         if (i == 4) {
             person.expectLinkFailure(DeadText, true, LinkAnswer::Retry, [&] {
@@ -234,6 +237,8 @@ TEST_F(TimeOut, WaitsLongerEachTimeAndAsksAtTheFifth) {
     EXPECT_EQ(link.Lamp.ComStatusAbLED, "On Line");
     EXPECT_EQ(link.ReplyTimeoutTicks, link.BaudTimeoutTicks);
     EXPECT_EQ(send(), Poll);
+    answerWords(Sixteen);
+    EXPECT_EQ(told, QStringList(5, "suspend") + QStringList("resume")) << "what a trend does";
 }
 
 TEST_F(TimeOut, IgnoreDropsTheRequestAndAbortTakesTheLinkDown) {
@@ -250,18 +255,6 @@ TEST_F(TimeOut, IgnoreDropsTheRequestAndAbortTakesTheLinkDown) {
     EXPECT_FALSE(link.TxTimer.Enabled() || link.RxTimer.Enabled());
     EXPECT_FALSE(link.Notice.TInitialFormShown || link.Notice.TCEmessageFormShown);
     EXPECT_EQ(link.Notice.LinkAction, 0);
-}
-
-TEST_F(TimeOut, SuspendsATrendUntilTheNextReply) {
-    QStringList told;
-    QObject::connect(&link, &RequestScheduler::timeoutTold, [&] { told += "suspend"; });
-    QObject::connect(&link, &RequestScheduler::answeredAgain, [&] { told += "resume"; });
-    staySilent();
-    send();
-    answerWords(Sixteen);
-    send();
-    answerWords(Sixteen);
-    EXPECT_EQ(told, (QStringList{"suspend", "resume"}));
 }
 
 TEST_F(Reply, TakesTheLinkOnLineBeforeTheFrameIsChecked) {
@@ -461,22 +454,6 @@ TEST_F(ConsoleLink, KeepsAFailedSendOutOfTheLogAndItsQueues) {
     EXPECT_EQ(link.Console.Log.timeoutRecords, 1);
 }
 
-TEST_F(ConsoleLink, FramesByItsSettings) {
-    link.ComMode = 1;
-    const auto wire = [this] {
-        link.emptyQueues();
-        request("FF0321100003");
-        return port.written.back().toHex().toUpper();
-    };
-    EXPECT_EQ(wire(), "FF03211000031BEC");
-    link.Console.Orlan = false;
-    EXPECT_EQ(wire(), "FF032110000302C6");
-    link.Console.AddChksumCheckBoxChecked = false;
-    EXPECT_EQ(wire(), "FF0321100003");
-    link.ActiveFunction = OwnerMain;  // elsewhere the boxes play no part
-    EXPECT_EQ(wire(), "FF03211000031BEC");
-}
-
 TEST_F(ConsoleLink, WaitsTwiceInTrueMilliseconds) {
     link.Console.TimeOutCheckBoxChecked = true;
     request();
@@ -517,16 +494,6 @@ TEST_F(ConsoleLink, CountsTimeOutsOfASingleSendAndTakesAnythingAsGoodWithoutRule
     clock.advance(30);
     EXPECT_EQ(link.Console.Log.errorRecords, 0);
     EXPECT_EQ(link.Console.Log.CanSend, 1);
-}
-
-TEST_F(ConsoleLink, DoesNotWaitWhileItListens) {
-    link.Console.Monitor = true;
-    QByteArray heard;
-    QObject::connect(&link.Console, &ConsoleExchange::listenerBurst, [&](const QByteArray& b) { heard = b; });
-    request();
-    EXPECT_FALSE(link.RxTimer.Enabled());
-    port.arrive("abc");
-    EXPECT_EQ(heard, "abc");
 }
 
 // Some locales set the zone in brackets, which go with it.
