@@ -52,8 +52,10 @@ ConsoleLogView::ConsoleLogView(AdvanceConsole& console, QWidget* parent)
     ExplainMemo->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     ExplainMemo->setPlaceholderText(QStringLiteral("What the line under the caret says"));
     ExplainMemo->setAccessibleName(QStringLiteral("Explanation of the line under the caret"));
-    splitter->addWidget(MsgRichEdit);
-    splitter->addWidget(ExplainMemo);
+    for (QPlainTextEdit* memo : {MsgRichEdit, ExplainMemo}) {
+        memo->setMinimumHeight(fontMetrics().height() * 3);
+        splitter->addWidget(memo);
+    }
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
     column->addWidget(splitter, 1);
