@@ -104,6 +104,8 @@ void ConsoleLogView::putOnTop(const ConsoleLine& line) {
     QScrollBar* bar = MsgRichEdit->verticalScrollBar();
     const int seen = bar->value();
     const bool first = MsgRichEdit->document()->isEmpty();
+    const bool atTop =
+        MsgRichEdit->textCursor().blockNumber() == 0 && !MsgRichEdit->textCursor().hasSelection();
     QTextCursor cursor(MsgRichEdit->document());
     cursor.beginEditBlock();
     cursor.movePosition(QTextCursor::Start);
@@ -113,8 +115,12 @@ void ConsoleLogView::putOnTop(const ConsoleLine& line) {
     }
     cursor.insertText(line.text, formatOf(line, palette()));
     cursor.endEditBlock();
-    // Who reads further down keeps the line in place.
-    if (seen > 0) bar->setValue(seen + 1);
+    // Who reads further down keeps the line in place; a caret on the newest line stays on the newest.
+    if (seen > 0) {
+        bar->setValue(seen + 1);
+    } else if (atTop) {
+        MsgRichEdit->moveCursor(QTextCursor::Start);
+    }
 }
 
 void ConsoleLogView::rewriteTop(const ConsoleLine& line) {

@@ -85,6 +85,7 @@ QWidget* DrivePanelPage::buildHead() {
     SelDriveComboBox = named<QComboBox>("SelDriveComboBox", head);
     SelDriveComboBox->addItems(seriesItems(m_console.site.link.BrandVariant()));
     DefCmdLabeledEdit = named<QLineEdit>("DefCmdLabeledEdit", head);
+    raiseAsTyped(DefCmdLabeledEdit);
     DefCmdLabeledEdit->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
     monitorIDLabeledEdit = named<QLineEdit>("monitorIDLabeledEdit", head);
     monitorIDLabeledEdit->setMaximumWidth(fontMetrics().averageCharWidth() * 8);
