@@ -17,7 +17,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QByteArray written = commandListBytes(file);
     if (!readCommandList(written, again).ok || again.rows.size() != std::max<size_t>(file.rows.size(), 1))
         std::abort();
-    if (readMotorolaFile(bytes).lines.size() > FlashLinesRoom) std::abort();
+    const MotorolaFile flash = readMotorolaFile(bytes);
+    if (flash.lines.size() > FlashLinesRoom) std::abort();
+    for (const QString& line : flash.lines)
+        if (line.size() < 4 || !line.startsWith(QLatin1String("533"))) std::abort();
     return 0;
 }
 

@@ -7,8 +7,6 @@
 #include <QMenuBar>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QTabBar>
-#include <QTabWidget>
 #include <QVBoxLayout>
 
 #include "console/connection/connection_form.h"
@@ -17,6 +15,7 @@
 #include "console/log/console_log_form.h"
 #include "ui/icons.h"
 #include "ui/named.h"
+#include "ui/tabless_pages.h"
 
 namespace kelvane {
 
@@ -85,7 +84,7 @@ QAction* TAdvanceForm::addPageAction(QMenu* menu, QActionGroup* group, const cha
 }
 
 void TAdvanceForm::buildPages() {
-    PageControl1 = named<QTabWidget>("PageControl1", this);
+    PageControl1 = named<TablessPages>("PageControl1", this);
     auto* connectionPage = named<QWidget>("ConnectionTabSheet", PageControl1);
     m_connection = new ConnectionForm(m_console, connectionPage);
     auto* splitter = named<QSplitter>("PageSplitter", Qt::Vertical, connectionPage);
@@ -101,8 +100,6 @@ void TAdvanceForm::buildPages() {
     PageControl1->addTab(connectionPage, QStringLiteral("Connection"));
     PageControl1->addTab(m_listener, QStringLiteral("Monitor"));
     PageControl1->addTab(m_flasher, QStringLiteral("Flasher"));
-    PageControl1->tabBar()->hide();
-    PageControl1->setDocumentMode(true);
     setCentralWidget(PageControl1);
 }
 

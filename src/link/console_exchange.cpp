@@ -55,17 +55,17 @@ qint64 ConsoleExchange::tickUs() const { return TickUs; }
 bool ConsoleExchange::waitIsOver(quint32& RxTickCount, quint32 ReplyTimeoutTicks, const RxBuffer& Rx,
                                  const PortSettings& line) {
     const bool longWait = TimeOut1 > ReplyTimeoutTicks;
-    const bool ended = Rx.RxFrameDone && !longWait;
     const bool heard = !Rx.RxData.isEmpty();
     const auto silence = static_cast<quint32>((line.wireTimeUs(EndingSilence) + TickUs - 1) / TickUs);
     if (!FirstWaitOver) {
         const quint32 limit = longWait ? TimeOut1 : ReplyTimeoutTicks;
-        if (RxTickCount < (heard ? std::max(limit, silence) : limit)) return ended;
+        if (RxTickCount < (heard ? std::max(limit, silence) : limit)) return Rx.RxFrameDone && !longWait;
         if (heard) return true;
         RxTickCount = 0;
         FirstWaitOver = 1;
     }
-    return ended || RxTickCount >= (heard ? std::max(TimeOut2, silence) : TimeOut2);
+    // A frame's end does not end the second wait: everything that arrives in it is collected.
+    return RxTickCount >= (heard ? std::max(TimeOut2, silence) : TimeOut2);
 }
 
 void ConsoleExchange::completeLine(const QString& addition, quint32 colour) {

@@ -479,6 +479,16 @@ TEST_F(ConsoleLink, LetsAFrameEndTheWaitOnlyWhenItsOwnWaitIsNotTheLonger) {
     port.arrive(":FF03020005F7\r\n");
     clock.advance(2);
     EXPECT_EQ(cycles, 2);
+    // In the second wait it ends nothing.
+    link.Console.TimeOut2 = 200;
+    request();
+    clock.advance(150);
+    EXPECT_EQ(link.Console.FirstWaitOver, 1);
+    port.arrive(":FF03020005F7\r\n");
+    clock.advance(199);
+    EXPECT_EQ(cycles, 2);
+    clock.advance(2);
+    EXPECT_EQ(cycles, 3);
 }
 
 TEST_F(ConsoleLink, CountsTimeOutsOfASingleSendAndTakesAnythingAsGoodWithoutRules) {

@@ -9,7 +9,6 @@
 #include <QMenu>
 #include <QShortcut>
 #include <QSplitter>
-#include <QTabBar>
 #include <QTabWidget>
 
 #include "console/connection/console_fields_form.h"
@@ -18,6 +17,7 @@
 #include "console/panel/drive_panel_form.h"
 #include "ui/icons.h"
 #include "ui/named.h"
+#include "ui/tabless_pages.h"
 #include "ui/transparent_button.h"
 
 namespace kelvane {
@@ -51,7 +51,6 @@ ConnectionForm::ConnectionForm(AdvanceConsole& console, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->addWidget(splitter, 1);
     column->addWidget(buildRunBar());
-    column->addWidget(buildRowBar());
     column->addWidget(buildLineBar());
     column->setContentsMargins(0, 0, 0, 0);
     connect(&m_console, &AdvanceConsole::changed, this, &ConnectionForm::showState);
@@ -67,6 +66,7 @@ QWidget* ConnectionForm::buildLeft(QWidget* parent) {
     ConnectionPageControl->addTab(m_listPage, QStringLiteral("B"));
     ConnectionPageControl->setTabToolTip(0, QStringLiteral("Drive control panel"));
     ConnectionPageControl->setTabToolTip(1, QStringLiteral("Command list"));
+    ConnectionPageControl->setCornerWidget(buildRowBar());
     connect(ConnectionPageControl, &QTabWidget::currentChanged, this, [this](int tab) {
         m_console.showConnectionPage(tab == 0 ? ConnectionPage::A : ConnectionPage::B);
     });
@@ -74,13 +74,11 @@ QWidget* ConnectionForm::buildLeft(QWidget* parent) {
 }
 
 QWidget* ConnectionForm::buildRight(QWidget* parent) {
-    PageControl2 = named<QTabWidget>("PageControl2", parent);
+    PageControl2 = named<TablessPages>("PageControl2", parent);
     m_commandPage = named<SingleCommandPage>("CommandTabSheet", m_console, PageControl2);
     m_chartPage = named<ChartPage>("ChartTabSheet", m_console, PageControl2);
     PageControl2->addTab(m_commandPage, QStringLiteral("Command"));
     PageControl2->addTab(m_chartPage, QStringLiteral("Chart"));
-    PageControl2->tabBar()->hide();
-    PageControl2->setDocumentMode(true);
     return PageControl2;
 }
 
@@ -137,29 +135,16 @@ QWidget* ConnectionForm::buildRowBar() {
                                          QStringLiteral("Put a row before the current one"), bar);
     DelTransparentButton = toolButton("DelTransparentButton", Icon::Remove, QStringLiteral("Delete"),
                                       QStringLiteral("Remove the current row"), bar);
-    auto* Bevel7 = named<QFrame>("Bevel7", bar);
-    Bevel7->setFrameShape(QFrame::VLine);
-    Bevel7->setFrameShadow(QFrame::Sunken);
-    AddChksumCheckBox = addCheck("AddChksumCheckBox", QStringLiteral("Add Checksum into Command"),
-                                 &ConsoleSettings::AddChksumCheckBoxChecked, bar);
-    CheckRuleCheckBox = addCheck("CheckRuleCheckBox", QStringLiteral("Check Message by Orlan Rules"),
-                                 &ConsoleSettings::CheckRuleCheckBoxChecked, bar);
-    addChecksumMenu();
     auto* row = barLayout(bar);
     for (QWidget* widget :
-         std::initializer_list<QWidget*>{NewTransparentButton, InsertTransparentButton, DelTransparentButton,
-                                         Bevel7, AddChksumCheckBox, CheckRuleCheckBox})
+         std::initializer_list<QWidget*>{NewTransparentButton, InsertTransparentButton, DelTransparentButton})
         row->addWidget(widget);
-    row->addStretch();
     connect(NewTransparentButton, &QToolButton::clicked, &m_console,
             &AdvanceConsole::NewTransparentButtonClick);
     connect(InsertTransparentButton, &QToolButton::clicked, this,
             [this] { m_console.InsertTransparentButtonClick(currentRow()); });
     connect(DelTransparentButton, &QToolButton::clicked, this,
             [this] { m_console.DelTransparentButtonClick(currentRow()); });
-    const bool brand = m_console.site.link.BrandVariant() != 0;
-    for (QWidget* widget : std::initializer_list<QWidget*>{Bevel7, AddChksumCheckBox, CheckRuleCheckBox})
-        widget->setVisible(!brand);
     return bar;
 }
 
@@ -173,13 +158,26 @@ QWidget* ConnectionForm::buildLineBar() {
     ProtocolTransparentButton =
         toolButton("ProtocolTransparentButton", Icon::ComSetup, QStringLiteral("Set the com port settings"),
                    QStringLiteral("Port, baud rate and protocol"), bar);
+    auto* Bevel7 = named<QFrame>("Bevel7", bar);
+    Bevel7->setFrameShape(QFrame::VLine);
+    Bevel7->setFrameShadow(QFrame::Sunken);
+    AddChksumCheckBox = addCheck("AddChksumCheckBox", QStringLiteral("Add Checksum into Command"),
+                                 &ConsoleSettings::AddChksumCheckBoxChecked, bar);
+    CheckRuleCheckBox = addCheck("CheckRuleCheckBox", QStringLiteral("Check Message by Orlan Rules"),
+                                 &ConsoleSettings::CheckRuleCheckBoxChecked, bar);
+    addChecksumMenu();
     auto* row = barLayout(bar);
-    row->addWidget(captionFor(TimeOutTransparentButton, "TimeOutLabel", QStringLiteral("Time-out 1"), bar));
+    row->addWidget(captionFor(TimeOutTransparentButton, "TimeOutLabel", QStringLiteral("Time-outs 1"), bar));
     row->addWidget(TimeOutTransparentButton);
-    row->addWidget(captionFor(TimeOut2TransparentButton, "TimeOut2Label", QStringLiteral("Time-out 2"), bar));
-    row->addWidget(TimeOut2TransparentButton);
-    row->addWidget(ProtocolTransparentButton);
+    row->addWidget(captionFor(TimeOut2TransparentButton, "TimeOut2Label", QStringLiteral("2"), bar));
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{TimeOut2TransparentButton, ProtocolTransparentButton, Bevel7,
+                                         AddChksumCheckBox, CheckRuleCheckBox})
+        row->addWidget(widget);
     row->addStretch();
+    const bool brand = m_console.site.link.BrandVariant() != 0;
+    for (QWidget* widget : std::initializer_list<QWidget*>{Bevel7, AddChksumCheckBox, CheckRuleCheckBox})
+        widget->setVisible(!brand);
     connect(TimeOutTransparentButton, &QToolButton::clicked, this,
             [this] { Q_EMIT timeOutWanted(TimeOutTag::First); });
     connect(TimeOut2TransparentButton, &QToolButton::clicked, this,

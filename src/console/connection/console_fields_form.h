@@ -8,21 +8,32 @@
 
 namespace kelvane {
 
-inline void upperAsTyped(QLineEdit* edit) {
-    QObject::connect(edit, &QLineEdit::textEdited, edit, [edit](const QString& text) {
-        if (text == text.toUpper()) return;
-        const int cursor = edit->cursorPosition();
-        edit->setText(text.toUpper());
-        edit->setCursorPosition(cursor);
-    });
+// a to z raised; other letters as they are.
+inline QString raised(QString text) {
+    for (QChar& c : text)
+        if (c >= QLatin1Char('a') && c <= QLatin1Char('z')) c = c.toUpper();
+    return text;
+}
+
+// Raises before anybody hears of the text, so that what is sent is what the field shows.
+class RaisingValidator final : public QRegularExpressionValidator {
+   public:
+    using QRegularExpressionValidator::QRegularExpressionValidator;
+    State validate(QString& text, int& cursor) const override {
+        text = raised(text);
+        return QRegularExpressionValidator::validate(text, cursor);
+    }
+};
+
+inline void raiseAsTyped(QLineEdit* edit, const QString& keys = QStringLiteral(".*")) {
+    edit->setValidator(new RaisingValidator(QRegularExpression(keys), edit));
 }
 
 // keys is a regular expression for the whole text; other keys are dropped.
 inline QLineEdit* keyedEdit(const char* name, const QString& keys, QWidget* parent, int characters = 6) {
     auto* edit = named<QLineEdit>(name, parent);
-    edit->setValidator(new QRegularExpressionValidator(QRegularExpression(keys), edit));
+    raiseAsTyped(edit, keys);
     edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * (characters + 3));
-    upperAsTyped(edit);
     return edit;
 }
 

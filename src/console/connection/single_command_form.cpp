@@ -18,7 +18,7 @@ namespace kelvane {
 namespace {
 
 constexpr int KeptTexts = 100;
-const QString HexKeys = QStringLiteral("[0-9A-Fa-f.]*");
+const QString HexKeys = QStringLiteral("[0-9A-F.]*");
 
 }  // namespace
 
@@ -89,7 +89,7 @@ QWidget* SingleCommandPage::buildAny() {
     auto* group = named<QGroupBox>("AnyGroupBox", QStringLiteral("Any text"), this);
     InputDataEdit = named<QLineEdit>("InputDataEdit", group);
     InputDataEdit->setAccessibleName(QStringLiteral("Text to send"));
-    upperAsTyped(InputDataEdit);
+    raiseAsTyped(InputDataEdit);
     SendAnyTransparentButton =
         named<TransparentButton>("SendAnyTransparentButton", icon(Icon::Start), QStringLiteral("Send"), group,
                                  TransparentButton::Layout::IconLeft);

@@ -27,10 +27,12 @@ void Flasher::LoadClick() {
     if (!path) return;
     const FileContent content = readWhole(*path, MaxFileBytes);
     const MotorolaFile file = readMotorolaFile(content.bytes);
-    if (!content.ok || file.tooLong) {
-        const QString tooLong = QStringLiteral("The file has more than %1 records.").arg(FlashLinesRoom);
-        return person.tell(content.ok ? tooLong : content.error, QStringLiteral("Error"), BoxIcon::Stop);
-    }
+    const QString wrong = !content.ok ? content.error
+                          : file.tooLong
+                              ? QStringLiteral("The file has more than %1 records.").arg(FlashLinesRoom)
+                          : file.lines.isEmpty() ? QStringLiteral("The file has no S-records.")
+                                                 : QString();
+    if (!wrong.isEmpty()) return person.tell(wrong, QStringLiteral("Error"), BoxIcon::Stop);
     FlashLines = file.lines;
     FlashLineIndex = 0;
     gauge = 0;

@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QVBoxLayout>
 
+#include "console/connection/console_fields_form.h"
 #include "ui/editable_grid_view.h"
 #include "ui/named.h"
 
@@ -16,7 +17,7 @@ CommandListPage::CommandListPage(AdvanceConsole& console, QWidget* parent)
     CmdAdvStringGrid->setColumnCharacters({4, 22, 26, 24, 12});
     CmdAdvStringGrid->setStretchColumn(CommandList::NoteColumn);
     CmdAdvStringGrid->tidy = [](int column, const QString& text) {
-        return column == CommandList::NoteColumn ? text : text.toUpper();
+        return column == CommandList::NoteColumn ? text : raised(text);
     };
     auto* column = new QVBoxLayout(this);
     column->addWidget(CmdAdvStringGrid);

@@ -52,8 +52,10 @@ ConsoleLogView::ConsoleLogView(AdvanceConsole& console, QWidget* parent)
     ExplainMemo->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     ExplainMemo->setPlaceholderText(QStringLiteral("What the line under the caret says"));
     ExplainMemo->setAccessibleName(QStringLiteral("Explanation of the line under the caret"));
-    splitter->addWidget(MsgRichEdit);
-    splitter->addWidget(ExplainMemo);
+    for (QPlainTextEdit* memo : {MsgRichEdit, ExplainMemo}) {
+        memo->setMinimumHeight(fontMetrics().height() * 3);
+        splitter->addWidget(memo);
+    }
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
     column->addWidget(splitter, 1);
@@ -102,6 +104,8 @@ void ConsoleLogView::putOnTop(const ConsoleLine& line) {
     QScrollBar* bar = MsgRichEdit->verticalScrollBar();
     const int seen = bar->value();
     const bool first = MsgRichEdit->document()->isEmpty();
+    const bool atTop =
+        MsgRichEdit->textCursor().blockNumber() == 0 && !MsgRichEdit->textCursor().hasSelection();
     QTextCursor cursor(MsgRichEdit->document());
     cursor.beginEditBlock();
     cursor.movePosition(QTextCursor::Start);
@@ -111,8 +115,12 @@ void ConsoleLogView::putOnTop(const ConsoleLine& line) {
     }
     cursor.insertText(line.text, formatOf(line, palette()));
     cursor.endEditBlock();
-    // Who reads further down keeps the line in place.
-    if (seen > 0) bar->setValue(seen + 1);
+    // Who reads further down keeps the line in place; a caret on the newest line stays on the newest.
+    if (seen > 0) {
+        bar->setValue(seen + 1);
+    } else if (atTop) {
+        MsgRichEdit->moveCursor(QTextCursor::Start);
+    }
 }
 
 void ConsoleLogView::rewriteTop(const ConsoleLine& line) {

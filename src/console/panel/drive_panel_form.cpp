@@ -85,6 +85,7 @@ QWidget* DrivePanelPage::buildHead() {
     SelDriveComboBox = named<QComboBox>("SelDriveComboBox", head);
     SelDriveComboBox->addItems(seriesItems(m_console.site.link.BrandVariant()));
     DefCmdLabeledEdit = named<QLineEdit>("DefCmdLabeledEdit", head);
+    raiseAsTyped(DefCmdLabeledEdit);
     DefCmdLabeledEdit->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
     monitorIDLabeledEdit = named<QLineEdit>("monitorIDLabeledEdit", head);
     monitorIDLabeledEdit->setMaximumWidth(fontMetrics().averageCharWidth() * 8);
@@ -123,8 +124,9 @@ void DrivePanelPage::takeId() {
 }
 
 QWidget* DrivePanelPage::buildLamps() {
-    auto* group = named<QGroupBox>("StatusGroupBox", QStringLiteral("Status"), this);
+    auto* group = new QWidget(this);
     auto* row = new QHBoxLayout(group);
+    row->setContentsMargins(0, 0, 0, 0);
     for (size_t i = 0; i < Lamps.size(); ++i) {
         m_lamps[i] = named<AbLED>(Lamps[i].name, QString::fromLatin1(Lamps[i].text), group);
         m_lamps[i]->setCheckable(true);
@@ -143,6 +145,7 @@ QWidget* DrivePanelPage::buildButtons() {
         auto* button = named<QPushButton>(at.name, QString::fromLatin1(at.text), group);
         button->setToolTip(QString::fromLatin1(at.hint));
         button->setAutoDefault(false);
+        button->setMinimumWidth(fontMetrics().horizontalAdvance(button->text()) + fontMetrics().height());
         if (at.button == DriveButton::Stop) {
             QFont bold = button->font();
             bold.setBold(true);
@@ -236,7 +239,7 @@ void ChartPage::buildChannel(int channel, QGridLayout* grid) {
     m_boxes[at] = new QComboBox(this);
     m_boxes[at]->setObjectName(QStringLiteral("Ch%1ComboBox").arg(number));
     m_boxes[at]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_boxes[at]->setMinimumContentsLength(20);
+    m_boxes[at]->setMinimumContentsLength(10);
     auto* label = new QLabel(QStringLiteral("Ch &%1").arg(number), this);
     label->setBuddy(m_boxes[at]);
     const int column = 3 * (channel % 2);

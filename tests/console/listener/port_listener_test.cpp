@@ -67,7 +67,6 @@ TEST_F(Listener, OwnsThePortOnlyWhileItRuns) {
     person.expectBox(lang.MsgStr(Message::NoComPort), "Error Message");
     listener.RUNmonitorTransparentButtonClick();
     EXPECT_FALSE(listener.running());
-    EXPECT_EQ(history.back(), "there is no such device");
     port.canOpen = true;
     port.open();
     port.arrive("ignored");
@@ -105,6 +104,10 @@ TEST_F(Listener, FlashesLineByLineWithoutACheck) {
     writeWhole(path, "S00600004844521B\r\nS9030000FC\r\n");
     person.expectOpen("(*.mot)|*.mot", path);
     console->flasher.LoadClick();
+    person.expectOpen("(*.mot)|*.mot", dir.filePath("default.cml"));
+    writeWhole(dir.filePath("default.cml"), "no record\r\n");
+    person.expectBox("The file has no S-records.", "Error");
+    console->flasher.LoadClick();  // what was loaded stays
     console->flasher.SendFileTransparentButtonClick();
     run(1000);
     EXPECT_EQ(sentFrames(), QStringList({"53300600004844521B", "5339030000FC"}));
