@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QBasicTimer>
 #include <QColor>
 
 namespace kelvane {
@@ -33,12 +34,16 @@ class PanelKey : public QAbstractButton {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
    private:
     void hold();
     void release();
+    void endHold();
+    void keyReleased();
     QColor m_color{0x56, 0x61, 0x6E};
     bool m_held = false;
+    QBasicTimer m_releaseSoon;  // a key went up; it may have repeated
 };
 
 }  // namespace kelvane
