@@ -17,7 +17,9 @@ bool presses(const QKeyEvent& event) {
 
 }  // namespace
 
-PanelKey::PanelKey(const QString& text, QWidget* parent) : QAbstractButton(parent) {
+PanelKey::PanelKey(TickClock& clock, const QString& text, QWidget* parent)
+    : QAbstractButton(parent),
+      m_releaseSoon(clock, TickKind::RealTime, RepeatGap, [this] { keyReleased(); }) {
     setText(text);
     setShortcut({});
     setFocusPolicy(Qt::StrongFocus);
@@ -42,19 +44,15 @@ void PanelKey::release() {
 }
 
 void PanelKey::endHold() {
-    if (m_releaseSoon.isActive()) keyReleased();
+    if (m_releaseSoon.Enabled()) keyReleased();
     release();
 }
 
 void PanelKey::keyReleased() {
-    m_releaseSoon.stop();
+    m_releaseSoon.setEnabled(false);
     release();
     QKeyEvent space(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier);
     QAbstractButton::keyReleaseEvent(&space);
-}
-
-void PanelKey::timerEvent(QTimerEvent* event) {
-    event->timerId() == m_releaseSoon.timerId() ? keyReleased() : QAbstractButton::timerEvent(event);
 }
 
 bool PanelKey::event(QEvent* event) {
@@ -84,8 +82,8 @@ void PanelKey::mouseReleaseEvent(QMouseEvent* event) {
 // Enter is Space: held as long, and pressed once however long.
 void PanelKey::keyPressEvent(QKeyEvent* event) {
     if (!presses(*event)) return QAbstractButton::keyPressEvent(event);
-    if (event->isAutoRepeat()) return m_releaseSoon.stop();
-    if (m_releaseSoon.isActive()) keyReleased();
+    if (event->isAutoRepeat()) return m_releaseSoon.setEnabled(false);
+    if (m_releaseSoon.Enabled()) keyReleased();
     QKeyEvent space(event->type(), Qt::Key_Space, event->modifiers());
     QAbstractButton::keyPressEvent(&space);
     hold();
@@ -95,7 +93,7 @@ void PanelKey::keyReleaseEvent(QKeyEvent* event) {
     if (!presses(*event)) return QAbstractButton::keyReleaseEvent(event);
     if (event->isAutoRepeat()) return;
     // The second half of a repeat, its press, may be on its way; an event that was made here has no time.
-    event->timestamp() != 0 ? m_releaseSoon.start(RepeatGap, this) : keyReleased();
+    event->timestamp() != 0 ? m_releaseSoon.setEnabled(true) : keyReleased();
 }
 
 void PanelKey::paintEvent(QPaintEvent*) {

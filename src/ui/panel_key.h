@@ -4,8 +4,9 @@
 #pragma once
 
 #include <QAbstractButton>
-#include <QBasicTimer>
 #include <QColor>
+
+#include "base/tick_clock.h"
 
 namespace kelvane {
 
@@ -15,7 +16,7 @@ class PanelKey : public QAbstractButton {
     Q_PROPERTY(QString hint READ toolTip WRITE setToolTip)
     Q_PROPERTY(QColor color READ color WRITE setColor)
    public:
-    explicit PanelKey(const QString& text, QWidget* parent = nullptr);
+    PanelKey(TickClock& clock, const QString& text, QWidget* parent = nullptr);
 
     QColor color() const { return m_color; }  // of the cap
     void setColor(const QColor& color);
@@ -34,7 +35,6 @@ class PanelKey : public QAbstractButton {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
-    void timerEvent(QTimerEvent* event) override;
 
    private:
     void hold();
@@ -43,7 +43,7 @@ class PanelKey : public QAbstractButton {
     void keyReleased();
     QColor m_color{0x56, 0x61, 0x6E};
     bool m_held = false;
-    QBasicTimer m_releaseSoon;  // a key went up; it may have repeated
+    TickTimer m_releaseSoon;  // a key went up; it may have repeated
 };
 
 }  // namespace kelvane

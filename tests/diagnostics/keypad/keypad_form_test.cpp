@@ -269,7 +269,7 @@ TEST(KeypadForm, JogsAsLongAsTheKeyIsHeldAndTheWindowIsThere) {
                    }
                    EXPECT_TRUE(w.keypad.JogHeld);
                    key(QEvent::KeyRelease, 3000);
-                   w.form.close();
+                   w.clock.advance(50);
                    EXPECT_FALSE(w.keypad.JogHeld);
                }).join(' '),
               "FF0620000003 FF0620000001");
