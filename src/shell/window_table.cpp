@@ -30,7 +30,9 @@ Made makeAbout(Windows& w) {
 }
 Made makePassword(Windows& w) { return std::make_unique<TPasswordForm>(w.tool.link, w.tool.voice); }
 Made makeInput(Windows& w) { return std::make_unique<TInputForm>(w.tool.comSetup); }
-Made makeKeypad(Windows& w) { return std::make_unique<TKeypadForm>(w.tool.keypad, w.looks); }
+Made makeKeypad(Windows& w) {
+    return std::make_unique<TKeypadForm>(w.tool.keypad, w.looks, w.tool.site.clock);
+}
 template <class Form>
 Made makeForm(Windows&) {
     return std::make_unique<Form>();

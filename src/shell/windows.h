@@ -40,6 +40,7 @@
 #include "shell/tool.h"
 #include "shell/translations.h"
 #include "shell/window_table.h"
+#include "ui/key_repeats.h"
 
 namespace kelvane {
 
@@ -54,6 +55,7 @@ class Windows : public QObject {
     Tool& tool;
     TMainForm& mainForm;
     KeptLooks& looks;
+    KeyRepeats keyRepeats;
     StopKey stopKey;  // windows with a STOP of their own add it when they are wired
 
    private:

@@ -9,13 +9,17 @@
 namespace kelvane {
 namespace {
 
+constexpr int RepeatGap = 20;  // ms
+
 bool presses(const QKeyEvent& event) {
     return event.key() == Qt::Key_Space || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
 }  // namespace
 
-PanelKey::PanelKey(const QString& text, QWidget* parent) : QAbstractButton(parent) {
+PanelKey::PanelKey(TickClock& clock, const QString& text, QWidget* parent)
+    : QAbstractButton(parent),
+      m_releaseSoon(clock, TickKind::RealTime, RepeatGap, [this] { keyReleased(); }) {
     setText(text);
     setShortcut({});
     setFocusPolicy(Qt::StrongFocus);
@@ -39,14 +43,26 @@ void PanelKey::release() {
     if (std::exchange(m_held, false)) Q_EMIT letGo();
 }
 
+void PanelKey::endHold() {
+    if (m_releaseSoon.Enabled()) keyReleased();
+    release();
+}
+
+void PanelKey::keyReleased() {
+    m_releaseSoon.setEnabled(false);
+    release();
+    QKeyEvent space(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier);
+    QAbstractButton::keyReleaseEvent(&space);
+}
+
 bool PanelKey::event(QEvent* event) {
     switch (event->type()) {
         case QEvent::FocusOut:
         case QEvent::Hide:
         case QEvent::WindowDeactivate:
-        case QEvent::WindowBlocked: release(); break;
+        case QEvent::WindowBlocked: endHold(); break;
         case QEvent::EnabledChange:
-            if (!isEnabled()) release();
+            if (!isEnabled()) endHold();
             break;
         default: break;
     }
@@ -66,7 +82,8 @@ void PanelKey::mouseReleaseEvent(QMouseEvent* event) {
 // Enter is Space: held as long, and pressed once however long.
 void PanelKey::keyPressEvent(QKeyEvent* event) {
     if (!presses(*event)) return QAbstractButton::keyPressEvent(event);
-    if (event->isAutoRepeat()) return;
+    if (event->isAutoRepeat()) return m_releaseSoon.setEnabled(false);
+    if (m_releaseSoon.Enabled()) keyReleased();
     QKeyEvent space(event->type(), Qt::Key_Space, event->modifiers());
     QAbstractButton::keyPressEvent(&space);
     hold();
@@ -75,9 +92,8 @@ void PanelKey::keyPressEvent(QKeyEvent* event) {
 void PanelKey::keyReleaseEvent(QKeyEvent* event) {
     if (!presses(*event)) return QAbstractButton::keyReleaseEvent(event);
     if (event->isAutoRepeat()) return;
-    release();
-    QKeyEvent space(event->type(), Qt::Key_Space, event->modifiers());
-    QAbstractButton::keyReleaseEvent(&space);
+    // The second half of a repeat, its press, may be on its way; an event that was made here has no time.
+    event->timestamp() != 0 ? m_releaseSoon.setEnabled(true) : keyReleased();
 }
 
 void PanelKey::paintEvent(QPaintEvent*) {

@@ -6,6 +6,8 @@
 #include <QAbstractButton>
 #include <QColor>
 
+#include "base/tick_clock.h"
+
 namespace kelvane {
 
 class PanelKey : public QAbstractButton {
@@ -14,7 +16,7 @@ class PanelKey : public QAbstractButton {
     Q_PROPERTY(QString hint READ toolTip WRITE setToolTip)
     Q_PROPERTY(QColor color READ color WRITE setColor)
    public:
-    explicit PanelKey(const QString& text, QWidget* parent = nullptr);
+    PanelKey(TickClock& clock, const QString& text, QWidget* parent = nullptr);
 
     QColor color() const { return m_color; }  // of the cap
     void setColor(const QColor& color);
@@ -37,8 +39,11 @@ class PanelKey : public QAbstractButton {
    private:
     void hold();
     void release();
+    void endHold();
+    void keyReleased();
     QColor m_color{0x56, 0x61, 0x6E};
     bool m_held = false;
+    TickTimer m_releaseSoon;  // a key went up; it may have repeated
 };
 
 }  // namespace kelvane

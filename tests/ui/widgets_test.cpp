@@ -225,7 +225,8 @@ TEST(SevenSegmentLabel, PutsPointsBehindTheirDigits) {
 
 struct HeldKey {
     QWidget window;
-    PanelKey key{"JOG", &window};
+    ManualTickClock clock;
+    PanelKey key{clock, "JOG", &window};
     QPushButton other{"other", &window};
     QStringList heard;
     HeldKey() {

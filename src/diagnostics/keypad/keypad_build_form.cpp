@@ -60,8 +60,8 @@ QPalette glassPalette() {
 
 }  // namespace
 
-TKeypadForm::TKeypadForm(Keypad& keypad, KeptLooks& looks, QWidget* parent)
-    : QWidget(parent, Qt::Window), m_keypad(keypad), m_looks(looks) {
+TKeypadForm::TKeypadForm(Keypad& keypad, KeptLooks& looks, TickClock& clock, QWidget* parent)
+    : QWidget(parent, Qt::Window), m_keypad(keypad), m_looks(looks), m_clock(clock) {
     setObjectName(QStringLiteral("TKeypadForm"));
     setWindowTitle(QStringLiteral("Keypad"));
     setWindowIcon(icon(Icon::Keypad));
@@ -243,7 +243,7 @@ void TKeypadForm::buildLeds() {
 }
 
 PanelKey* TKeypadForm::key(const char* name, const QString& text, const QString& hint, const QRectF& at) {
-    auto* made = put(named<PanelKey>(name, text, m_body), at, 12);
+    auto* made = put(named<PanelKey>(name, m_clock, text, m_body), at, 12);
     made->setToolTip(hint);
     made->setAccessibleDescription(hint);
     m_keys.push_back(made);

@@ -28,7 +28,7 @@ class TKeypadForm : public QWidget {
     Q_OBJECT
     Q_PROPERTY(int tag READ tag)
    public:
-    TKeypadForm(Keypad& keypad, KeptLooks& looks, QWidget* parent = nullptr);
+    TKeypadForm(Keypad& keypad, KeptLooks& looks, TickClock& clock, QWidget* parent = nullptr);
 
     int tag() const { return m_tag; }  // 1 while the keypad is open
     double zoom() const { return m_zoom; }
@@ -79,6 +79,7 @@ class TKeypadForm : public QWidget {
 
     Keypad& m_keypad;
     KeptLooks& m_looks;
+    TickClock& m_clock;
     KeypadScreen m_shown;
     std::vector<Place> m_places;
     double m_zoom = 1;

@@ -254,6 +254,25 @@ TEST(KeypadForm, JogsAsLongAsTheKeyIsHeldAndTheWindowIsThere) {
                    QTest::keyRelease(&jog, Qt::Key_Space);
                }).join(' '),
               "FF0620000003 FF0620000001");
+    // A window system may tell of a held key as of many releases and presses, each pair at one moment.
+    EXPECT_EQ(w.frames([&] {
+                   const auto key = [&](QEvent::Type type, quint64 timestamp) {
+                       QKeyEvent event(type, Qt::Key_Space, {}, 65, 32, 0, QStringLiteral(" "));
+                       event.setTimestamp(timestamp);
+                       QCoreApplication::sendEvent(w.form.windowHandle(), &event);
+                   };
+                   key(QEvent::KeyPress, 1000);
+                   for (quint64 at = 1500; at < 3000; at += 40) {
+                       key(QEvent::KeyRelease, at);
+                       key(QEvent::KeyPress, at);
+                       w.clock.advance(40);
+                   }
+                   EXPECT_TRUE(w.keypad.JogHeld);
+                   key(QEvent::KeyRelease, 3000);
+                   w.clock.advance(50);
+                   EXPECT_FALSE(w.keypad.JogHeld);
+               }).join(' '),
+              "FF0620000003 FF0620000001");
 }
 
 TEST(KeypadForm, IsStoppedByF12FromEveryWindow) {
