@@ -20,10 +20,14 @@ PidControl::PidControl(const CommissioningSite& site)
       MonitorTimer(site.clock, site.link),
       m_site(site) {
     for (RequestChain* chain : {&RdTimer, &WrTimer, &MonitorTimer}) line.setUp(*chain);
-    RdTimer.next = [this] { return nextRead(); };
-    RdTimer.answered = [this](const LinkRequest&) { storeRead(); };
-    WrTimer.next = [this] { return nextWrite(); };
-    WrTimer.answered = [this](const LinkRequest&) { rows.ParaAdvStringGrid.setEdited(ParamRow, false); };
+    RdTimer.next = [this] { return stopBefore(&PidControl::nextRead); };
+    RdTimer.answered = [this](const LinkRequest& request) {
+        if (request.command != StopCommand) storeRead();
+    };
+    WrTimer.next = [this] { return stopBefore(&PidControl::nextWrite); };
+    WrTimer.answered = [this](const LinkRequest& request) {
+        if (request.command != StopCommand) rows.ParaAdvStringGrid.setEdited(ParamRow, false);
+    };
     RdTimer.ended = WrTimer.ended = [this] { watch(); };
     MonitorTimer.mayAsk = [this] {
         return !line.waitShown() && line.standing == CommissioningLink::Standing::No && line.isFree();
@@ -52,10 +56,20 @@ void PidControl::opened() {
     startReading();
 }
 
+// A STOP whose answer nobody awaits any more is sent again.
 void PidControl::stopTimers() {
+    if (stopIsUnanswered() && line.standing == CommissioningLink::Standing::No) RunRequest = StopPressed;
     RdTimer.stop();
     WrTimer.stop();
     MonitorTimer.stop();
+}
+
+// STOP does not wait for the end of a read or write: it goes between two rows, and the sweep goes on behind
+// it.
+std::optional<LinkRequest> PidControl::stopBefore(std::optional<LinkRequest> (PidControl::*next)()) {
+    if (RunRequest != StopPressed) return (this->*next)();
+    RunRequest = RequestSent;
+    return line.write(StopCommand);
 }
 
 // A RUN that could not be sent must not start the motor when a later read brings the line to life again.
@@ -129,8 +143,7 @@ void PidControl::STOPTransparentButtonClick() {
 }
 
 void PidControl::watch() {
-    RdTimer.stop();
-    WrTimer.stop();
+    stopTimers();
     line.closeWait();
     MonitorTimer.start();
     Q_EMIT changed();
@@ -155,8 +168,10 @@ void PidControl::showLeds() {
 
 // Pressed and not sent yet, or sent and not answered: its exchange ends with the window.
 bool PidControl::stopIsUnanswered() const {
-    const auto& out = MonitorTimer.out();
-    return RunRequest == StopPressed || (out && out->command == StopCommand);
+    const auto isOut = [](const RequestChain* chain) {
+        return chain->out() && chain->out()->command == StopCommand;
+    };
+    return RunRequest == StopPressed || isOut(&RdTimer) || isOut(&WrTimer) || isOut(&MonitorTimer);
 }
 
 void PidControl::FormClose() {

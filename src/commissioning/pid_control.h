@@ -35,7 +35,7 @@ class PidControl : public QObject {
     void ReadTransparentButtonClick();
     void WriteTransparentButtonClick();
     void RUNTransparentButtonClick();
-    void STOPTransparentButtonClick();
+    void STOPTransparentButtonClick();  // the next frame but for the exchange in hand
     void ParaAdvStringGridDblClickCell(int row);
     // Nothing is sent any more but a STOP that was pressed and has no answer; else the drive stays as it is.
     void FormClose();
@@ -48,6 +48,7 @@ class PidControl : public QObject {
     void stopTimers();
     void dropUnsentRun();
     bool stopIsUnanswered() const;
+    std::optional<LinkRequest> stopBefore(std::optional<LinkRequest> (PidControl::*next)());
     std::optional<LinkRequest> nextRead();
     void storeRead();
     std::optional<LinkRequest> nextWrite();

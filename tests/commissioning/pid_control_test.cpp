@@ -2,8 +2,6 @@
 // sent when a person pressed them and never else.
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "commissioning_bench.h"
 
 namespace kelvane {
@@ -265,20 +263,28 @@ TEST(PidControl, StandsAtTheStepThatFailed) {
     }
 }
 
-// Wherever in the exchange it is pressed, STOP is the next frame.
+// Wherever in an exchange it is pressed, while watching, reading or writing, STOP is the next frame, and goes
+// once; a read or write goes on behind it.
 TEST(PidControl, SendsStopBehindTheExchangeInHand) {
-    for (const drive::LineMode mode : {drive::LineMode::Ascii, drive::LineMode::Rtu}) {
-        PidStand b(Family::Larch, mode);
-        b.openAndRead();
-        b.passPolls(2);
-        for (int ms = 0; ms < 60; ++ms) {
-            b.clock.advance(1);
-            b.frames();
-            b.pid.STOPTransparentButtonClick();
-            b.clock.advanceUntil([&] { return !b.transcript().isEmpty(); }, 1000);
-            EXPECT_EQ(b.frames(), QStringList("FF0620000001")) << ms;
+    using Click = void (PidControl::*)();
+    for (const drive::LineMode mode : {drive::LineMode::Ascii, drive::LineMode::Rtu})
+        for (const Click sweep :
+             {Click{}, &PidControl::ReadTransparentButtonClick, &PidControl::WriteTransparentButtonClick}) {
+            PidStand b(Family::Larch, mode);
+            b.openAndRead();
+            for (int ms = 0; ms < 60; ++ms) {
+                b.passPolls(2);
+                b.frames();
+                if (sweep) (b.pid.*sweep)();
+                b.clock.advance(1 + (sweep ? ms * 3 : 0));
+                const qsizetype before = b.frames(PidState).size();
+                b.pid.STOPTransparentButtonClick();
+                b.clock.advanceUntil([&] { return !b.transcript().isEmpty(); }, 1000);
+                EXPECT_EQ(b.transcript(), QStringList("FF0620000001")) << ms;
+                ASSERT_TRUE(b.idle(b.pid.line));
+                EXPECT_EQ(before + b.frames(PidState).size(), (sweep ? b.pid.ParamCount() : 0) + 1) << ms;
+            }
         }
-    }
 }
 
 // Every way out of a dead line: Ignore stands, Abort goes to rest; the notice can be left in between.
