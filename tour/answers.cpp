@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTest>
+#include <QWindow>
 
 namespace kelvane::tour {
 
@@ -17,6 +18,11 @@ bool waitsForAnswer(const QWidget& window) {
     return qobject_cast<const QMessageBox*>(&window) || qobject_cast<const QFileDialog*>(&window) ||
            window.objectName() == QLatin1String("TInputValueForm") ||
            window.objectName() == QLatin1String("TMessageForm");
+}
+
+// A window system lays a window out some time after it was asked to show it; clicks before that miss.
+bool onScreen(const QWidget& window) {
+    return window.isVisible() && window.windowHandle() && window.windowHandle()->isExposed();
 }
 
 QString described(const QWidget& window) {
@@ -64,7 +70,7 @@ QString Answers::missing() const {
 void Answers::look() {
     m_seen.removeIf([](const QPointer<QWidget>& seen) { return !seen || !seen->isVisible(); });
     QWidget* window = QApplication::activeModalWidget();
-    if (!window || !window->isVisible() || m_seen.contains(window) || !waitsForAnswer(*window)) return;
+    if (!window || !onScreen(*window) || m_seen.contains(window) || !waitsForAnswer(*window)) return;
     m_seen.append(window);
     // Not from within the timer's own call: an answer may open the next box, and the timer has to see that.
     QMetaObject::invokeMethod(
