@@ -124,6 +124,10 @@ QWidget* ConnectionForm::buildRunBar() {
     });
     connect(new QShortcut(Qt::SHIFT | Qt::Key_F5, this), &QShortcut::activated, STOPTransparentButton,
             &QToolButton::click);
+    connect(new QShortcut(Qt::CTRL | Qt::Key_H, this), &QShortcut::activated, this, [this] {
+        m_console.connectionPage == ConnectionPage::A ? m_console.panel.toggleFormat()
+                                                      : m_console.list.toggleFormat();
+    });
     return bar;
 }
 
@@ -225,8 +229,7 @@ int ConnectionForm::currentRow() const {
 void ConnectionForm::showState() {
     const bool free = !m_console.running();
     const bool listPage = m_console.connectionPage == ConnectionPage::B;
-    RUNTransparentButton->setEnabled(free);
-    STOPTransparentButton->setEnabled(!free);
+    takeTurns(RUNTransparentButton, STOPTransparentButton, free);
     for (QWidget* widget :
          std::initializer_list<QWidget*>{TimeOutTransparentButton, ProtocolTransparentButton,
                                          RepeatLabeledEdit, AddChksumCheckBox, CheckRuleCheckBox})

@@ -8,6 +8,10 @@
 
 namespace kelvane {
 
+// Of the header of a page's data column.
+inline const QString FormatHint =
+    QStringLiteral("A click on the header of the data, or Ctrl+H, changes between hexadecimal and decimal");
+
 // a to z raised; other letters as they are.
 inline QString raised(QString text) {
     for (QChar& c : text)
@@ -27,6 +31,15 @@ class RaisingValidator final : public QRegularExpressionValidator {
 
 inline void raiseAsTyped(QLineEdit* edit, const QString& keys = QStringLiteral(".*")) {
     edit->setValidator(new RaisingValidator(QRegularExpression(keys), edit));
+}
+
+// Of RUN and STOP one can be pressed; the focus goes with it, so that a hand on the keys finds it.
+inline void takeTurns(QWidget* RUN, QWidget* STOP, bool free) {
+    QWidget* on = free ? RUN : STOP;
+    QWidget* off = free ? STOP : RUN;
+    on->setEnabled(true);
+    if (off->hasFocus()) on->setFocus();
+    off->setEnabled(false);
 }
 
 // keys is a regular expression for the whole text; other keys are dropped.

@@ -179,8 +179,7 @@ void ListenerForm::addLengthMenu() {
 
 void ListenerForm::showState() {
     const bool free = !m_listener.running();
-    RUNmonitorTransparentButton->setEnabled(free);
-    STOPmonitorTransparentButton->setEnabled(!free);
+    takeTurns(RUNmonitorTransparentButton, STOPmonitorTransparentButton, free);
     for (QWidget* widget : std::initializer_list<QWidget*>{
              AutoBreakChRadioButton, LengthLimitRadioButton, BreakAdvStringGrid, WordCntLabeledEdit,
              SearchTransparentButton, MprotocolTransparentButton})

@@ -160,6 +160,7 @@ QWidget* DrivePanelPage::buildButtons() {
 void DrivePanelPage::connectGrid() {
     AdvStringGrid1->installEventFilter(this);
     AdvStringGrid1->horizontalHeader()->setSectionsClickable(true);
+    AdvStringGrid1->horizontalHeader()->setToolTip(FormatHint);
     connect(AdvStringGrid1->horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int section) {
         if (section == DrivePanel::DataColumn) m_panel.toggleFormat();
     });
