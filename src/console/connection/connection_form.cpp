@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
 
@@ -117,13 +116,7 @@ QWidget* ConnectionForm::buildRunBar() {
     connect(RepeatLabeledEdit, &QLineEdit::textEdited, this,
             [this](const QString& text) { m_console.RepeatLabeledEdit = text; });
     connect(FigButton, &QToolButton::clicked, this, &ConnectionForm::toggleChart);
-    // What is still being typed is taken first, as by a click.
-    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, [this] {
-        RUNTransparentButton->setFocus();
-        RUNTransparentButton->click();
-    });
-    connect(new QShortcut(Qt::SHIFT | Qt::Key_F5, this), &QShortcut::activated, STOPTransparentButton,
-            &QToolButton::click);
+    addRunKeys(RUNTransparentButton, STOPTransparentButton, this);
     connect(new QShortcut(Qt::CTRL | Qt::Key_H, this), &QShortcut::activated, this, [this] {
         m_console.connectionPage == ConnectionPage::A ? m_console.panel.toggleFormat()
                                                       : m_console.list.toggleFormat();

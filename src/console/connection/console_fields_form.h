@@ -1,8 +1,10 @@
 // Fields of the console's pages that take certain keys only, and raise letters as they are typed.
 #pragma once
 
+#include <QAbstractButton>
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
+#include <QShortcut>
 
 #include "ui/named.h"
 
@@ -40,6 +42,17 @@ inline void takeTurns(QWidget* RUN, QWidget* STOP, bool free) {
     on->setEnabled(true);
     if (off->hasFocus()) on->setFocus();
     off->setEnabled(false);
+}
+
+// F5 and Shift+F5 press them while their page is seen. What is still being typed is taken first, as by a
+// click.
+inline void addRunKeys(QAbstractButton* RUN, QAbstractButton* STOP, QWidget* page) {
+    QObject::connect(new QShortcut(Qt::Key_F5, page), &QShortcut::activated, RUN, [RUN] {
+        RUN->setFocus();
+        RUN->click();
+    });
+    QObject::connect(new QShortcut(Qt::SHIFT | Qt::Key_F5, page), &QShortcut::activated, STOP,
+                     &QAbstractButton::click);
 }
 
 // keys is a regular expression for the whole text; other keys are dropped.
