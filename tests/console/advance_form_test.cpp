@@ -92,7 +92,6 @@ TEST_F(AdvanceForm, SendsFromFieldsAndText) {
     text->clear();
     Q_EMIT sent->textActivated(sent->currentText());
     EXPECT_EQ(text->text(), "FF0399990001");
-    EXPECT_TRUE(in<QPlainTextEdit>("ExplainMemo") != nullptr);
     auto* messages = in<QPlainTextEdit>("MsgRichEdit");
     EXPECT_EQ(messages->blockCount(), 2);
     EXPECT_TRUE(in<QPlainTextEdit>("ExplainMemo")->toPlainText().contains("Refused: exception 2"));
@@ -203,6 +202,7 @@ TEST_F(AdvanceForm, ClosesInTheMiddleOfARun) {
     const int total = console.record().totalRecords;
     clock.advance(20000);
     EXPECT_EQ(console.record().totalRecords, total);
+    EXPECT_TRUE(tool->link.TaskQueue.empty());
     EXPECT_TRUE(QFile::exists(folder.file("default.cml")));
 }
 

@@ -529,16 +529,6 @@ TEST_F(ConsoleLink, CountsTimeOutsOfASingleSendAndTakesAnythingAsGoodWithoutRule
     EXPECT_EQ(link.Console.Log.CanSend, 1);
 }
 
-TEST_F(ConsoleLink, DoesNotWaitWhileItListens) {
-    link.Console.Monitor = true;
-    QByteArray heard;
-    QObject::connect(&link.Console, &ConsoleExchange::listenerBurst, [&](const QByteArray& b) { heard = b; });
-    request();
-    EXPECT_FALSE(link.RxTimer.Enabled());
-    port.arrive("abc");
-    EXPECT_EQ(heard, "abc");
-}
-
 // Some locales set the zone in brackets, which go with it.
 TEST(HistoryTime, HasNoZoneAndNoEmptyBracketsInAnyLocale) {
     const QDateTime now(QDate(2026, 3, 2), QTime(19, 8, 7), Qt::UTC);
