@@ -52,7 +52,8 @@ struct ListSide : ToolSide {
     std::vector<QString> rightReplies = std::vector<QString>(Rows + 1);
     int wrongRows = 0;
     int replies = 0;
-    int cut = 0;          // the line paused for longer than T1 within a reply
+    int cut = 0;  // the line paused for longer than T1 within a reply; its rest may spoil the next one
+    bool restIsDue = false;
     int unexplained = 0;  // failures of any other kind
     double heardUs = 0;
 
@@ -77,9 +78,12 @@ struct ListSide : ToolSide {
         const ConsoleRecord& record = console.record();
         const QString came = record.topLine.section(QStringLiteral("Receive > "), -1);
         const QString& right = rightReplies[size_t(rowAwaited())];
+        const bool behindCut = std::exchange(restIsDue, false);
         if (record.topLineColour != ConsolePurple) return;
         const double silentMs = (nowUs() - heardUs) / 1000;
-        const bool paused = right.startsWith(came) && silentMs >= console.settings().TimeOut1;
+        restIsDue = right.startsWith(came);
+        const bool paused =
+            silentMs >= console.settings().TimeOut1 && (restIsDue || (behindCut && came.endsWith(right)));
         ++(paused ? cut : unexplained);
         if (cut + unexplained <= 5)
             std::printf("  row %d after %.1f ms of silence: %s\n", rowAwaited(), silentMs, qPrintable(came));
