@@ -63,6 +63,19 @@ TEST_F(AdvanceForm, OpensOffLineAndStaysSilent) {
     EXPECT_EQ(in<QComboBox>("SelDriveComboBox")->count(), 10);
     clock.advance(20000);
     EXPECT_EQ(log(), "");
+
+    // On line the poll rests while the window is open, and comes back.
+    form.close();
+    goOnLine();
+    int cycles = 0;
+    const QObject counting;
+    QObject::connect(&tool->link, &RequestScheduler::cycleEnded, &counting, [&cycles] { ++cycles; });
+    windows->openWindow(OwnerAdvance);
+    clock.advance(20000);
+    EXPECT_EQ(cycles, 0);
+    form.close();
+    clock.advance(3000);
+    EXPECT_GT(cycles, 3);
 }
 
 TEST_F(AdvanceForm, SendsFromFieldsAndText) {
