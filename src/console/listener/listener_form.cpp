@@ -25,7 +25,7 @@ namespace kelvane {
 
 namespace {
 
-constexpr int RefreshInterval = 50;  // ms: lines come faster than anybody reads
+constexpr int RefreshInterval = 125;  // ms: lines come faster than anybody reads
 const QString TextFilter = QStringLiteral("TXT File(*.txt)|*.txt");
 
 TransparentButton* toolButton(const char* name, Icon which, const QString& text, const QString& hint,
