@@ -196,7 +196,7 @@ QString AdvanceConsole::explain(const ConsoleLine& line) const {
                            [this](quint16 address) { return nameOf(address); });
 }
 
-QString AdvanceConsole::explainLine(const QString& heard) const {
+QString AdvanceConsole::explainLine(const HeardLine& heard) const {
     return explainHeard(heard, site.link.mode() == LinkMode::Rtu,
                         [this](quint16 address) { return nameOf(address); });
 }

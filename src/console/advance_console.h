@@ -67,7 +67,7 @@ class AdvanceConsole : public QObject {
     // What is known of registers, for the explanation of a line; set by the shell.
     RegisterNames registerNames;
     QString explain(const ConsoleLine& line) const;
-    QString explainLine(const QString& heard) const;
+    QString explainLine(const HeardLine& heard) const;
 
     ConsoleSettings& settings() { return site.link.Console; }
     const ConsoleRecord& record() const { return site.link.Console.Log; }

@@ -60,6 +60,12 @@ void TimedMemo::clearLines() {
     m_any = false;
 }
 
+TimedMemo::Line TimedMemo::lineAtCaret(int back) const {
+    const QTextBlock block = document()->findBlockByNumber(textCursor().blockNumber() - back);
+    const auto* time = block.isValid() ? static_cast<const LineTime*>(block.userData()) : nullptr;
+    return {block.text(), time ? time->at : QTime()};
+}
+
 void TimedMemo::fitMargin() {
     const int width = fontMetrics().horizontalAdvance(QStringLiteral("00:00:00.000")) + 10;
     setViewportMargins(width, 0, 0, 0);

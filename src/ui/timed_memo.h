@@ -20,6 +20,9 @@ class TimedMemo : public QPlainTextEdit {
     // The oldest lines go until so many are left; who reads further up keeps the line in place.
     void keepNewest(int count);
     void clearLines();
+    // Of the line under the caret and, with back, of one that stands so many above it; null where there is
+    // none.
+    Line lineAtCaret(int back = 0) const;
 
    protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -295,26 +295,6 @@ TEST_F(Console, StoresTimeOutsWithTheirCaptions) {
     EXPECT_EQ(console->TimeOutCaption, "7 ms");
 }
 
-TEST_F(Console, EndsWhatIsOnTheLineBeforeItCloses) {
-    typeCommands({"010321000001"});
-    console->showConnectionPage(ConnectionPage::B);
-    console->RUNTransparentButtonClick();
-    run(12);
-    bool ready = false;
-    QObject::connect(console.get(), &AdvanceConsole::readyToClose, [&ready] { ready = true; });
-    EXPECT_FALSE(console->mayClose());
-    EXPECT_FALSE(console->running());
-    run(1500);
-    EXPECT_TRUE(ready);
-    EXPECT_TRUE(console->mayClose());
-    EXPECT_TRUE(console->FormClose().ok);
-    link.tail();
-    run(5000);
-    EXPECT_EQ(sent().size(), 1) << "nothing follows the closing";
-    EXPECT_TRUE(link.TaskQueue.empty());
-    EXPECT_TRUE(QFile::exists(dir.filePath("default.cml")));
-}
-
 TEST_F(Console, KeepsItsStateInFiles) {
     typeCommands({"010321000001"});
     console->storeTimeOut(TimeOutTag::First, "500");

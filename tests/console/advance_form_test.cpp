@@ -63,6 +63,19 @@ TEST_F(AdvanceForm, OpensOffLineAndStaysSilent) {
     EXPECT_EQ(in<QComboBox>("SelDriveComboBox")->count(), 10);
     clock.advance(20000);
     EXPECT_EQ(log(), "");
+
+    // On line the poll rests while the window is open, and comes back.
+    form.close();
+    goOnLine();
+    int cycles = 0;
+    const QObject counting;
+    QObject::connect(&tool->link, &RequestScheduler::cycleEnded, &counting, [&cycles] { ++cycles; });
+    windows->openWindow(OwnerAdvance);
+    clock.advance(20000);
+    EXPECT_EQ(cycles, 0);
+    form.close();
+    clock.advance(3000);
+    EXPECT_GT(cycles, 3);
 }
 
 TEST_F(AdvanceForm, SendsFromFieldsAndText) {
@@ -92,7 +105,6 @@ TEST_F(AdvanceForm, SendsFromFieldsAndText) {
     text->clear();
     Q_EMIT sent->textActivated(sent->currentText());
     EXPECT_EQ(text->text(), "FF0399990001");
-    EXPECT_TRUE(in<QPlainTextEdit>("ExplainMemo") != nullptr);
     auto* messages = in<QPlainTextEdit>("MsgRichEdit");
     EXPECT_EQ(messages->blockCount(), 2);
     EXPECT_TRUE(in<QPlainTextEdit>("ExplainMemo")->toPlainText().contains("Refused: exception 2"));
@@ -203,6 +215,7 @@ TEST_F(AdvanceForm, ClosesInTheMiddleOfARun) {
     const int total = console.record().totalRecords;
     clock.advance(20000);
     EXPECT_EQ(console.record().totalRecords, total);
+    EXPECT_TRUE(tool->link.TaskQueue.empty());
     EXPECT_TRUE(QFile::exists(folder.file("default.cml")));
 }
 

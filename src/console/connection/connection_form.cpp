@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
 
@@ -117,13 +116,11 @@ QWidget* ConnectionForm::buildRunBar() {
     connect(RepeatLabeledEdit, &QLineEdit::textEdited, this,
             [this](const QString& text) { m_console.RepeatLabeledEdit = text; });
     connect(FigButton, &QToolButton::clicked, this, &ConnectionForm::toggleChart);
-    // What is still being typed is taken first, as by a click.
-    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, [this] {
-        RUNTransparentButton->setFocus();
-        RUNTransparentButton->click();
+    addRunKeys(RUNTransparentButton, STOPTransparentButton, this);
+    connect(new QShortcut(Qt::CTRL | Qt::Key_H, this), &QShortcut::activated, this, [this] {
+        m_console.connectionPage == ConnectionPage::A ? m_console.panel.toggleFormat()
+                                                      : m_console.list.toggleFormat();
     });
-    connect(new QShortcut(Qt::SHIFT | Qt::Key_F5, this), &QShortcut::activated, STOPTransparentButton,
-            &QToolButton::click);
     return bar;
 }
 
@@ -225,8 +222,7 @@ int ConnectionForm::currentRow() const {
 void ConnectionForm::showState() {
     const bool free = !m_console.running();
     const bool listPage = m_console.connectionPage == ConnectionPage::B;
-    RUNTransparentButton->setEnabled(free);
-    STOPTransparentButton->setEnabled(!free);
+    takeTurns(RUNTransparentButton, STOPTransparentButton, free);
     for (QWidget* widget :
          std::initializer_list<QWidget*>{TimeOutTransparentButton, ProtocolTransparentButton,
                                          RepeatLabeledEdit, AddChksumCheckBox, CheckRuleCheckBox})

@@ -31,7 +31,7 @@ bool ConsoleTraffic::exchangeOpen() const {
 
 bool ConsoleTraffic::openPort(const Voice& voice) {
     if (link.port().Open()) return true;
-    link.port().close();  // so that a failure is news, and is told, each time that somebody asks
+    link.port().close();  // so that the history gets the reason each time that somebody asks
     if (link.port().open()) return true;
     voice.person.tell(voice.text(Message::NoComPort), QStringLiteral("Error Message"));
     return false;

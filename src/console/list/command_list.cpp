@@ -19,6 +19,7 @@ const QString DecFormat = QStringLiteral("Replied Data (Dec)");
 std::vector<quint16> replyWords(const QByteArray& RxData) {
     const auto count = std::clamp<qsizetype>((RxData.size() - 5) / 2, 0, MaxWords);
     std::vector<quint16> words;
+    words.reserve(static_cast<size_t>(count));
     for (int i = 0; i < count; ++i) words.push_back(wordAt(RxData, 4 + 2 * i));
     return words;
 }

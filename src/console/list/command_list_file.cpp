@@ -153,7 +153,7 @@ bool readPageB(const QStringList& lines, CommandListFile& file) {
     if (lines.size() <= ReadLinesB) return false;
     file.timeOutDisplay = value(9);
     for (size_t i = 0; i < file.breakCells.size(); ++i)
-        file.breakCells[i] = value(10).mid(static_cast<qsizetype>(2 * i), 2);
+        file.breakCells[i] = value(10).mid(2 * static_cast<qsizetype>(i), 2);
     return true;
 }
 

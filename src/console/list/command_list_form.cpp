@@ -31,6 +31,7 @@ CommandListPage::CommandListPage(AdvanceConsole& console, QWidget* parent)
         if (section == CommandList::DataColumn) m_console.list.toggleFormat();
     });
     CmdAdvStringGrid->horizontalHeader()->setSectionsClickable(true);
+    CmdAdvStringGrid->horizontalHeader()->setToolTip(FormatHint);
     connect(&m_console.list, &CommandList::rowSent, this,
             [this](int row) { CmdAdvStringGrid->setCurrentCell(CommandList::CommandColumn, row); });
     showState();

@@ -12,7 +12,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSplitter>
-#include <QTextBlock>
 #include <QVBoxLayout>
 
 #include "console/connection/console_fields_form.h"
@@ -26,7 +25,7 @@ namespace kelvane {
 
 namespace {
 
-constexpr int RefreshInterval = 50;  // ms: lines come faster than anybody reads
+constexpr int RefreshInterval = 125;  // ms: lines come faster than anybody reads
 const QString TextFilter = QStringLiteral("TXT File(*.txt)|*.txt");
 
 TransparentButton* toolButton(const char* name, Icon which, const QString& text, const QString& hint,
@@ -82,10 +81,10 @@ ListenerForm::ListenerForm(AdvanceConsole& console, QWidget* parent)
 QWidget* ListenerForm::buildTools() {
     auto* bar = new QWidget(this);
     RUNmonitorTransparentButton = toolButton("RUNmonitorTransparentButton", Icon::Run, QStringLiteral("RUN"),
-                                             QStringLiteral("Listen to the port"), bar);
+                                             QStringLiteral("Listen to the port (F5)"), bar);
     STOPmonitorTransparentButton =
         toolButton("STOPmonitorTransparentButton", Icon::Stop, QStringLiteral("STOP"),
-                   QStringLiteral("Stop listening and close the port"), bar);
+                   QStringLiteral("Stop listening and close the port (Shift+F5)"), bar);
     MprotocolTransparentButton =
         toolButton("MprotocolTransparentButton", Icon::ComSetup, QStringLiteral("Set the com port settings"),
                    QStringLiteral("Port, baud rate and protocol"), bar);
@@ -111,6 +110,7 @@ QWidget* ListenerForm::buildTools() {
             &PortListener::RUNmonitorTransparentButtonClick);
     connect(STOPmonitorTransparentButton, &QToolButton::clicked, &m_listener,
             &PortListener::STOPmonitorTransparentButtonClick);
+    addRunKeys(RUNmonitorTransparentButton, STOPmonitorTransparentButton, this);
     connect(MprotocolTransparentButton, &QToolButton::clicked, this, &ListenerForm::comSetupWanted);
     connect(SearchTransparentButton, &QToolButton::clicked, this, &ListenerForm::search);
     connect(font, &QToolButton::clicked, this, &ListenerForm::chooseFont);
@@ -179,8 +179,7 @@ void ListenerForm::addLengthMenu() {
 
 void ListenerForm::showState() {
     const bool free = !m_listener.running();
-    RUNmonitorTransparentButton->setEnabled(free);
-    STOPmonitorTransparentButton->setEnabled(!free);
+    takeTurns(RUNmonitorTransparentButton, STOPmonitorTransparentButton, free);
     for (QWidget* widget : std::initializer_list<QWidget*>{
              AutoBreakChRadioButton, LengthLimitRadioButton, BreakAdvStringGrid, WordCntLabeledEdit,
              SearchTransparentButton, MprotocolTransparentButton})
@@ -217,8 +216,10 @@ void ListenerForm::showLines() {
 }
 
 void ListenerForm::explain() {
-    const QString line = RxMemo->textCursor().block().text();
-    RxExplainMemo->setPlainText(line.isEmpty() ? QString() : m_console.explainLine(line));
+    const TimedMemo::Line line = RxMemo->lineAtCaret();
+    const TimedMemo::Line before = RxMemo->lineAtCaret(1);
+    const HeardLine heard{line.text, before.text, before.at.msecsTo(line.at)};
+    RxExplainMemo->setPlainText(line.text.isEmpty() ? QString() : m_console.explainLine(heard));
 }
 
 // ---- Search, save, font ----

@@ -110,7 +110,8 @@ QString PortListener::text() const {
 }
 
 void PortListener::putLine(const QString& line) {
-    m_lines.push_back({line, m_wallClock.now().time()});
+    m_lines.push_back({line, m_lineAt});
+    m_lineAt = m_burstAt;
     ++m_added;
     m_characters += line.size();
     while (m_lines.size() > Room || m_characters > RoomCharacters) {
@@ -130,9 +131,15 @@ QString PortListener::added(const QString& item) const {
     return (rtu() ? QStringLiteral("\\x") : QStringLiteral(" ")) % item;
 }
 
+void PortListener::add(const QString& item) {
+    if (MonitorRxLine.isEmpty()) m_lineAt = m_burstAt;
+    MonitorRxLine += added(item);
+}
+
 // Mode and expected cell are taken once a burst.
 void PortListener::takeBurst(const QByteArray& bytes) {
     if (!m_running) return;
+    m_burstAt = m_wallClock.now().time();
     m_expected = breakCell(BreakIndex);
     m_byBreak = AutoBreakChRadioButtonChecked && !m_expected.isEmpty();
     const qint64 before = m_added;
@@ -157,7 +164,7 @@ void PortListener::takeItem(const QString& item, quint8 byte) {
 }
 
 void PortListener::takeByLength(const QString& item, quint8 byte) {
-    MonitorRxLine += added(item);
+    add(item);
     const bool full = rtu() ? MonitorRxLine.size() >= RtuItem * lengthLimit() : byte == LineFeed;
     if (!full) return;
     putLine(MonitorRxLine);
@@ -166,7 +173,7 @@ void PortListener::takeByLength(const QString& item, quint8 byte) {
 
 void PortListener::takeByBreak(const QString& item) {
     if (item == m_expected) return takeBreakItem(item);
-    MonitorRxLine += added(item);
+    add(item);
     if (MonitorRxLine.size() > LongestBreakLine) {
         putLine(MonitorRxLine);
         MonitorRxLine.clear();
@@ -184,7 +191,7 @@ void PortListener::takeBreakItem(const QString& item) {
         MonitorRxLine = added(item);
         return;
     }
-    MonitorRxLine += added(item);
+    add(item);
     if (BreakIndex < m_breakLength - 1) {
         m_expected = breakCell(++BreakIndex);
         return;

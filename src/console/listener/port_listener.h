@@ -13,7 +13,7 @@ namespace kelvane {
 
 struct ListenerLine {
     QString text;
-    QTime at;
+    QTime at;  // of its first byte
 };
 
 class PortListener : public QObject {
@@ -68,6 +68,7 @@ class PortListener : public QObject {
     void takeByBreak(const QString& item);
     void takeBreakItem(const QString& item);
     void putLine(const QString& line);
+    void add(const QString& item);
     QString added(const QString& item) const;
     int lengthLimit() const;
     void clearCutting();
@@ -84,6 +85,8 @@ class PortListener : public QObject {
     int m_breakLength = MaxBreakLength;
     int m_step = 0;          // of Button1
     bool m_byBreak = false;  // of the present burst
+    QTime m_burstAt;
+    QTime m_lineAt;
     QString m_expected;
 };
 

@@ -104,8 +104,7 @@ void ConsoleLogView::putOnTop(const ConsoleLine& line) {
     QScrollBar* bar = MsgRichEdit->verticalScrollBar();
     const int seen = bar->value();
     const bool first = MsgRichEdit->document()->isEmpty();
-    const bool atTop =
-        MsgRichEdit->textCursor().blockNumber() == 0 && !MsgRichEdit->textCursor().hasSelection();
+    const bool atTop = caretOnTop();
     QTextCursor cursor(MsgRichEdit->document());
     cursor.beginEditBlock();
     cursor.movePosition(QTextCursor::Start);
@@ -123,11 +122,18 @@ void ConsoleLogView::putOnTop(const ConsoleLine& line) {
     }
 }
 
+bool ConsoleLogView::caretOnTop() const {
+    const QTextCursor caret = MsgRichEdit->textCursor();
+    return caret.blockNumber() == 0 && !caret.hasSelection();
+}
+
 void ConsoleLogView::rewriteTop(const ConsoleLine& line) {
+    const bool atTop = caretOnTop() && MsgRichEdit->verticalScrollBar()->value() == 0;
     QTextCursor cursor(MsgRichEdit->document());
     cursor.movePosition(QTextCursor::Start);
     cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
     cursor.insertText(line.text, formatOf(line, palette()));
+    if (atTop) MsgRichEdit->moveCursor(QTextCursor::Start);
 }
 
 void ConsoleLogView::onLineAdded() {

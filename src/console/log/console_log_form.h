@@ -22,6 +22,7 @@ class ConsoleLogView : public QWidget {
     void onOldestGone();
     void putOnTop(const ConsoleLine& line);
     void rewriteTop(const ConsoleLine& line);
+    bool caretOnTop() const;
     void rebuild();
     void explain();
     void save();

@@ -194,10 +194,23 @@ QStringList replyLines(const QByteArray& body, const QByteArray& request, const 
     return requestLines(body, names);
 }
 
+// "\x01\x03" in RTU, one blank before each item in ASCII.
+Frame heardFrame(QString line, bool rtu) {
+    return rtu ? rtuFrame(fromPairs(line.remove(QLatin1String("\\x"))))
+               : asciiFrame(unescaped(line.remove(QLatin1Char(' '))));
+}
+
 // A request and a reply of function 3 differ by their byte count alone.
 bool looksLikeReply(const QByteArray& body) {
     if (byteAt(body, 2) & 0x80) return true;
     return byteAt(body, 2) == ReadRegisters && byteAt(body, 3) == body.size() - 3;
+}
+
+bool answers(const QByteArray& body, const QByteArray& request) {
+    if (request.size() != RequestBody || looksLikeReply(request)) return false;
+    const bool sameAddress = body[0] == request[0] || byteAt(request, 1) == 255;
+    return sameAddress && (byteAt(body, 2) & 0x7F) == byteAt(request, 2) &&
+           (looksLikeReply(body) || body == request);
 }
 
 }  // namespace
@@ -231,14 +244,18 @@ QString explainExchange(const QString& logLine, bool rtu, qint64 replyUs, const 
     return lines.join(QLatin1Char('\n'));
 }
 
-QString explainHeard(const QString& line, bool rtu, const RegisterNames& names) {
-    // "\x01\x03" in RTU, one blank before each item in ASCII.
-    QString logged = line;
-    const Frame frame = rtu ? rtuFrame(fromPairs(logged.remove(QLatin1String("\\x"))))
-                            : asciiFrame(unescaped(logged.remove(QLatin1Char(' '))));
+QString explainHeard(const HeardLine& line, bool rtu, const RegisterNames& names) {
+    const Frame frame = heardFrame(line.text, rtu);
     if (frame.body.isEmpty()) return frame.check;
-    QStringList lines =
-        looksLikeReply(frame.body) ? replyLines(frame.body, {}, names) : requestLines(frame.body, names);
+    const QByteArray before = heardFrame(line.before, rtu).body;
+    QStringList lines;
+    if (answers(frame.body, before)) {
+        lines += QStringLiteral("%1 ms after the request above it").arg(line.apartMs);
+        lines += replyLines(frame.body, before, names);
+    } else {
+        lines +=
+            looksLikeReply(frame.body) ? replyLines(frame.body, {}, names) : requestLines(frame.body, names);
+    }
     lines += frame.check;
     return lines.join(QLatin1Char('\n'));
 }

@@ -20,7 +20,13 @@ using RegisterNames = std::function<std::optional<RegisterName>(quint16 address)
 // A line of the console's log: the request, and the reply in its light. replyUs is the time from the send to
 // the end of the wait, -1 when it is not known.
 QString explainExchange(const QString& logLine, bool rtu, qint64 replyUs, const RegisterNames& names);
-// A line of the listener, which may begin and end anywhere.
-QString explainHeard(const QString& line, bool rtu, const RegisterNames& names);
+// A line of the listener, which may begin and end anywhere, in the light of the one before it, which may be
+// the request that it answers. apartMs: from the one to the other.
+struct HeardLine {
+    QString text;
+    QString before = {};
+    int apartMs = 0;
+};
+QString explainHeard(const HeardLine& line, bool rtu, const RegisterNames& names);
 
 }  // namespace kelvane

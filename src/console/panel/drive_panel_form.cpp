@@ -160,6 +160,7 @@ QWidget* DrivePanelPage::buildButtons() {
 void DrivePanelPage::connectGrid() {
     AdvStringGrid1->installEventFilter(this);
     AdvStringGrid1->horizontalHeader()->setSectionsClickable(true);
+    AdvStringGrid1->horizontalHeader()->setToolTip(FormatHint);
     connect(AdvStringGrid1->horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int section) {
         if (section == DrivePanel::DataColumn) m_panel.toggleFormat();
     });
@@ -242,11 +243,10 @@ void ChartPage::buildChannel(int channel, QGridLayout* grid) {
     m_boxes[at]->setMinimumContentsLength(10);
     auto* label = new QLabel(QStringLiteral("Ch &%1").arg(number), this);
     label->setBuddy(m_boxes[at]);
-    const int column = 3 * (channel % 2);
-    grid->addWidget(m_panels[at], channel / 2, column);
-    grid->addWidget(label, channel / 2, column + 1);
-    grid->addWidget(m_boxes[at], channel / 2, column + 2);
-    grid->setColumnStretch(column + 2, 1);
+    grid->addWidget(m_panels[at], channel, 0);
+    grid->addWidget(label, channel, 1);
+    grid->addWidget(m_boxes[at], channel, 2);
+    grid->setColumnStretch(2, 1);
     showColour(channel);
     connect(m_panels[at], &QToolButton::clicked, this, [this, channel] { chooseColour(channel); });
     connect(m_boxes[at], &QComboBox::activated, this,

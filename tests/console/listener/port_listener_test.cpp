@@ -1,8 +1,6 @@
 // The listener's cutting of lines, and the flasher's lines on the wire.
 #include "console/listener/port_listener.h"
 
-#include <QElapsedTimer>
-
 #include "console/console_bench.h"
 
 namespace kelvane {
@@ -76,6 +74,7 @@ TEST_F(Listener, OwnsThePortOnlyWhileItRuns) {
     run(5000);
     EXPECT_TRUE(sentFrames().isEmpty());
     EXPECT_TRUE(link.Rx.RxData.isEmpty());
+    EXPECT_FALSE(link.RxTimer.Enabled());
     console->showPage(ConsolePage::Connection);
     EXPECT_EQ(console->page, ConsolePage::Monitor);
     EXPECT_TRUE(console->mayClose());
@@ -109,6 +108,8 @@ TEST_F(Listener, FlashesLineByLineWithoutACheck) {
     person.expectBox("The file has no S-records.", "Error");
     console->flasher.LoadClick();  // what was loaded stays
     console->flasher.SendFileTransparentButtonClick();
+    run(25);
+    EXPECT_FALSE(link.RxTimer.Enabled()) << "nobody waits for an answer";
     run(1000);
     EXPECT_EQ(sentFrames(), QStringList({"53300600004844521B", "5339030000FC"}));
     EXPECT_FALSE(console->flasher.running());

@@ -35,17 +35,21 @@ TEST(FrameExplainer, TellsRequestReplyAndTime) {
 }
 
 TEST(FrameExplainer, SurvivesAnyLine) {
+    const QString Request = R"(\x01\x03\x21\x00\x00\x01\x8E\x36)";
+    const QString Reply = R"(\x01\x03\x02\x12\x34\xB5\x33)";
     for (const char* junk : {"", "01", "0103", "ZZZZ", "\\x0", "0103FF1234B533", "010300B533"}) {
         EXPECT_FALSE(exchange(junk, junk).empty());
         EXPECT_FALSE(exchange(junk, junk, false).empty());
     }
     EXPECT_EQ(explainExchange("no exchange at all", true, -1, {}), "");
+    EXPECT_NE(explainHeard({Request}, true, Names).indexOf("Registers asked for: 1"), -1);
+    EXPECT_NE(explainHeard({Reply}, true, Names).indexOf("Word 1: 1234H"), -1);
+    const QString answer = explainHeard({Reply, Request, 12}, true, Names);
+    EXPECT_TRUE(answer.startsWith("12 ms after the request"));
+    EXPECT_NE(answer.indexOf("2100H 21-00 Output frequency: 1234H = 4660 = 46.60 Hz"), -1);
+    EXPECT_NE(explainHeard({Reply, Reply, 12}, true, Names).indexOf("Word 1: 1234H"), -1);
     EXPECT_NE(
-        explainHeard(R"(\x01\x03\x21\x00\x00\x01\x8E\x36)", true, Names).indexOf("Registers asked for: 1"),
-        -1);
-    EXPECT_NE(explainHeard(R"(\x01\x03\x02\x12\x34\xB5\x33)", true, Names).indexOf("Word 1: 1234H"), -1);
-    EXPECT_NE(
-        explainHeard(R"( : 0 1 0 3 2 1 0 0 0 0 0 1 D A \x0D \x0A)", false, Names).indexOf("LRC DA, good"),
+        explainHeard({R"( : 0 1 0 3 2 1 0 0 0 0 0 1 D A \x0D \x0A)"}, false, Names).indexOf("LRC DA, good"),
         -1);
 }
 

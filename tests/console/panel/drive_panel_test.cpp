@@ -112,6 +112,21 @@ TEST_F(Panel, DecodesTheStateWord) {
     EXPECT_EQ(text(0x0400, false), "0000001");
 }
 
+TEST_F(Panel, PollsOnAfterABadReplyUnlessItIsToStop) {
+    beOthers();
+    console->RUNTransparentButtonClick();
+    for (const bool stops : {false, true}) {
+        link.Console.ErrorCheckBoxChecked = stops;
+        run(5);
+        port.arrive(QByteArray::fromHex("FF0304000100020000"));
+        run(30);
+        EXPECT_EQ(topColour() == ConsolePurple, stops) << "the next read stands on top";
+        EXPECT_EQ(console->running(), !stops);
+    }
+    EXPECT_EQ(console->record().errorRecords, 2);
+    EXPECT_EQ(sent().size(), 2);
+}
+
 // A STOP leaves right behind the exchange in hand, whatever waits, and nothing is tried again behind it.
 TEST_F(Panel, LetsStopGoFirst) {
     beOthers();
