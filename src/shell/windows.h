@@ -128,7 +128,8 @@ class Windows : public QObject {
     void putOver(QWidget& window);
     QWidget* inFront(const QWidget& window) const;
     bool isPlacedByHand(const QWidget& window) const;
-    void activateBelow(const QWidget& window);
+    void activateBelow(QWidget& window);
+    void raiseAbove(const QWidget& window);
     void hidden(QWidget& window);
     void hideOthers();
     void closeKeypad();
@@ -140,7 +141,7 @@ class Windows : public QObject {
     Translations m_translations;
     CaptionEditor m_captionEditor;
     WindowTexts m_texts;
-    QHash<const QWidget*, QPointer<QWidget>> m_below;  // over which window a visible one was opened
+    QHash<QWidget*, QPointer<QWidget>> m_below;  // over which window a visible one was opened
     QHash<const QWidget*, QPoint> m_placed;            // where we have put it
     const WindowRow* m_open = nullptr;                 // that owns the link
     std::function<void()> m_afterComSetup;
