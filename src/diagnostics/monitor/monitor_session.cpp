@@ -182,8 +182,8 @@ void MonitorSession::Ch1ComboBoxCloseUp(int ItemIndex) {
 
 // ---- Kind and top of the meters ----
 
+// Kept: the dialog opens with the kind that was chosen last, for whichever meter.
 void MonitorSession::openMeterType(const ExchangeableMeter& meter) {
-    meterType.MeterType = static_cast<quint8>(meter.page);
     switch (meter.page) {
         case MeterKind::Angular: meterType.VrAngularMeter = meter.VrAngularMeter.MaxValue; break;
         case MeterKind::Thermometer: meterType.AbThermometer = meter.AbThermometer.ValueTo; break;

@@ -59,6 +59,8 @@ TEST(Monitor, GrowsEachScaleByItsOwnRule) {
 TEST(Monitor, TakesAPlainNumberAsItStands) {
     MonitorStand b;
     b.monitor.VrMeterComboBoxCloseUp(5);
+    b.monitor.openMeterType(b.monitor.Meter2);
+    EXPECT_EQ(b.monitor.meterType.MeterType, 2) << "the kind chosen last";
     b.monitor.ComboBoxCloseUp(b.monitor.Meter2, 5);
     b.tick(5, 1450);
     EXPECT_EQ(b.monitor.VrMeter.MaxValue, 1450);
