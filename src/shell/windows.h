@@ -142,8 +142,8 @@ class Windows : public QObject {
     CaptionEditor m_captionEditor;
     WindowTexts m_texts;
     QHash<QWidget*, QPointer<QWidget>> m_below;  // over which window a visible one was opened
-    QHash<const QWidget*, QPoint> m_placed;            // where we have put it
-    const WindowRow* m_open = nullptr;                 // that owns the link
+    QHash<const QWidget*, QPoint> m_placed;      // where we have put it
+    const WindowRow* m_open = nullptr;           // that owns the link
     std::function<void()> m_afterComSetup;
     bool m_comSetupOpened = false;       // by openComSetup: what follows it is ours
     const WindowRow* m_asked = nullptr;  // whose link com setup took to rest

@@ -132,7 +132,6 @@ QWidget* TScopeForm::buildPlots() {
     AbTrend2 = named<TrendPlot>("AbTrend2", m_session.AbTrend2.data, panel);
     AbTrend2->setAccessibleName(tr("Trend of the four logic lines"));
     AbTrend2->look.GridYSteps = 4;
-    AbTrend2->look.bands = QStringList{tr("RUN cmd"), tr("RUN status"), tr("FWD cmd"), tr("FWD status")};
     AbTrend2->lookChanged();
     AbTrend2->setFixedHeight(LowerPlotHeight);
     TrendScrollBar = named<QScrollBar>("TrendScrollBar", Qt::Horizontal, panel);
@@ -160,8 +159,10 @@ QWidget* TScopeForm::buildPages() {
     return PageControl1;
 }
 
-// What is no control's text: tabs, and heads of columns.
+// What is no control's text: tabs, heads of columns, bands of the lower plot.
 void TScopeForm::showHeads() {
+    AbTrend2->look.bands = QStringList{tr("RUN cmd"), tr("RUN status"), tr("FWD cmd"), tr("FWD status")};
+    AbTrend2->lookChanged();
     const QString tabs[] = {tr("Channels"), tr("Status"), tr("Measure")};
     for (int page = 0; page < 3; ++page) PageControl1->setTabText(page, tabs[page]);
     const QString item = tr("Item"), value = tr("Value"), unit = tr("Unit");
@@ -309,7 +310,7 @@ QWidget* TScopeForm::buildChannelStatus() {
         grid->addWidget(new QLabel(text, box), row, 7);
         grid->addWidget(label, row++, 8);
     }
-    for (const int spacer : {4, 7}) grid->setColumnMinimumWidth(spacer, 30);
+    for (const int spacer : {4, 7}) grid->setColumnMinimumWidth(spacer, 10);
     grid->setColumnStretch(9, 1);
     grid->setRowStretch(RowsOfChannels + 1, 1);
     return box;

@@ -59,8 +59,6 @@ TEST(Monitor, GrowsEachScaleByItsOwnRule) {
 TEST(Monitor, TakesAPlainNumberAsItStands) {
     MonitorStand b;
     b.monitor.VrMeterComboBoxCloseUp(5);
-    b.monitor.openMeterType(b.monitor.Meter2);
-    EXPECT_EQ(b.monitor.meterType.MeterType, 2) << "the kind chosen last";
     b.monitor.ComboBoxCloseUp(b.monitor.Meter2, 5);
     b.tick(5, 1450);
     EXPECT_EQ(b.monitor.VrMeter.MaxValue, 1450);
@@ -103,6 +101,8 @@ TEST(Monitor, TakesKindAndTopFromTheDialog) {
     EXPECT_EQ(b.monitor.Meter1.page, MeterKind::Thermometer);
     EXPECT_EQ(b.monitor.Meter1.AbThermometer.ValueTo, 80);
     EXPECT_EQ(b.monitor.Meter1.AbThermometer.DigitalTo, 8000);
+    b.monitor.openMeterType(b.monitor.Meter2);
+    EXPECT_EQ(b.monitor.meterType.MeterType, 2) << "the kind chosen last";
     b.monitor.ComboBoxCloseUp(b.monitor.Meter2, 5);
     b.monitor.meterType.MeterType = 3;
     b.monitor.takeMeterType(b.monitor.Meter2);
