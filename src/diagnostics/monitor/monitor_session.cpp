@@ -84,7 +84,8 @@ void MonitorSession::feedMeter(ExchangeableMeter& meter, const DriveStatusRecord
     const StatusItemView item = statusItem(DriveStatus, meter.Item);
     DialState& dial = meter.VrAngularMeter;
     if (item.scale) {
-        if (item.word > item.scale * dial.MaxValue) dial.MaxValue = item.word / item.scale + 1;
+        const auto whole = item.word / item.scale;
+        if (item.word > item.scale * dial.MaxValue) dial.MaxValue = whole + 1;
     } else if (item.word > dial.MaxValue) {
         dial.MaxValue = item.word;
     }

@@ -368,7 +368,7 @@ void TrendSession::OKTransparentButtonClick(int OptionLeftChannel, const QString
 // ---- Files ----
 
 FileResult TrendSession::saveTo(const QString& path) {
-    const FileResult saved = AbTrend1.SaveToFile(path);
+    FileResult saved = AbTrend1.SaveToFile(path);
     if (!saved.ok) {
         tell(saved.error);
         return saved;
