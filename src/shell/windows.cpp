@@ -177,6 +177,7 @@ void Windows::closeKeypad() {
 bool Windows::eventFilter(QObject* watched, QEvent* event) {
     auto* window = qobject_cast<QWidget*>(watched);
     if (window && event->type() == QEvent::Show) putOver(*window);
+    if (window && event->type() == QEvent::WindowActivate) raiseAbove(*window);
     if (window && event->type() == QEvent::Hide && !event->spontaneous()) hidden(*window);
     return false;
 }
@@ -209,11 +210,17 @@ bool Windows::isPlacedByHand(const QWidget& window) const {
 }
 
 // Some window managers forget whom the keyboard belongs to when a window goes that was only just there.
-void Windows::activateBelow(const QWidget& window) {
+void Windows::activateBelow(QWidget& window) {
     QWidget* below = m_below.take(&window);
     QWidget* modal = QApplication::activeModalWidget();
     if (modal && modal != &window) below = modal;
     if (below && below->isVisible()) below->activateWindow();
+}
+
+// Some window managers put a modal window that is clicked above the keypad that lies over it.
+void Windows::raiseAbove(const QWidget& window) {
+    for (auto above = m_below.cbegin(); above != m_below.cend(); ++above)
+        if (above.value() == &window) above.key()->raise();
 }
 
 // By whatever way it went, a window that had the link gives it up.

@@ -128,7 +128,8 @@ class Windows : public QObject {
     void putOver(QWidget& window);
     QWidget* inFront(const QWidget& window) const;
     bool isPlacedByHand(const QWidget& window) const;
-    void activateBelow(const QWidget& window);
+    void activateBelow(QWidget& window);
+    void raiseAbove(const QWidget& window);
     void hidden(QWidget& window);
     void hideOthers();
     void closeKeypad();
@@ -140,9 +141,9 @@ class Windows : public QObject {
     Translations m_translations;
     CaptionEditor m_captionEditor;
     WindowTexts m_texts;
-    QHash<const QWidget*, QPointer<QWidget>> m_below;  // over which window a visible one was opened
-    QHash<const QWidget*, QPoint> m_placed;            // where we have put it
-    const WindowRow* m_open = nullptr;                 // that owns the link
+    QHash<QWidget*, QPointer<QWidget>> m_below;  // over which window a visible one was opened
+    QHash<const QWidget*, QPoint> m_placed;      // where we have put it
+    const WindowRow* m_open = nullptr;           // that owns the link
     std::function<void()> m_afterComSetup;
     bool m_comSetupOpened = false;       // by openComSetup: what follows it is ours
     const WindowRow* m_asked = nullptr;  // whose link com setup took to rest

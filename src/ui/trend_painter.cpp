@@ -197,8 +197,9 @@ void TrendPainter::paintLeftScale(QPainter& painter) const {
         QString text = QString::number(m_view.shareAt(y) * channel.ValueTo, 'f', places);
         if (text.startsWith(QLatin1Char('-')) && text.toDouble() == 0) text.remove(0, 1);
         text.replace(QLatin1Char('.'), m_look.decimalSep);
-        painter.drawText(QRect(0, y - metrics.height() / 2, width, metrics.height()),
-                         Qt::AlignRight | Qt::AlignVCenter, text);
+        // The lowest one stands clear of the times.
+        const int top = std::min(y - metrics.height() / 2, m_view.bottom() + 2 - metrics.height());
+        painter.drawText(QRect(0, top, width, metrics.height()), Qt::AlignRight | Qt::AlignVCenter, text);
     }
     const QString head = QStringLiteral("Ch%1").arg(at + 1) %
                          (channel.ValueUnit.isEmpty() ? QString() : QStringLiteral(" ") % channel.ValueUnit);

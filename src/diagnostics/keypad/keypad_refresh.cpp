@@ -18,6 +18,7 @@ QString faultTextRead(quint8 FaultCode) {
 }  // namespace
 
 // Both records by value: what a call changes in them stays in the call.
+// NOLINTNEXTLINE(performance-unnecessary-value-param): so is the one that it only reads.
 void Keypad::ProcessLEDstatus(DriveStatusRecord status, ParamReadRecord read) {
     if (!status.DriveReady) return;
     KeypadActive = true;

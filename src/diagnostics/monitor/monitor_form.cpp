@@ -6,6 +6,7 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QScreen>
+#include <QShortcut>
 #include <QStackedWidget>
 
 #include "ui/display_label.h"
@@ -94,6 +95,11 @@ QLayout* TMonitorForm::buildButtons() {
     connect(StartVrPowerButton, &QAbstractButton::clicked, &m_monitor,
             &MonitorSession::StartVrPowerButtonClick);
     connect(KeypadTransparentButton, &QToolButton::clicked, this, &TMonitorForm::keypadWanted);
+    // The keys of the trend window.
+    connect(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, StartVrPowerButton,
+            &QAbstractButton::click);
+    connect(new QShortcut(QKeySequence(Qt::Key_F8), this), &QShortcut::activated, KeypadTransparentButton,
+            &QAbstractButton::click);
     connect(exit, &QToolButton::clicked, this, &QDialog::reject);
     auto* row = new QHBoxLayout;
     row->addWidget(StartVrPowerButton);

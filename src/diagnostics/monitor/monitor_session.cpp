@@ -84,7 +84,8 @@ void MonitorSession::feedMeter(ExchangeableMeter& meter, const DriveStatusRecord
     const StatusItemView item = statusItem(DriveStatus, meter.Item);
     DialState& dial = meter.VrAngularMeter;
     if (item.scale) {
-        if (item.word > item.scale * dial.MaxValue) dial.MaxValue = item.word / item.scale + 1;
+        const auto whole = item.word / item.scale;
+        if (item.word > item.scale * dial.MaxValue) dial.MaxValue = whole + 1;
     } else if (item.word > dial.MaxValue) {
         dial.MaxValue = item.word;
     }
@@ -182,8 +183,8 @@ void MonitorSession::Ch1ComboBoxCloseUp(int ItemIndex) {
 
 // ---- Kind and top of the meters ----
 
+// Kept: the dialog opens with the kind that was chosen last, for whichever meter.
 void MonitorSession::openMeterType(const ExchangeableMeter& meter) {
-    meterType.MeterType = static_cast<quint8>(meter.page);
     switch (meter.page) {
         case MeterKind::Angular: meterType.VrAngularMeter = meter.VrAngularMeter.MaxValue; break;
         case MeterKind::Thermometer: meterType.AbThermometer = meter.AbThermometer.ValueTo; break;

@@ -12,6 +12,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "base/trend_time.h"
 #include "diagnostics/trend/scope_form.h"
 #include "diagnostics/trend/trend_text.h"
 #include "link/number_text.h"
@@ -131,7 +132,6 @@ QWidget* TScopeForm::buildPlots() {
     AbTrend2 = named<TrendPlot>("AbTrend2", m_session.AbTrend2.data, panel);
     AbTrend2->setAccessibleName(tr("Trend of the four logic lines"));
     AbTrend2->look.GridYSteps = 4;
-    AbTrend2->look.bands = QStringList{tr("RUN cmd"), tr("RUN status"), tr("FWD cmd"), tr("FWD status")};
     AbTrend2->lookChanged();
     AbTrend2->setFixedHeight(LowerPlotHeight);
     TrendScrollBar = named<QScrollBar>("TrendScrollBar", Qt::Horizontal, panel);
@@ -151,11 +151,24 @@ QWidget* TScopeForm::buildPages() {
     Image1 = named<QLabel>("Image1", this);  // holds the picture of the screen, unseen
     Image1->hide();
     PageControl1 = named<QTabWidget>("PageControl1", this);
-    PageControl1->addTab(buildChannelPage(), tr("Channels"));
+    PageControl1->addTab(buildChannelPage(), {});
     StatusTabSheet = buildStatusPage();
-    PageControl1->addTab(StatusTabSheet, tr("Status"));
-    PageControl1->addTab(buildMeasurePage(), tr("Measure"));
+    PageControl1->addTab(StatusTabSheet, {});
+    PageControl1->addTab(buildMeasurePage(), {});
+    showHeads();
     return PageControl1;
+}
+
+// What is no control's text: tabs, heads of columns, bands of the lower plot.
+void TScopeForm::showHeads() {
+    AbTrend2->look.bands = QStringList{tr("RUN cmd"), tr("RUN status"), tr("FWD cmd"), tr("FWD status")};
+    AbTrend2->lookChanged();
+    const QString tabs[] = {tr("Channels"), tr("Status"), tr("Measure")};
+    for (int page = 0; page < 3; ++page) PageControl1->setTabText(page, tabs[page]);
+    const QString item = tr("Item"), value = tr("Value"), unit = tr("Unit");
+    m_session.InfoAdvStringGrid.setHeaders({item, value, unit, {}, item, value, unit, {}});
+    m_measureGrid.setHeaders({tr("Channel"), unit, tr("At A"), tr("At B"), tr("B - A"), tr("Minimum"),
+                              tr("Maximum"), tr("Mean"), tr("RMS")});
 }
 
 // The pages are as high as the channels need and the rest is the plots', until a hand moves the border.
@@ -285,8 +298,9 @@ QWidget* TScopeForm::buildChannelStatus() {
     TotalRecordsLabel = plainLabel("TotalRecordsLabel", QStringLiteral("0"), box);
     // Of a fixed size and on a ground of their own, so that a number that changes ten times a second moves
     // nothing and has nothing behind it painted.
+    const QString longest = trendTimeText(trendTime(QDateTime({2028, 9, 28}, {20, 58, 58})));
     for (QLabel* label : {RecNoLabel, RecTimeLabel, TotalRecordsLabel}) {
-        label->setFixedSize(fontMetrics().averageCharWidth() * 20, fontMetrics().height() + 2);
+        label->setFixedSize(fontMetrics().horizontalAdvance(longest) + 8, fontMetrics().height() + 2);
         label->setAutoFillBackground(true);
         label->setBackgroundRole(QPalette::Base);
     }
@@ -296,7 +310,7 @@ QWidget* TScopeForm::buildChannelStatus() {
         grid->addWidget(new QLabel(text, box), row, 7);
         grid->addWidget(label, row++, 8);
     }
-    for (const int spacer : {4, 7}) grid->setColumnMinimumWidth(spacer, 30);
+    for (const int spacer : {4, 7}) grid->setColumnMinimumWidth(spacer, 10);
     grid->setColumnStretch(9, 1);
     grid->setRowStretch(RowsOfChannels + 1, 1);
     return box;
@@ -373,8 +387,6 @@ QWidget* TScopeForm::buildMeasurePage() {
     m_measureHead = plainLabel("MeasureLabel", {}, page);
     m_measureHead->setWordWrap(true);
     m_measureHead->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_measureGrid.setHeaders({tr("Channel"), tr("Unit"), tr("At A"), tr("At B"), tr("B - A"), tr("Minimum"),
-                              tr("Maximum"), tr("Mean"), tr("RMS")});
     m_measureView = named<StringGridView>("MeasureStringGrid", page);
     m_measureView->setGrid(&m_measureGrid);
     m_measureView->setColumnCharacters({28, 6, 10, 10, 10, 10, 10, 10, 10});

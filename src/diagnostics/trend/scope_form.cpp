@@ -15,6 +15,7 @@
 #include "diagnostics/trend/trend_text.h"
 #include "link/number_text.h"
 #include "ui/display_label.h"
+#include "ui/in_language.h"
 #include "ui/lamp.h"
 #include "ui/notice_bar.h"
 #include "ui/power_button.h"
@@ -174,7 +175,7 @@ void TScopeForm::showSession() {
         const int entry = m_session.ChComboBox[c];
         ChComboBox[c]->setCurrentIndex(entry < ChComboBox[c]->count() ? entry : -1);
     }
-    m_foot->setText(m_session.notice);
+    m_foot->setText(inLanguage(m_session.notice));
     showTotal();
     showCursorTexts();
 }
@@ -330,6 +331,11 @@ void TScopeForm::ButtonTimerTimer() {
 }
 
 // A press and a hold of Up and Down; a click on a colour panel.
+void TScopeForm::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) showHeads();
+}
+
 bool TScopeForm::eventFilter(QObject* watched, QEvent* event) {
     const QString name = watched->objectName();
     const bool up = name == QLatin1String("UpTransparentButton");

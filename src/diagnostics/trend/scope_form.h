@@ -59,6 +59,7 @@ class TScopeForm : public QMainWindow {
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
    private:
     // Layout.
@@ -76,6 +77,7 @@ class TScopeForm : public QMainWindow {
     void addLogicRow(QGridLayout* grid, int row, int line);
     QWidget* buildStatusPage();
     QWidget* buildFaultBox();
+    void showHeads();
     QWidget* buildLampBox();
     QWidget* buildMeasurePage();
     QWidget* addColourPanel(const QString& name, int channel, bool logic);

@@ -49,7 +49,7 @@ FileResult TrendJournal::follow(const TrendRecords& records) {
 FileResult TrendJournal::write(const TrendRecords& records, qint64 to) {
     while (m_next < to) {
         if (m_inSegment >= SegmentRecords)
-            if (const FileResult next = openSegment(m_segment + 1); !next.ok) return next;
+            if (FileResult next = openSegment(m_segment + 1); !next.ok) return next;
         const qint64 count = std::min(to - m_next, SegmentRecords - m_inSegment);
         const auto* bytes = reinterpret_cast<const char*>(&records[m_next]);
         if (m_file.write(bytes, count * RecordBytes) != count * RecordBytes) {

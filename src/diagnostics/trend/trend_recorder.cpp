@@ -83,7 +83,7 @@ FileResult TrendRecorder::LoadFromFile(const QString& name) {
         if (!data.records.insert(before, SeparatorRecords, separator))
             return {false, QStringLiteral("There is not enough memory.")};
     }
-    const FileResult result = loadScopeFile(name, data.records);
+    FileResult result = loadScopeFile(name, data.records);
     Q_EMIT recordsReplaced();
     Q_EMIT OnRecNoChanged();
     return result;

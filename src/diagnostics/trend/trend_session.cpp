@@ -63,14 +63,6 @@ TrendSession::TrendSession(const TrendSite& site)
         channel.ValueTo = LogicScale;
     }
     InfoAdvStringGrid.setRowCount(8);
-    InfoAdvStringGrid.setHeaders({QStringLiteral("Item"),
-                                  QStringLiteral("Value"),
-                                  QStringLiteral("Unit"),
-                                  {},
-                                  QStringLiteral("Item"),
-                                  QStringLiteral("Value"),
-                                  QStringLiteral("Unit"),
-                                  {}});
     setCaptions();
     // Before the first poll there is nothing but zeros.
     AbTrend1.mayRecord = [this] { return status().DriveReady != 0; };
@@ -376,7 +368,7 @@ void TrendSession::OKTransparentButtonClick(int OptionLeftChannel, const QString
 // ---- Files ----
 
 FileResult TrendSession::saveTo(const QString& path) {
-    const FileResult saved = AbTrend1.SaveToFile(path);
+    FileResult saved = AbTrend1.SaveToFile(path);
     if (!saved.ok) {
         tell(saved.error);
         return saved;

@@ -84,38 +84,13 @@ TEST(KeypadForm, HasItsShapeAndEveryControl) {
     EXPECT_FALSE(w.form.isModal());
     EXPECT_EQ(w.at<QWidget>("BackgroundImage").size(), QSize(244, 389));
     EXPECT_EQ(w.form.tag(), 1);
-    for (const char* name : {"MainTabSheet",
-                             "ParaInfoTabSheet",
-                             "ErrInfoTabSheet",
-                             "StartUpTabSheet",
-                             "displayVrLabel",
-                             "LeadChVrLabel",
-                             "HeadInfoLabel",
-                             "underLineVrLabel",
-                             "FreqScrollBar",
-                             "InputEdit",
-                             "FVrLabel",
-                             "HVrLabel",
-                             "AVrLabel",
-                             "VrLabel5",
-                             "VrLabel6",
-                             "VrLabel7",
-                             "PrNumVrLabel",
-                             "PrNameLabel",
-                             "DataVrLabel",
-                             "DefLabel",
-                             "MinLabel",
-                             "MaxLabel",
-                             "UnitVrLabel",
-                             "SelPrComboBox",
-                             "LockImage",
-                             "EditTransparentButton",
-                             "ErrNameVrLabel",
-                             "ErrDescriptLabel",
-                             "InitialVrLabel",
-                             "InitialVrIndicator",
-                             "OnLineTransparentButton"})
-        w.find<QWidget>(name, &w.form);
+    const QString controls =
+        "MainTabSheet ParaInfoTabSheet ErrInfoTabSheet StartUpTabSheet displayVrLabel LeadChVrLabel "
+        "HeadInfoLabel underLineVrLabel FreqScrollBar InputEdit FVrLabel HVrLabel AVrLabel VrLabel5 VrLabel6 "
+        "VrLabel7 PrNumVrLabel PrNameLabel DataVrLabel DefLabel MinLabel MaxLabel UnitVrLabel SelPrComboBox "
+        "LockImage EditTransparentButton ErrNameVrLabel ErrDescriptLabel InitialVrLabel InitialVrIndicator "
+        "OnLineTransparentButton";
+    for (const QString& name : controls.split(' ')) w.find<QWidget>(qPrintable(name), &w.form);
     // Every key is reached by Tab, speaks, and tells its name.
     for (const char* name : {"JOGTransparentButton", "ModeTransparentButton", "PUTransparentButton",
                              "LeftArrowTransparentButton", "PROGTransparentButton", "DIRTransparentButton",

@@ -193,6 +193,13 @@ TEST(KeypadFrequency, IsSentWhenItIsLegal) {
         EXPECT_EQ(b.screen.InputEdit, sent ? row.typed : "60.00");
         EXPECT_EQ(b.keypad.GetDataTimer.Enabled(), !sent) << "an older status would overwrite it";
     }
+    KeypadBench b;
+    b.status.MaxFreqWord = 0;  // kept: then everything is too large
+    b.tick();
+    b.keypad.screen.InputEdit = "10";
+    b.person.expectBox(large, "Error Message");
+    b.keypad.InputEditEnter();
+    EXPECT_EQ(b.taken(), "");
 }
 
 TEST(KeypadFrequency, OfTheSliderIsSentOnceItRests) {
@@ -241,16 +248,6 @@ TEST(KeypadFrequency, IsForgottenWhenTheLineGoesToAnotherOwner) {
         EXPECT_FALSE(b.taken().contains("FF062001"));
         EXPECT_EQ(b.screen.FreqScrollBarPosition, 6000);
     }
-}
-
-TEST(KeypadFrequency, KeepsRefusingWhatIsAboveAMaximumOfNothing) {
-    KeypadBench b;
-    b.status.MaxFreqWord = 0;
-    b.tick();
-    b.keypad.screen.InputEdit = "10";
-    b.person.expectBox("Value is too large !! Please check it ...", "Error Message");
-    b.keypad.InputEditEnter();
-    EXPECT_EQ(b.taken(), "");
 }
 
 // ---- Parameters ----
@@ -439,6 +436,14 @@ TEST(KeypadFaults, AreAskedForUntilTheTextIsIn) {
     b.setStatus({0});
     b.tick();
     EXPECT_EQ(b.screen.sheet, Main);
+    b.keypad.PROGTransparentButtonClick();
+    b.setStatus({5});
+    b.status.FaultTextValid = 1;
+    b.tick();
+    EXPECT_EQ(b.screen.sheet, Error);
+    b.setStatus({0});
+    b.tick();
+    EXPECT_EQ(b.screen.sheet, Main) << "kept: not the parameters";
 }
 
 TEST(KeypadFaults, OfTwoFamiliesAreNamedByATable) {
@@ -458,18 +463,6 @@ TEST(KeypadFaults, OfTwoFamiliesAreNamedByATable) {
         EXPECT_EQ(b.status.FaultTextValid, family != Family::Hazel) << "changed in the copy only";
         EXPECT_EQ(b.taken(), "");
     }
-}
-
-TEST(KeypadFaults, KeepsTheMainPageAfterAnErrorOverTheParameters) {
-    KeypadBench b;
-    b.keypad.PROGTransparentButtonClick();
-    b.setStatus({5});
-    b.status.FaultTextValid = 1;
-    b.tick();
-    EXPECT_EQ(b.screen.sheet, Error);
-    b.setStatus({0});
-    b.tick();
-    EXPECT_EQ(b.screen.sheet, Main);
 }
 
 TEST(KeypadFaults, ATimeOutShowsUntilTheNextStatus) {

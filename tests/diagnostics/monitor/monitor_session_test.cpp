@@ -101,6 +101,10 @@ TEST(Monitor, TakesKindAndTopFromTheDialog) {
     EXPECT_EQ(b.monitor.Meter1.page, MeterKind::Thermometer);
     EXPECT_EQ(b.monitor.Meter1.AbThermometer.ValueTo, 80);
     EXPECT_EQ(b.monitor.Meter1.AbThermometer.DigitalTo, 8000);
+    b.monitor.Meter1.page = MeterKind::Angular;
+    b.monitor.openMeterType(b.monitor.Meter1);
+    EXPECT_EQ(b.monitor.meterType.MeterType, 2) << "kept: the kind chosen last";
+    b.monitor.meterType.VrAngularMeter = 80;
     b.monitor.ComboBoxCloseUp(b.monitor.Meter2, 5);
     b.monitor.meterType.MeterType = 3;
     b.monitor.takeMeterType(b.monitor.Meter2);

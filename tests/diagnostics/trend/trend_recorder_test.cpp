@@ -91,43 +91,38 @@ TEST(TrendRecorder, AtTheLimitTheOldestMakeRoomOrNothingIsTaken) {
     EXPECT_EQ(r.trend.data.records.last().Ch[0], 200);
 }
 
-struct RangeCase {
-    quint8 scale;
-    int DigitalTo;
-    quint32 raw;
-    double ValueTo;
-    int expected;
-};
-
-class AutoRange : public testing::TestWithParam<RangeCase> {};
-
-TEST_P(AutoRange, TheScaleGrowsByATenthPastItsMark) {
-    const RangeCase& c = GetParam();
-    TrendChannel channel;
-    channel.DigitalTo = c.DigitalTo;
-    channel.ValueTo = c.scale ? double(c.DigitalTo) / c.scale : c.DigitalTo;
-    const bool grows = c.expected != c.DigitalTo;
-    EXPECT_EQ(autoRange(channel, c.raw, c.scale), grows) << c.raw;
-    EXPECT_EQ(channel.DigitalTo, c.expected);
-    EXPECT_NEAR(channel.ValueTo, c.ValueTo, 1e-9);
-    // The value that made it does not change it again, and never reads below itself.
-    const int settled = channel.DigitalTo;
-    autoRange(channel, c.raw, c.scale);
-    EXPECT_EQ(channel.DigitalTo, settled);
+TEST(AutoRange, GrowsByATenthPastItsMark) {
+    struct Row {
+        quint8 scale;
+        int DigitalTo;
+        quint32 raw;
+        double ValueTo;
+        int expected;
+    };
+    const Row rows[] = {{100, 0, 6000, 66, 6600},
+                        {100, 6600, 6000, 66, 6600},
+                        {100, 6600, 6001, 66, 6600},
+                        {100, 6600, 6100, 67.1, 6710},
+                        {10, 0, 350, 38.5, 385},
+                        {0, 0, 1450, 1595, 1595},
+                        {0, 0, 1, 1.1, 1},
+                        {100, 0, 0, 0, 0},
+                        {0, 0, 65531, 72084.1, 72084},
+                        {100, 0, 99, 0, 0},            // kept: below one unit there is no scale
+                        {100, 6650, 6099, 66, 6600}};  // kept: a top set by hand may come down
+    for (const Row& row : rows) {
+        TrendChannel channel;
+        channel.DigitalTo = row.DigitalTo;
+        channel.ValueTo = row.scale ? double(row.DigitalTo) / row.scale : row.DigitalTo;
+        EXPECT_EQ(autoRange(channel, row.raw, row.scale), row.expected != row.DigitalTo) << row.raw;
+        // The value that made it does not change it again.
+        for (int again = 0; again < 2; ++again) {
+            EXPECT_EQ(channel.DigitalTo, row.expected) << row.raw;
+            EXPECT_NEAR(channel.ValueTo, row.ValueTo, 1e-9);
+            autoRange(channel, row.raw, row.scale);
+        }
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Items, AutoRange,
-                         testing::Values(RangeCase{100, 0, 6000, 66, 6600},
-                                         RangeCase{100, 6600, 6000, 66, 6600},
-                                         RangeCase{100, 6600, 6001, 66, 6600},
-                                         RangeCase{100, 6600, 6100, 67.1, 6710},
-                                         RangeCase{10, 0, 350, 38.5, 385}, RangeCase{0, 0, 1450, 1595, 1595},
-                                         RangeCase{0, 0, 1, 1.1, 1}, RangeCase{100, 0, 0, 0, 0},
-                                         RangeCase{0, 0, 65531, 72084.1, 72084},
-                                         // Kept: below one unit there is no scale.
-                                         RangeCase{100, 0, 99, 0, 0},
-                                         // Kept: a top set by hand may come down.
-                                         RangeCase{100, 6650, 6099, 66, 6600}));
 
 }  // namespace
 }  // namespace kelvane
