@@ -117,12 +117,15 @@ int main(int argc, char** argv) {
     QCommandLineParser parser;
     parser.addOption({QStringLiteral("runs"), QStringLiteral("Runs a row, the best counts."),
                       QStringLiteral("n"), QStringLiteral("2")});
+    parser.addOption({QStringLiteral("baud"), QStringLiteral("This baud rate alone."), QStringLiteral("n")});
     parser.addHelpOption();
     parser.process(app);
     std::printf("Sweeps of Quick Setup, best of some runs; at most %.2f of the bare scheduler.\n", Bound);
     for (const LinkMode mode : {LinkMode::Rtu, LinkMode::Ascii})
-        for (const int baud : {9600, 115200})
+        for (const int baud : {9600, 115200}) {
+            if (parser.isSet("baud") && parser.value("baud").toInt() != baud) continue;
             for (const Family family : AllFamilies)
                 measure({mode, baud}, family, parser.value("runs").toInt());
+        }
     return missed > 0;
 }
