@@ -83,8 +83,8 @@ void QuickSetupFlow::giveUpOpening() {
     Q_EMIT openingGivenUp();
 }
 
-// The wizard goes first: a window manager hands the keyboard of the wait notice to the window below it, and may
-// lose it when that one goes too.
+// The wizard goes first: a window manager hands the keyboard of the wait notice to the window below it, and
+// may lose it when that one goes too.
 void QuickSetupFlow::endWizard() { Q_EMIT wizardDone(); }
 
 // ---- Reading ----
