@@ -211,7 +211,7 @@ void AutoTuning::TuneTransparentButtonClick() {
 bool AutoTuning::mayClose() {
     if (!sequence.leavesDriveTuning()) return true;
     QString text = tr("The drive goes on tuning when this window is closed.");
-    if (sequence.modeIsSet())
+    if (sequence.modeIsSet() && line.standing != CommissioningLink::Standing::Refused)
         text += QLatin1Char('\n') %
                 tr("Its tuning command is set: the next RUN from anywhere starts the tuning.");
     return m_site.person.yes(text % QLatin1Char('\n') % tr("Close the window?"), QStringLiteral("Caution"),
