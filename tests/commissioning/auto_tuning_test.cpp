@@ -237,6 +237,27 @@ TEST_P(TuneFamilyTest, StandsAtTheStepThatFailed) {
         }
 }
 
+// Wherever in a run it is pressed: STOP is the next frame, and no RUN follows it.
+TEST_P(TuneFamilyTest, StopsTheDriveAndEndsTheRun) {
+    for (int ms = 1; ms < 1500; ms += ms < 300 ? 5 : 50) {
+        TuneStand b(GetParam());
+        b.open();
+        b.tune(b.family().turningEntry);
+        b.clock.advance(ms);
+        const bool modeLeft = b.tuning.sequence.modeIsSet();
+        b.frames();
+        b.tuning.stopDrive();
+        EXPECT_EQ(b.tuning.stopped, modeLeft ? AutoTuning::Stopped::BeforeRun : AutoTuning::Stopped::Run);
+        b.clock.advance(20000);
+        EXPECT_EQ(b.frames(), QStringList(StopFrame)) << ms;
+        EXPECT_TRUE(b.tuning.enabled.buttons && b.tuning.enabled.entry);
+        b.tuning.ReadTransparentButtonClick();
+        b.idle(b.tuning.line);
+        EXPECT_EQ(b.frames(), b.tableReads());
+        EXPECT_FALSE(b.station.drive.motor().running()) << ms;
+    }
+}
+
 // On Larch and Tilia the whole word is the code.
 TEST(AutoTuning, TakesNoCodeInTheHighByteForAGoodEnd) {
     TuneStand b(Family::Larch);
