@@ -8,6 +8,7 @@ namespace {
 
 constexpr quint8 ParameterTask = 12;
 constexpr quint8 SelectorRow = 13;
+const QString StopCommand = QStringLiteral("FF0620000001");
 constexpr quint8 SelectorFirst = 255;  // the selector is read before the rows, since it decides them
 
 }  // namespace
@@ -47,6 +48,7 @@ void AutoTuning::opened() {
     fillTable();
     enabled = {};
     TuneParaComboBox = 0;
+    stopped = Stopped::No;
     line.open();
     startReading(tune && tune->hasTwoMotors() ? SelectorFirst : quint8(0));
     line.showWait();
@@ -89,6 +91,7 @@ void AutoTuning::startReading(quint8 firstRow) {
     stopTimers();
     const bool waits = firstRow != SelectorFirst;
     if (waits) enabled.buttons = false;
+    stopped = Stopped::No;
     TuneRow = firstRow;
     RdTimer.start();
     if (waits && !line.waitShown()) line.showWait();
@@ -204,14 +207,28 @@ void AutoTuning::TuneTransparentButtonClick() {
     stopTimers();
     line.startAnew();
     enabled = {.buttons = false, .TuneTransparentButtonEnabled = false, .entry = false};
+    stopped = Stopped::No;
     sequence.start(*tune, TuneParaComboBox);
+    Q_EMIT changed();
+}
+
+void AutoTuning::stopDrive() {
+    if (!line.isOpen() || line.refusesOffLine()) return;
+    const bool modeLeft = sequence.modeIsSet() && line.standing != CommissioningLink::Standing::Refused;
+    if (sequence.running()) {
+        sequence.stop();
+        stopped = modeLeft ? Stopped::BeforeRun : Stopped::Run;
+        enabled.buttons = enabled.entry = true;
+        m_site.link.ShowHistoryMsg(QStringLiteral("Auto Tuning was stopped"));
+    }
+    m_site.link.pushCommand(StopTask, StopCommand);
     Q_EMIT changed();
 }
 
 bool AutoTuning::mayClose() {
     if (!sequence.leavesDriveTuning()) return true;
     QString text = tr("The drive goes on tuning when this window is closed.");
-    if (sequence.modeIsSet())
+    if (sequence.modeIsSet() && line.standing != CommissioningLink::Standing::Refused)
         text += QLatin1Char('\n') %
                 tr("Its tuning command is set: the next RUN from anywhere starts the tuning.");
     return m_site.person.yes(text % QLatin1Char('\n') % tr("Close the window?"), QStringLiteral("Caution"),

@@ -45,6 +45,11 @@ class AutoTuning : public QObject {
     void ParaAdvStringGridDblClickCell(int row);
     void TuneParaComboBoxChange(int index);
     void TuneTransparentButtonClick();
+    // A person's STOP, the next frame but for the exchange in hand. A run goes no further, so that no RUN
+    // follows it.
+    void stopDrive();
+    // Whether a run was ended by stopDrive(), and whether the drive had got its tuning command and no RUN.
+    enum class Stopped { No, Run, BeforeRun } stopped = Stopped::No;
     // TMotorSelForm has closed; chosen is 1 or 2, or nothing when it was left without OK.
     void motorSelFormClosed(std::optional<int> chosen);
     // Asks when a run would be left alone. Nothing is sent by closing.

@@ -182,8 +182,17 @@ void TAutoTuningForm::showEngine() {
     m_status->setText(statusText());
 }
 
+QString TAutoTuningForm::stoppedText() const {
+    QString text = tr("STOP was sent. The run goes no further.");
+    if (m_tuning.stopped == AutoTuning::Stopped::BeforeRun)
+        text +=
+            QLatin1Char(' ') % tr("Its tuning command is set: the next RUN from anywhere starts the tuning.");
+    return text;
+}
+
 QString TAutoTuningForm::statusText() const {
     const bool tunes = m_tuning.sequence.running();
+    if (m_tuning.stopped != AutoTuning::Stopped::No) return stoppedText();
     if (m_tuning.line.standing != CommissioningLink::Standing::No) {
         const QString after =
             tunes ? tr("The run has got no further, and the drive may go on tuning. Close this "
@@ -193,7 +202,9 @@ QString TAutoTuningForm::statusText() const {
     }
     if (!m_tuning.line.site.link.Lamp.onLine())
         return tr("Off Line. A drive that was tuning goes on by itself.");
-    if (tunes) return tr("Tuning. The drive ends it by itself; nothing here limits its time.");
+    if (tunes)
+        return tr("Tuning. The drive ends it by itself; nothing here limits its time.") % QLatin1Char(' ') %
+               tr("F12 stops the drive.");
     if (m_tuning.RdTimer.running()) return tr("Reading the motor parameters ...");
     if (m_tuning.WrTimer.running()) return tr("Writing the motor parameters ...");
     return {};

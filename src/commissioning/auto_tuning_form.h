@@ -40,6 +40,7 @@ class TAutoTuningForm : public QDialog {
     void choose(int index);
     void showEngine();
     QString statusText() const;
+    QString stoppedText() const;
     void editRow(int row);
 
     AutoTuning& m_tuning;

@@ -37,13 +37,17 @@ void ParameterRows::store(int row, const ParamReadRecord& read, quint8 DriveFami
     const quint16 attribute = signs == Signs::Never ? quint16(field[3] & ~SignedBit) : field[3];
     const int places = placesOf(family, attribute);
     const auto shown = [&](quint16 word) { return valueText(family, attribute, word, places); };
+    const quint16 RowValue = field[0];
+    const quint16 RowMax = field[1];
+    const quint16 RowMin = field[2];
+    const quint16 RowDefault = field[4];
     StringGrid::RowFilling filling(ParaAdvStringGrid, row);
     ParaAdvStringGrid.setCell(Description, row, read.ReadName);
     ParaAdvStringGrid.setCell(Unit, row, read.ReadUnit);
-    ParaAdvStringGrid.setCell(Data, row, shown(field[0]));
-    ParaAdvStringGrid.setCell(Default, row, shown(field[4]));
-    ParaAdvStringGrid.setCell(Min, row, shown(field[2]));
-    ParaAdvStringGrid.setCell(Max, row, shown(field[1]));
+    ParaAdvStringGrid.setCell(Data, row, shown(RowValue));
+    ParaAdvStringGrid.setCell(Default, row, shown(RowDefault));
+    ParaAdvStringGrid.setCell(Min, row, shown(RowMin));
+    ParaAdvStringGrid.setCell(Max, row, shown(RowMax));
     ParaAdvStringGrid.setCell(Dot, row, QString::number(places));
     ParaAdvStringGrid.setEdited(row, false);
 }

@@ -14,12 +14,12 @@ constexpr const char* Texts[] = {
     "02: Static Test (Motor stands still)",
     "03: Static Test (Shaft locked axis - 3 phase)",
     "The motor does not turn. The resistance R1 is measured and set automatically.",
-    "The motor turns. AC motor drive should be unloaded and the values of Pr.07.01 and Pr.07.05 will be set "
-    "automatically.",
+    ("The motor turns. AC motor drive should be unloaded and the values of Pr.07.01 and Pr.07.05 will be set "
+     "automatically."),
     "The motor turns and must be without load. All motor data are measured and set automatically.",
     "The motor does not turn. Enter the no-load current before the test.",
-    "The motor does not turn. Lock the shaft before the test. The three phases are measured one after the "
-    "other.",
+    ("The motor does not turn. Lock the shaft before the test. The three phases are measured one after the "
+     "other."),
 };
 
 QStringList textsOf(const LangTable& lang, int first, int count) {

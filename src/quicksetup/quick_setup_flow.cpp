@@ -83,10 +83,9 @@ void QuickSetupFlow::giveUpOpening() {
     Q_EMIT openingGivenUp();
 }
 
-void QuickSetupFlow::endWizard() {
-    goTo(WizardState::Editing);
-    Q_EMIT wizardDone();
-}
+// The wizard goes first: a window manager hands the keyboard of the wait notice to the window below it, and
+// may lose it when that one goes too.
+void QuickSetupFlow::endWizard() { Q_EMIT wizardDone(); }
 
 // ---- Reading ----
 

@@ -14,6 +14,7 @@
 #include "ui/icons.h"
 #include "ui/named.h"
 #include "ui/number_edit.h"
+#include "ui/readable_colours.h"
 
 namespace kelvane {
 
@@ -64,6 +65,7 @@ TQuickSetupForm::TQuickSetupForm(QuickSetup& quick, QuickSetupFlow& flow, QWidge
         showChangedCount();
     });
     connect(&m_flow, &QuickSetupFlow::wizardDone, this, [this] { done(Accepted); });
+    tintHelps();
     enableStepButtons();
     showFamily();
 }
@@ -78,7 +80,17 @@ void TQuickSetupForm::nameTabs() {
 
 void TQuickSetupForm::changeEvent(QEvent* event) {
     if (event->type() == QEvent::LanguageChange) nameTabs();
+    if (event->type() == QEvent::PaletteChange) tintHelps();
     QDialog::changeEvent(event);
+}
+
+// Paler than the rest, in a light and in a dark palette.
+void TQuickSetupForm::tintHelps() {
+    constexpr double Paleness = 0.35;
+    QPalette colours = palette();
+    colours.setColor(QPalette::WindowText,
+                     mix(colours.color(QPalette::WindowText), colours.color(QPalette::Window), Paleness));
+    for (const Help& help : m_helps) help.label->setPalette(colours);
 }
 
 QWidget* TQuickSetupForm::makePage(const char* name, const char* headingName, const QString& heading,
@@ -111,7 +123,6 @@ QLabel* TQuickSetupForm::addHelp(const char* name, const QString& text, QGridLay
                                  int shownWithSlot) {
     QLabel* help = plainLabel(name, text);
     help->setWordWrap(true);
-    help->setForegroundRole(QPalette::PlaceholderText);
     grid.addWidget(help, grid.rowCount(), 0, 1, 5);
     m_helps.push_back({help, shownWithSlot});
     return help;

@@ -40,6 +40,7 @@ class TQuickSetupForm : public QDialog {
    private:
     // Layout.
     void nameTabs();  // which no language file has
+    void tintHelps();
     QWidget* makePage(const char* name, const char* headingName, const QString& heading, QWidget* content);
     QWidget* makeStepOne();
     QWidget* makeStepTwo();

@@ -38,6 +38,9 @@ void wirePid(Windows& w, QWidget& form) {
 
 void wireAutoTuning(Windows& w, QWidget& form) {
     auto& tuningForm = static_cast<TAutoTuningForm&>(form);
+    AutoTuning& tuning = w.tool.autoTuning;
+    w.stopKey.add(
+        form, [&tuning] { return tuning.line.isOpen(); }, [&tuning] { tuning.stopDrive(); });
     QObject::connect(&tuningForm, &TAutoTuningForm::motorSelFormWanted, &w, [&w](int marked) {
         w.form<TMotorSelForm>().ask(
             marked, [&w](std::optional<int> chosen) { w.tool.autoTuning.motorSelFormClosed(chosen); });

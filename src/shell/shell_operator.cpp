@@ -105,6 +105,18 @@ QWidget* makePanel(const BoxPanel& panel) {
     return table;
 }
 
+// Above the buttons, which stand in the last row.
+void addPanel(QMessageBox& message, const BoxPanel& panel) {
+    auto* grid = qobject_cast<QGridLayout*>(message.layout());
+    if (!grid) return;
+    const int last = grid->rowCount() - 1;
+    QLayoutItem* foot = grid->itemAtPosition(last, 0);
+    QWidget* buttonBox = foot ? foot->widget() : nullptr;
+    if (buttonBox) grid->removeWidget(buttonBox);
+    grid->addWidget(makePanel(panel), last, 0, 1, grid->columnCount());
+    if (buttonBox) grid->addWidget(buttonBox, last + 1, 0, 1, grid->columnCount());
+}
+
 }  // namespace
 
 // What a person can do about a failure of the line, beside the box's own text.
@@ -146,22 +158,15 @@ BoxAnswer ShellOperator::box(const QString& text, const QString& title, BoxIcon 
 BoxAnswer ShellOperator::boxOverPanel(const QString& text, const QString& title, BoxIcon icon,
                                       BoxButtons buttons, const BoxPanel& panel) {
     QMessageBox message(iconOf(icon), title, text, buttonsOf(buttons), windowInFront());
-    auto* grid = qobject_cast<QGridLayout*>(message.layout());
-    // Above the buttons, which stand in the last row.
-    const int last = grid->rowCount() - 1;
-    QLayoutItem* foot = grid->itemAtPosition(last, 0);
-    QWidget* buttonBox = foot ? foot->widget() : nullptr;
-    if (buttonBox) grid->removeWidget(buttonBox);
-    grid->addWidget(makePanel(panel), last, 0, 1, grid->columnCount());
     if (panel.doubtful && message.button(QMessageBox::No)) message.setDefaultButton(QMessageBox::No);
-    if (buttonBox) grid->addWidget(buttonBox, last + 1, 0, 1, grid->columnCount());
-    return ask(message, buttons);
+    return ask(message, buttons, &panel);
 }
 
-BoxAnswer ShellOperator::ask(QMessageBox& message, BoxButtons buttons) const {
+BoxAnswer ShellOperator::ask(QMessageBox& message, BoxButtons buttons, const BoxPanel* panel) const {
     message.setTextFormat(Qt::PlainText);
-    message.setInformativeText(adviceFor(message.text()));
+    message.setInformativeText(adviceFor(message.text()));  // lays the box out anew
     message.setText(inLanguage(message.text()));
+    if (panel) addPanel(message, *panel);
     makeRoomForTitle(message);
     message.setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (buttons == BoxButtons::YesNo) message.setEscapeButton(QMessageBox::No);

@@ -32,7 +32,7 @@ class ShellOperator final : public Operator {
     QString lastFolder;  // of the file dialogs
 
    private:
-    BoxAnswer ask(QMessageBox& message, BoxButtons buttons) const;
+    BoxAnswer ask(QMessageBox& message, BoxButtons buttons, const BoxPanel* panel = nullptr) const;
     QString adviceFor(const QString& text) const;
     struct ChosenFile {
         QString path;

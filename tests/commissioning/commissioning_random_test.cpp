@@ -99,8 +99,15 @@ struct AnyPerson : CommissioningStand {
                 if (tuning.family()->hasTwoMotors() && tuning.enabled.buttons)
                     tuning.motorSelFormClosed(1 + roll(2));
                 return;
+            case 5: return stopTuning();
             default: return;
         }
+    }
+    // No RUN begins behind it.
+    void stopTuning() {
+        const bool runIsOut = !sentAgain && transcript().contains(RunFrame);
+        if (link.Lamp.onLine()) motion.runsWanted = motion.runsBegun + runIsOut;
+        tuning.stopDrive();
     }
     void tune() {
         tuning.TuneParaComboBoxChange(1 + roll(2));

@@ -120,47 +120,41 @@ TEST(PidControl, EditsAValueWithoutSendingIt) {
     PidStand b(Family::Aspen);
     b.openAndRead();
     b.frames();
-    ParamReadRecord read = recordOf({3, 9, 0, 0, 1});
-    b.pid.rows.store(1, read, quint8(Family::Aspen), ParameterRows::Signs::Never);
-    QStringList lists;
+    b.pid.rows.store(1, recordOf({3, 9, 0, 0, 1}), quint8(Family::Aspen), ParameterRows::Signs::Never);
+    bool accept = false;
     b.user.onEdit = [&](ValueEdit& edit) {
         EXPECT_EQ(edit.PrInforVrLabel, "10-00: PID Set Point (0 ~ 9 )");
-        lists += edit.fromList ? "list" : "free";
+        EXPECT_TRUE(edit.fromList);
         edit.Text = "7";
-        edit.InputAccepted = lists.size() == 2;
+        edit.InputAccepted = accept;
     };
     b.pid.ParaAdvStringGridDblClickCell(0);
     b.pid.ParaAdvStringGridDblClickCell(1);
     EXPECT_EQ(b.cell(ParameterRows::Data, 1), "3") << "cancelled";
+    accept = true;
     b.pid.ParaAdvStringGridDblClickCell(1);
     EXPECT_EQ(b.cell(ParameterRows::Data, 1), "7");
-    EXPECT_EQ(lists, QStringList({"list", "list"}));
-    EXPECT_EQ(b.pid.rows.ParaAdvStringGrid.edited(1), true);
-    read.ReadField = {3, 10, 0, 0, 1};
-    b.pid.rows.store(1, read, quint8(Family::Aspen), ParameterRows::Signs::Never);
-    EXPECT_FALSE(valueEditOf(*b.pid.rows.texts(1)).fromList) << "the maximum is not below 10";
-    read.ReadField = {0, 5, 0xFFFF, 0x0080, 0};
-    b.pid.rows.store(1, read, quint8(Family::Tilia), ParameterRows::Signs::ByAttribute);
-    EXPECT_FALSE(valueEditOf(*b.pid.rows.texts(1)).fromList) << "the minimum is negative";
+    EXPECT_TRUE(b.pid.rows.ParaAdvStringGrid.edited(1));
+    const auto fromList = [&](Family family, const std::array<quint16, 5>& fields) {
+        b.pid.rows.store(1, recordOf(fields), quint8(family), ParameterRows::Signs::ByAttribute);
+        return valueEditOf(*b.pid.rows.texts(1)).fromList;
+    };
+    EXPECT_FALSE(fromList(Family::Larch, {3, 10, 0, 0, 1})) << "the maximum is not below 10";
+    EXPECT_FALSE(fromList(Family::Larch, {3, 9, 0, 0x0100, 1})) << "it has a decimal";
+    EXPECT_FALSE(fromList(Family::Tilia, {0, 5, 0xFFFF, 0x0080, 0})) << "the minimum is negative";
     b.passPolls(2);
     EXPECT_EQ(b.frames(PidState), QStringList());
 }
 
-TEST(PidControl, SendsRunAndStopOnceBehindTheExchangeInHand) {
+TEST(PidControl, SendsARunOfTheReadWhenItHasEnded) {
     PidStand b(Family::Larch);
     b.open();
-    b.pid.RUNTransparentButtonClick();  // during the read: after its end
+    b.pid.RUNTransparentButtonClick();
     b.idle(b.pid.line);
     b.passPolls(4);
     EXPECT_EQ(b.frames(PidState).mid(9 - 1), QStringList({"FF0620000002"}));
     b.clock.advance(500);
     EXPECT_TRUE(b.pid.leds.RUN.on);
-    EXPECT_TRUE(b.station.drive.motor().running());
-    b.clock.advanceUntil([&] { return b.link.RxTimer.Enabled(); }, 1000);
-    b.frames();
-    b.pid.STOPTransparentButtonClick();
-    b.passPolls(3);
-    EXPECT_EQ(b.frames().value(0), "FF0620000001") << "the next frame";
     b.close();
     EXPECT_EQ(b.history.last(), "PID Control was closed while the drive was running");
     EXPECT_TRUE(b.awaitPolls(3));
@@ -172,10 +166,8 @@ TEST(PidControl, SendsRunAndStopOnceBehindTheExchangeInHand) {
 TEST(PidControl, KeepsStandingAfterARefusalUntilItIsReadAnew) {
     PidStand b(Family::Tilia);
     b.openAndRead();
-    b.frames();
     b.faults().failNext(LineFault::Exception);
     b.clock.advance(3000);
-    EXPECT_EQ(b.pid.line.standing, CommissioningLink::Standing::Refused);
     EXPECT_EQ(b.pid.line.refusalCode, 4);
     b.frames();
     b.pid.STOPTransparentButtonClick();
@@ -186,7 +178,6 @@ TEST(PidControl, KeepsStandingAfterARefusalUntilItIsReadAnew) {
     ASSERT_TRUE(b.idle(b.pid.line));
     b.passPolls(3);
     EXPECT_EQ(b.frames().filter("FF06"), QStringList());
-    EXPECT_EQ(b.pid.line.standing, CommissioningLink::Standing::No);
 }
 
 // A STOP that was pressed leaves, even if the window closes before its turn or stands, or while its answer
@@ -196,70 +187,54 @@ TEST(PidControl, SendsAPressedStopWhenItCloses) {
     for (const When when : {When::Waiting, When::Standing, When::OnItsWay}) {
         PidStand b(Family::Aspen);
         b.openAndRead();
-        if (when == When::Standing) {
-            b.faults().failNext(LineFault::Exception);
-            b.clock.advance(3000);
-        }
+        if (when == When::Standing) b.faults().failNext(LineFault::Exception);
+        b.clock.advance(3000);
         b.frames();
         b.pid.STOPTransparentButtonClick();
         if (when == When::OnItsWay)
             b.clock.advanceUntil([&] { return !b.transcript().filter("FF06").isEmpty(); }, 1000);
         b.close();
         b.awaitPolls(2);
-        const QString stop = QStringLiteral("FF0620000001");
-        EXPECT_EQ(b.frames().filter("FF06"),
-                  when == When::OnItsWay ? QStringList({stop, stop}) : QStringList(stop));
+        EXPECT_EQ(b.frames().filter("FF06"), QStringList(when == When::OnItsWay ? 2 : 1, "FF0620000001"));
     }
 }
 
 // Golden transcripts of each step that is refused or never answered: the window stands there. A refused read
 // or write goes no further, and nothing is sent behind it.
 TEST(PidControl, StandsAtTheStepThatFailed) {
-    const auto read = [](int row) { return QString::asprintf("FF030A%02X000F", row - 1); };
+    using Click = void (PidControl::*)();
+    const auto stand = [](bool refused, Click click, int row) {
+        PidStand b(Family::Larch);
+        b.openAndRead();
+        QStringList sent;
+        for (int k = 1; k <= row; ++k) {
+            const QString reg = b.pid.rows.registerText(k);
+            const bool read = click == &PidControl::ReadTransparentButtonClick;
+            sent += (read ? "FF03" : "FF06") + reg + (read ? QString("000F") : *b.pid.rows.word(k));
+        }
+        if (row == 0)
+            sent += click == &PidControl::RUNTransparentButtonClick ? "FF0620000002" : "FF0620000001";
+        b.clock.advanceUntil([&] { return b.pid.line.isFree(); }, 1000);
+        b.frames();
+        (b.pid.*click)();
+        b.clock.advanceUntil(
+            [&] { return row ? b.pid.ParamRow == row : b.pid.RunRequest == PidControl::RequestSent; }, 5000);
+        b.user.onLinkFailure = [] { return LinkAnswer::Ignore; };
+        b.faults().failNext(refused ? LineFault::Exception : LineFault::Silent, refused ? 1 : 5);
+        b.clock.advance(200000);
+        if (!refused) sent += QStringList(4, sent.back());
+        EXPECT_EQ(b.frames(PidState), sent);
+        EXPECT_EQ(b.pid.line.standing,
+                  refused ? CommissioningLink::Standing::Refused : CommissioningLink::Standing::Lost);
+    };
     for (const bool refused : {true, false}) {
-        const auto fail = [&](PidStand& b) {
-            b.user.onLinkFailure = [] { return LinkAnswer::Ignore; };
-            b.faults().failNext(refused ? LineFault::Exception : LineFault::Silent, refused ? 1 : 5);
-        };
-        const auto expectStanding = [&](PidStand& b, QStringList before, const QString& failed) {
-            b.clock.advance(200000);
-            for (int k = 0; k < (refused ? 1 : 5); ++k) before += failed;
-            EXPECT_EQ(b.frames(PidState), before);
-            EXPECT_EQ(b.pid.line.standing,
-                      refused ? CommissioningLink::Standing::Refused : CommissioningLink::Standing::Lost);
-            b.close();
-        };
         for (int row = 1; row <= 8; ++row) {
             SCOPED_TRACE(testing::Message() << "row " << row << (refused ? " refused" : " silent"));
-            QStringList reads, writes;
-            PidStand reading(Family::Larch);
-            reading.openAndRead();
-            reading.clock.advanceUntil([&] { return reading.pid.line.isFree(); }, 1000);
-            reading.frames();
-            reading.pid.ReadTransparentButtonClick();
-            for (int k = 1; k < row; ++k) reads += read(k);
-            reading.clock.advanceUntil([&] { return reading.pid.ParamRow == row; }, 5000);
-            fail(reading);
-            expectStanding(reading, reads, read(row));
-            PidStand writing(Family::Larch);
-            writing.openAndRead();
-            for (int k = 1; k <= row; ++k)
-                writes += QString::asprintf("FF060A%02X", k - 1) + *writing.pid.rows.word(k);
-            writing.frames();
-            writing.pid.WriteTransparentButtonClick();
-            writing.clock.advanceUntil([&] { return writing.pid.ParamRow == row; }, 5000);
-            fail(writing);
-            expectStanding(writing, writes.mid(0, row - 1), writes.back());
+            stand(refused, &PidControl::ReadTransparentButtonClick, row);
+            stand(refused, &PidControl::WriteTransparentButtonClick, row);
         }
-        for (const bool run : {true, false}) {
-            PidStand b(Family::Larch);
-            b.openAndRead();
-            b.frames();
-            run ? b.pid.RUNTransparentButtonClick() : b.pid.STOPTransparentButtonClick();
-            b.clock.advanceUntil([&] { return b.pid.RunRequest == PidControl::RequestSent; }, 1000);
-            fail(b);
-            expectStanding(b, {}, run ? "FF0620000002" : "FF0620000001");
-        }
+        stand(refused, &PidControl::RUNTransparentButtonClick, 0);
+        stand(refused, &PidControl::STOPTransparentButtonClick, 0);
     }
 }
 
@@ -302,11 +277,9 @@ TEST(PidControl, CanBeLeftWhateverTheLineDoes) {
         EXPECT_EQ(b.pid.line.standing,
                   stands ? CommissioningLink::Standing::Lost : CommissioningLink::Standing::No);
         b.frames();
-        if (stands) {
-            b.link.Notice.TInitialFormShown = false;  // as its close box does
-            b.link.notifyChanged();
-            EXPECT_FALSE(b.pid.RdTimer.running());
-        }
+        b.link.Notice.TInitialFormShown = false;  // as its close box does
+        b.link.notifyChanged();
+        EXPECT_FALSE(b.pid.RdTimer.running());
         for (const auto click :
              {&PidControl::ReadTransparentButtonClick, &PidControl::WriteTransparentButtonClick,
               &PidControl::RUNTransparentButtonClick, &PidControl::STOPTransparentButtonClick})

@@ -74,7 +74,7 @@ TEST(QuickSetup, FamiliesReadTheAttributeWordDifferently) {
     EXPECT_EQ(osier.slot(25).SlotMax, 0) << "the words behind the first are an earlier slot's";
 }
 
-TEST(QuickSetup, EnterCommitsAndLeavingTheEditLooksAtTheLimits) {
+TEST(QuickSetup, KeepsEnterWithoutLimitsAndLooksAtThemWhenTheEditIsLeft) {
     SlotBench b;
     b.take(MaxFrequency, 5000, 40000, 1000, 0x0200);
     const auto enter = [&](const QString& text) {
@@ -87,6 +87,8 @@ TEST(QuickSetup, EnterCommitsAndLeavingTheEditLooksAtTheLimits) {
     EXPECT_EQ(enter("12.3"), 1230);
     EXPECT_EQ(enter("20.239"), 2023);
     EXPECT_EQ(enter(""), 0) << "an empty edit is 0 where there are places";
+    EXPECT_EQ(enter("500"), 50000) << "kept: Enter looks at no limits";
+    EXPECT_TRUE(b.quick.outsideLimits(MaxFrequency));
     enter("50");
     for (const char* text : {"400.00", "10", "12.3"}) {
         b.type(MaxFrequency, text);
@@ -107,15 +109,6 @@ TEST(QuickSetup, EnterCommitsAndLeavingTheEditLooksAtTheLimits) {
     b.slot(MaxFrequency).SlotMin = 5000;
     b.slot(MaxFrequency).SlotMax = 4000;
     refused("45", "too small");  // the minimum is looked at first
-}
-
-TEST(QuickSetup, KeepsEnterWithoutLimits) {
-    SlotBench b;
-    b.take(MaxFrequency, 5000, 40000, 1000, 0x0200);
-    b.type(MaxFrequency, "500");
-    b.quick.ProcessLabeledEditKeyPress(MaxFrequency);
-    EXPECT_EQ(b.slot(MaxFrequency).SlotValue, 50000);
-    EXPECT_TRUE(b.quick.outsideLimits(MaxFrequency));
 }
 
 TEST(QuickSetup, PolesAreStoredWhileTheyAreTypedAndComeBackWhenRefused) {
@@ -176,13 +169,6 @@ TEST(QuickSetup, AProjectGivesValuesAndTextsAsTheyStand) {
     EXPECT_EQ(b.slot(1).SlotWriteCommand, "FF0600030002");
 }
 
-TEST(QuickSetup, WithoutAProjectNoValueIsTaken) {
-    SlotBench b;
-    b.take(MaxFrequency, 5000, 40000, 1000, 0x0200);
-    EXPECT_FALSE(b.quick.LoadParaFromFile());
-    EXPECT_EQ(b.slot(MaxFrequency).SlotValue, 5000);
-}
-
 TEST(QuickSetup, KeepsComplainingOverAProjectThatNoReadCameBefore) {
     SlotBench b;
     b.quick.takeProject(projectOf("0", "60.00"));
@@ -205,22 +191,12 @@ TEST(QuickSetup, ValuesBelongToOneDrive) {
     EXPECT_EQ(b.slot(1).SlotValue, 0) << "another family";
     EXPECT_EQ(b.slot(1).SlotReadCommand, "cmdSkip");
     EXPECT_EQ(b.slot(2).SlotReadCommand, "FF0300400004");
+    b.quick.chooseItem(22, 3);
+    b.quick.buildWriteCommands();
+    EXPECT_EQ(b.slot(22).SlotWriteCommand, "FF0600000003") << "its position, not its number";
     b.link.DriveStatus.DriveFamily = 7;
     b.quick.Initial();
     EXPECT_EQ(b.quick.family()->DriveFamily, Family::Rowan);
-}
-
-TEST(QuickSetup, AChoiceIsStoredAtOnceByItsPosition) {
-    SlotBench b(Family::Rowan);
-    b.take(22, 0, 4, 0, 0);
-    b.quick.chooseItem(22, 3);
-    EXPECT_TRUE(b.quick.changed(22));
-    b.quick.buildWriteCommands();
-    EXPECT_EQ(b.slot(22).SlotWriteCommand, "FF0600000003");
-    b.quick.chooseItem(22, -1);
-    EXPECT_EQ(b.slot(22).SlotValue, 3);
-    b.quick.written(22);
-    EXPECT_FALSE(b.quick.changed(22));
 }
 
 }  // namespace
