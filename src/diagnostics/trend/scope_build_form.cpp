@@ -17,6 +17,7 @@
 #include "link/number_text.h"
 #include "ui/display_label.h"
 #include "ui/icons.h"
+#include "ui/item_box.h"
 #include "ui/lamp.h"
 #include "ui/named.h"
 #include "ui/power_button.h"
@@ -227,7 +228,7 @@ QWidget* TScopeForm::buildChannelSelection() {
         ChVrPowerButton[i] = named<VrPowerButton>(channelName(c, "VrPowerButton").constData(),
                                                   QStringLiteral("Ch%1").arg(c), box);
         ChVrPowerButton[i]->setToolTip(tr("Show channel %1; it is recorded in any case").arg(c));
-        ChComboBox[i] = named<QComboBox>(channelName(c, "ComboBox").constData(), box);
+        ChComboBox[i] = named<ItemBox>(channelName(c, "ComboBox").constData(), box);
         ChComboBox[i]->setAccessibleName(tr("Item of channel %1").arg(c));
         ChComboBox[i]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         ChComboBox[i]->setMinimumContentsLength(18);

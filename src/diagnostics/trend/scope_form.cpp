@@ -18,6 +18,7 @@
 #include "ui/lamp.h"
 #include "ui/notice_bar.h"
 #include "ui/power_button.h"
+#include "ui/readable_colours.h"
 #include "ui/string_grid_view.h"
 #include "ui/transparent_button.h"
 #include "ui/trend_overview.h"
@@ -46,8 +47,9 @@ void setLamp(AbLED* lamp, const StateLed& led) {
 
 void setLabelColour(QLabel* label, const QColor& colour) {
     QPalette palette = label->palette();
-    if (palette.color(QPalette::WindowText) == colour) return;
-    palette.setColor(QPalette::WindowText, colour);
+    const QColor readable = readableText(colour, palette.color(QPalette::Window));
+    if (palette.color(QPalette::WindowText) == readable) return;
+    palette.setColor(QPalette::WindowText, readable);
     label->setPalette(palette);
 }
 
