@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QLibraryInfo>
 #include <QRegularExpression>
+#include <QTabWidget>
 #include <QWidget>
 #include <algorithm>
 
@@ -154,6 +155,21 @@ void Translations::choose(quint8 LanguageIndex, const QString& languageFolder) {
     QCoreApplication::installTranslator(&m_ours);
 }
 
+// Titles of tabs, which no control of their own shows.
+void Translations::showTabs(QTabWidget& tabs) const {
+    for (int page = 0; page < tabs.count(); ++page) {
+        QWidget& sheet = *tabs.widget(page);
+        const QString now = tabs.tabText(page);
+        const bool isOurs = !now.isEmpty() && sheet.property("lastTab").toString() == now;
+        const QString english = isOurs ? sheet.property("englishTab").toString() : now;
+        const QString found = m_ours.text(english);
+        const QString wanted = found.isEmpty() ? english : found;
+        if (wanted != now) tabs.setTabText(page, wanted);
+        sheet.setProperty("englishTab", english);
+        sheet.setProperty("lastTab", wanted);
+    }
+}
+
 // A text that somebody has set since the last time is English again, or of a language file that knows it.
 void Translations::show(const QList<QWidget*>& windows) const {
     const auto showIn = [this](QObject& object) {
@@ -174,10 +190,16 @@ void Translations::show(const QList<QWidget*>& windows) const {
             object.setProperty(shown.last, wanted);
         }
     };
-    for (QWidget* window : windows)
-        if (!staysEnglish(window->objectName()))
-            for (QObject* object : window->findChildren<QObject*>())
-                if (qobject_cast<QWidget*>(object) || qobject_cast<QAction*>(object)) showIn(*object);
+    for (QWidget* window : windows) {
+        if (staysEnglish(window->objectName())) continue;
+        for (QObject* object : window->findChildren<QObject*>()) {
+            if (auto* tabs = qobject_cast<QTabWidget*>(object)) {
+                showTabs(*tabs);
+            } else if (qobject_cast<QWidget*>(object) || qobject_cast<QAction*>(object)) {
+                showIn(*object);
+            }
+        }
+    }
 }
 
 }  // namespace kelvane

@@ -9,6 +9,7 @@
 #include <QTranslator>
 #include <array>
 
+class QTabWidget;
 class QWidget;
 
 namespace kelvane {
@@ -69,6 +70,8 @@ class Translations : public QObject {
     void show(const QList<QWidget*>& windows) const;
 
    private:
+    void showTabs(QTabWidget& tabs) const;
+
     QTranslator m_qt;
     TextCatalogue m_ours;
 };

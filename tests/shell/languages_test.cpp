@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QRegularExpression>
+#include <QTabWidget>
 
 #include "commissioning/tune_texts.h"
 #include "localisation/language_sections.h"
@@ -185,6 +186,12 @@ TEST_P(OwnTexts, OfEveryWindowThatFollowsTheLanguage) {
         for (const QObject* object : window->findChildren<QObject*>()) {
             if (!object->isWidgetType() && !qobject_cast<const QAction*>(object)) continue;
             if (const auto* menu = qobject_cast<const QAction*>(object); menu && menu->menu()) continue;
+            if (const auto* tabs = qobject_cast<const QTabWidget*>(object))
+                for (int page = 0; page < tabs->count(); ++page)
+                    if (const QString text = tabs->tabText(page);
+                        hasWords(text) && !isName(text) &&
+                        !keyed.contains(tabs->widget(page)->objectName()) && catalogue.text(text).isEmpty())
+                        missing << QLatin1String(row.window) + QStringLiteral(" tab: ") + text;
             for (const char* property : {"text", "title", "toolTip", "placeholderText", "accessibleName"}) {
                 const QString text = object->property(property).toString();
                 // The spoken name of such a control goes with its caption.

@@ -132,8 +132,7 @@ QWidget* TScopeForm::buildPlots() {
     AbTrend2 = named<TrendPlot>("AbTrend2", m_session.AbTrend2.data, panel);
     AbTrend2->setAccessibleName(tr("Trend of the four logic lines"));
     AbTrend2->look.GridYSteps = 4;
-    AbTrend2->look.bands = QStringList{tr("RUN cmd"), tr("RUN status"), tr("FWD cmd"), tr("FWD status")};
-    AbTrend2->lookChanged();
+    nameBands();
     AbTrend2->setFixedHeight(LowerPlotHeight);
     TrendScrollBar = named<QScrollBar>("TrendScrollBar", Qt::Horizontal, panel);
     TrendScrollBar->setAccessibleName(tr("Position in the record"));

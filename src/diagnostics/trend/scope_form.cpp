@@ -209,6 +209,16 @@ void TScopeForm::showFault(bool standing, const QString& code, const QString& de
         setLabelColour(label, standing ? FaultRed : NoFaultGreen);
 }
 
+void TScopeForm::nameBands() {
+    AbTrend2->look.bands = QStringList{tr("RUN cmd"), tr("RUN status"), tr("FWD cmd"), tr("FWD status")};
+    AbTrend2->lookChanged();
+}
+
+void TScopeForm::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) nameBands();
+}
+
 void TScopeForm::setDriveLabel(const QString& text) { DriveVrLabel->setText(text); }
 
 // Everything, or the last screenful once a run has set the trend to flow.
