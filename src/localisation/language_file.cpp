@@ -151,9 +151,10 @@ QString languageFileName(quint8 LanguageIndex) {
 
 QByteArray languageCodePage(const QString& path, quint8 LanguageIndex) {
     const QString name = QFileInfo(path).fileName();
-    for (quint8 index = 1; index <= Languages.size(); ++index)
-        if (name.compare(languageFileName(index), Qt::CaseInsensitive) == 0)
-            return Languages[index - 1U].codePage;
+    for (const LanguageRow& row : Languages)
+        if (name.compare(QStringLiteral("Lang_") % QLatin1String(row.code) % QStringLiteral(".txt"),
+                         Qt::CaseInsensitive) == 0)
+            return row.codePage;
     return languageCode(LanguageIndex).isEmpty() ? WesternPage : Languages[LanguageIndex - 1U].codePage;
 }
 
@@ -167,7 +168,7 @@ QString decodeLanguage(const QByteArray& bytes, const QByteArray& codePage) {
 QByteArray encodeLanguage(const QString& text, const QByteArray& codePage) {
     const QByteArray page = knownPage(codePage);
     std::optional<QStringEncoder> encoder(std::in_place, page.constData());
-    const QByteArray whole = encoder->encode(text);
+    QByteArray whole = encoder->encode(text);
     if (!encoder->hasError()) return whole;
     // Each page has a sign of its own for what it lacks, so the characters are tried one by one. An encoder
     // never forgets an error and must not be moved, so a new one takes its place.

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QWheelEvent>
 
+#include "ui/item_box.h"
 #include "ui/named.h"
 #include "ui/number_edit.h"
 
@@ -17,9 +18,9 @@ const QString ChangedMark = QStringLiteral("\u25CF");
 const QString DoubtMark = QStringLiteral("\u26A0");
 
 // A wheel that scrolls past must not choose another function for a terminal.
-class CalmBox : public QComboBox {
+class CalmBox : public ItemBox {
    public:
-    using QComboBox::QComboBox;
+    using ItemBox::ItemBox;
 
    protected:
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }

@@ -73,17 +73,39 @@ void wireHelp(Windows& windows, QWidget& form) {
 
 namespace {
 
-// Of the run as the plot shows it.
-QImage trendPicture(Windows& windows) {
-    auto& scope = windows.form<TScopeForm>();
-    if (windows.tool.trend.AbTrend1.TotalRecords() == 0) return {};
-    return scope.AbTrend1->grab().toImage();
-}
+// The picture of the last run. Its records go when the trend window closes, so it is taken before that.
+class LastRun : public QObject {
+   public:
+    explicit LastRun(Windows& windows) : m_windows(windows) {
+        windows.form<TScopeForm>().installEventFilter(this);
+    }
+
+    QImage picture() const {
+        const QImage now = asItIsShown();
+        return now.isNull() ? m_kept : now;
+    }
+
+   protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Hide && !event->spontaneous()) m_kept = picture();
+        return false;
+    }
+
+   private:
+    QImage asItIsShown() const {
+        if (m_windows.tool.trend.AbTrend1.TotalRecords() == 0) return {};
+        return m_windows.form<TScopeForm>().AbTrend1->grab().toImage();
+    }
+
+    Windows& m_windows;
+    QImage m_kept;
+};
 
 }  // namespace
 
 std::unique_ptr<QWidget> makeSessionReport(Windows& windows) {
-    return std::make_unique<TSessionReportForm>(windows.tool, [&windows] { return trendPicture(windows); });
+    return std::make_unique<TSessionReportForm>(
+        windows.tool, [run = std::make_shared<LastRun>(windows)] { return run->picture(); });
 }
 
 // In every window that a person works in: the tables of a session go when their window closes.

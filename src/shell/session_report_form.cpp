@@ -42,7 +42,7 @@ TSessionReportForm::TSessionReportForm(Tool& tool, std::function<QImage()> trend
 void TSessionReportForm::save() {
     Operator& person = m_tool.site.person;
     person.suggestedName = sessionReportName(m_tool);
-    const auto path = person.saveFile(QStringLiteral("PDF Files(*.pdf)|*.pdf"), QStringLiteral(".pdf"));
+    const auto path = person.saveFile(QStringLiteral("PDF Files(*.pdf)|*.pdf"), QStringLiteral("pdf"));
     if (!path) return;
     const QImage trend = m_trend();
     const FileResult written =

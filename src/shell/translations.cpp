@@ -5,12 +5,14 @@
 #include <QDir>
 #include <QLibraryInfo>
 #include <QRegularExpression>
+#include <QTabWidget>
 #include <QWidget>
 #include <algorithm>
-#include <array>
 
 #include "base/whole_file.h"
 #include "localisation/language_file.h"
+#include "localisation/language_sections.h"
+#include "shell/window_table.h"
 #include "ui/in_language.h"
 
 namespace kelvane {
@@ -21,18 +23,6 @@ namespace {
 constexpr std::array<const char*, 10> QtNames{"zh_TW", "zh_CN", "de",    "en", "fr",
                                               "ja",    "ko",    "pt_BR", "ru", "es"};
 
-// What a control shows, by the properties that hold it, and where its English is kept meanwhile.
-struct Shown {
-    const char* property;
-    const char* english;
-    const char* last;
-};
-constexpr std::array<Shown, 5> ShownTexts{{{"text", "englishText", "lastText"},
-                                           {"title", "englishTitle", "lastTitle"},
-                                           {"toolTip", "englishToolTip", "lastToolTip"},
-                                           {"placeholderText", "englishPlaceholder", "lastPlaceholder"},
-                                           {"accessibleName", "englishName", "lastName"}}};
-
 QString unescaped(QString text) { return text.replace(QLatin1String("\\n"), QLatin1String("\n")); }
 
 // What a person typed or a list holds is nobody's to translate.
@@ -42,11 +32,18 @@ bool isContent(const QObject& object) {
     return false;
 }
 
-// Console and keypad have no keys and stay as they are, whole.
-bool staysEnglish(const QWidget& window) {
-    return window.objectName() == QLatin1String("TAdvanceForm") ||
-           window.objectName() == QLatin1String("TKeypadForm");
+// Console, keypad and every dialog without keys stay as they are, whole; help and report speak the language
+// of the manual.
+bool staysEnglish(const QString& form) {
+    if (!windowRow(form) || form == QLatin1String("THelpForm") || form == QLatin1String("TSessionReportForm"))
+        return false;
+    const auto sections = formSections();
+    return std::none_of(sections.begin(), sections.end(),
+                        [&](const FormSectionRow& row) { return form == QLatin1String(row.window); });
 }
+
+// "kelvane::TInputForm", as the texts in the code of a form are asked for.
+QString formOf(const char* context) { return QString::fromLatin1(context).section(QStringLiteral("::"), -1); }
 
 }  // namespace
 
@@ -137,6 +134,7 @@ QString TextCatalogue::text(const QString& english) const {
 
 QString TextCatalogue::translate(const char* context, const char* sourceText, const char*, int) const {
     const QString english = QString::fromUtf8(sourceText);
+    if (staysEnglish(formOf(context))) return {};
     return qstrcmp(context, EngineTexts) == 0 ? engineText(english) : text(english);
 }
 
@@ -157,11 +155,26 @@ void Translations::choose(quint8 LanguageIndex, const QString& languageFolder) {
     QCoreApplication::installTranslator(&m_ours);
 }
 
+// Titles of tabs, which no control of their own shows.
+void Translations::showTabs(QTabWidget& tabs) const {
+    for (int page = 0; page < tabs.count(); ++page) {
+        QWidget& sheet = *tabs.widget(page);
+        const QString now = tabs.tabText(page);
+        const bool isOurs = !now.isEmpty() && sheet.property("lastTab").toString() == now;
+        const QString english = isOurs ? sheet.property("englishTab").toString() : now;
+        const QString found = m_ours.text(english);
+        const QString wanted = found.isEmpty() ? english : found;
+        if (wanted != now) tabs.setTabText(page, wanted);
+        sheet.setProperty("englishTab", english);
+        sheet.setProperty("lastTab", wanted);
+    }
+}
+
 // A text that somebody has set since the last time is English again, or of a language file that knows it.
 void Translations::show(const QList<QWidget*>& windows) const {
     const auto showIn = [this](QObject& object) {
         const bool isLabel = object.inherits("QLabel");  // it may hold what an engine said
-        for (const Shown& shown : ShownTexts) {
+        for (const ShownText& shown : ShownTexts) {
             if (object.metaObject()->indexOfProperty(shown.property) < 0) continue;
             if (qstrcmp(shown.property, "text") == 0 && isContent(object)) continue;
             const QString now = object.property(shown.property).toString();
@@ -177,10 +190,16 @@ void Translations::show(const QList<QWidget*>& windows) const {
             object.setProperty(shown.last, wanted);
         }
     };
-    for (QWidget* window : windows)
-        if (!staysEnglish(*window))
-            for (QObject* object : window->findChildren<QObject*>())
-                if (qobject_cast<QWidget*>(object) || qobject_cast<QAction*>(object)) showIn(*object);
+    for (QWidget* window : windows) {
+        if (staysEnglish(window->objectName())) continue;
+        for (QObject* object : window->findChildren<QObject*>()) {
+            if (auto* tabs = qobject_cast<QTabWidget*>(object)) {
+                showTabs(*tabs);
+            } else if (qobject_cast<QWidget*>(object) || qobject_cast<QAction*>(object)) {
+                showIn(*object);
+            }
+        }
+    }
 }
 
 }  // namespace kelvane

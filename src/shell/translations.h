@@ -7,10 +7,25 @@
 #include <QList>
 #include <QRegularExpression>
 #include <QTranslator>
+#include <array>
 
+class QTabWidget;
 class QWidget;
 
 namespace kelvane {
+
+// What a control shows, by the properties that hold it, and where its English and what we set are kept.
+struct ShownText {
+    const char* property;
+    const char* english;
+    const char* last;
+};
+inline constexpr std::array<ShownText, 5> ShownTexts{
+    {{"text", "englishText", "lastText"},
+     {"title", "englishTitle", "lastTitle"},
+     {"toolTip", "englishToolTip", "lastToolTip"},
+     {"placeholderText", "englishPlaceholder", "lastPlaceholder"},
+     {"accessibleName", "englishName", "lastName"}}};
 
 // A catalogue of lines "English text=text", in UTF-8, with \n for a line end. A text is one in all windows,
 // so the context in which Qt asks is not looked at; but only for texts of engines a place such as %1 also
@@ -55,6 +70,8 @@ class Translations : public QObject {
     void show(const QList<QWidget*>& windows) const;
 
    private:
+    void showTabs(QTabWidget& tabs) const;
+
     QTranslator m_qt;
     TextCatalogue m_ours;
 };

@@ -9,6 +9,7 @@
 
 #include "shell/change_language.h"
 #include "shell/edit_form.h"
+#include "shell/mnemonics.h"
 #include "ui/screen_room.h"
 
 namespace kelvane {
@@ -239,6 +240,7 @@ void Windows::showLanguage() {
                           tool.site.folder.findData(QStringLiteral("Language file")));
     m_translations.show(m_all);
     ChangeLanguage(tool.site.language.table, m_all);
+    for (QWidget* window : m_all) giveEachLetterOnce(*window);
 }
 
 void Windows::showModal(QWidget& window) {

@@ -7,6 +7,7 @@
 #include "ui/lamp.h"
 #include "ui/led_text.h"
 #include "ui/meters.h"
+#include "ui/mnemonic.h"
 #include "ui/power_button.h"
 #include "ui/scanner.h"
 #include "ui/seven_segment_label.h"
@@ -33,7 +34,7 @@ class ButtonSpeech : public QAccessibleWidget {
         return lamp ? roleOf(*lamp) : QAccessibleWidget::role();
     }
     QString text(QAccessible::Text kind) const override {
-        if (kind == QAccessible::Name) return nameOr(*button(), button()->text());
+        if (kind == QAccessible::Name) return nameOr(*button(), withoutMnemonic(button()->text()));
         if (kind == QAccessible::Value) return stateInWords();
         return QAccessibleWidget::text(kind);
     }

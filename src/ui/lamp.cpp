@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "ui/accessible_kit.h"
+#include "ui/mnemonic.h"
 #include "ui/readable_colours.h"
 
 namespace kelvane {
@@ -31,7 +32,7 @@ AbLED::AbLED(const QString& text, QWidget* parent) : QAbstractButton(parent) {
 void AbLED::setText(const QString& text) {
     if (text == this->text()) return;
     QAbstractButton::setText(text);
-    setShortcut({});
+    followMnemonic();
     updateGeometry();
 }
 
@@ -51,7 +52,10 @@ void AbLED::setColor(const QColor& color) {
 void AbLED::setClickable(bool on) {
     m_clickable = on;
     setFocusPolicy(on ? Qt::StrongFocus : Qt::NoFocus);
+    followMnemonic();
 }
+
+void AbLED::followMnemonic() { setShortcut(m_clickable ? QKeySequence::mnemonic(text()) : QKeySequence()); }
 
 void AbLED::setBrightPhase(bool bright) {
     if (bright == m_brightPhase) return;
@@ -61,7 +65,7 @@ void AbLED::setBrightPhase(bool bright) {
 
 QSize AbLED::sizeHint() const {
     const int height = fontMetrics().height() + 6;
-    const int textWidth = text().isEmpty() ? 0 : Gap + fontMetrics().horizontalAdvance(text());
+    const int textWidth = text().isEmpty() ? 0 : Gap + captionWidth(fontMetrics(), text());
     return {height + textWidth + 4, height};
 }
 
@@ -100,7 +104,8 @@ void AbLED::paintEvent(QPaintEvent*) {
     const int room = static_cast<int>(disc.width()) + 3 + Gap;
     layoutDirection() == Qt::RightToLeft ? caption.setRight(width() - room) : caption.setLeft(room);
     painter.setPen(ink);
-    painter.drawText(caption, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine, text());
+    const int marks = m_clickable ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+    painter.drawText(caption, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine | marks, text());
     if (hasFocus()) {
         QStyleOptionFocusRect focus;
         focus.initFrom(this);

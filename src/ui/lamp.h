@@ -14,7 +14,7 @@ namespace kelvane {
 
 class AbLED : public QAbstractButton {
     Q_OBJECT
-    Q_PROPERTY(QString text READ text WRITE setText)  // shown as it stands, "&" included
+    Q_PROPERTY(QString text READ text WRITE setText)
     Q_PROPERTY(bool flashing READ flashing WRITE setFlashing NOTIFY flashingChanged)
     Q_PROPERTY(QColor color READ color WRITE setColor)
     Q_PROPERTY(bool clickable READ clickable WRITE setClickable)
@@ -50,6 +50,7 @@ class AbLED : public QAbstractButton {
     void nextCheckState() override;
 
    private:
+    void followMnemonic();  // a lamp that nobody can press has no letter
     QRectF discRect() const;
     QColor m_color{0, 160, 0};
     bool m_flashing = false;

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "ui/accessible_kit.h"
+#include "ui/mnemonic.h"
 #include "ui/readable_colours.h"
 
 namespace kelvane {
@@ -39,7 +40,6 @@ VrPowerButton::VrPowerButton(const QString& text, QWidget* parent) : QAbstractBu
 void VrPowerButton::setText(const QString& text) {
     if (text == this->text()) return;
     QAbstractButton::setText(text);
-    setShortcut({});
     updateGeometry();
 }
 
@@ -51,7 +51,7 @@ void VrPowerButton::setColor(const QColor& color) {
 
 QSize VrPowerButton::sizeHint() const {
     const int height = fontMetrics().height() + 12;
-    const int textWidth = text().isEmpty() ? 0 : Gap + fontMetrics().horizontalAdvance(text());
+    const int textWidth = text().isEmpty() ? 0 : Gap + captionWidth(fontMetrics(), text());
     return {height + textWidth + 4, height};
 }
 
@@ -74,7 +74,8 @@ void VrPowerButton::paintEvent(QPaintEvent*) {
     const int room = static_cast<int>(side) + 2 + Gap;
     fromRight ? caption.setRight(width() - room) : caption.setLeft(room);
     painter.setPen(palette().color(group, QPalette::WindowText));
-    painter.drawText(caption, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine, text());
+    painter.drawText(caption, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine | Qt::TextShowMnemonic,
+                     text());
     if (hasFocus()) {
         QStyleOptionFocusRect focus;
         focus.initFrom(this);

@@ -15,7 +15,7 @@ class VrPowerButton : public QAbstractButton {
     explicit VrPowerButton(QWidget* parent = nullptr);
     explicit VrPowerButton(const QString& text, QWidget* parent = nullptr);
 
-    void setText(const QString& text);  // shown as it stands, "&" included
+    void setText(const QString& text);
     QColor color() const { return m_color; }
     void setColor(const QColor& color);  // of the disc when on
 

@@ -1,7 +1,8 @@
 #include "ui/transparent_button.h"
 
 #include <QKeyEvent>
-#include <QStyleOptionToolButton>
+
+#include "ui/mnemonic.h"
 
 namespace kelvane {
 
@@ -17,10 +18,11 @@ TransparentButton::TransparentButton(const QIcon& icon, const QString& text, QWi
 
 void TransparentButton::setText(const QString& text) {
     if (text == this->text()) return;
-    const bool spokenAsShown = accessibleName() == this->text();
+    const bool spokenAsShown = accessibleName() == withoutMnemonic(this->text());
+    const QKeySequence own = shortcut() == QKeySequence::mnemonic(this->text()) ? QKeySequence() : shortcut();
     QToolButton::setText(text);
-    setShortcut({});
-    if (spokenAsShown) setAccessibleName(text);
+    if (!own.isEmpty()) setShortcut(own);
+    if (spokenAsShown) setAccessibleName(withoutMnemonic(text));
     updateGeometry();
 }
 
@@ -35,16 +37,11 @@ void TransparentButton::setLayout(Layout layout) {
 
 QSize TransparentButton::sizeHint() const {
     QSize hint = QToolButton::sizeHint();
-    const int textWidth = fontMetrics().horizontalAdvance(text());
+    const int textWidth = captionWidth(fontMetrics(), text());
     const bool beside = toolButtonStyle() == Qt::ToolButtonTextBesideIcon && !icon().isNull();
     hint.setWidth(std::max(hint.width(), textWidth + (beside ? iconSize().width() + 4 : 0) + 14));
     if (!autoRaise()) hint.setHeight(std::max(hint.height(), fontMetrics().height() + 14));
     return hint;
-}
-
-void TransparentButton::initStyleOption(QStyleOptionToolButton* option) const {
-    QToolButton::initStyleOption(option);
-    option->text.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
 void TransparentButton::keyPressEvent(QKeyEvent* event) {

@@ -1,5 +1,5 @@
 // TransparentButton, the picture button of tool bars and dialogs: icon over or beside its caption. Captions
-// come from language files, so "&" is a character like any other and the button grows with its text.
+// come from language files, so the button grows with its text and keeps a shortcut of its own.
 #pragma once
 
 #include <QToolButton>
@@ -24,7 +24,6 @@ class TransparentButton : public QToolButton {
     QSize minimumSizeHint() const override { return sizeHint(); }
 
    protected:
-    void initStyleOption(QStyleOptionToolButton* option) const override;
     void keyPressEvent(QKeyEvent* event) override;  // Enter presses it, like Space
 };
 

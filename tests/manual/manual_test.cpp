@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QTextBrowser>
 
+#include "diagnostics/trend/scope_form.h"
 #include "manual/help_form.h"
 #include "manual/manual_pages.h"
 #include "shell/help_windows.h"
@@ -45,12 +46,20 @@ TEST_P(EveryManual, HasEveryWindowAndLinksThatLeadSomewhere) {
     }
 }
 
-// In every language by its English text, which is what a person can look for.
+// By its English text, and by the one that its box shows in the manual's language.
 TEST_P(EveryManual, HasEveryMessage) {
     const QString text = all();
-    const LangTable lang = LangTable::builtInEnglish();
+    Language language;
+    for (const auto index : std::array<quint8, 5>{1, 2, 3, 4, 9}) {
+        if (ManualText::codeOf(index) != GetParam()) continue;
+        const QString file = QStringLiteral(KELVANE_SOURCE_DIR "/Language file/") + languageFileName(index);
+        ASSERT_TRUE(LoadLanguage(file, language).ok());
+    }
+    const LangTable english = LangTable::builtInEnglish();
     for (int number = 1; number <= LangTable::MessageCount; ++number)
-        EXPECT_TRUE(text.contains(lang.MsgStr(number).simplified())) << lang.MsgStr(number).toStdString();
+        for (const LangTable& table : {english, language.table})
+            EXPECT_TRUE(text.contains(table.MsgStr(number).simplified()))
+                << table.MsgStr(number).toStdString();
 }
 
 // Boxes whose text stands in the code, beside the table of messages.
@@ -126,6 +135,14 @@ TEST(SessionReport, HoldsDriveLineNotesAndTheOpenTable) {
     ShellBench bench;
     bench.goOnLine(Family::Osier);
     EXPECT_TRUE(sessionReport(*bench.tool, {}, false).contains(QStringLiteral("Osier")));
+    // The run is over and its window closed: its picture is in the report all the same.
+    bench.windows->openWindow(OwnerTrend);
+    QWidget& trend = bench.windows->form<TScopeForm>();
+    bench.find<QAbstractButton>("StartVrPowerButton", &trend)->click();
+    bench.clock.advanceUntil([&] { return bench.tool->trend.AbTrend1.TotalRecords() > 5; }, 20000);
+    bench.find<QAbstractButton>("StartVrPowerButton", &trend)->click();
+    trend.close();
+    EXPECT_EQ(bench.tool->trend.AbTrend1.TotalRecords(), 0);
     bench.windows->openWindow(OwnerParameter);
     StringGrid& table = bench.tool->parameters.DriveAdvStringGrid;
     table.setCell(1, 1, QStringLiteral("01-00"));
@@ -143,10 +160,10 @@ TEST(SessionReport, HoldsDriveLineNotesAndTheOpenTable) {
                              "Table from Drive", "Max &lt;Freq&gt;", "src=\"trend\"", "None was seen"})
         EXPECT_TRUE(html.contains(QLatin1String(part))) << part;
     const QString path = bench.dir.filePath(QStringLiteral("report.pdf"));
-    bench.person.expectSave(QStringLiteral("PDF Files(*.pdf)|*.pdf"), QStringLiteral(".pdf"), path);
+    bench.person.expectSave(QStringLiteral("PDF Files(*.pdf)|*.pdf"), QStringLiteral("pdf"), path);
     form.findChild<QAbstractButton*>(QStringLiteral("SaveReportButton"))->click();
     EXPECT_FALSE(form.isVisible());
-    EXPECT_TRUE(readWhole(path).bytes.startsWith("%PDF"));
+    EXPECT_EQ(readWhole(path).bytes.count("/Subtype /Image"), 1);
 }
 
 }  // namespace

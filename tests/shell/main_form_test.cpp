@@ -3,17 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QLabel>
-#include <QMenu>
-#include <QPixmap>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QThread>
 
-#include "localisation/language_sections.h"
 #include "shell/shell_bench.h"
 #include "shell/single_instance.h"
-#include "ui/in_language.h"
 #include "ui/lamp.h"
 
 namespace kelvane {
@@ -228,81 +223,6 @@ TEST(MainForm, SetsTheMarkOfTheLanguageMenuBackWhenTheFileIsMissing) {
     EXPECT_FALSE(bench.find<QAction>("Russian")->isChecked());
 }
 
-// What a file or a drive says is shown as it stands, mark-up and all.
-TEST(MainForm, ShowsHintsWithMarkUpAsPlainText) {
-    ShellBench bench;
-    FormTexts& texts = bench.language.table.form(FormSection::Main);
-    texts.Hint.Text[0] = "<h1>Com</h1>";
-    texts.Hint.filled = 1;
-    bench.windows->showLanguage();
-    EXPECT_EQ(bench.find<QWidget>("ComSetupTransparentButton")->toolTip(), "<p>&lt;h1&gt;Com&lt;/h1&gt;");
-}
-
-// Texts without a key in the language file, and Qt's own, follow the language and come back.
-TEST(Translations, TranslateWhatNoKeyNamesAndComeBackToEnglish) {
-    Translations translations;
-    QWidget window;
-    QLabel stop("Stop bits", &window);
-    QAction find("&Find...", &window);
-    QLabel value("12.50", &window);
-    const QString folder = QStringLiteral(KELVANE_SOURCE_DIR) + "/Language file";
-    translations.choose(9, folder);
-    translations.show({&window});
-    EXPECT_EQ(stop.text(), QString::fromUtf8("Стоп-биты"));
-    EXPECT_EQ(find.text(), QString::fromUtf8("&Найти..."));
-    EXPECT_EQ(value.text(), "12.50");
-    stop.setText("Parity");  // set by code meanwhile
-    translations.choose(2, folder);
-    translations.show({&window});
-    EXPECT_EQ(stop.text(), QString::fromUtf8("校验"));
-    EXPECT_EQ(find.text(), QString::fromUtf8("查找(&F)..."));
-    translations.choose(4, folder);
-    translations.show({&window});
-    EXPECT_EQ(stop.text(), "Parity");
-    EXPECT_EQ(find.text(), "&Find...");
-}
-
-// What engines say is English with values in it; a catalogue knows it by its words, and the values in turn.
-TEST(Translations, FindTextsOfEnginesByTheirWords) {
-    const QString folder = QStringLiteral(KELVANE_SOURCE_DIR) + "/Language file";
-    Translations translations;
-    translations.choose(3, folder);
-    EXPECT_EQ(inLanguage("Reading stopped: 7 of 198 parameters read."),
-              QString::fromUtf8("Lesen abgebrochen: 7 von 198 Parametern gelesen."));
-    EXPECT_EQ(inLanguage("/mnt/x.txt: the disk is full"),
-              QString::fromUtf8("/mnt/x.txt: der Datenträger ist voll"));
-    EXPECT_EQ(inLanguage("1 difference. Rows that could not be compared: 2 of the drive, 0 of the file."),
-              QString::fromUtf8("1 Unterschied. Nicht vergleichbare Zeilen: 2 des Umrichters, 0 der Datei."));
-    EXPECT_EQ(inLanguage("Initial drive failed !!"), "Initial drive failed !!");
-    translations.choose(4, folder);
-    EXPECT_EQ(inLanguage("1 difference."), "1 difference.");
-    EXPECT_EQ(inLanguage(""), "");
-
-    // All catalogues have the same texts, with the same places for values.
-    const auto places = [](QString text) {
-        QStringList found;
-        for (int i = 1; i <= 9; ++i)
-            if (text.contains(QStringLiteral("%%1").arg(i))) found += QString::number(i);
-        return found.join(' ');
-    };
-    QStringList first;
-    for (const char* code : {"CHT", "CHS", "DE", "RU"}) {
-        QStringList texts;
-        const QByteArray bytes = readWhole(folder + "/Texts_" + code + ".txt").bytes;
-        for (const QString& line : QString::fromUtf8(bytes).split('\n', Qt::SkipEmptyParts)) {
-            if (line.startsWith('#')) continue;
-            texts += line.section('=', 0, 0);
-            EXPECT_EQ(places(texts.last()), places(line.section('=', 1))) << line.toStdString();
-            EXPECT_FALSE(line.section('=', 1).isEmpty()) << line.toStdString();
-        }
-        texts.sort();
-        EXPECT_EQ(texts.removeDuplicates(), 0) << code;
-        if (first.isEmpty()) first = texts;
-        EXPECT_EQ(texts, first) << code;
-    }
-    EXPECT_GT(first.size(), 150);
-}
-
 TEST(ShellOperator, GivesASuffixToANameThatHasNone) {
     EXPECT_EQ(withSuffix("/home/anna/mine", "prj"), "/home/anna/mine.prj");
     EXPECT_EQ(withSuffix("/home/anna.b/mine", "prj"), "/home/anna.b/mine.prj");
@@ -342,43 +262,6 @@ TEST_F(Instances, ANeighboursSocketOrLockDoesNotEndTheProgramInSilence) {
     SingleInstance nowhere(dir.filePath("absent/socket"));
     EXPECT_EQ(nowhere.start(), SingleInstance::Start::Unclear);
     EXPECT_TRUE(nowhere.problem().contains(dir.filePath("absent/socket")));
-}
-
-TEST(MainForm, ShowsALanguageByTheOneTable) {
-    ShellBench bench;
-    const QString folder = QStringLiteral(KELVANE_SOURCE_DIR) + "/Language file/";
-    ASSERT_TRUE(LoadLanguage(folder + languageFileName(9), bench.language).ok());
-    bench.windows->showLanguage();
-    const FormTexts& texts = bench.language.table.form(FormSection::Main);
-    EXPECT_EQ(bench.text("ComSetupTransparentButton"), texts.Button.at(1));
-    EXPECT_EQ(bench.find<QAction>("ComSetup")->text(), texts.Button.at(1));
-    EXPECT_EQ(bench.find<QMenu>("FilesMenu")->title(), texts.Label.at(7));
-    EXPECT_EQ(bench.find<QMenu>("SetupLanguage")->title(), texts.Label.at(15));
-    EXPECT_EQ(bench.text("HistMsgLabel"), texts.Label.at(6));
-    EXPECT_EQ(bench.tool->trend.InfoAdvStringGrid.cell(0, 5),
-              bench.language.table.form(FormSection::Trend).Label.at(18));
-    for (const CopiedLabel& label : copiedLabels()) {
-        if (label.window != QByteArray("TParameterForm")) continue;
-        EXPECT_EQ(bench.find<QLabel>(label.copy, &bench.windows->parameterForm)->text(),
-                  bench.text(label.control));
-    }
-}
-
-// Every name that the language table uses in a window that exists, exactly once.
-TEST(Windows, HaveEveryNameOfTheLanguageTableOnce) {
-    ShellBench bench;
-    for (const FormSectionRow& section : formSections()) {
-        QWidget* window = nullptr;
-        for (QWidget* candidate : bench.windows->all())
-            if (candidate->objectName() == QLatin1String(section.window)) window = candidate;
-        if (!window) continue;
-        for (const KeyGroup* group : {&section.Button, &section.Label})
-            for (const KeyTarget& target : group->targets)
-                if (target.kind == TargetKind::Control) {
-                    EXPECT_EQ(window->findChildren<QObject*>(QString::fromLatin1(target.control)).size(), 1)
-                        << section.window << " " << target.control;
-                }
-    }
 }
 
 // Every row that is built is found under its name, in the order of the table; every entry has its item, and

@@ -10,7 +10,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSet>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
@@ -22,7 +21,6 @@
 #include "drive/parameter_data.h"
 #include "drive/practice_port.h"
 #include "link/task_table.h"
-#include "localisation/language_sections.h"
 #include "shell/about_form.h"
 #include "shell/ce_message_form.h"
 #include "shell/com_setup_form.h"
@@ -87,24 +85,6 @@ struct Room {
     }
     std::string portInfo() { return named<QLabel>(form, "PortInfoLabel").text().toStdString(); }
 };
-
-TEST(ComSetupForm, HasTheNamesOfTheLanguageTable) {
-    Room room;
-    EXPECT_EQ(room.form.objectName(), QStringLiteral("TComSetupForm"));
-    const FormSectionRow& row = formSection(FormSection::ComSetup);
-    for (const KeyGroup* group : {&row.Button, &row.Hint, &row.Label}) {
-        for (const KeyTarget& target : group->targets)
-            EXPECT_EQ(room.form.findChildren<QWidget*>(QLatin1String(target.control)).size(), 1)
-                << target.control;
-    }
-    for (const auto* name : {"ComPortComboBox", "ModeComboBox", "BaudComboBox", "DataBitsComboBox",
-                             "ParityComboBox", "StopBitsComboBox"}) {
-        const auto& labels = room.form.findChildren<QLabel*>();
-        EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
-            return label->buddy() && label->buddy()->objectName() == QLatin1String(name);
-        })) << name;
-    }
-}
 
 TEST(ComSetupForm, BoxesFollowTheHandAndTheRecord) {
     Room room;

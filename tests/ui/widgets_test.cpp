@@ -118,8 +118,8 @@ TEST(VrIndicator, ClipsItsPositionAndShowsIt) {
     EXPECT_EQ(spoken(bar, QAccessible::Value), "100");
 }
 
-// Texts come from drives and language files: they are neither markup nor shortcuts.
-TEST(Texts, StandAsTheyAreAndReadableInToldColours) {
+// Texts come from drives and language files: they are no mark-up; "&" marks a letter of a control alone.
+TEST(Texts, StandAsTheyAreAndReadableInTheirColours) {
     VrLabel label("<b>OL</b> & 5");
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
     EXPECT_GE(label.sizeHint().width(), label.fontMetrics().horizontalAdvance("<b>OL</b> & 5"));
@@ -130,11 +130,24 @@ TEST(Texts, StandAsTheyAreAndReadableInToldColours) {
     EXPECT_GE(label.sizeHint().height(), label.fontMetrics().height());
 
     TransparentButton button(icon(Icon::Save), "Save");
-    button.setProperty("text", "R&D: Save & Go, lesen und speichern");
-    EXPECT_EQ(button.text(), "R&D: Save & Go, lesen und speichern");
-    EXPECT_TRUE(button.shortcut().isEmpty());
-    EXPECT_GT(button.sizeHint().width(), button.fontMetrics().horizontalAdvance(button.text()));
-    EXPECT_EQ(spoken(button, QAccessible::Name), button.text());
+    button.setAccessibleName("Save");
+    button.setProperty("text", "Spei&chern && Lesen vom Frequenzumrichter");
+    EXPECT_EQ(spoken(button, QAccessible::Name), "Speichern & Lesen vom Frequenzumrichter");
+    EXPECT_GT(button.sizeHint().width(), button.fontMetrics().horizontalAdvance(button.accessibleName()));
+    AbLED choice("&Drive");
+    AbLED sign("&Fail");
+    choice.setClickable(true);
+    VrPowerButton power("&Start");
+    TransparentButton print(icon(Icon::Print), "Print");
+    print.setShortcut(QKeySequence::Print);
+    print.setText("&Drucken");
+    EXPECT_EQ(button.shortcut(), QKeySequence("Alt+C"));
+    EXPECT_EQ(choice.shortcut(), QKeySequence("Alt+D"));
+    EXPECT_EQ(power.shortcut(), QKeySequence("Alt+S"));
+    EXPECT_TRUE(sign.shortcut().isEmpty());
+    EXPECT_EQ(print.shortcut(), QKeySequence(QKeySequence::Print));
+    EXPECT_EQ(spoken(sign, QAccessible::Name), "Fail");
+    EXPECT_EQ(AbLED("Fail").sizeHint(), sign.sizeHint());
 }
 
 TEST(Buttons, SwitchByMouseAndKeyAndShowItWithoutColour) {

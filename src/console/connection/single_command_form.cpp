@@ -100,10 +100,11 @@ QWidget* SingleCommandPage::buildAny() {
         QStringLiteral("Texts that were sent; one that is chosen comes back into the field"));
     InputDataComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     auto* grid = new QGridLayout(group);
-    grid->addWidget(InputDataEdit, 0, 0);
-    grid->addWidget(SendAnyTransparentButton, 0, 1);
-    grid->addWidget(InputDataComboBox, 1, 0, 1, 2);
-    grid->setColumnStretch(0, 1);
+    grid->addWidget(captionFor(InputDataEdit, "InputDataLabel", QStringLiteral("Text"), group), 0, 0);
+    grid->addWidget(InputDataEdit, 0, 1);
+    grid->addWidget(SendAnyTransparentButton, 0, 2);
+    grid->addWidget(InputDataComboBox, 1, 0, 1, 3);
+    grid->setColumnStretch(1, 1);
     connect(SendAnyTransparentButton, &QToolButton::clicked, this, [this] { sendAny(false); });
     connect(InputDataEdit, &QLineEdit::returnPressed, this, [this] { sendAny(true); });
     connect(InputDataComboBox, &QComboBox::textActivated, InputDataEdit, &QLineEdit::setText);

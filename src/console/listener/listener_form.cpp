@@ -147,6 +147,7 @@ QWidget* ListenerForm::buildCutting() {
     row->addWidget(BreakAdvStringGrid);
     row->addSpacing(2 * fontMetrics().height());
     row->addWidget(LengthLimitRadioButton);
+    row->addWidget(captionFor(WordCntLabeledEdit, "WordCntLabel", QStringLiteral("Count"), group));
     row->addWidget(WordCntLabeledEdit);
     row->addStretch();
     addLengthMenu();

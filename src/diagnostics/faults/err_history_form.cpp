@@ -8,6 +8,7 @@
 #include "ui/icons.h"
 #include "ui/named.h"
 #include "ui/string_grid_view.h"
+#include "ui/tab_order.h"
 #include "ui/transparent_button.h"
 
 namespace kelvane {
@@ -42,6 +43,7 @@ TErrHistoryForm::TErrHistoryForm(FaultHistory& history, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->addLayout(row);
     column->addWidget(ErrorAdvStringGrid, 1);
+    tabThroughFromStart(*this, {m_copy, m_save, clear, exit, ErrorAdvStringGrid});
     connect(m_copy, &QToolButton::clicked, this, &TErrHistoryForm::copy);
     connect(m_save, &QToolButton::clicked, &m_history, &FaultHistory::save);
     connect(clear, &QToolButton::clicked, &m_history, &FaultHistory::ClearTransparentButtonClick);

@@ -8,6 +8,7 @@
 #include "ui/mark_panel.h"
 #include "ui/meters.h"
 #include "ui/named.h"
+#include "ui/tab_order.h"
 #include "ui/transparent_button.h"
 
 namespace kelvane {
@@ -34,13 +35,7 @@ TMeterTypeForm::TMeterTypeForm(MeterTypeChoice& choice, QWidget* parent)
     foot->addWidget(cancel);
     auto* column = new QVBoxLayout(this);
     column->addLayout(buildSamples(), 1);
-    QWidget* before = LabeledEdit1;
-    for (QWidget* next :
-         {static_cast<QWidget*>(m_panels[0]), static_cast<QWidget*>(m_panels[1]),
-          static_cast<QWidget*>(m_panels[2]), static_cast<QWidget*>(ok), static_cast<QWidget*>(cancel)}) {
-        setTabOrder(before, next);
-        before = next;
-    }
+    tabThroughFromStart(*this, {m_panels[0], m_panels[1], m_panels[2], LabeledEdit1, ok, cancel});
     column->addLayout(foot);
     connect(LabeledEdit1, &QLineEdit::textChanged, this, [this](const QString& text) {
         m_choice.setMaxValue(text);

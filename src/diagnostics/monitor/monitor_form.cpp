@@ -11,9 +11,11 @@
 
 #include "ui/display_label.h"
 #include "ui/icons.h"
+#include "ui/item_box.h"
 #include "ui/meters.h"
 #include "ui/named.h"
 #include "ui/power_button.h"
+#include "ui/tab_order.h"
 #include "ui/transparent_button.h"
 #include "ui/trend_plot.h"
 
@@ -123,7 +125,7 @@ QLayout* TMonitorForm::buildIdentity() {
 }
 
 QComboBox* TMonitorForm::itemBox(const char* name, const QString& what) {
-    auto* box = named<QComboBox>(name, this);
+    auto* box = named<ItemBox>(name, this);
     box->setAccessibleName(what);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(ShortestBox);
@@ -221,6 +223,7 @@ QWidget* TMonitorForm::buildTrend() {
     row->addWidget(Label1);
     row->addWidget(Ch1LabeledEdit);
     row->addWidget(Ch1ComboBox);
+    tabThrough({option, clear, CussorTransparentButton, Ch1ComboBox, AbTrend1});
     auto* column = new QVBoxLayout(box);
     column->addLayout(row);
     column->addWidget(AbTrend1, 1);

@@ -18,6 +18,7 @@
 #include "link/number_text.h"
 #include "ui/display_label.h"
 #include "ui/icons.h"
+#include "ui/item_box.h"
 #include "ui/lamp.h"
 #include "ui/named.h"
 #include "ui/power_button.h"
@@ -132,7 +133,7 @@ QWidget* TScopeForm::buildPlots() {
     AbTrend2 = named<TrendPlot>("AbTrend2", m_session.AbTrend2.data, panel);
     AbTrend2->setAccessibleName(tr("Trend of the four logic lines"));
     AbTrend2->look.GridYSteps = 4;
-    AbTrend2->lookChanged();
+    nameBands();
     AbTrend2->setFixedHeight(LowerPlotHeight);
     TrendScrollBar = named<QScrollBar>("TrendScrollBar", Qt::Horizontal, panel);
     TrendScrollBar->setAccessibleName(tr("Position in the record"));
@@ -240,7 +241,7 @@ QWidget* TScopeForm::buildChannelSelection() {
         ChVrPowerButton[i] = named<VrPowerButton>(channelName(c, "VrPowerButton").constData(),
                                                   QStringLiteral("Ch%1").arg(c), box);
         ChVrPowerButton[i]->setToolTip(tr("Show channel %1; it is recorded in any case").arg(c));
-        ChComboBox[i] = named<QComboBox>(channelName(c, "ComboBox").constData(), box);
+        ChComboBox[i] = named<ItemBox>(channelName(c, "ComboBox").constData(), box);
         ChComboBox[i]->setAccessibleName(tr("Item of channel %1").arg(c));
         ChComboBox[i]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         ChComboBox[i]->setMinimumContentsLength(18);

@@ -19,6 +19,7 @@
 #include "ui/lamp.h"
 #include "ui/notice_bar.h"
 #include "ui/power_button.h"
+#include "ui/readable_colours.h"
 #include "ui/string_grid_view.h"
 #include "ui/transparent_button.h"
 #include "ui/trend_overview.h"
@@ -47,8 +48,9 @@ void setLamp(AbLED* lamp, const StateLed& led) {
 
 void setLabelColour(QLabel* label, const QColor& colour) {
     QPalette palette = label->palette();
-    if (palette.color(QPalette::WindowText) == colour) return;
-    palette.setColor(QPalette::WindowText, colour);
+    const QColor readable = readableText(colour, palette.color(QPalette::Window));
+    if (palette.color(QPalette::WindowText) == readable) return;
+    palette.setColor(QPalette::WindowText, readable);
     label->setPalette(palette);
 }
 
@@ -206,6 +208,16 @@ void TScopeForm::showFault(bool standing, const QString& code, const QString& de
     ErrDescriptLabel->setText(description);
     for (QLabel* label : {ErrCodeLabel, ErrDescriptLabel})
         setLabelColour(label, standing ? FaultRed : NoFaultGreen);
+}
+
+void TScopeForm::nameBands() {
+    AbTrend2->look.bands = QStringList{tr("RUN cmd"), tr("RUN status"), tr("FWD cmd"), tr("FWD status")};
+    AbTrend2->lookChanged();
+}
+
+void TScopeForm::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) nameBands();
 }
 
 void TScopeForm::setDriveLabel(const QString& text) { DriveVrLabel->setText(text); }

@@ -57,11 +57,13 @@ class TScopeForm : public QMainWindow {
 
    protected:
     void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
    private:
+    void nameBands();  // in the language in use
     // Layout.
     QWidget* buildButtons();
     TransparentButton* addButton(QHBoxLayout* row, const char* name, int icon, const QString& text);

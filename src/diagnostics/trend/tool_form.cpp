@@ -8,6 +8,7 @@
 #include "ui/icons.h"
 #include "ui/lamp.h"
 #include "ui/named.h"
+#include "ui/tab_order.h"
 #include "ui/transparent_button.h"
 
 namespace kelvane {
@@ -48,6 +49,7 @@ TToolForm::TToolForm(TrendSession& session, QWidget* parent)
     foot->addWidget(ok);
     foot->addWidget(cancel);
     column->addLayout(foot);
+    tabThrough({ChComboBox[TrendSession::Channels], ChLeftEdit, ok, cancel});
     connect(ok, &TransparentButton::clicked, this, &TToolForm::OKTransparentButtonClick);
     connect(cancel, &TransparentButton::clicked, this, &QDialog::reject);
     connect(ChLeftEdit, &QLineEdit::returnPressed, ok, &TransparentButton::click);

@@ -11,6 +11,7 @@
 
 #include "ui/icons.h"
 #include "ui/named.h"
+#include "ui/tab_order.h"
 #include "ui/transparent_button.h"
 #include "ui/trend_plot.h"
 
@@ -123,6 +124,7 @@ TPrintForm::TPrintForm(QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->addLayout(row);
     column->addWidget(area, 1);
+    tabThroughFromStart(*this, {print, FirstRecEdit, LastRecEdit, ZoomComboBox, exit});
     connect(print, &TransparentButton::clicked, this, &TPrintForm::PrintTransparentButtonClick);
     connect(exit, &TransparentButton::clicked, this, &QDialog::accept);
     // Enter in an edit takes the range and presses nothing.

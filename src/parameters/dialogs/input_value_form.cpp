@@ -67,6 +67,8 @@ void TInputValueForm::build() {
     OKTransparentButton->setObjectName(QStringLiteral("OKTransparentButton"));
     CancelTransparentButton->setObjectName(QStringLiteral("CancelTransparentButton"));
 
+    ValueLabel->setBuddy(InputEdit);
+    InputComboBox->hide();
     auto* row = new QHBoxLayout;
     row->addWidget(ValueLabel);
     row->addWidget(InputEdit, 1);

@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "ui/icons.h"
-#include "ui/in_language.h"
 #include "ui/transparent_button.h"
 
 namespace kelvane {
@@ -27,15 +26,15 @@ Icon iconOf(ProgressGlyph glyph) {
 
 QString countText(const ProgressDialog& progress) {
     if (progress.total <= 0) return {};
-    return TProgressForm::tr("%1 of %2").arg(progress.count).arg(progress.total);
+    return QStringLiteral("%1 of %2").arg(progress.count).arg(progress.total);
 }
 
 QString timeLeftText(qint64 ms) {
     if (ms < 0) return {};
     const qint64 seconds = (ms + 999) / 1000;
-    if (seconds < 60) return TProgressForm::tr("about %1 s left").arg(seconds);
+    if (seconds < 60) return QStringLiteral("about %1 s left").arg(seconds);
     const QString rest = QString::number(seconds % 60).rightJustified(2, QLatin1Char('0'));
-    return TProgressForm::tr("about %1 min %2 s left").arg(seconds / 60).arg(rest);
+    return QStringLiteral("about %1 min %2 s left").arg(seconds / 60).arg(rest);
 }
 
 QLabel* plainLabel(const char* name, QWidget* parent) {
@@ -128,7 +127,7 @@ void TProgressForm::showRecord() {
     const bool stuck = !m_progress.noAnswer.isEmpty();
     LeftLabel->setText(stuck ? QString() : timeLeftText(m_progress.msLeft()));
     if (stuck == StopWaitingTransparentButton->isVisibleTo(this)) return;
-    NoAnswerLabel->setText(inLanguage(m_progress.noAnswer));
+    NoAnswerLabel->setText(m_progress.noAnswer);
     NoAnswerLabel->setVisible(stuck);
     StopWaitingTransparentButton->setVisible(stuck);
     if (stuck) StopWaitingTransparentButton->setFocus();

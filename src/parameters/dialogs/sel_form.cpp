@@ -10,6 +10,7 @@
 
 #include "ui/icons.h"
 #include "ui/lamp.h"
+#include "ui/tab_order.h"
 #include "ui/title_width.h"
 #include "ui/transparent_button.h"
 
@@ -52,7 +53,7 @@ AbLED* SelForm::addLed(const char* name, const QString& caption) {
     lamp->setClickable(true);
     lamp->setAutoExclusive(true);
     m_content->addWidget(lamp);
-    QWidget::setTabOrder(lamp, OKTransparentButton);
+    inTabOrder(lamp);
     return lamp;
 }
 
@@ -63,8 +64,14 @@ QComboBox* SelForm::addBox(const char* name, const QString& caption) {
     label->setBuddy(box);
     m_content->addWidget(label);
     m_content->addWidget(box);
-    QWidget::setTabOrder(box, OKTransparentButton);
+    inTabOrder(box);
     return box;
+}
+
+// The buttons, which were made first, come last.
+void SelForm::inTabOrder(QWidget* field) {
+    m_fields.append(field);
+    tabThroughFromStart(*this, m_fields + QList<QWidget*>{OKTransparentButton, CancelTransparentButton});
 }
 
 void SelForm::begin(std::function<void(bool)> then) {

@@ -23,6 +23,7 @@ class SelForm : public QDialog {
     // A lamp that a click lights, putting out the others of the window.
     AbLED* addLed(const char* name, const QString& caption);
     QComboBox* addBox(const char* name, const QString& caption);
+    void inTabOrder(QWidget* field);  // behind those before it
     // Shows the window; then() learns whether it was closed by OK. A question that still stood is cancelled.
     void begin(std::function<void(bool byOk)> then);
     void keyPressEvent(QKeyEvent* event) override;  // Enter is OK
@@ -33,6 +34,7 @@ class SelForm : public QDialog {
    private:
     void answer(bool byOk);
     QVBoxLayout* m_content;
+    QList<QWidget*> m_fields;
     std::function<void(bool)> m_then;
 };
 

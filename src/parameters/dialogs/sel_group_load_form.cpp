@@ -30,6 +30,9 @@ TSelGroupLoadForm::TSelGroupLoadForm(ParameterReader& reader, QWidget* parent)
     content()->addWidget(label);
     content()->addWidget(GrpNameCheckListBox, 1);
     content()->addLayout(all);
+    for (QWidget* field :
+         QList<QWidget*>{GrpNameCheckListBox, SelAllTransparentButton, CancelAllTransparentButton})
+        inTabOrder(field);
     connect(SelAllTransparentButton, &QToolButton::clicked, this, [this] { checkAll(true); });
     connect(CancelAllTransparentButton, &QToolButton::clicked, this, [this] { checkAll(false); });
     connect(&m_reader, &ParameterReader::started, this, &TSelGroupLoadForm::showGroups);

@@ -11,7 +11,6 @@
 #include "parameters/table/table_edit.h"
 #include "ui/grid_delegate.h"
 #include "ui/icons.h"
-#include "ui/in_language.h"
 #include "ui/string_grid_view.h"
 #include "ui/transparent_button.h"
 
@@ -49,8 +48,7 @@ class WriteListDelegate : public GridDelegate {
    private:
     QString valueText(int row, const QString& Data) const {
         QString text = Data;
-        if (const auto doubt = doubtOf(m_session.writer.AdvStringGrid1, row))
-            text += u' ' % inLanguage(doubt->text);
+        if (const auto doubt = doubtOf(m_session.writer.AdvStringGrid1, row)) text += u' ' % doubt->text;
         const std::optional<QString> held = m_session.heldByDrive(row);
         return held && *held != Data ? *held % QStringLiteral(" \u2192 ") % text : text;
     }
@@ -188,12 +186,7 @@ void TWriteCheckForm::showRecord() {
     PrLabel->setText(form.PrLabel);
 }
 
-void TWriteCheckForm::sumUp() {
-    QStringList parts;
-    for (const QString& part : m_session.writeSummaryLine().split(QLatin1String("; ")))
-        parts += inLanguage(part);
-    SummaryLabel->setText(parts.join(QLatin1String("; ")));
-}
+void TWriteCheckForm::sumUp() { SummaryLabel->setText(m_session.writeSummaryLine()); }
 
 // Once for all rows that the header's box has changed.
 void TWriteCheckForm::sumUpLater() {

@@ -158,7 +158,7 @@ FileResult TReportForm::writePdf(const QString& path) const {
 
 void TReportForm::savePdf() {
     const std::optional<QString> path =
-        m_person.saveFile(QStringLiteral("PDF Files(*.pdf)|*.pdf"), QStringLiteral(".pdf"));
+        m_person.saveFile(QStringLiteral("PDF Files(*.pdf)|*.pdf"), QStringLiteral("pdf"));
     if (!path) return;
     if (const FileResult written = writePdf(*path); !written.ok)
         m_person.tell(written.error, QStringLiteral("Error"), BoxIcon::Stop);

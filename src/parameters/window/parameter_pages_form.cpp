@@ -9,6 +9,7 @@
 #include "ui/display_label.h"
 #include "ui/icons.h"
 #include "ui/lamp.h"
+#include "ui/mnemonic.h"
 #include "ui/path_label.h"
 
 namespace kelvane {
@@ -43,9 +44,8 @@ TabSheet::TabSheet(QTabWidget* pages, const char* name, const QString& text) : m
 
 void TabSheet::setText(const QString& text) {
     m_text = text;
-    QString shown = text;
-    m_pages->setTabText(m_pages->indexOf(this), shown.replace(QLatin1Char('&'), QLatin1String("&&")));
-    setAccessibleName(text);
+    m_pages->setTabText(m_pages->indexOf(this), text);
+    setAccessibleName(withoutMnemonic(text));
 }
 
 void TabSheet::setTabVisible(bool visible) { m_pages->setTabVisible(m_pages->indexOf(this), visible); }

@@ -102,13 +102,13 @@ TEST(PrintForm, ShowsAllPagesAndWritesThePdfWhole) {
     EXPECT_EQ(shown.pixelColor(shown.width() / 2, 14), QColor(Qt::white));
 
     const QString path = folder.filePath("t.pdf");
-    person.expectSave("PDF Files(*.pdf)|*.pdf", ".pdf", path);
+    person.expectSave("PDF Files(*.pdf)|*.pdf", "pdf", path);
     form.findChild<QAbstractButton*>("PdfTransparentButton")->click();
     const FileContent pdf = readWhole(path);
     EXPECT_TRUE(pdf.bytes.startsWith("%PDF"));
     EXPECT_TRUE(pdf.bytes.contains(QByteArray("/Count ").append(QByteArray::number(pages))));
 
-    person.expectSave("PDF Files(*.pdf)|*.pdf", ".pdf", folder.filePath("no/such.pdf"));
+    person.expectSave("PDF Files(*.pdf)|*.pdf", "pdf", folder.filePath("no/such.pdf"));
     const FileResult failed = writeWhole(folder.filePath("no/such.pdf"), {});
     person.expectBox(failed.error, "Error");
     form.findChild<QAbstractButton*>("PdfTransparentButton")->click();
