@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -94,6 +96,34 @@ TEST(ShellBoxes, EscapeLeavesTheQuestionWhereNothingMayBeLost) {
     EXPECT_EQ(answerTo(BoxButtons::YesNo, Qt::Key_Escape), BoxAnswer::No);
     EXPECT_EQ(answerTo(BoxButtons::YesNoOrLeave, Qt::Key_Escape), BoxAnswer::Cancel);
     EXPECT_EQ(answerTo(BoxButtons::YesNoOrLeave, Qt::Key_N), BoxAnswer::No);
+}
+
+// By the name that the file will have, and a file that was just saved is in sight when one is opened.
+TEST(ShellBoxes, AsksAboutTheFinalNameAndOpensWithTheLastKind) {
+    const LangTable lang = LangTable::builtInEnglish();
+    ShellOperator person{lang};
+    QTemporaryDir folder;
+    person.lastFolder = folder.path();
+    writeWhole(folder.filePath("mine.xls"), "old");
+    QString name = "mine";
+    QStringList seen;
+    QTimer hand;
+    hand.callOnTimeout([&] {
+        QWidget* asking = QApplication::activeModalWidget();
+        if (auto* files = qobject_cast<QFileDialog*>(asking)) {
+            seen << files->selectedNameFilter();
+            files->findChild<QLineEdit*>("fileNameEdit")->setText(name);
+            static_cast<QDialog*>(files)->accept();
+        } else if (auto* box = qobject_cast<QMessageBox*>(asking)) {
+            seen << box->windowTitle();
+            box->button(QMessageBox::Yes)->click();
+        }
+    });
+    hand.start(0);
+    EXPECT_EQ(person.saveFile(saveFilter(TableFileKind::Spreadsheet), ".xls"), folder.filePath("mine.xls"));
+    name = "mine.xls";
+    EXPECT_EQ(person.openFile(openTableFilter()), folder.filePath("mine.xls"));
+    EXPECT_EQ(seen, (QStringList{"Microsoft Excel Fiels(*.xls)", "Cofirm", "Microsoft Excel Files(*.xls)"}));
 }
 
 TEST_F(ParameterWiring, ComSetupAfterAnAbortedWriteGivesTheLineBackToTheWindow) {
