@@ -49,8 +49,6 @@ QByteArray block(std::span<const CodeText> rows, uint8_t code, const char* other
 
 }  // namespace
 
-std::span<const CodeText> exceptionTexts() { return Exceptions; }
-
 QByteArray faultBlock(uint8_t code) { return block(Faults, code, "Fault code "); }
 QByteArray exceptionBlock(uint8_t code) { return block(Exceptions, code, "Error code "); }
 

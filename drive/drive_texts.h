@@ -37,8 +37,6 @@ struct CodeText {
     std::string_view name;  // at most 4 characters
 };
 
-std::span<const CodeText> exceptionTexts();
-
 // Ten registers' worth of characters: 16 of text, 4 of name, padded with blanks. Every code has a text.
 QByteArray faultBlock(uint8_t code);
 QByteArray exceptionBlock(uint8_t code);

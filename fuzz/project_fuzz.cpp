@@ -16,7 +16,6 @@ void require(bool holds) {
 
 DefaultProject readDefault(const QStringList& lines) {
     DefaultProject project;
-    readLanguageSection(lines, project.LanguageIndex);
     readComSetupSection(lines, project.ComSetup);
     readTrendSection(lines, project.Trend);
     readMonitorSection(lines, project.Monitor);

@@ -48,7 +48,7 @@ QString ProgramFolder::file(const QString& name) const { return QDir(m_path).fil
 
 QString ProgramFolder::findData(const QString& name) const {
     for (const QString& folder : m_dataFolders) {
-        const QString path = QDir(folder).filePath(name);
+        QString path = QDir(folder).filePath(name);
         if (QFileInfo::exists(path)) return path;
     }
     return {};

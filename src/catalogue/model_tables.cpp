@@ -37,6 +37,4 @@ ModelIdentity modelIdentity(quint8 DriveFamily, quint8 DriveIdCode) {
             .RatedCurrentVrLabel = withDecimalSep(model.RatedCurrent)};
 }
 
-int modelTableLength(quint8 DriveFamily) { return static_cast<int>(modelsOf(DriveFamily).size()); }
-
 }  // namespace kelvane

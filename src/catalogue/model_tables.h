@@ -18,7 +18,4 @@ struct ModelIdentity {
 // family.
 ModelIdentity modelIdentity(quint8 DriveFamily, quint8 DriveIdCode);
 
-// Number of codes the family's table has room for; 0 for a value without a family.
-int modelTableLength(quint8 DriveFamily);
-
 }  // namespace kelvane

@@ -289,16 +289,6 @@ QStringList projectLines(const QByteArray& bytes) {
     return lines;
 }
 
-SectionRead readLanguageSection(const QStringList& lines, quint8& LanguageIndex) {
-    int number = LanguageIndex;
-    const SectionRead read =
-        readSection(lines, "[Language]", firstLines(1), CutAtEqualSign,
-                    [&](int, const QString& value) { return takeNumber(value, number); });
-    // Kept: the number is one byte wide, so 260 is 4.
-    LanguageIndex = read.ok() ? static_cast<quint8>(number) : EnglishLanguageIndex;
-    return read;
-}
-
 SectionRead readComSetupSection(const QStringList& lines, ComSetupSection& section) {
     return readSection(lines, "[ComSetup Form]", firstLines(6), CutAtEqualSign,
                        [&](int place, const QString& value) {

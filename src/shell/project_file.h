@@ -92,7 +92,6 @@ struct SectionRead {
 };
 
 // Sections of default.prj. A record whose section does not exist stays as it was.
-SectionRead readLanguageSection(const QStringList& lines, quint8& LanguageIndex);  // English on an error
 SectionRead readComSetupSection(const QStringList& lines, ComSetupSection& section);
 SectionRead readTrendSection(const QStringList& lines, TrendSection& section);
 SectionRead readMonitorSection(const QStringList& lines, MonitorSection& section);

@@ -183,6 +183,21 @@ BoxAnswer ShellOperator::ask(QMessageBox& message, BoxButtons buttons, const Box
     return answerOf(pressed, buttons);
 }
 
+void ShellOperator::keepKind(const QString& path) {
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix.isEmpty()) return;
+    m_lastKinds.removeAll(suffix);
+    m_lastKinds.prepend(suffix);
+}
+
+// Who has just saved a table looks for a file of the same kind.
+QString ShellOperator::kindToBeginWith(const QStringList& nameFilters) const {
+    for (const QString& suffix : m_lastKinds)
+        for (const QString& kind : nameFilters)
+            if (kind.contains(QStringLiteral("*.") % suffix, Qt::CaseInsensitive)) return kind;
+    return nameFilters.value(0);
+}
+
 std::optional<ShellOperator::ChosenFile> ShellOperator::askFile(QFileDialog::AcceptMode mode,
                                                                 const QString& filter) {
     QFileDialog dialog(windowInFront());
@@ -193,10 +208,9 @@ std::optional<ShellOperator::ChosenFile> ShellOperator::askFile(QFileDialog::Acc
     dialog.setIconProvider(&fileKinds());
     if (!lastFolder.isEmpty()) dialog.setDirectory(lastFolder);
     if (const QString name = std::exchange(suggestedName, {}); !name.isEmpty()) dialog.selectFile(name);
-    if (mode == QFileDialog::AcceptOpen) dialog.selectNameFilter(m_lastOpened.value(filter));
+    if (mode == QFileDialog::AcceptOpen) dialog.selectNameFilter(kindToBeginWith(dialog.nameFilters()));
     dialog.exec();
     goBackTo(dialog.parentWidget());
-    if (mode == QFileDialog::AcceptOpen) m_lastOpened[filter] = dialog.selectedNameFilter();
     if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     lastFolder = dialog.directory().absolutePath();
     return ChosenFile{dialog.selectedFiles().first(),
@@ -205,6 +219,7 @@ std::optional<ShellOperator::ChosenFile> ShellOperator::askFile(QFileDialog::Acc
 
 std::optional<QString> ShellOperator::openFile(const QString& filter) {
     const std::optional<ChosenFile> chosen = askFile(QFileDialog::AcceptOpen, filter);
+    if (chosen) keepKind(chosen->path);
     return chosen ? std::optional(chosen->path) : std::nullopt;
 }
 
@@ -215,6 +230,7 @@ std::optional<QString> ShellOperator::saveFile(const QString& filter, const QStr
         if (!chosen) return {};
         const QStringList suffixes = suffix.split(QLatin1Char('|'));
         const QString path = withSuffix(chosen->path, suffixes.value(chosen->filter, suffixes.first()));
+        keepKind(path);
         if (!QFileInfo::exists(path)) return path;
         if (yes(m_lang.MsgStr(Message::OverwriteFile), title.isEmpty() ? QStringLiteral("Cofirm") : title,
                 BoxIcon::Exclamation))

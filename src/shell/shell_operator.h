@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QFileDialog>
-#include <QHash>
 #include <QMessageBox>
 #include <functional>
 
@@ -39,8 +38,10 @@ class ShellOperator final : public Operator {
         qsizetype filter = 0;
     };
     std::optional<ChosenFile> askFile(QFileDialog::AcceptMode mode, const QString& filter);
+    void keepKind(const QString& path);
+    QString kindToBeginWith(const QStringList& nameFilters) const;
     const LangTable& m_lang;
-    QHash<QString, QString> m_lastOpened;  // the kind that was chosen last, by the dialog's filter
+    QStringList m_lastKinds;  // suffixes of opened and saved files, the last one first
 };
 
 // A name with what saveFile() puts behind it.

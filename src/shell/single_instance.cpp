@@ -5,6 +5,10 @@
 #include <QLocalSocket>
 #include <QStandardPaths>
 
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
 namespace kelvane {
 
 namespace {
@@ -12,6 +16,15 @@ namespace {
 constexpr int AnswerMs = 2000;
 const QByteArray Question = "Kelvane: come forward\n";
 const QByteArray Answer = "Kelvane: coming\n";
+
+// A number where there is one, since several users may have no home of their own.
+QString userName() {
+#ifdef Q_OS_UNIX
+    return QString::number(::getuid());
+#else
+    return QFileInfo(QDir::homePath()).owner();
+#endif
+}
 
 QString lockPath(const QString& path) { return path % QStringLiteral(".lock"); }
 
@@ -27,8 +40,7 @@ SingleInstance::SingleInstance(const QString& path, QObject* parent)
 QString SingleInstance::ownPath() {
     const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     if (!runtime.isEmpty()) return QDir(runtime).filePath(QStringLiteral("orlan-kelvane"));
-    return QDir(QDir::tempPath())
-        .filePath(QStringLiteral("orlan-kelvane-") % QFileInfo(QDir::homePath()).owner());
+    return QDir(QDir::tempPath()).filePath(QStringLiteral("orlan-kelvane-") % userName());
 }
 
 void SingleInstance::answer() {

@@ -25,7 +25,8 @@ class SingleInstance : public QObject {
     // Plain words with the file that is in the way; empty when nothing is.
     const QString& problem() const { return m_problem; }
 
-    // In the runtime folder of the user; without one in the folder for temporary files, with the user's name.
+    // In the runtime folder of the user; without one in the folder for temporary files, with the user's
+    // number.
     static QString ownPath();
 
    Q_SIGNALS:

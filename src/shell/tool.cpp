@@ -212,7 +212,6 @@ void Tool::OpenTransparentButtonClick() {
     if (read.Trend.taken > 0) takeTrendBoxes(trend, named.ChComboBox, named.ChannelWidth);
     if (read.Monitor.taken > 0) defaults.Monitor = named.Monitor;
     if (read.Trend.taken > 0) defaults.Trend.ChComboBox = named.ChComboBox;
-    if (read.QuickSetup.taken > 0) quickSetup.takeProject(named.QuickSetup.SlotFileValue);
     Q_EMIT projectOpened();
     if (!read.ok()) {
         site.person.tell(*path % QStringLiteral(": ") % read.error, ErrorTitle, BoxIcon::Stop);

@@ -23,6 +23,15 @@ namespace {
 constexpr std::array<const char*, 10> QtNames{"zh_TW", "zh_CN", "de",    "en", "fr",
                                               "ja",    "ko",    "pt_BR", "ru", "es"};
 
+// What a place of a pattern may hold. " of " or " to " alone stand in many a sentence: only figures are
+// joined by them.
+QString placeFor(const QString& english, const QRegularExpression& place) {
+    const QString own = QString(english).remove(place);
+    constexpr int Preposition = 3;
+    const auto letters = std::count_if(own.begin(), own.end(), [](QChar c) { return c.isLetter(); });
+    return letters > 0 && letters <= Preposition ? QStringLiteral("([^\\p{L}]+?)") : QStringLiteral("(.+?)");
+}
+
 QString unescaped(QString text) { return text.replace(QLatin1String("\\n"), QLatin1String("\n")); }
 
 // What a person typed or a list holds is nobody's to translate.
@@ -65,12 +74,12 @@ void TextCatalogue::read(const QByteArray& bytes) {
 
 void TextCatalogue::addPattern(const QString& english, const QString& text) {
     static const QRegularExpression place(QStringLiteral("%([1-9])"));
+    const QString value = placeFor(english, place);
     Pattern pattern{{}, {}, text, english.size()};
     QString expression;
     qsizetype from = 0;
     for (const QRegularExpressionMatch& found : place.globalMatch(english)) {
-        expression += QRegularExpression::escape(english.mid(from, found.capturedStart() - from)) %
-                      QStringLiteral("(.+?)");
+        expression += QRegularExpression::escape(english.mid(from, found.capturedStart() - from)) % value;
         pattern.places += found.captured(1).toInt();
         pattern.letters -= found.capturedLength();
         from = found.capturedEnd();

@@ -1,7 +1,6 @@
 #include "spreadsheet/biff_stream.h"
 
 #include <algorithm>
-#include <bit>
 
 #include "spreadsheet/biff_records.h"
 
@@ -26,11 +25,6 @@ quint16 BodyReader::u16() {
 quint32 BodyReader::u32() {
     const quint32 low = u16();
     return low | static_cast<quint32>(u16()) << 16;
-}
-
-double BodyReader::f64() {
-    const quint64 low = u32();
-    return std::bit_cast<double>(low | static_cast<quint64>(u32()) << 32);
 }
 
 void BodyReader::skip(quint32 bytes) {

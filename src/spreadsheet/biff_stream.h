@@ -19,7 +19,6 @@ class BodyReader {
     quint8 u8();
     quint16 u16();
     quint32 u32();
-    double f64();
     void skip(quint32 bytes);
     QString shortText() { return text(u8()); }  // with a count of one byte
     QString longText() { return text(u16()); }

@@ -278,7 +278,7 @@ QString workbookFault(const Workbook& workbook) {
 
 BiffResult writeBiff(const Workbook& workbook) {
     if (const QString fault = workbookFault(workbook); !fault.isEmpty()) return {false, fault, {}};
-    const BiffResult stream = workbookStream(workbook);
+    BiffResult stream = workbookStream(workbook);
     if (!stream.ok) return stream;
     const StreamResult file = writeCompoundFile(QStringLiteral("Workbook"), stream.bytes);
     return {file.ok, file.error, file.bytes};

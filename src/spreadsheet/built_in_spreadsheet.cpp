@@ -27,7 +27,7 @@ class BuiltInSpreadsheet : public SpreadsheetApplication {
     }
 
     FileResult close(bool save) override {
-        const FileResult result = save ? saved() : FileResult{};
+        FileResult result = save ? saved() : FileResult{};
         quit();
         return result;
     }

@@ -159,15 +159,6 @@ QIcon treeImage(int index) {
 
 QIcon applicationIcon() { return QIcon(new TonedIconEngine(QStringLiteral("kelvane.svg"))); }
 
-QPixmap familyPicture(quint8 DriveFamily, QSize size, qreal devicePixelRatio) {
-    const QString path = familyPath(DriveFamily);
-    return path.isEmpty() ? QPixmap() : rendered(drawing(path), size, devicePixelRatio);
-}
-
-QPixmap logoPicture(QSize size, qreal devicePixelRatio) {
-    return rendered(logoDrawing(QGuiApplication::palette()), size, devicePixelRatio);
-}
-
 PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }

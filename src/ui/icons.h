@@ -34,12 +34,6 @@ QString iconName(Icon which);
 QIcon treeImage(int index);
 QIcon applicationIcon();
 
-// A drawing of the family's drive; null for a number that is no family. Sizes are in device-independent
-// pixels, the drawing keeps its proportions inside.
-QPixmap familyPicture(quint8 DriveFamily, QSize size = {160, 200}, qreal devicePixelRatio = 1);
-// Name and motif of the tool for splash and main window; text in the palette's colour.
-QPixmap logoPicture(QSize size = {420, 140}, qreal devicePixelRatio = 1);
-
 // A picture that keeps its proportions in whatever room it has, sharp at every scale.
 class PictureBox : public QWidget {
     Q_OBJECT

@@ -29,18 +29,5 @@ TEST_P(EveryFamily, NamesAreDistinctAndTidy) {
     }
 }
 
-// The registers by which a tool recognises and follows the drive.
-TEST_P(EveryFamily, IdentityAndMaximumFrequencyAreWhereAToolLooks) {
-    const FamilyData& data = familyData(GetParam());
-    const auto rowAt = [&](int address) {
-        return data.groups[size_t(address >> 8)].rows[size_t(address & 0xFF)];
-    };
-    const int identity = GetParam() == Family::Rowan ? 0x50 : GetParam() == Family::Osier ? 0x0700 : 0x0000;
-    EXPECT_EQ(rowAt(identity).value, data.modelCode);
-    EXPECT_TRUE(rowAt(identity).flags & rowAt(identity + 1).flags & ReadOnly);
-    EXPECT_EQ(rowAt(identity + 1).unit, "A");
-    EXPECT_EQ(rowAt(GetParam() == Family::Rowan ? 0x03 : 0x0100).dot, 2);
-}
-
 }  // namespace
 }  // namespace kelvane::drive

@@ -173,20 +173,6 @@ TEST(Line, FaultsTakeEffectInTheDriveOrNot) {
     EXPECT_EQ(host.ask("FF0620010064"), host.good("FF0620010064"));
 }
 
-TEST(Line, ChanceIsTheSameOnEveryRun) {
-    const auto lost = [](uint32_t seed) {
-        FaultPlan plan;
-        plan.setSeed(seed);
-        plan.setChance(LineFault::Silent, 10);
-        std::vector<LineFault> faults(10000);
-        for (LineFault& fault : faults) fault = plan.next();
-        return faults;
-    };
-    EXPECT_EQ(lost(1), lost(1));
-    EXPECT_NE(lost(1), lost(2));
-    EXPECT_NEAR(double(std::ranges::count(lost(1), LineFault::Silent)), 1000, 150);
-}
-
 TEST(PracticePort, NeverCallsBackFromInsideACallNorIntoItsOwnHandler) {
     Host host(lineOf(LineMode::Rtu));
     PracticePort& port = host.station.port;
@@ -224,25 +210,6 @@ TEST(PracticePort, HoldsBackWhenItCanUntilItIsToldToGoOn) {
         ASSERT_EQ(host.bursts.size(), 1u);
         EXPECT_EQ(host.bursts.front().second, host.good(Refused));
     }
-}
-
-TEST(PracticePort, ClosesWithoutLeftovers) {
-    Host host(lineOf(LineMode::Rtu));
-    PracticePort& port = host.station.port;
-    host.ask(Command);
-    host.bursts.clear();
-    host.send(Command);
-    port.close();
-    EXPECT_FALSE(port.PutBlock("x"));
-    host.clock.advance(2000);
-    EXPECT_TRUE(port.open());
-    host.clock.advance(2000);
-    EXPECT_TRUE(host.bursts.empty());
-    port.close();
-    port.failOpen();
-    EXPECT_FALSE(port.open());
-    EXPECT_FALSE(port.openError().isEmpty());
-    EXPECT_TRUE(port.open());
 }
 
 TEST(PracticePort, LosesAnUnpluggedDriveAndFindsItAgain) {

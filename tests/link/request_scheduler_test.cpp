@@ -165,6 +165,32 @@ TEST_F(WaitStep, LetsTheKnownRestOfAReplyGatherInAPortThatCan) {
     }
 }
 
+// A line that hears itself, and a byte behind a reply: a port that holds back tells the same of them as one
+// that cannot, instead of swallowing into one reply what follows.
+TEST_F(WaitStep, EchoesAndTrailingBytesEndAsInAPortThatCannotHoldBack) {
+    const auto told = [this](LinkMode mode, const QByteArray& heard, bool holdsBack) {
+        start(static_cast<quint8>(mode));
+        history.clear();
+        cycles = 0;
+        port.canHoldBack = holdsBack;
+        link.ActiveFunction = OwnerParameter;
+        ask(12, "FF030100000F");
+        passRequest();
+        for (const char byte : heard.isEmpty() ? port.written.back() : heard) {
+            port.arrive(QByteArray(1, byte));
+            clock.advanceUs(port.line.wireTimeUs(1));
+        }
+        clock.advance(8);  // the drive's own pause before its answer
+        return QStringList(history) << QString::number(cycles);
+    };
+    const QString record = "FF031E" + QString(60, '0');
+    for (const LinkMode mode : {LinkMode::Ascii, LinkMode::Rtu}) {
+        EXPECT_EQ(told(mode, {}, true), told(mode, {}, false)) << int(mode);
+        const QByteArray reply = buildFrame(mode, record, FrameCheck::Standard).wire;
+        EXPECT_EQ(told(mode, reply + '\0', true), told(mode, reply + '\0', false)) << int(mode);
+    }
+}
+
 TEST_F(WaitStep, CountsTheSilenceOfABrokenOffReplyFromTheEndOfTheRest) {
     start(1);
     port.canHoldBack = true;
@@ -310,7 +336,9 @@ TEST_F(Reply, AsksAfterABadChecksumDuringIdentification) {
     link.TxTimer.setEnabled(true);
     const QString question = "Checksum Error !!\nWould you want to try again ?";
     send();
-    person.expectBox(question, "Cofirm", BoxAnswer::Retry, [this] { EXPECT_TRUE(link.Lamp.green); });
+    bool shownGreen = false;
+    QObject::connect(&link, &RequestScheduler::changed, [&] { shownGreen = link.Lamp.green; });
+    person.expectBox(question, "Cofirm", BoxAnswer::Retry, [&] { EXPECT_TRUE(shownGreen); });
     port.arrive(BadFrame);
     EXPECT_EQ(send(), "FF0321100003");
     EXPECT_EQ(person.lastIcon, BoxIcon::Stop);

@@ -9,20 +9,6 @@ namespace {
 const char* const PuMode =
     "The baudrate and protocol will be changed to PU mode.\nPlease make sure keypad had connected to PC !";
 
-TEST(KeypadSource, AsksForThePasswordUntilItsMarkIsSet) {
-    ParameterLinkBench b;
-    int asked = 0;
-    QObject::connect(&b.session.keypad, &KeypadSource::passwordWanted, [&] { ++asked; });
-    b.session.keypad.ReadfromKeypadClick();
-    EXPECT_EQ(asked, 1);
-    b.screen.ReadfromKeypadChecked = true;
-    b.person.expectBox(PuMode, "Warning", BoxAnswer::Cancel);
-    b.session.keypad.ReadfromKeypadClick();
-    EXPECT_EQ(b.person.lastButtons, BoxButtons::OkCancel);
-    EXPECT_EQ(b.link.DriveStatus.DriveFamily, 4);
-    EXPECT_EQ(b.send(), "");
-}
-
 TEST(KeypadSource, ReadsValuesOnly) {
     ParameterLinkBench b;
     b.reader.ReadDriveTransparentButtonClick();
@@ -97,28 +83,6 @@ TEST(ParameterSession, WriteAsksForTheSourceWhenBothTablesAreOpen) {
     EXPECT_EQ(b.writer.AdvStringGrid1.cell(column::PrNo, 1), "01-00");
 }
 
-TEST(ParameterSession, WrittenValuesReachSubTableMarksAndSummary) {
-    ParameterLinkBench b;
-    b.reader.ReadDriveTransparentButtonClick();
-    b.readAll();
-    b.session.ParaTreeViewChange(TableSide::Drive, 2);
-    EXPECT_TRUE(b.screen.driveSubShown);
-    EXPECT_EQ(b.session.SubDriveAdvStringGrid.cell(column::PrNo, 1), "01-00");
-    b.session.driveHistory.edit([&] {
-        b.table.grid.setCell(column::Data, 5, "50.00");
-        b.table.grid.setCheckBox(5, true);
-    });
-    EXPECT_TRUE(b.table.grid.edited(5));
-    b.session.WriteCheckTransparentButtonClick();
-    EXPECT_EQ(b.session.writeSummaryLine(), "1 of 1 differ from what the drive held");
-    b.pressOk();
-    b.writeAll(5000);
-    EXPECT_FALSE(b.table.grid.edited(5));
-    EXPECT_EQ(b.session.SubDriveAdvStringGrid.cell(column::Data, 1), "50.00");
-    b.session.WriteCheckTransparentButtonClick();
-    EXPECT_EQ(b.session.writeSummaryLine(), "0 of 1 differ from what the drive held");
-}
-
 TEST(ParameterSession, ClosedAndOpenedAgainIsBare) {
     ParameterLinkBench b;
     b.link.DriveStatus.ReservedEnabled = 1;
@@ -126,14 +90,6 @@ TEST(ParameterSession, ClosedAndOpenedAgainIsBare) {
     b.reader.ShowReservedParametersClick();
     b.readAll();
     b.session.ParaTreeViewChange(TableSide::Drive, 1);
-    QList<ParameterTab> saved;
-    std::function<void()> goOn;
-    b.session.choices.chooseTab = [&](const QString&, const std::vector<ParameterTab>& tabs, int selected,
-                                      const TableChoices::ThenTab& then) {
-        saved += tabs[static_cast<size_t>(selected)];
-        goOn = [then] { then(std::nullopt); };
-    };
-
     b.session.FormClose();
     b.session.opened();
     ParameterScreen bare;
@@ -142,19 +98,6 @@ TEST(ParameterSession, ClosedAndOpenedAgainIsBare) {
     EXPECT_EQ(b.screen, bare);
     EXPECT_EQ(b.table.grid.RowCount(), 2);
     EXPECT_EQ(b.table.grid.cell(column::PrNo, 1), "");
-
-    b.reader.ReadDriveTransparentButtonClick();
-    b.readAll();
-    b.person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::Yes);
-    b.session.closeTableClick(TableSide::Drive);
-    EXPECT_EQ(saved, QList<ParameterTab>{ParameterTab::Drive});
-    EXPECT_TRUE(b.screen.DriveTabSheetVisible);
-    goOn();
-    EXPECT_TRUE(b.screen.DriveTabSheetVisible) << "nothing was saved";
-    b.person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::No);
-    b.session.closeTableClick(TableSide::Drive);
-    EXPECT_EQ(b.screen.driveRoot, (TreeRoot{"Drive", {}, false}));
-    EXPECT_FALSE(b.screen.DriveTabSheetVisible);
 }
 
 }  // namespace

@@ -261,7 +261,10 @@ TEST(Translations, FindTextsOfEnginesByTheirWords) {
               QString::fromUtf8("/mnt/x.txt: der Datenträger ist voll"));
     EXPECT_EQ(inLanguage("1 difference. Rows that could not be compared: 2 of the drive, 0 of the file."),
               QString::fromUtf8("1 Unterschied. Nicht vergleichbare Zeilen: 2 des Umrichters, 0 der Datei."));
-    EXPECT_EQ(inLanguage("Initial drive failed !!"), "Initial drive failed !!");
+    EXPECT_EQ(inLanguage("7 of 198"), "7 von 198");
+    for (const char* whole : {"Initial drive failed !!", "Please Check the Parameter(s) You want to Write",
+                              "The red color font of parameter(s) means that can't be set in running."})
+        EXPECT_EQ(inLanguage(whole), whole);
     translations.choose(4, folder);
     EXPECT_EQ(inLanguage("1 difference."), "1 difference.");
     EXPECT_EQ(inLanguage(""), "");

@@ -199,13 +199,18 @@ TEST(MainForm, HoldsTheSettingsOfAProjectBackWhileOnLine) {
 }
 
 // A file made by hand may say anything; the line has bytes of eight bits all the same.
-TEST(MainForm, TakesEightDataBitsForRtuFromAnyProject) {
+TEST(MainForm, TakesEightDataBitsForRtuFromAnyProjectAndSaysWhyAPortDoesNotOpen) {
     DefaultProject made;
+    made.ComSetup.ComPortComboBox = "1";  // of no use on this bench
     made.ComSetup.ModeComboBox = "RTU";
     made.ComSetup.DataBitsComboBox = "7";
     ShellBench bench(defaultProjectBytes(made));
     EXPECT_EQ(bench.tool->linkPort.settings().DataBits, 8);
     EXPECT_EQ(bench.tool->comSetup.shown.DataBitsComboBox, "8");
+    EXPECT_FALSE(bench.tool->linkPort.open());
+    ASSERT_FALSE(bench.tool->linkPort.openError().isEmpty());
+    EXPECT_TRUE(
+        bench.find<QPlainTextEdit>("MessageMemo")->toPlainText().contains(bench.tool->linkPort.openError()));
 }
 
 TEST(MainForm, StartsWithTheInstalledProjectUntilItHasOneOfItsOwn) {
@@ -213,6 +218,8 @@ TEST(MainForm, StartsWithTheInstalledProjectUntilItHasOneOfItsOwn) {
     installed.ComSetup.ComPortComboBox = "20";
     ShellBench bench(defaultProjectBytes(installed), "../share/kelvane/default.prj");
     EXPECT_EQ(bench.tool->comSetup.shown.ComPortComboBox, "20");
+    ShellBench workshop("19=practice:Tilia\n", "../share/kelvane/serial_ports.txt");
+    EXPECT_EQ(workshop.tool->ports.target(19).family, Family::Tilia) << "and with the workshop's ports";
 }
 
 TEST(MainForm, SetsTheMarkOfTheLanguageMenuBackWhenTheFileIsMissing) {
@@ -262,6 +269,9 @@ TEST_F(Instances, ANeighboursSocketOrLockDoesNotEndTheProgramInSilence) {
     SingleInstance nowhere(dir.filePath("absent/socket"));
     EXPECT_EQ(nowhere.start(), SingleInstance::Start::Unclear);
     EXPECT_TRUE(nowhere.problem().contains(dir.filePath("absent/socket")));
+    SingleInstance deaf(dir.filePath(QString(150, 'x')));  // longer than the name of a socket may be
+    EXPECT_EQ(deaf.start(), SingleInstance::Start::Unclear);
+    EXPECT_FALSE(deaf.problem().isEmpty());
 }
 
 // Every row that is built is found under its name, in the order of the table; every entry has its item, and

@@ -63,8 +63,6 @@ TEST(DefaultProjectFile, IsWrittenToTheByte) {
 TEST(DefaultProjectFile, ComesBackSectionBySection) {
     const QStringList lines = projectLines(DefaultFile);
     DefaultProject read;
-    read.LanguageIndex = 9;
-    EXPECT_EQ(readLanguageSection(lines, read.LanguageIndex).taken, 1);
     EXPECT_EQ(readComSetupSection(lines, read.ComSetup).taken, 6);
     EXPECT_EQ(readTrendSection(lines, read.Trend).taken, 16);
     EXPECT_EQ(readMonitorSection(lines, read.Monitor).taken, 4);
@@ -111,19 +109,6 @@ TEST(DefaultProjectFile, StopsAtDamageWithWhatWasReadInForce) {
     read = readMonitorSection(projectLines(""), monitor);
     EXPECT_TRUE(read.ok() && !read.found);
     EXPECT_EQ(monitor, (MonitorSection{1, 2, 3, 4}));
-}
-
-TEST(DefaultProjectFile, KeepsTheLanguageNumberOneByteWide) {
-    const std::pair<const char*, int> cases[] = {
-        {"[Language]\nLangID=9", 9},    {"[Language]\nLangID=260", 4},
-        {"[Language]\nLangID=x", 4},    {"[Language]", 4},
-        {"[Language]\nLangID=", 4},     {"[language]\nLangID=9", 2},
-        {"[Language]\nLangID=255", 255}};
-    for (const auto& [file, expected] : cases) {
-        quint8 LanguageIndex = 2;
-        readLanguageSection(projectLines(file), LanguageIndex);
-        EXPECT_EQ(LanguageIndex, expected) << file;
-    }
 }
 
 TEST(DefaultProjectFile, KeepsEveryUnknownParityLetterAsTheThirdItem) {

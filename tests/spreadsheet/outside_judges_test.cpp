@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <optional>
 #include <set>
@@ -150,23 +149,6 @@ TEST_P(JudgedRows, ParameterTableArrivesWithItsLooks) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, JudgedRows, testing::Values(1, 28, 29, 30, 300, 1500));
-
-// An office program opens the file and gives its first sheet back as comma separated text.
-TEST(OutsideJudges, LibreOfficeOpensIt) {
-    const QString office = QStandardPaths::findExecutable(QStringLiteral("soffice"));
-    if (office.isEmpty()) GTEST_SKIP() << "LibreOffice is not installed";
-    const SavedWorkbook saved(parameterWorkbook(2, 28));
-    QProcess converter;
-    converter.start(office,
-                    {QStringLiteral("--headless"),
-                     QStringLiteral("-env:UserInstallation=file://") + saved.folder.filePath("profile"),
-                     QStringLiteral("--convert-to"), QStringLiteral("csv"), QStringLiteral("--outdir"),
-                     saved.folder.path(), saved.path()});
-    ASSERT_TRUE(converter.waitForFinished(120000));
-    const FileContent csv = readWhole(saved.folder.filePath(QStringLiteral("x.csv")));
-    ASSERT_TRUE(csv.ok) << csv.error.toStdString() << converter.readAllStandardError().toStdString();
-    EXPECT_TRUE(csv.bytes.startsWith("Model,Larch\n")) << csv.bytes.left(80).toStdString();
-}
 
 TEST(OutsideJudges, TextsOfEveryKindArriveWhole) {
     Workbook book = textWorkbook();

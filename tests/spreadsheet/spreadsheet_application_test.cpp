@@ -81,16 +81,6 @@ TEST_F(SpreadsheetTest, AFailedOperationWritesNothing) {
     EXPECT_FALSE(application->close(true).ok);
 }
 
-TEST_F(SpreadsheetTest, FilesThatCannotBeOpenedOrSaved) {
-    EXPECT_FALSE(application->openWorkbook(path("missing.xls")).ok);
-    ASSERT_TRUE(writeWhole(path("text.xls"), "Larch|2.05").ok);
-    const FileResult opened = application->openWorkbook(path("text.xls"));
-    EXPECT_TRUE(opened.error.contains(QStringLiteral("text.xls"))) << opened.error.toStdString();
-    EXPECT_EQ(application->value(1, 1), QString());
-    application->addWorkbook(path("no such folder/x.xls"));
-    EXPECT_FALSE(application->close(true).ok);
-}
-
 TEST(SpreadsheetRoundTrip, SavedWorkbooksComeBackCellForCell) {
     for (const int rows : {1, 31, 32, 33, 300, 1500}) {
         const Workbook book = parameterWorkbook(2, rows);

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QProgressBar>
 #include <QScreen>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -171,6 +172,8 @@ void TWriteCheckForm::follow(bool shown) {
         sumUp();
         showRecord();
         AdvStringGrid1->setCurrentCell(column::PrNo, 1);
+        // The window is not laid out yet, and the cell alone would push the boxes out of sight.
+        AdvStringGrid1->horizontalScrollBar()->setValue(0);
         AdvStringGrid1->setFocus();
     }
     setVisible(shown);

@@ -132,7 +132,7 @@ bool ParameterWriter::passesOver() const {
 std::optional<QString> ParameterWriter::nextCommand() {
     if (!isAspen() && WriteRow == 0) return QString::fromLatin1(OpeningCommand);
     if (!isAspen() && WriteRow == rowCount()) return QString::fromLatin1(ClosingCommand);
-    const std::optional<QString> command = writeCommand(AdvStringGrid1, WriteRow);
+    std::optional<QString> command = writeCommand(AdvStringGrid1, WriteRow);
     if (!command) return std::nullopt;
     form.PrLabel = QStringLiteral("Pr. ") % AdvStringGrid1.cell(column::PrNo, WriteRow) %
                    QStringLiteral("   ") % AdvStringGrid1.cell(column::Description, WriteRow);

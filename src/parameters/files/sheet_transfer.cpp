@@ -185,7 +185,7 @@ void writeComparison(SpreadsheetApplication& application, const ComparisonSheet&
 }
 
 FileResult leave(SpreadsheetApplication& application) {
-    const FileResult result = application.close(true);
+    FileResult result = application.close(true);
     application.quit();
     return result;
 }
@@ -335,14 +335,14 @@ bool spreadsheetPresent(const SpreadsheetBackend& backend, Operator& person) {
 
 FileResult saveTableSheets(SpreadsheetApplication& application, const QString& path,
                            const ParameterTable& table, bool RparaAbLED, const TransferProgress& progress) {
-    if (const FileResult made = application.addWorkbook(path); !made.ok) return made;
+    if (FileResult made = application.addWorkbook(path); !made.ok) return made;
     TableSheetWriter(application, table, progress).write(savedGroupCount(table.identity, RparaAbLED));
     return leave(application);
 }
 
 FileResult saveComparisonSheet(SpreadsheetApplication& application, const QString& path,
                                const ComparisonSheet& sheet, const TransferProgress& progress) {
-    if (const FileResult made = application.addWorkbook(path); !made.ok) return made;
+    if (FileResult made = application.addWorkbook(path); !made.ok) return made;
     writeComparison(application, sheet, progress);
     return leave(application);
 }

@@ -34,7 +34,7 @@ FileResult TableCopies::write(const ParameterTable& table, bool RparaAbLED, cons
     if (!QDir().mkpath(m_folder))
         return {false, QStringLiteral("The folder %1 cannot be made.").arg(m_folder)};
     m_path = freeName(fileWord(table.identity.model), now);
-    const FileResult written = writeWhole(m_path, writeTableText(table, RparaAbLED, TextFormat::Txt));
+    FileResult written = writeWhole(m_path, writeTableText(table, RparaAbLED, TextFormat::Txt));
     if (written.ok) dropOldest();
     return written;
 }

@@ -71,7 +71,8 @@ void ReportPages::countPages() {
     m_rowsOnFirst = rowsBelow(addColumnHeads(first, addHead(first)));
     m_rowsOnOthers = rowsBelow(lineHeight());
     const int rest = std::max(0, static_cast<int>(m_report.records.size()) - m_rowsOnFirst);
-    m_pages.resize(static_cast<size_t>(1 + (rest + m_rowsOnOthers - 1) / m_rowsOnOthers));
+    const int others = (rest + m_rowsOnOthers - 1) / m_rowsOnOthers;
+    m_pages.resize(1 + static_cast<size_t>(others));
 }
 
 const ReportPage& ReportPages::page(int index) const {

@@ -144,6 +144,7 @@ void SubTable::passOn(const std::vector<int>& rows) {
 void SubTable::passOnAllCheckBoxes() {
     const RowIndex rows(m_main.grid);
     std::vector<int> all;
+    all.reserve(static_cast<size_t>(grid.RowCount()));
     for (int row = 1; row < grid.RowCount(); ++row) all.push_back(rows.rowOf(grid, row));
     m_history.edit(all, [&] {
         for (size_t i = 0; i < all.size(); ++i)

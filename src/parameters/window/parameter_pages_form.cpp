@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/display_label.h"
 #include "ui/icons.h"
@@ -17,6 +18,15 @@ namespace kelvane {
 namespace {
 
 constexpr int IdentityCharacters = 14;
+
+// As wide as its text on a small screen, where the names in the tree want the room.
+class IdentityLabel final : public VrLabel {
+   public:
+    using VrLabel::VrLabel;
+    QSize minimumSizeHint() const override {
+        return {std::min(QLabel::sizeHint().width(), sizeHint().width()), sizeHint().height()};
+    }
+};
 constexpr int InfoRows = 3;
 constexpr int MostDescriptionCharacters = 40;  // names have sixteen, but values should stand near them
 
@@ -115,7 +125,7 @@ void TableSheet::buildIdentity(QVBoxLayout* column) {
 
 VrLabel* TableSheet::addLabel(QGridLayout* header, int row, int column, const char* name,
                               const QString& caption) {
-    auto* label = new VrLabel(this);
+    auto* label = new IdentityLabel(this);
     label->setObjectName(QLatin1String(name));
     label->setCharacters(IdentityCharacters);
     auto* captionLabel = new QLabel(caption, this);

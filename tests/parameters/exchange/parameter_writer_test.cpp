@@ -328,14 +328,19 @@ TEST(ParameterWriter, ReadBackThatCannotGoOnLetsThePersonOut) {
 }
 
 TEST(ParameterWriter, ClosingInTheMiddleLeavesACleanLink) {
-    ParameterLinkBench b(Larch);
-    b.openTable({"60.00"});
-    b.session.WriteCheckTransparentButtonClick();
-    b.pressOk();
-    b.send();
-    b.session.FormClose();
-    EXPECT_FALSE(b.writer.form.shown || b.link.RxTimer.Enabled());
-    EXPECT_TRUE(b.link.TaskQueue.empty());
+    for (const bool abortFirst : {false, true}) {
+        ParameterLinkBench b(Larch);
+        b.openTable({"60.00"});
+        b.session.WriteCheckTransparentButtonClick();
+        b.pressOk();
+        b.send();
+        if (abortFirst) b.person.expectLinkFailure("Communication Timeout", true, LinkAnswer::Abort);
+        for (int i = 0; abortFirst && i < 5; ++i) b.staySilent();
+        b.session.FormClose();
+        EXPECT_FALSE(b.writer.form.shown || b.link.RxTimer.Enabled());
+        EXPECT_TRUE(b.link.TaskQueue.empty());
+        EXPECT_EQ(b.link.Notice.LinkAction, 0) << "it would be the next reply's";
+    }
 }
 
 TEST(ParameterWriter, KeepsReadBackUnsigned) {
@@ -345,24 +350,6 @@ TEST(ParameterWriter, KeepsReadBackUnsigned) {
     b.pressOk();
     EXPECT_EQ(b.writeAll(0xFFF4)[1], "FF060100FFF4");
     EXPECT_EQ(b.table.grid.cell(column::Data, 2), "655.24");
-}
-
-TEST(ParameterWriter, SummaryCountsWhatDiffers) {
-    ParameterLinkBench b(Larch);
-    b.openTable({"60.00", "15.00", "7.00"});
-    b.table.grid.setCell(column::Attribute, 3, "Read-Only");
-    const auto heldByDrive = [](int row) {
-        return row < 3 ? std::optional<QString>(row == 1 ? "60.00" : "14.00") : std::nullopt;
-    };
-    b.session.WriteCheckTransparentButtonClick();
-    const StringGrid& list = b.writer.AdvStringGrid1;
-    EXPECT_EQ(writeSummaryText(writeSummaryOf(list, Family::Larch, Family::Larch, heldByDrive)),
-              "1 of 2 differ from what the drive held; 1 with no value read from the drive; 1 read-only");
-    b.writer.AdvStringGrid1.setCheckBox(2, false);
-    b.writer.AdvStringGrid1.setCheckBox(3, false);
-    EXPECT_EQ(writeSummaryText(writeSummaryOf(list, Family::Tilia, Family::Larch, heldByDrive)),
-              "0 of 1 differ from what the drive held; "
-              "the table is of the family Tilia, the drive of the family Larch");
 }
 
 }  // namespace

@@ -115,8 +115,6 @@ TEST_F(SheetTransfer, KeepsRowanOnOneSheetWithARowMoreForItsReservedGroup) {
     EXPECT_EQ(loaded.grid.cell(column::Description, 3), "Reserved");
     EXPECT_EQ(loaded.grid.RowCount(), 5);
     EXPECT_FALSE(loaded.grid.hasCheckBox(4));
-    ASSERT_TRUE(saveTableSheets(*application, path, loaded, false, {}).ok);
-    EXPECT_EQ(readBiff(readWhole(path).bytes).workbook, first);
 }
 
 // What a spreadsheet program leaves of a value that a person typed anew: a number, without the places it had.
@@ -160,14 +158,6 @@ TEST_F(SheetTransfer, NumbersGetThePlacesOfTheirRow) {
     }
 }
 
-TEST_F(SheetTransfer, GivesEveryGroupRowASheetWhateverTheIdentitySays) {
-    table.identity.groupCount = 1;
-    const Workbook book = saved();
-    ASSERT_EQ(book.sheets.size(), 3U);
-    EXPECT_EQ(book.sheets[2].name, "Group 1");
-    EXPECT_EQ(text(book.sheets[2], 4, 2), "01-00");
-}
-
 TEST_F(SheetTransfer, WritesAndLoadsAComparison) {
     ComparisonSheet sheet;
     ParameterTable none;
@@ -191,13 +181,10 @@ TEST_F(SheetTransfer, WritesAndLoadsAComparison) {
     EXPECT_EQ(page.find(13, 1)->format, (CellFormat{true, false, 0, 0}));
     EXPECT_EQ(page.columns.at(3).width, 20);
 
-    said.clear();
     const LoadedFile file = load();
     ASSERT_TRUE(file.comparison) << file.error.toStdString();
-    EXPECT_EQ(said, QStringList({"Reading Comparison Table", "Process Pr 01-00:  Max. Output Freq"}));
     ComparisonSheet loaded;
     applyComparison(*file.comparison, loaded);
-    EXPECT_EQ(loaded.CompareAdvStringGrid.RowCount(), 3);
     EXPECT_EQ(rowTexts(loaded.CompareAdvStringGrid, 2, 1, 10),
               rowTexts(sheet.CompareAdvStringGrid, 2, 1, 10));
     EXPECT_TRUE(loaded.CompInfoAdvStringGrid.rowHidden(1));

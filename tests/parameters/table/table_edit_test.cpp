@@ -48,16 +48,6 @@ TEST_F(ValueEditing, LeavesATableAloneThatWentWhileTheEditorWasOpen) {
     EXPECT_EQ(grid.RowCount(), 2);
 }
 
-TEST_F(ValueEditing, HeaderCheckBoxTakesWritableRowsAlong) {
-    ProcessAdvStringGridDblClickCell(grid, 0, 0, person);
-    EXPECT_TRUE(grid.checkBox(0));
-    EXPECT_TRUE(grid.checkBox(5));
-    EXPECT_FALSE(grid.checkBox(3));
-    EXPECT_FALSE(clickCheckBox(grid, 3));
-    EXPECT_TRUE(clickCheckBox(grid, 5));
-    EXPECT_FALSE(grid.checkBox(5));
-}
-
 TEST_F(ValueEditing, IsUndoneStepByStepUntilTheTableIsReadAnew) {
     EditHistory history{grid};
     history.tableRead();

@@ -2,14 +2,15 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QSignalSpy>
 #include <QTest>
 
 #include "parameters/files/table_text_file.h"
 #include "parameters/sample_table.h"
 #include "shell/shell_bench.h"
-#include "ui/lamp.h"
 
 namespace kelvane {
 namespace {
@@ -24,19 +25,11 @@ struct ParameterWiring : ShellBench, testing::Test {
     }
     QAction* item(const char* name) { return find<QAction>(name, &form); }
     void press(QWidget& window, const char* button) { find<QAbstractButton>(button, &window)->click(); }
-    bool fileLit() { return find<AbLED>("FileAbLED", &windows->selParaSourceForm)->isChecked(); }
     void readTable() {
         item("ReadfromDrive")->trigger();
         clock.advance(300);
         EXPECT_TRUE(windows->progressForm.isVisible());
         ASSERT_TRUE(clock.advanceUntil([this] { return session.reader.DriveTableComplete == 1; }, 600000));
-    }
-    void loadSample() {
-        ParameterTable table;
-        test::fillSample(table);
-        const QString path = dir.filePath("t.txt");
-        writeWhole(path, writeTableText(table, false, TextFormat::Txt));
-        ASSERT_TRUE(session.loader.load(path));
     }
 };
 
@@ -56,24 +49,18 @@ TEST_F(ParameterWiring, KeypadPasswordSetsTheMarkAndTheReadStartsOnce) {
     EXPECT_EQ(started.count(), 1);
 }
 
-TEST_F(ParameterWiring, SourceLampIsLitByClosingATabAndGivesTheWriteList) {
+TEST_F(ParameterWiring, SourceOfAWriteIsAskedForAndGivesTheList) {
     readTable();
-    loadSample();
-    EXPECT_FALSE(fileLit());
-    person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::Yes);
-    item("CloseTab")->trigger();
-    ASSERT_TRUE(windows->selParaPrintForm.isVisible());
-    EXPECT_EQ(windows->selParaPrintForm.windowTitle(), "Select Parameter Source to Save");
-    EXPECT_TRUE(fileLit());
-    windows->selParaPrintForm.close();
-    EXPECT_TRUE(session.screen.FileTabSheetVisible);
-
+    ParameterTable table;
+    test::fillSample(table);
+    const QString path = dir.filePath("t.txt");
+    writeWhole(path, writeTableText(table, false, TextFormat::Txt));
+    ASSERT_TRUE(session.loader.load(path));
     item("WriteSelect")->trigger();
     ASSERT_TRUE(windows->selParaSourceForm.isVisible());
     press(windows->selParaSourceForm, "OKTransparentButton");
     ASSERT_TRUE(windows->writeCheckForm.isVisible());
-    EXPECT_EQ(session.writer.AdvStringGrid1.RowCount(), 2);  // the one checked row of the file
-    EXPECT_EQ(session.writer.AdvStringGrid1.cell(column::Data, 1), "50.00");
+    EXPECT_EQ(session.writer.AdvStringGrid1.RowCount(), 2) << "the one checked row of the file in front";
     windows->writeCheckForm.close();
 }
 
@@ -94,6 +81,34 @@ TEST(ShellBoxes, EscapeLeavesTheQuestionWhereNothingMayBeLost) {
     EXPECT_EQ(answerTo(BoxButtons::YesNo, Qt::Key_Escape), BoxAnswer::No);
     EXPECT_EQ(answerTo(BoxButtons::YesNoOrLeave, Qt::Key_Escape), BoxAnswer::Cancel);
     EXPECT_EQ(answerTo(BoxButtons::YesNoOrLeave, Qt::Key_N), BoxAnswer::No);
+}
+
+// By the name that the file will have, and a file that was just saved is in sight when one is opened.
+TEST(ShellBoxes, AsksAboutTheFinalNameAndOpensWithTheLastKind) {
+    const LangTable lang = LangTable::builtInEnglish();
+    ShellOperator person{lang};
+    QTemporaryDir folder;
+    person.lastFolder = folder.path();
+    writeWhole(folder.filePath("mine.xls"), "old");
+    QString name = "mine";
+    QStringList seen;
+    QTimer hand;
+    hand.callOnTimeout([&] {
+        QWidget* asking = QApplication::activeModalWidget();
+        if (auto* files = qobject_cast<QFileDialog*>(asking)) {
+            seen << files->selectedNameFilter();
+            files->findChild<QLineEdit*>("fileNameEdit")->setText(name);
+            static_cast<QDialog*>(files)->accept();
+        } else if (auto* box = qobject_cast<QMessageBox*>(asking)) {
+            seen << box->windowTitle();
+            box->button(QMessageBox::Yes)->click();
+        }
+    });
+    hand.start(0);
+    EXPECT_EQ(person.saveFile(saveFilter(TableFileKind::Spreadsheet), ".xls"), folder.filePath("mine.xls"));
+    name = "mine.xls";
+    EXPECT_EQ(person.openFile(openTableFilter()), folder.filePath("mine.xls"));
+    EXPECT_EQ(seen, (QStringList{"Microsoft Excel Fiels(*.xls)", "Cofirm", "Microsoft Excel Files(*.xls)"}));
 }
 
 TEST_F(ParameterWiring, ComSetupAfterAnAbortedWriteGivesTheLineBackToTheWindow) {
