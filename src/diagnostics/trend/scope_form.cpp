@@ -217,7 +217,9 @@ void TScopeForm::nameBands() {
 
 void TScopeForm::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange) nameBands();
+    if (event->type() != QEvent::LanguageChange) return;
+    showHeads();
+    nameBands();
 }
 
 void TScopeForm::setDriveLabel(const QString& text) { DriveVrLabel->setText(text); }
@@ -343,11 +345,6 @@ void TScopeForm::ButtonTimerTimer() {
 }
 
 // A press and a hold of Up and Down; a click on a colour panel.
-void TScopeForm::changeEvent(QEvent* event) {
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange) showHeads();
-}
-
 bool TScopeForm::eventFilter(QObject* watched, QEvent* event) {
     const QString name = watched->objectName();
     const bool up = name == QLatin1String("UpTransparentButton");

@@ -57,7 +57,6 @@ class TScopeForm : public QMainWindow {
 
    protected:
     void showEvent(QShowEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
