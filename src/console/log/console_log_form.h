@@ -29,6 +29,7 @@ class ConsoleLogView : public QWidget {
     const ConsoleLine* lineAtCaret() const;
 
     AdvanceConsole& m_console;
+    TickTimer m_explainSoon;
     QCheckBox* ErrorsOnlyCheckBox;
     QPlainTextEdit* MsgRichEdit;
     QPlainTextEdit* ExplainMemo;
