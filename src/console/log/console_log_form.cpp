@@ -154,7 +154,9 @@ void ConsoleLogView::onFrontChanged() {
     } else if (front.failed()) {
         putOnTop(front);
     }
-    if (MsgRichEdit->textCursor().blockNumber() == 0) m_explainSoon.setEnabled(true);
+    if (MsgRichEdit->textCursor().blockNumber() != 0) return;
+    const bool due = m_console.site.clock.nowUs() - m_explainedUs >= qint64(ExplainAfter) * 1000;
+    due ? explain() : m_explainSoon.setEnabled(true);
 }
 
 void ConsoleLogView::onOldestGone() {
@@ -187,8 +189,12 @@ void ConsoleLogView::explain() {
     const ConsoleLine* line = lineAtCaret();
     // Of half an exchange there is little to say, and a poll would make it flicker.
     if (line && m_console.log.frontIsOpen() && line == &m_console.log.lines().front()) return;
+    m_explainedUs = m_console.site.clock.nowUs();
     const QString text = line ? m_console.explain(*line) : QString();
-    if (ExplainMemo->toPlainText() != text) ExplainMemo->setPlainText(text);
+    if (ExplainMemo->toPlainText() == text) return;
+    const int seen = ExplainMemo->verticalScrollBar()->value();
+    ExplainMemo->setPlainText(text);
+    ExplainMemo->verticalScrollBar()->setValue(seen);  // so that a poll can be read to its end
 }
 
 void ConsoleLogView::save() {

@@ -30,6 +30,7 @@ class ConsoleLogView : public QWidget {
 
     AdvanceConsole& m_console;
     TickTimer m_explainSoon;
+    qint64 m_explainedUs = 0;
     QCheckBox* ErrorsOnlyCheckBox;
     QPlainTextEdit* MsgRichEdit;
     QPlainTextEdit* ExplainMemo;
