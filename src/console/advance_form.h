@@ -9,6 +9,7 @@
 #include "console/advance_console.h"
 
 class QAction;
+class QActionGroup;
 class QLabel;
 class QMenu;
 class QTabWidget;
@@ -36,7 +37,7 @@ class TAdvanceForm : public QMainWindow {
     void buildMenus();
     void buildPages();
     void buildStatusLine();
-    QAction* addPageAction(QMenu* menu, class QActionGroup* group, const char* name, const QString& text,
+    QAction* addPageAction(QMenu* menu, QActionGroup* group, const char* name, const QString& text,
                            ConsolePage page);
     void connectConsole();
     void askComSetup();

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include "console/connection/console_fields_form.h"
@@ -66,6 +67,10 @@ QWidget* ConnectionForm::buildLeft(QWidget* parent) {
     ConnectionPageControl->setTabToolTip(0, QStringLiteral("Drive control panel"));
     ConnectionPageControl->setTabToolTip(1, QStringLiteral("Command list"));
     ConnectionPageControl->setCornerWidget(buildRowBar());
+    // Beside the tabs for the eye, and so for the Tab key.
+    setTabOrder(ConnectionPageControl->tabBar(), NewTransparentButton);
+    setTabOrder(NewTransparentButton, InsertTransparentButton);
+    setTabOrder(InsertTransparentButton, DelTransparentButton);
     connect(ConnectionPageControl, &QTabWidget::currentChanged, this, [this](int tab) {
         m_console.showConnectionPage(tab == 0 ? ConnectionPage::A : ConnectionPage::B);
     });

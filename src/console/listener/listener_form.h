@@ -7,6 +7,7 @@
 
 class QActionGroup;
 class QDialog;
+class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QRadioButton;
@@ -53,7 +54,7 @@ class ListenerForm : public QWidget {
     QLineEdit* WordCntLabeledEdit;
     TimedMemo* RxMemo;
     QPlainTextEdit* RxExplainMemo;
-    class QLabel* RxNoticeLabel;
+    QLabel* RxNoticeLabel;
     QActionGroup* m_lengths;
     QDialog* FindDialog1;
     QLineEdit* FindEdit;

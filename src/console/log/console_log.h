@@ -27,6 +27,7 @@ class ConsoleLog : public QObject {
     ConsoleLog(RequestScheduler& link, const TickClock& clock);
 
     const std::deque<ConsoleLine>& lines() const { return m_lines; }
+    bool frontIsOpen() const { return m_open; }  // its reply has not come yet
     // All lines, or the failures alone, newest first.
     QString text(bool failuresOnly) const;
     // Empties the log and sets the three counters to 0.

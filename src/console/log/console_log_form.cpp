@@ -18,6 +18,7 @@ namespace kelvane {
 
 namespace {
 
+constexpr int ExplainAfter = 100;  // ms: a poll goes by faster than anybody reads
 const QString TextFilter = QStringLiteral("TXT File(*.txt)|*.txt");
 
 QTextCharFormat formatOf(const ConsoleLine& line, const QPalette& palette) {
@@ -34,7 +35,12 @@ QTextCharFormat formatOf(const ConsoleLine& line, const QPalette& palette) {
 }  // namespace
 
 ConsoleLogView::ConsoleLogView(AdvanceConsole& console, QWidget* parent)
-    : QWidget(parent), m_console(console) {
+    : QWidget(parent),
+      m_console(console),
+      m_explainSoon(console.site.clock, TickKind::RealTime, ExplainAfter, [this] {
+          m_explainSoon.setEnabled(false);
+          explain();
+      }) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     buildBar(column);
@@ -63,7 +69,8 @@ ConsoleLogView::ConsoleLogView(AdvanceConsole& console, QWidget* parent)
     connect(&m_console.log, &ConsoleLog::frontChanged, this, &ConsoleLogView::onFrontChanged);
     connect(&m_console.log, &ConsoleLog::oldestGone, this, &ConsoleLogView::onOldestGone);
     connect(&m_console.log, &ConsoleLog::cleared, this, &ConsoleLogView::rebuild);
-    connect(MsgRichEdit, &QPlainTextEdit::cursorPositionChanged, this, &ConsoleLogView::explain);
+    connect(MsgRichEdit, &QPlainTextEdit::cursorPositionChanged, this,
+            [this] { m_explainSoon.setEnabled(true); });
 }
 
 void ConsoleLogView::buildBar(QVBoxLayout* column) {
@@ -147,7 +154,9 @@ void ConsoleLogView::onFrontChanged() {
     } else if (front.failed()) {
         putOnTop(front);
     }
-    if (MsgRichEdit->textCursor().blockNumber() == 0) explain();
+    if (MsgRichEdit->textCursor().blockNumber() != 0) return;
+    const bool due = m_console.site.clock.nowUs() - m_explainedUs >= qint64(ExplainAfter) * 1000;
+    due ? explain() : m_explainSoon.setEnabled(true);
 }
 
 void ConsoleLogView::onOldestGone() {
@@ -178,8 +187,14 @@ const ConsoleLine* ConsoleLogView::lineAtCaret() const {
 
 void ConsoleLogView::explain() {
     const ConsoleLine* line = lineAtCaret();
+    // Of half an exchange there is little to say, and a poll would make it flicker.
+    if (line && m_console.log.frontIsOpen() && line == &m_console.log.lines().front()) return;
+    m_explainedUs = m_console.site.clock.nowUs();
     const QString text = line ? m_console.explain(*line) : QString();
-    if (ExplainMemo->toPlainText() != text) ExplainMemo->setPlainText(text);
+    if (ExplainMemo->toPlainText() == text) return;
+    const int seen = ExplainMemo->verticalScrollBar()->value();
+    ExplainMemo->setPlainText(text);
+    ExplainMemo->verticalScrollBar()->setValue(seen);  // so that a poll can be read to its end
 }
 
 void ConsoleLogView::save() {

@@ -7,6 +7,7 @@
 
 class QCheckBox;
 class QPlainTextEdit;
+class QVBoxLayout;
 
 namespace kelvane {
 
@@ -16,7 +17,7 @@ class ConsoleLogView : public QWidget {
     explicit ConsoleLogView(AdvanceConsole& console, QWidget* parent = nullptr);
 
    private:
-    void buildBar(class QVBoxLayout* column);
+    void buildBar(QVBoxLayout* column);
     void onLineAdded();
     void onFrontChanged();
     void onOldestGone();
@@ -29,6 +30,8 @@ class ConsoleLogView : public QWidget {
     const ConsoleLine* lineAtCaret() const;
 
     AdvanceConsole& m_console;
+    TickTimer m_explainSoon;
+    qint64 m_explainedUs = 0;
     QCheckBox* ErrorsOnlyCheckBox;
     QPlainTextEdit* MsgRichEdit;
     QPlainTextEdit* ExplainMemo;

@@ -8,6 +8,7 @@
 #include "ui/lamp.h"
 
 class QComboBox;
+class QGridLayout;
 class QLineEdit;
 class QPushButton;
 class QToolButton;
@@ -54,7 +55,7 @@ class ChartPage : public QWidget {
     void showState();
 
    private:
-    void buildChannel(int channel, class QGridLayout* grid);
+    void buildChannel(int channel, QGridLayout* grid);
     void chooseColour(int channel);
     void showColour(int channel);
     void showChannels();
