@@ -150,6 +150,7 @@ void TrendRecords::forgetIndexFrom(qint64 record) const {
 void TrendRecords::indexNewBlocks() const {
     if (m_levels.empty()) m_levels.emplace_back();
     const auto whole = static_cast<size_t>(m_size >> FirstShift);
+    if (whole > 2 * m_levels[0].size()) m_levels[0].reserve(whole);  // of a load, not of a recording
     for (size_t block = m_levels[0].size(); block < whole; ++block) {
         TrendExtremes extremes;
         extremes.add(all().subspan(block << FirstShift, size_t(1) << FirstShift));
