@@ -2,8 +2,9 @@
 
 #include <qcustomplot.h>
 
-#include <QElapsedTimer>
 #include <algorithm>
+
+#include "bench/cpu_time.h"
 
 namespace kelvane {
 
@@ -38,10 +39,9 @@ double qCustomPlotRepaintMs(const TrendData& data, QSize size) {
     plot.show();
     double least = 1e300;
     for (int i = 0; i < 3; ++i) {
-        QElapsedTimer timer;
-        timer.start();
+        const double before = cpuMs();
         plot.replot(QCustomPlot::rpImmediateRefresh);
-        least = std::min(least, double(timer.nsecsElapsed()) / 1e6);
+        least = std::min(least, cpuMs() - before);
     }
     return least;
 }

@@ -8,7 +8,7 @@
 
 namespace kelvane {
 
-// Full repaint of all records of eight channels in ms, the best of three.
+// Full repaint of all records of eight channels in ms of processor time, the best of three.
 double qCustomPlotRepaintMs(const TrendData& data, QSize size);
 
 }  // namespace kelvane

@@ -41,16 +41,25 @@ constexpr bool MapsLarge = false;
 
 }  // namespace
 
-void TrendExtremes::add(const TrendRecord& record) {
-    if (record.isSeparator()) {
-        breaks = true;
-        return;
+// On copies, which the compiler keeps in registers of eight channels each.
+void TrendExtremes::add(std::span<const TrendRecord> records) {
+    auto lowest = low;
+    auto highest = high;
+    size_t separators = 0;
+    for (const TrendRecord& record : records) {
+        const auto digits = record.Ch;
+        // Against these nothing is lower, and nothing higher.
+        const auto skip = static_cast<quint16>(record.isSeparator() ? 0xFFFF : 0);
+        separators += record.isSeparator();
+        for (size_t c = 0; c < digits.size(); ++c) {
+            lowest[c] = std::min(lowest[c], static_cast<quint16>(digits[c] | skip));
+            highest[c] = std::max(highest[c], static_cast<quint16>(digits[c] & ~skip));
+        }
     }
-    any = true;
-    for (size_t c = 0; c < low.size(); ++c) {
-        low[c] = std::min(low[c], record.Ch[c]);
-        high[c] = std::max(high[c], record.Ch[c]);
-    }
+    low = lowest;
+    high = highest;
+    breaks |= separators > 0;
+    any |= separators < records.size();
 }
 
 void TrendExtremes::add(const TrendExtremes& other) {
@@ -141,10 +150,10 @@ void TrendRecords::forgetIndexFrom(qint64 record) const {
 void TrendRecords::indexNewBlocks() const {
     if (m_levels.empty()) m_levels.emplace_back();
     const auto whole = static_cast<size_t>(m_size >> FirstShift);
+    if (whole > 2 * m_levels[0].size()) m_levels[0].reserve(whole);  // of a load, not of a recording
     for (size_t block = m_levels[0].size(); block < whole; ++block) {
         TrendExtremes extremes;
-        const TrendRecord* record = m_data.get() + (static_cast<qint64>(block) << FirstShift);
-        for (int i = 0; i < 1 << FirstShift; ++i) extremes.add(record[i]);
+        extremes.add(all().subspan(block << FirstShift, size_t(1) << FirstShift));
         m_levels[0].push_back(extremes);
     }
     for (size_t level = 1; m_levels[level - 1].size() >> LevelShift; ++level) {
@@ -175,7 +184,7 @@ TrendExtremes TrendRecords::extremes(qint64 from, qint64 to) const {
             level = static_cast<qsizetype>(next);
         }
         if (level < 0) {
-            extremes.add((*this)[from++]);
+            extremes.add(all().subspan(static_cast<size_t>(from++), 1));
         } else {
             const int shift = shiftOf(static_cast<size_t>(level));
             extremes.add(m_levels[static_cast<size_t>(level)][static_cast<size_t>(from >> shift)]);

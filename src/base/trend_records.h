@@ -24,7 +24,7 @@ struct TrendExtremes {
         low.fill(0xFFFF);
         high.fill(0);
     }
-    void add(const TrendRecord& record);
+    void add(std::span<const TrendRecord> records);
     void add(const TrendExtremes& other);
 };
 

@@ -24,7 +24,7 @@ void fill(TrendRecords& records, qint64 count) {
 
 TrendExtremes slowly(const TrendRecords& records, qint64 from, qint64 to) {
     TrendExtremes all;
-    for (qint64 i = from; i < to; ++i) all.add(records[i]);
+    for (qint64 i = from; i < to; ++i) all.add({&records[i], 1});
     return all;
 }
 
