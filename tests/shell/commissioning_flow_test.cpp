@@ -111,7 +111,7 @@ TEST(CommissioningFlow, TunesAndAsksBeforeItIsLeft) {
     EXPECT_FALSE(b.find<QWidget>("ExitTransparentButton", &b.tuningForm)->isEnabled());
     b.port().clearTranscript();
     QTest::keyClick(b.tuningForm.windowHandle(), Qt::Key_F12);
-    b.clock.advance(1000);
+    b.clock.advance(10000);
     EXPECT_EQ(b.port().transcript().filter("FF06"), QStringList("FF0620000001"));
     EXPECT_TRUE(b.find<QLabel>("StatusLabel", &b.tuningForm)->text().startsWith("STOP was sent."));
     EXPECT_TRUE(b.find<QWidget>("ExitTransparentButton", &b.tuningForm)->isEnabled());
