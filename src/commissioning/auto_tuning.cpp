@@ -82,6 +82,7 @@ void AutoTuning::stopTimers() {
 
 void AutoTuning::ReadTransparentButtonClick() {
     if (line.refusesOffLine()) return;
+    stopped = Stopped::No;
     line.startAnew();
     startReading(0);
     line.showWait();
@@ -91,7 +92,6 @@ void AutoTuning::startReading(quint8 firstRow) {
     stopTimers();
     const bool waits = firstRow != SelectorFirst;
     if (waits) enabled.buttons = false;
-    stopped = Stopped::No;
     TuneRow = firstRow;
     RdTimer.start();
     if (waits && !line.waitShown()) line.showWait();
@@ -216,8 +216,8 @@ void AutoTuning::stopDrive() {
     if (!line.isOpen() || line.refusesOffLine()) return;
     const bool modeLeft = sequence.modeIsSet() && line.standing != CommissioningLink::Standing::Refused;
     if (sequence.running()) {
-        sequence.stop();
-        stopped = modeLeft ? Stopped::BeforeRun : Stopped::Run;
+        sequence.watchUntilStopped();
+        if (stopped == Stopped::No) stopped = modeLeft ? Stopped::BeforeRun : Stopped::Run;
         enabled.buttons = enabled.entry = true;
         m_site.link.ShowHistoryMsg(QStringLiteral("Auto Tuning was stopped"));
     }

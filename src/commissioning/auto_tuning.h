@@ -46,7 +46,7 @@ class AutoTuning : public QObject {
     void TuneParaComboBoxChange(int index);
     void TuneTransparentButtonClick();
     // A person's STOP, the next frame but for the exchange in hand. A run goes no further, so that no RUN
-    // follows it.
+    // follows it; the drive is watched until it stands.
     void stopDrive();
     // Whether a run was ended by stopDrive(), and whether the drive had got its tuning command and no RUN.
     enum class Stopped { No, Run, BeforeRun } stopped = Stopped::No;

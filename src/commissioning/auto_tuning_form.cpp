@@ -192,7 +192,8 @@ QString TAutoTuningForm::stoppedText() const {
 
 QString TAutoTuningForm::statusText() const {
     const bool tunes = m_tuning.sequence.running();
-    if (m_tuning.stopped != AutoTuning::Stopped::No) return stoppedText();
+    if (m_tuning.stopped != AutoTuning::Stopped::No)
+        return QString(stoppedText() % QLatin1Char(' ') % m_tuning.line.standingText()).trimmed();
     if (m_tuning.line.standing != CommissioningLink::Standing::No) {
         const QString after =
             tunes ? tr("The run has got no further, and the drive may go on tuning. Close this "

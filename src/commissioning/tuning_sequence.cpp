@@ -38,6 +38,13 @@ void TuningSequence::stop() {
     TuneStep = TunePhase = 0;
 }
 
+void TuningSequence::watchUntilStopped() {
+    MonitorTimer.stop();
+    TuneStep = 2;
+    TunePhase = StoppedByHand;
+    MonitorTimer.start();
+}
+
 TuningSequence::Request TuningSequence::nextStep() {
     switch (TuneStep) {
         case 2: return TunePhase == 0 ? stopDrive() : readState(1, TunePhase);
@@ -67,6 +74,7 @@ TuningSequence::Request TuningSequence::waitForStop() {
     speed = m_site.link.ParamRead.ReadWords[SpeedWord];
     speedRead();
     if (m_site.link.ParamRead.ReadWords[0] & RunBits) return readState(1, TunePhase);
+    if (TunePhase == StoppedByHand) return std::nullopt;
     if (TunePhase == 2) return writeMode();
     TuneStep = 5;
     TunePhase = 1;

@@ -25,13 +25,18 @@ class TuningSequence {
     // entry is what the command register gets.
     void start(const TuneFamily& family, int entry);
     void stop();
+    // Instead of the run: the state is read until the drive stands.
+    void watchUntilStopped();
     bool running() const { return MonitorTimer.running(); }
     // The drive may be turning the motor by itself, or would at the next RUN.
-    bool leavesDriveTuning() const { return running() && TuneStep >= 1 && TuneStep <= 6; }
+    bool leavesDriveTuning() const {
+        return running() && TuneStep >= 1 && TuneStep <= 6 && TunePhase != StoppedByHand;
+    }
     // The mode has been sent and not yet been used up by a run.
     bool modeIsSet() const { return TuneStep == 3; }
 
    private:
+    static constexpr quint8 StoppedByHand = 9;
     using Request = std::optional<LinkRequest>;
     Request nextStep();
     Request stopDrive();

@@ -248,12 +248,9 @@ TEST_P(TuneFamilyTest, StopsTheDriveAndEndsTheRun) {
         b.frames();
         b.tuning.stopDrive();
         EXPECT_EQ(b.tuning.stopped, modeLeft ? AutoTuning::Stopped::BeforeRun : AutoTuning::Stopped::Run);
-        b.clock.advance(20000);
-        EXPECT_EQ(b.frames(), QStringList(StopFrame)) << ms;
-        EXPECT_TRUE(b.tuning.enabled.buttons && b.tuning.enabled.entry);
-        b.tuning.ReadTransparentButtonClick();
-        b.idle(b.tuning.line);
-        EXPECT_EQ(b.frames(), b.tableReads());
+        EXPECT_TRUE(b.tuning.enabled.buttons && b.tuning.enabled.entry && b.tuning.mayClose());
+        b.untilEnd();
+        EXPECT_EQ(b.shape(), QStringList({StopFrame, State}) + b.tableReads()) << ms;
         EXPECT_FALSE(b.station.drive.motor().running()) << ms;
     }
 }

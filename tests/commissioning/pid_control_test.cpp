@@ -262,33 +262,23 @@ TEST(PidControl, SendsStopBehindTheExchangeInHand) {
         }
 }
 
-// Every way out of a dead line: Ignore stands, Abort goes to rest; the notice can be left in between.
-TEST(PidControl, CanBeLeftWhateverTheLineDoes) {
-    for (const LinkAnswer answer : {LinkAnswer::Ignore, LinkAnswer::Abort}) {
-        PidStand b(Family::Willow);
-        b.user.onLinkFailure = [=] { return answer; };
-        b.open();
-        b.clock.advanceUntil([&] { return b.pid.ParamRow == 3; }, 5000);
-        b.faults().setChance(LineFault::Silent, 100);
-        b.clock.advanceUntil([&] { return b.link.Lamp.onLine() == false; }, 120000);
-        b.clock.advance(100);
-        const bool stands = answer == LinkAnswer::Ignore;
-        EXPECT_EQ(b.pid.line.waitShown(), stands);
-        EXPECT_EQ(b.pid.line.standing,
-                  stands ? CommissioningLink::Standing::Lost : CommissioningLink::Standing::No);
-        b.frames();
-        b.link.Notice.TInitialFormShown = false;  // as its close box does
-        b.link.notifyChanged();
-        EXPECT_FALSE(b.pid.RdTimer.running());
-        for (const auto click :
-             {&PidControl::ReadTransparentButtonClick, &PidControl::WriteTransparentButtonClick,
-              &PidControl::RUNTransparentButtonClick, &PidControl::STOPTransparentButtonClick})
-            (b.pid.*click)();
-        EXPECT_EQ(b.user.asked.filter("Off-Line now").size(), 4);
-        b.clock.advance(5000);
-        EXPECT_EQ(b.frames(), QStringList());
-        b.close();
-    }
+// Abort on a dead line goes to rest: nothing is sent any more, and every click says so.
+TEST(PidControl, SaysOffLineWhenTheLinkWentToRest) {
+    PidStand b(Family::Willow);
+    b.user.onLinkFailure = [] { return LinkAnswer::Abort; };
+    b.open();
+    b.clock.advanceUntil([&] { return b.pid.ParamRow == 3; }, 5000);
+    b.faults().setChance(LineFault::Silent, 100);
+    EXPECT_TRUE(b.idle(b.pid.line));
+    b.frames();
+    for (const auto click :
+         {&PidControl::ReadTransparentButtonClick, &PidControl::WriteTransparentButtonClick,
+          &PidControl::RUNTransparentButtonClick, &PidControl::STOPTransparentButtonClick})
+        (b.pid.*click)();
+    EXPECT_EQ(b.user.asked.filter("Off-Line now").size(), 4);
+    b.clock.advance(5000);
+    EXPECT_EQ(b.frames(), QStringList());
+    b.close();
 }
 
 }  // namespace

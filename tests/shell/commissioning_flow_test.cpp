@@ -38,6 +38,7 @@ TEST(CommissioningFlow, OpensPidBehindTheNoticeAndGivesTheLineBack) {
     CommissioningFlow b;
     EXPECT_FALSE(b.find<QAction>("PIDControl")->isEnabled());
     b.goOnLine(Family::Osier);
+    b.clock.advance(1000);
     EXPECT_FALSE(b.find<QAction>("MultiStep")->isVisible() || b.find<QAction>("MultiStep")->isEnabled());
     ASSERT_TRUE(b.open("PIDControl", b.pidForm));
     EXPECT_FALSE(b.windows->initialForm.isVisible());
@@ -108,6 +109,15 @@ TEST(CommissioningFlow, TunesAndAsksBeforeItIsLeft) {
     tune->click();
     b.clock.advance(1500);
     EXPECT_FALSE(b.find<QWidget>("ExitTransparentButton", &b.tuningForm)->isEnabled());
+    b.port().clearTranscript();
+    QTest::keyClick(b.tuningForm.windowHandle(), Qt::Key_F12);
+    b.clock.advance(10000);
+    EXPECT_EQ(b.port().transcript().filter("FF06"), QStringList("FF0620000001"));
+    EXPECT_TRUE(b.find<QLabel>("StatusLabel", &b.tuningForm)->text().startsWith("STOP was sent."));
+    EXPECT_TRUE(b.find<QWidget>("ExitTransparentButton", &b.tuningForm)->isEnabled());
+    Q_EMIT entries->activated(2);
+    tune->click();
+    b.clock.advance(1500);
     const QString question = "The drive goes on tuning when this window is closed.\nClose the window?";
     b.person.expectBox(question, "Caution", BoxAnswer::No);
     b.tuningForm.close();
