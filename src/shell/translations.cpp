@@ -32,11 +32,14 @@ bool isContent(const QObject& object) {
     return false;
 }
 
-// Console, keypad and every dialog without keys stay as they are, whole; help and report speak the language
-// of the manual.
+// Help and report have no keys and speak the language of the manual, their titles too.
+bool speaksAsTheManual(const QString& form) {
+    return form == QLatin1String("THelpForm") || form == QLatin1String("TSessionReportForm");
+}
+
+// Console, keypad and every dialog without keys stay as they are, whole.
 bool staysEnglish(const QString& form) {
-    if (!windowRow(form) || form == QLatin1String("THelpForm") || form == QLatin1String("TSessionReportForm"))
-        return false;
+    if (!windowRow(form) || speaksAsTheManual(form)) return false;
     const auto sections = formSections();
     return std::none_of(sections.begin(), sections.end(),
                         [&](const FormSectionRow& row) { return form == QLatin1String(row.window); });
@@ -192,6 +195,7 @@ void Translations::show(const QList<QWidget*>& windows) const {
     };
     for (QWidget* window : windows) {
         if (staysEnglish(window->objectName())) continue;
+        if (speaksAsTheManual(window->objectName())) showIn(*window);
         for (QObject* object : window->findChildren<QObject*>()) {
             if (auto* tabs = qobject_cast<QTabWidget*>(object)) {
                 showTabs(*tabs);

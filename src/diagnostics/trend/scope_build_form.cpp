@@ -373,8 +373,6 @@ QWidget* TScopeForm::buildMeasurePage() {
     m_measureHead = plainLabel("MeasureLabel", {}, page);
     m_measureHead->setWordWrap(true);
     m_measureHead->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_measureGrid.setHeaders({tr("Channel"), tr("Unit"), tr("At A"), tr("At B"), tr("B - A"), tr("Minimum"),
-                              tr("Maximum"), tr("Mean"), tr("RMS")});
     m_measureView = named<StringGridView>("MeasureStringGrid", page);
     m_measureView->setGrid(&m_measureGrid);
     m_measureView->setColumnCharacters({28, 6, 10, 10, 10, 10, 10, 10, 10});

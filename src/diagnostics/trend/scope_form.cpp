@@ -212,6 +212,8 @@ void TScopeForm::showFault(bool standing, const QString& code, const QString& de
 void TScopeForm::nameBands() {
     AbTrend2->look.bands = QStringList{tr("RUN cmd"), tr("RUN status"), tr("FWD cmd"), tr("FWD status")};
     AbTrend2->lookChanged();
+    m_measureGrid.setHeaders({tr("Channel"), tr("Unit"), tr("At A"), tr("At B"), tr("B - A"), tr("Minimum"),
+                              tr("Maximum"), tr("Mean"), tr("RMS")});
 }
 
 void TScopeForm::changeEvent(QEvent* event) {
