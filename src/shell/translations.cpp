@@ -85,7 +85,7 @@ void TextCatalogue::addPattern(const QString& english, const QString& text) {
 }
 
 QString TextCatalogue::engineText(const QString& english) const {
-    const QString whole = m_texts.value(english);
+    QString whole = m_texts.value(english);
     if (!whole.isEmpty()) return whole;
     for (const Pattern& pattern : m_patterns) {
         const QRegularExpressionMatch match = pattern.english.match(english);
@@ -110,7 +110,7 @@ QString TextCatalogue::engineText(const QString& english) const {
 
 // "Colour of channel 3" is a line for all channels.
 QString TextCatalogue::counted(const QString& english) const {
-    const QString found = m_texts.value(english);
+    QString found = m_texts.value(english);
     static const QRegularExpression number(QStringLiteral("\\b\\d+\\b"));
     const QRegularExpressionMatch match = found.isEmpty() ? number.match(english) : QRegularExpressionMatch();
     if (!match.hasMatch()) return found;

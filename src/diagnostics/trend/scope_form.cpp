@@ -1,5 +1,6 @@
 #include "diagnostics/trend/scope_form.h"
 
+#include <QBoxLayout>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QEvent>
