@@ -31,7 +31,6 @@ namespace {
 constexpr int HoldTick = 10;    // ms
 constexpr int TicksOfStep = 5;  // of the hold between two steps
 constexpr int HoldPixels = 5;
-constexpr int ClickPixels = 10;
 constexpr int SpareRecords = 100;  // of the scroll bar behind the last record
 constexpr int OverviewEvery = 10;  // records
 const QColor FaultRed(200, 0, 0);
