@@ -18,9 +18,8 @@ TSessionReportForm::TSessionReportForm(Tool& tool, std::function<QImage()> trend
     setObjectName(QStringLiteral("TSessionReportForm"));
     setWindowTitle(tr("Session Report"));
     auto* column = new QVBoxLayout(this);
-    auto* WhatLabel = plainLabel(
-        "WhatLabel", tr("A PDF with drive, connection, faults, and the tables, comparison and trend "
-                        "that are open."));
+    auto* WhatLabel = plainLabel("WhatLabel", tr("A PDF with drive, connection, faults, the tables and the "
+                                                 "comparison that are open, and the last trend."));
     WhatLabel->setWordWrap(true);
     NotesMemo = named<QPlainTextEdit>("NotesMemo");
     NotesMemo->setTabChangesFocus(true);

@@ -41,11 +41,14 @@ bool isContent(const QObject& object) {
     return false;
 }
 
-// Console, keypad and every dialog without keys stay as they are, whole; help and report speak the language
-// of the manual.
+// Help and report have no keys and speak the language of the manual, their titles too.
+bool speaksAsTheManual(const QString& form) {
+    return form == QLatin1String("THelpForm") || form == QLatin1String("TSessionReportForm");
+}
+
+// Console, keypad and every dialog without keys stay as they are, whole.
 bool staysEnglish(const QString& form) {
-    if (!windowRow(form) || form == QLatin1String("THelpForm") || form == QLatin1String("TSessionReportForm"))
-        return false;
+    if (!windowRow(form) || speaksAsTheManual(form)) return false;
     const auto sections = formSections();
     return std::none_of(sections.begin(), sections.end(),
                         [&](const FormSectionRow& row) { return form == QLatin1String(row.window); });
@@ -91,7 +94,7 @@ void TextCatalogue::addPattern(const QString& english, const QString& text) {
 }
 
 QString TextCatalogue::engineText(const QString& english) const {
-    const QString whole = m_texts.value(english);
+    QString whole = m_texts.value(english);
     if (!whole.isEmpty()) return whole;
     for (const Pattern& pattern : m_patterns) {
         const QRegularExpressionMatch match = pattern.english.match(english);
@@ -116,7 +119,7 @@ QString TextCatalogue::engineText(const QString& english) const {
 
 // "Colour of channel 3" is a line for all channels.
 QString TextCatalogue::counted(const QString& english) const {
-    const QString found = m_texts.value(english);
+    QString found = m_texts.value(english);
     static const QRegularExpression number(QStringLiteral("\\b\\d+\\b"));
     const QRegularExpressionMatch match = found.isEmpty() ? number.match(english) : QRegularExpressionMatch();
     if (!match.hasMatch()) return found;
@@ -201,6 +204,7 @@ void Translations::show(const QList<QWidget*>& windows) const {
     };
     for (QWidget* window : windows) {
         if (staysEnglish(window->objectName())) continue;
+        if (speaksAsTheManual(window->objectName())) showIn(*window);
         for (QObject* object : window->findChildren<QObject*>()) {
             if (auto* tabs = qobject_cast<QTabWidget*>(object)) {
                 showTabs(*tabs);

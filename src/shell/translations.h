@@ -20,12 +20,13 @@ struct ShownText {
     const char* english;
     const char* last;
 };
-inline constexpr std::array<ShownText, 5> ShownTexts{
+inline constexpr std::array<ShownText, 6> ShownTexts{
     {{"text", "englishText", "lastText"},
      {"title", "englishTitle", "lastTitle"},
      {"toolTip", "englishToolTip", "lastToolTip"},
      {"placeholderText", "englishPlaceholder", "lastPlaceholder"},
-     {"accessibleName", "englishName", "lastName"}}};
+     {"accessibleName", "englishName", "lastName"},
+     {"windowTitle", "englishTitleBar", "lastTitleBar"}}};
 
 // A catalogue of lines "English text=text", in UTF-8, with \n for a line end. A text is one in all windows,
 // so the context in which Qt asks is not looked at; but only for texts of engines a place such as %1 also

@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QDirIterator>
 #include <QLabel>
 #include <QMenu>
 #include <QRegularExpression>
@@ -39,6 +40,22 @@ bool isName(const QString& text) {
     for (const Family family : AllFamilies)
         if (text == QLatin1String(familyName(family))) return true;
     return false;
+}
+
+// English texts of keys, which a control shows before a file has come.
+const QSet<QString>& keyedTexts() {
+    static const QSet<QString> texts = [] {
+        QSet<QString> all;
+        Language english;
+        EXPECT_TRUE(LoadLanguage(Root + "Language file/Lang_EN.txt", english).ok());
+        for (const FormTexts& form : english.table.Form) {
+            all << form.Caption;
+            for (const TextGroup* group : {&form.Button, &form.Hint, &form.Label})
+                for (const QString& text : group->Text) all << text;
+        }
+        return all;
+    }();
+    return texts;
 }
 
 // What a key of the section, or another control's, sets.
@@ -171,6 +188,31 @@ TEST(LanguageFile, ReachesAControlWithEveryKey) {
 }
 
 class OwnTexts : public testing::TestWithParam<quint8> {};
+
+// Texts that the code of these windows sets while it runs.
+TEST_P(OwnTexts, OfTheCodeBehindThem) {
+    TextCatalogue catalogue;
+    readCatalogue(catalogue, GetParam());
+    static const QRegularExpression said(QStringLiteral(R"rx(\btr\(\s*"((?:[^"\\]|\\.)*)")rx"));
+    static const QRegularExpression joint(QStringLiteral("\"\\s*\\n\\s*\""));
+    static const QRegularExpression following(QStringLiteral(
+        "^(scope|monitor|auto_tuning|pid|pid_guide|quick_setup|qs_source|parameter|com_setup|help|"
+        "session_report|find_bar|trend_overview|slot_row)\\w*\\.cpp$"));
+    QStringList missing;
+    for (QDirIterator files(Root + "src", {"*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
+         files.hasNext();) {
+        const QString path = files.next();
+        if (!files.fileName().contains(following)) continue;
+        const QString code = QString::fromUtf8(readWhole(path).bytes).remove(joint);
+        for (const QRegularExpressionMatch& match : said.globalMatch(code)) {
+            const QString text = match.captured(1).replace("\\n", "\n").replace("\\t", "\t").trimmed();
+            if (hasWords(text) && !isName(text) && catalogue.text(text).isEmpty() &&
+                !keyedTexts().contains(text))
+                missing << files.fileName() + ": " + text;
+        }
+    }
+    EXPECT_TRUE(missing.isEmpty()) << missing.join("\n").toStdString();
+}
 
 TEST_P(OwnTexts, OfEveryWindowThatFollowsTheLanguage) {
     TextCatalogue catalogue;

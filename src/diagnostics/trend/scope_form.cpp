@@ -1,5 +1,6 @@
 #include "diagnostics/trend/scope_form.h"
 
+#include <QBoxLayout>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QEvent>
@@ -31,7 +32,6 @@ namespace {
 constexpr int HoldTick = 10;    // ms
 constexpr int TicksOfStep = 5;  // of the hold between two steps
 constexpr int HoldPixels = 5;
-constexpr int ClickPixels = 10;
 constexpr int SpareRecords = 100;  // of the scroll bar behind the last record
 constexpr int OverviewEvery = 10;  // records
 const QColor FaultRed(200, 0, 0);
@@ -213,6 +213,8 @@ void TScopeForm::showFault(bool standing, const QString& code, const QString& de
 void TScopeForm::nameBands() {
     AbTrend2->look.bands = QStringList{tr("RUN cmd"), tr("RUN status"), tr("FWD cmd"), tr("FWD status")};
     AbTrend2->lookChanged();
+    m_measureGrid.setHeaders({tr("Channel"), tr("Unit"), tr("At A"), tr("At B"), tr("B - A"), tr("Minimum"),
+                              tr("Maximum"), tr("Mean"), tr("RMS")});
 }
 
 void TScopeForm::changeEvent(QEvent* event) {
