@@ -180,7 +180,8 @@ TEST_F(WaitStep, EchoesAndTrailingBytesEndAsInAPortThatCannotHoldBack) {
             port.arrive(QByteArray(1, byte));
             clock.advanceUs(port.line.wireTimeUs(1));
         }
-        clock.advance(8);  // the drive's own pause before its answer
+        // In ASCII the line end is noticed before the drive's answer, in RTU the silence of the wait.
+        clock.advance(mode == LinkMode::Ascii ? 8 : 7 * TickLength + 8);
         return QStringList(history) << QString::number(cycles);
     };
     const QString record = "FF031E" + QString(60, '0');
