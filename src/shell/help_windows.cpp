@@ -76,28 +76,26 @@ namespace {
 // The picture of the last run. Its records go when the trend window closes, so it is taken before that.
 class LastRun : public QObject {
    public:
-    explicit LastRun(Windows& windows) : m_windows(windows) {
-        windows.form<TScopeForm>().installEventFilter(this);
+    LastRun(const TrendSession& trend, TScopeForm& scope) : m_trend(trend), m_scope(scope) {
+        scope.installEventFilter(this);
     }
 
     QImage picture() const {
-        const QImage now = asItIsShown();
-        return now.isNull() ? m_kept : now;
+        if (m_trend.AbTrend1.TotalRecords() == 0) return m_kept;
+        return m_scope.AbTrend1->grab().toImage();
     }
 
    protected:
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Hide && !event->spontaneous()) m_kept = picture();
+    // A window that is still open when the program ends hides while it goes, and is none of ours any more.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool hides = event->type() == QEvent::Hide && !event->spontaneous();
+        if (hides && qobject_cast<TScopeForm*>(watched)) m_kept = picture();
         return false;
     }
 
    private:
-    QImage asItIsShown() const {
-        if (m_windows.tool.trend.AbTrend1.TotalRecords() == 0) return {};
-        return m_windows.form<TScopeForm>().AbTrend1->grab().toImage();
-    }
-
-    Windows& m_windows;
+    const TrendSession& m_trend;
+    TScopeForm& m_scope;
     QImage m_kept;
 };
 
@@ -105,7 +103,9 @@ class LastRun : public QObject {
 
 std::unique_ptr<QWidget> makeSessionReport(Windows& windows) {
     return std::make_unique<TSessionReportForm>(
-        windows.tool, [run = std::make_shared<LastRun>(windows)] { return run->picture(); });
+        windows.tool, [run = std::make_shared<LastRun>(windows.tool.trend, windows.form<TScopeForm>())] {
+            return run->picture();
+        });
 }
 
 // In every window that a person works in: the tables of a session go when their window closes.
