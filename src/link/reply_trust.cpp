@@ -111,6 +111,10 @@ bool ReplyTrust::heardForAnother(const QByteArray& reply) const {
            });
 }
 
+bool ReplyTrust::heardNothingBut(const QByteArray& reply) const {
+    return QByteArray(m_heard).replace(reply, QByteArray()).isEmpty();
+}
+
 bool ReplyTrust::owedToAnother(LinkMode mode, const QByteArray& reply) const {
     return std::any_of(m_lost.begin(), m_lost.end(), [&](const QString& command) {
         return command != m_command && fitsCommand(mode, reply, command);
@@ -155,6 +159,8 @@ std::optional<QByteArray> ReplyTrust::answer(LinkMode mode, const QString& comma
     if (!m_again && m_clock.nowUs() >= m_lostUntilUs &&
         (tooEarly() || unusualDelay() || !std::all_of(fitting.begin(), fitting.end(), isCopy)))
         fitting.removeIf(isCopy);
+    if (m_again)
+        fitting.removeIf([&](const QByteArray& reply) { return isCopy(reply) && !heardNothingBut(reply); });
     if (!m_again && m_clock.nowUs() < m_lostUntilUs && unusualDelay())
         fitting.removeIf([&](const QByteArray& reply) { return owedToAnother(mode, reply); });
     const bool same =

@@ -37,7 +37,7 @@ class ReplyTrust {
     // The one reply that fits; nothing when there is none, or when two that fit are not the same. A copy of
     // what was heard for another request does not count beside a fresh one, nor where no answer can have
     // begun; nor does a reply at an unusual time, while it could be the one that another request still waits
-    // for.
+    // for; nor a copy in a resend, beside anything else.
     std::optional<QByteArray> answer(LinkMode mode, const QString& command) const;
     bool heardEcho(LinkMode mode) const;  // of a write
     bool heardWholeReply(LinkMode mode) const { return !wholeReplies(mode, m_heard).isEmpty(); }
@@ -63,6 +63,7 @@ class ReplyTrust {
     void silentTick();
     void remember(LinkMode mode);
     bool heardForAnother(const QByteArray& reply) const;
+    bool heardNothingBut(const QByteArray& reply) const;
     bool owedToAnother(LinkMode mode, const QByteArray& reply) const;
     bool tooEarly() const { return m_early && !m_paceless; }
     bool unusualDelay() const;
