@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStyle>
+#include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 #include <QTabWidget>
 #include <algorithm>
@@ -70,6 +71,15 @@ Room ofMenus(const QMenuBar& bar) {
     return {end, bar.width()};
 }
 
+// A style makes a button wider than its text needs.
+Room ofButton(const QPushButton& button) {
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    const QRect inside = button.style()->subElementRect(QStyle::SE_PushButtonContents, &option, &button);
+    const int icon = button.icon().isNull() ? 0 : button.iconSize().width() + 4;
+    return {captionWidth(button.fontMetrics(), button.text()) + icon, inside.width()};
+}
+
 std::optional<Room> roomOf(const QWidget& control) {
     if (dynamic_cast<const ElidedLabel*>(&control) || qobject_cast<const PathLabel*>(&control)) return {};
     if (const auto* label = qobject_cast<const QLabel*>(&control)) return ofLabel(*label);
@@ -83,6 +93,7 @@ std::optional<Room> roomOf(const QWidget& control) {
         return Room{edit->fontMetrics().horizontalAdvance(edit->placeholderText()), edit->width() - 8};
     if (const auto* key = qobject_cast<const PanelKey*>(&control))
         return Room{captionWidth(key->fontMetrics(), key->text()), key->width()};
+    if (const auto* button = qobject_cast<const QPushButton*>(&control)) return ofButton(*button);
     if (const auto* button = qobject_cast<const QAbstractButton*>(&control);
         button && !button->text().isEmpty())
         return Room{button->sizeHint().width(), button->width()};
