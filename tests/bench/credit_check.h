@@ -45,6 +45,8 @@ struct CreditCheck {
             return;
         }
         QByteArray right = write ? request : drive.answer(request);
+        // What it refuses now it may have answered then.
+        if (!compareState && right.size() > 1 && (right[1] & 0x80)) return;
         // The value of a described parameter may have changed while its late answer was on its way.
         if (!compareState && !write && request.back() == 15 && RxData.size() > 5 && right.size() > 5)
             right.replace(3, 2, RxData.mid(3, 2));
