@@ -4,7 +4,7 @@ namespace kelvane {
 
 std::optional<QString> askToSave(Operator& person, const QString& filter, const QByteArray& bytes) {
     person.overwriteTitle = QStringLiteral("MessageBox");
-    const std::optional<QString> path = person.saveFile(filter, {});
+    std::optional<QString> path = person.saveFile(filter, {});
     if (!path) return {};
     const FileResult written = writeWhole(*path, bytes);
     if (written.ok) return path;

@@ -2,6 +2,7 @@
 
 #include <QBoxLayout>
 #include <QScreen>
+#include <QShowEvent>
 #include <QSplitter>
 
 #include "commissioning/grid_looks_form.h"

@@ -12,7 +12,7 @@ namespace {
 void offerChoices(Windows& w) {
     TableChoices& choices = w.tool.parameters.choices;
     choices.chooseTab = [&w](const QString& title, const std::vector<ParameterTab>& tabs, int selected,
-                             TableChoices::ThenTab then) {
+                             const TableChoices::ThenTab& then) {
         QStringList captions;
         for (const ParameterTab tab : tabs) captions << w.parameterForm.tabCaption(tab);
         w.selParaPrintForm.ask(
@@ -22,8 +22,8 @@ void offerChoices(Windows& w) {
                                : std::optional<ParameterTab>(tabs[static_cast<size_t>(index)]));
             });
     };
-    choices.chooseFormat = [&w](TableChoices::ThenKind then) { w.selFileFormatForm.ask(then); };
-    choices.chooseCompareKind = [&w](const QStringList& items, TableChoices::ThenIndex then) {
+    choices.chooseFormat = [&w](const TableChoices::ThenKind& then) { w.selFileFormatForm.ask(then); };
+    choices.chooseCompareKind = [&w](const QStringList& items, const TableChoices::ThenIndex& then) {
         w.selCompKindForm.ask(items, [items, then](std::optional<QString> chosen) {
             then(chosen ? std::optional<int>(items.indexOf(*chosen)) : std::nullopt);
         });

@@ -1,5 +1,7 @@
 #include "shell/quick_setup_windows.h"
 
+#include <QCoreApplication>
+
 #include "quicksetup/qs_source_form.h"
 #include "quicksetup/quick_setup_form.h"
 #include "shell/windows.h"

@@ -1,5 +1,6 @@
 #include "shell/shell_operator.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QEventLoop>
 #include <QFileInfo>

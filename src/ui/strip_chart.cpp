@@ -1,5 +1,6 @@
 #include "ui/strip_chart.h"
 
+#include <QLocale>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>

@@ -127,6 +127,7 @@ void SubTable::setCheckBoxes(const std::vector<int>& rows, bool set) {
 
 void SubTable::passOn(const std::vector<int>& rows) {
     std::vector<int> targets;
+    targets.reserve(rows.size());
     for (const int row : rows) targets.push_back(mainRow(row));
     m_history.edit(targets, [&] {
         for (size_t i = 0; i < rows.size(); ++i) {
