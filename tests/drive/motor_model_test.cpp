@@ -40,15 +40,8 @@ TEST(Motor, RampsAndTurnsOverByItsTimesWhateverTheStepsOfTheClock) {
     }
 }
 
-TEST(Motor, JogStandbyAndFault) {
+TEST(Motor, StandsByWithoutAFrequencyAndComesToRestAtAFault) {
     MotorModel motor = motorAt(0);
-    motor.jog();
-    motor.advance(10);
-    EXPECT_TRUE(motor.jogging());
-    EXPECT_DOUBLE_EQ(motor.outputHz(), 6);
-    motor.stop();
-    motor.advance(10);
-    EXPECT_FALSE(motor.jogging());
     motor.run();
     motor.advance(1);
     EXPECT_EQ(motor.runState(), RunState::Standby);
@@ -56,12 +49,6 @@ TEST(Motor, JogStandbyAndFault) {
     motor.advance(10);
     motor.injectFault(1);
     EXPECT_EQ(motor.outputHz(), 0);
-    motor.run();
-    motor.advance(1);
-    EXPECT_EQ(motor.runState(), RunState::Stopped);
-    motor.reset();
-    motor.run();
-    EXPECT_EQ(motor.runState(), RunState::Running);
 }
 
 TEST(Motor, AWorkingLoadMovesCurrentSpeedAndBusTogether) {

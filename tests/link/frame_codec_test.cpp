@@ -146,12 +146,6 @@ TEST(ReplyLength, IsToldByTheFunctionThatHasCome) {
         << "not known yet, or never";
 }
 
-TEST(RtuSilence, IsThreeAndAHalfCharactersOrTheFixedTime) {
-    EXPECT_EQ(rtuSilenceUs(4011, 9600, 2000), 4011);
-    EXPECT_EQ(rtuSilenceUs(334, 115200, 2000), 2000);
-    EXPECT_EQ(rtuSilenceUs(334, 115200, 0), 1750);
-}
-
 TEST(NumberText, BasesBothWays) {
     EXPECT_EQ(IntToBaseStr(10, 16, 4), "000A");
     EXPECT_EQ(IntToBaseStr(300, 16, 2), "2C");
