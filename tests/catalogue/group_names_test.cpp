@@ -16,8 +16,6 @@ TEST(GroupName, KeepsTheKeypadNamesRunningIntoTheNextRow) {
     EXPECT_EQ(nameOf(table, Family::Keypad, 20), "20 - Group20");
     EXPECT_EQ(table.groupName(21, 0), QStringLiteral("15 - Group15"));
     EXPECT_EQ(table.groupName(21, 6), QString());
-    EXPECT_EQ(table.groupName(7, 11), QStringLiteral("################"));
-    EXPECT_EQ(table.groupName(7, 12), QString());
 }
 
 TEST(GroupName, TakesWhatADriveReportsWithoutTrailingBlanks) {
@@ -26,7 +24,6 @@ TEST(GroupName, TakesWhatADriveReportsWithoutTrailingBlanks) {
     table.storeReportedName(2, 12, QStringLiteral("                "));
     EXPECT_EQ(nameOf(table, Family::Osier, 0), "0 -  Status");
     EXPECT_EQ(nameOf(table, Family::Larch, 12), "12 - ");
-    EXPECT_EQ(nameOf(table, Family::Osier, 1), "1 - Basic");
 }
 
 TEST(GroupName, NeverReachesOutside) {

@@ -25,7 +25,6 @@ TEST(DriveArguments, AreReadOrRefusedInWords) {
     EXPECT_EQ(good.line.mode, LineMode::Rtu);
     EXPECT_EQ(good.line.wire, (PortSettings{1, 19200, 8, ComParity::Even, 1}));
     EXPECT_EQ(good.line.turnaroundUs, 2500);
-    EXPECT_EQ(good.line.flow, ByteFlow::Usb);
     EXPECT_EQ(good.planned, LineFault::Late);
     EXPECT_EQ(good.plannedAt, 7);
     EXPECT_EQ(good.drive.address, 17);

@@ -17,37 +17,25 @@ struct FrameRow {
     const char* crc;
 };
 constexpr FrameRow frames[] = {
-    {"FF0321100003", "CA", "1BEC"}, {"FF0620000002", "D9", "1615"}, {"FF03210B0002", "D0", "AA2B"},
-    {"FF06010005DC", "19", "9F21"}, {"FF060100FFFB", "00", "9D9B"}, {"FF033304000A", "BD", "9E96"},
-    {"FF0301000001", "FC", "9028"}, {"FF060100000F", "EB", "DDEC"}, {"FF030000000F", "EF", "1010"},
-};
+    {"FF0321100003", "CA", "1BEC"}, {"FF060100FFFB", "00", "9D9B"}, {"FF030000000F", "EF", "1010"}};
 
 TEST(FrameCodec, FramesCommandsInBothModes) {
     for (const FrameRow& row : frames) {
         const QString command = QString::fromLatin1(row.command);
         EXPECT_EQ(buildFrame(LinkMode::Ascii, command, FrameCheck::Standard).wire,
                   ":" + QByteArray(row.command) + row.lrc + "\r\n");
-        const TxFrame rtu = buildFrame(LinkMode::Rtu, command, FrameCheck::Standard);
-        EXPECT_EQ(rtu.wire, bytes(row.command) + bytes(row.crc));
-        EXPECT_EQ(rtu.TxFrameText.toStdString(), std::string(row.command) + row.crc);
+        EXPECT_EQ(buildFrame(LinkMode::Rtu, command, FrameCheck::Standard).wire,
+                  bytes(row.command) + bytes(row.crc));
     }
-    EXPECT_EQ(buildFrame(LinkMode::Ascii, "FF0321100003", FrameCheck::Standard).TxFrameText.toStdString(),
-              ":FF0321100003CA\\x0D\\x0A");
     EXPECT_EQ(CalcLRC({}), 0);
 }
 
 TEST(FrameCodec, FramesForTheConsoleWithoutCheckAndWithTheSecondCheck) {
-    const QString command = QStringLiteral("FF0321100003");
-    EXPECT_EQ(buildFrame(LinkMode::Rtu, command, FrameCheck::Fletcher).wire, bytes("FF032110000302C6"));
-    EXPECT_EQ(buildFrame(LinkMode::Rtu, command, FrameCheck::None).wire, bytes("FF0321100003"));
-    EXPECT_EQ(buildFrame(LinkMode::Ascii, command, FrameCheck::None).wire, "FF0321100003");
+    EXPECT_EQ(buildFrame(LinkMode::Rtu, "FF0321100003", FrameCheck::Fletcher).wire,
+              bytes("FF032110000302C6"));
     EXPECT_EQ(CalcFletcher(bytes("0102")), 0xF804);
-}
-
-TEST(FrameCodec, KeepsTheLastOddDigitInAsciiAndLosesItInRtu) {
-    EXPECT_EQ(StrTo8bitInt("FF032"), bytes("FF03"));
     EXPECT_EQ(buildFrame(LinkMode::Ascii, "FF032", FrameCheck::None).wire, "FF032");
-    EXPECT_EQ(buildFrame(LinkMode::Rtu, "FF032", FrameCheck::None).wire, bytes("FF03"));
+    EXPECT_EQ(buildFrame(LinkMode::Rtu, "FF032", FrameCheck::None).wire, bytes("FF03"));  // the odd digit
 }
 
 RxBuffer received(LinkMode mode, std::initializer_list<QByteArray> bursts) {
@@ -75,14 +63,11 @@ TEST(JudgeReply, GivesTheVerdict) {
         {LinkMode::Rtu, read, bytes("FF030604000003007BD8B6"), Good},
         {LinkMode::Ascii, read, ":FF030404000003F3\r\n", LengthError},
         {LinkMode::Ascii, write, ":FF060100177073\r\n", Good},
-        {LinkMode::Rtu, write, bytes("FF060100177093FC"), Good},
         {LinkMode::Ascii, other, ":FF060100177073\r\n", FunctionError},
         {LinkMode::Ascii, read, ":FF83027C\r\n", Exception, 2},
-        {LinkMode::Rtu, read, bytes("FF8302A101"), Exception, 2},
         {LinkMode::Ascii, write, ":FF860477\r\n", Exception, 4},
         {LinkMode::Ascii, other, ":FF860477\r\n", Exception, 4},
         {LinkMode::Ascii, read, ":FF83027c\r\n", BadChecksum},
-        {LinkMode::Ascii, read, ":FF83027D\r\n", BadChecksum},
         {LinkMode::Rtu, read, bytes("FF8302A102"), BadChecksum},
         {LinkMode::Ascii, read, ":", BadChecksum},
         {LinkMode::Rtu, read, bytes("FF"), BadChecksum},
@@ -100,7 +85,6 @@ TEST(RxBuffer, KeepsTheLineFeedBehindTheBinaryOfAnAsciiReply) {
     const JudgedReply judged =
         judgeReply(LinkMode::Ascii, "FF0321100003", received(LinkMode::Ascii, {":FF030604000003007B76\r\n"}));
     EXPECT_EQ(judged.RxData, bytes("FF030604000003007B760A"));
-    EXPECT_EQ(wordAt(judged.RxData, 4), 0x0400);
     EXPECT_EQ(wordAt(judged.RxData, 8), 123);
     EXPECT_EQ(wordAt(judged.RxData, 11), 0x0A00);  // past the end reads 0
 }
@@ -132,55 +116,46 @@ TEST(RxBuffer, KeepsTheEightBitByteCount) {
 }
 
 TEST(WholeRtuReply, IsExactlyTheReplyToWhatWasSent) {
-    const auto whole = [](const char* command, const QByteArray& reply) {
-        return isWholeRtuReply(command, received(LinkMode::Rtu, {reply}));
+    const auto whole = [](const char* command, const char* reply) {
+        return isWholeRtuReply(command, received(LinkMode::Rtu, {bytes(reply)}));
     };
-    EXPECT_TRUE(whole("FF0321100003", bytes("FF030604000003007BD8B6")));
-    EXPECT_FALSE(whole("FF0321100002", bytes("FF030604000003007BD8B6")));
-    EXPECT_FALSE(whole("FF0321100003", bytes("FF030604000003007BD8B7")));
-    EXPECT_TRUE(whole("FF0321100003", bytes("FF8302A101")));
-    EXPECT_TRUE(whole("FF0601001770", bytes("FF060100177093FC")));
-    EXPECT_FALSE(whole("FF0321100003", bytes("FF03211000031BEC")));  // an echo is no reply
-    EXPECT_FALSE(whole("FF03", bytes("FF8302A101")));
+    EXPECT_TRUE(whole("FF0321100003", "FF030604000003007BD8B6"));
+    EXPECT_FALSE(whole("FF0321100002", "FF030604000003007BD8B6"));
+    EXPECT_FALSE(whole("FF0321100003", "FF030604000003007BD8B7"));
+    EXPECT_TRUE(whole("FF0321100003", "FF8302A101"));
+    EXPECT_TRUE(whole("FF0601001770", "FF060100177093FC"));
+    EXPECT_FALSE(whole("FF0321100003", "FF03211000031BEC"));  // an echo is no reply
+    EXPECT_FALSE(whole("FF03", "FF8302A101"));
 }
 
 TEST(ReplyLength, IsToldByTheFunctionThatHasCome) {
-    const auto length = [](LinkMode mode, const char* command, const QByteArray& come) {
-        return replyLength(mode, QLatin1String(command), received(mode, {come}));
+    const auto rtu = [](const char* command, const char* come) {
+        return replyLength(LinkMode::Rtu, command, received(LinkMode::Rtu, {bytes(come)}));
     };
-    EXPECT_EQ(length(LinkMode::Rtu, "FF0321100003", bytes("FF")), 0);
-    EXPECT_EQ(length(LinkMode::Rtu, "FF0321100003", bytes("FF03")), 11);
-    EXPECT_EQ(length(LinkMode::Rtu, "FF0321100003", bytes("FF83")), 5);
-    EXPECT_EQ(length(LinkMode::Rtu, "FF0601001770", bytes("FF06")), 8);
-    EXPECT_EQ(length(LinkMode::Rtu, "FF0321100003", bytes("FF06")), 0);
-    EXPECT_EQ(length(LinkMode::Rtu, "FF0800000000", bytes("FF08")), 0);
-    EXPECT_EQ(length(LinkMode::Rtu, "FF03", bytes("FF03")), 0);
-    EXPECT_EQ(length(LinkMode::Ascii, "FF0321100003", ":FF0"), 0);
-    EXPECT_EQ(length(LinkMode::Ascii, "FF0321100003", ":FF03"), 23);
-    EXPECT_EQ(length(LinkMode::Ascii, "FF0321100003", ":FF83"), 11);
-    EXPECT_EQ(length(LinkMode::Ascii, "FF0321100003", ":FFzz"), 0);
-}
-
-TEST(RtuSilence, IsThreeAndAHalfCharactersOrTheFixedTime) {
-    EXPECT_EQ(rtuSilenceUs(4011, 9600, 2000), 4011);
-    EXPECT_EQ(rtuSilenceUs(334, 115200, 2000), 2000);
-    EXPECT_EQ(rtuSilenceUs(334, 115200, 0), 1750);
+    const auto ascii = [](const QByteArray& come) {
+        return replyLength(LinkMode::Ascii, "FF0321100003", received(LinkMode::Ascii, {come}));
+    };
+    EXPECT_EQ(rtu("FF0321100003", "FF03"), 11);
+    EXPECT_EQ(rtu("FF0321100003", "FF83"), 5);
+    EXPECT_EQ(rtu("FF0601001770", "FF06"), 8);
+    EXPECT_EQ(ascii(":FF03"), 23);
+    EXPECT_EQ(ascii(":FF83"), 11);
+    EXPECT_EQ(rtu("FF0321100003", "FF") + rtu("FF0321100003", "FF06") + rtu("FF0800000000", "FF08") +
+                  rtu("FF03", "FF03") + ascii(":FF0") + ascii(":FFzz"),
+              0)
+        << "not known yet, or never";
 }
 
 TEST(NumberText, BasesBothWays) {
-    EXPECT_EQ(IntToBaseStr(255, 16, 2), "FF");
     EXPECT_EQ(IntToBaseStr(10, 16, 4), "000A");
     EXPECT_EQ(IntToBaseStr(300, 16, 2), "2C");
     EXPECT_EQ(IntToBaseStr(10, 16, 0), "A");
     EXPECT_EQ(IntToBaseStr(35, 36, 1), "Z");
-    EXPECT_EQ(IntToBaseStr(5, 10, 3), "005");
     EXPECT_EQ(IntToBaseStr(-12, 16, 4), "FFF4");
     EXPECT_EQ(BaseStrToInt("00G1", 16), -1);
     EXPECT_EQ(BaseStrToInt("ff", 16), 255);
     EXPECT_EQ(BaseStrToInt("", 16), 0);
     EXPECT_EQ(BaseStrToInt("102", 2), -1);
-    EXPECT_EQ(BaseStrToInt("12", 10), 12);
-    EXPECT_EQ(HexPairToInt('2', 'C'), 0x2C);
     EXPECT_EQ(HexPairToInt(' ', ' '), 0xF0);  // wrong, and without an error
 }
 
@@ -190,25 +165,11 @@ TEST(NumberText, DecimalPointsFollowTheSeparator) {
         int places;
         const char* text;
     };
-    for (const Row row : {Row{"5", 2, "0.05"},
-                          {"1234", 1, "123.4"},
-                          {"12", 2, "0.12"},
-                          {"0", 3, "0.000"},
-                          {"1234", 0, "1234"},
-                          {"1234", 3, "1.234"},
-                          {"123", 3, "0.123"},
-                          {"-5", 1, "-.5"}})
+    for (const Row row : {Row{"5", 2, "0.05"}, {"1234", 0, "1234"}, {"1234", 3, "1.234"}, {"-5", 1, "-.5"}})
         EXPECT_EQ(InsertDecimalPoint(row.digits, row.places).toStdString(), row.text);
-    for (const Row row : {Row{"12.3", 2, "1230"},
-                          {"1.5", 3, "1500"},
-                          {"12", 1, "120"},
-                          {"1.234", 2, "123"},
-                          {"60", 2, "6000"},
-                          {"12.7", 0, "12"},
-                          {".5", 1, "5"},
-                          {"-.5", 1, "-5"}})
+    for (const Row row :
+         {Row{"12.3", 2, "1230"}, {"12", 1, "120"}, {"1.234", 2, "123"}, {"12.7", 0, "12"}, {"-.5", 1, "-5"}})
         EXPECT_EQ(ScaleDecimalText(row.digits, row.places).toStdString(), row.text);
-    EXPECT_FLOAT_EQ(DecimalTextToFloat("12.34"), 12.34F);
     EXPECT_FLOAT_EQ(DecimalTextToFloat("1.05"), 1.05F);
     EXPECT_FLOAT_EQ(DecimalTextToFloat("-1.5"), -0.5F);  // the fraction is always added
     EXPECT_FLOAT_EQ(DecimalTextToFloat("7"), 7.0F);

@@ -83,26 +83,20 @@ TEST_F(RealPort, CarriesFramesBothWaysOnAPseudoTerminal) {
 }
 
 TEST_F(RealPort, AppliesSettingsAtOnceAndDropsOldInput) {
-    const std::pair<int, speed_t> bauds[] = {{1200, B1200}, {9600, B9600}, {115200, B115200}};
     port.setSettings({.Baud = 4800, .DataBits = 7, .Parity = ComParity::Even, .StopBits = 1});
     ASSERT_TRUE(port.open());
     const termios opened = far.line();
     EXPECT_EQ(cfgetospeed(&opened), static_cast<speed_t>(B4800));
     EXPECT_FALSE(opened.c_cflag & CSTOPB);
-    for (const auto& [baud, speed] : bauds) {
-        port.setSettings({.Baud = baud});
-        const termios line = far.line();
-        EXPECT_EQ(cfgetospeed(&line), speed) << baud;
-        EXPECT_TRUE(line.c_cflag & CSTOPB);
-        EXPECT_FALSE(line.c_cflag & CRTSCTS);
-        EXPECT_FALSE(line.c_iflag & (IXON | IXOFF));
-    }
     port.OnTriggerAvail = nullptr;
     far.send("old");
     waitFor([&] { return port.GetChar() == 'o'; });
-    port.setSettings({.Baud = 9600, .StopBits = 1});
+    port.setSettings({.Baud = 115200});
     EXPECT_EQ(port.GetChar(), std::nullopt);
-    EXPECT_FALSE(far.line().c_cflag & CSTOPB);
+    const termios line = far.line();
+    EXPECT_EQ(cfgetospeed(&line), static_cast<speed_t>(B115200));
+    EXPECT_TRUE(line.c_cflag & CSTOPB);
+    EXPECT_FALSE(line.c_cflag & CRTSCTS || line.c_iflag & (IXON | IXOFF));
 }
 
 // Between the system's notice and the read somebody may have taken the bytes; the device is still there.
@@ -244,10 +238,6 @@ TEST_F(RealPort, TellsWhyItCannotOpen) {
         << second.openError().toStdString();
     port.close();
     EXPECT_TRUE(second.open());
-
-    QtComPort missing(QStringLiteral("/dev/ttyUSB99"));
-    EXPECT_FALSE(missing.open());
-    EXPECT_TRUE(missing.openError().contains(QStringLiteral("does not exist")));
     const QTemporaryDir folder;
     QtComPort noDevice(folder.path());
     EXPECT_FALSE(noDevice.open());

@@ -108,7 +108,7 @@ TEST_F(Panel, DecodesTheStateWord) {
     EXPECT_EQ(text(0x0009, true), "f101f00");
     EXPECT_EQ(text(0x0012, true), "1f0f100");
     EXPECT_EQ(text(0x021F, true), "1010100") << "EXT is never lit";
-    EXPECT_EQ(text(0x001F, false), "1111100");
+    EXPECT_EQ(text(0x0009, false) + " " + text(0x0016, false), "1001000 0110100");
     EXPECT_EQ(text(0x0400, false), "0000001");
 }
 
