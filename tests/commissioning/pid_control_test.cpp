@@ -113,7 +113,6 @@ TEST(PidControl, EditsAValueWithoutSendingIt) {
     bool accept = false;
     b.person.onEdit = [&](ValueEdit& edit) {
         EXPECT_EQ(edit.PrInforVrLabel, "10-00: PID Set Point (0 ~ 9 )");
-        EXPECT_TRUE(edit.fromList);
         edit.Text = "7";
         edit.InputAccepted = accept;
     };

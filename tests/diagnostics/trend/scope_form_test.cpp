@@ -30,9 +30,7 @@ struct ScopeForm : testing::Test {
 
     template <class T>
     T* find(const QString& name) {
-        T* found = form.findChild<T*>(name);
-        EXPECT_NE(found, nullptr) << name.toStdString();
-        return found;
+        return b.find<T>(qPrintable(name), &form);
     }
     QString edit(int channel) { return find<QLineEdit>(QString("Ch%1LabeledEdit").arg(channel))->text(); }
     QString label(const char* name) { return find<QLabel>(name)->text(); }
@@ -42,13 +40,13 @@ struct ScopeForm : testing::Test {
         QCoreApplication::sendEvent(plot, &event);
     }
     void open() { b.windows->openWindow(OwnerTrend); }
-    void openRunning(Family family = Family::Larch) {
-        b.goOnLine(family);
+    void openRunning() {
+        b.goOnLine();
         open();
         for (int c = 1; c <= 4; ++c) click(QString("Ch%1VrPowerButton").arg(c).toLatin1().constData());
         click("StartVrPowerButton");
     }
-    drive::PracticeDrive& drive(Family family = Family::Larch) { return b.practice.driveOf(family); }
+    drive::MotorModel& motor() { return b.practice.driveOf(Family::Larch).motor(); }
 };
 
 TEST_F(ScopeForm, OpensModalTakesTheOwnershipAndGivesItBack) {
@@ -106,8 +104,8 @@ TEST_F(ScopeForm, TheRunRestsWhileTheDriveIsSilentAndGoesOnByItself) {
 
 TEST_F(ScopeForm, StatusTabFollowsTheDrive) {
     openRunning();
-    drive().motor().setCommandHz(50);
-    drive().motor().run();
+    motor().setCommandHz(50);
+    motor().run();
     b.clock.advance(3000);
     EXPECT_TRUE(find<AbLED>("RUNAbLED")->isChecked());
     EXPECT_FALSE(find<AbLED>("STOPAbLED")->isChecked());
@@ -115,7 +113,7 @@ TEST_F(ScopeForm, StatusTabFollowsTheDrive) {
     EXPECT_EQ(session.InfoAdvStringGrid.cell(0, 2) + session.InfoAdvStringGrid.cell(2, 2),
               "Output Frequency HHz");
     EXPECT_NE(session.InfoAdvStringGrid.cell(1, 2), "0.00");
-    drive().motor().stop();
+    motor().stop();
     b.clock.advance(500);
     EXPECT_TRUE(find<AbLED>("STOPAbLED")->isChecked());
     EXPECT_TRUE(find<AbLED>("RUNAbLED")->flashing());
@@ -204,8 +202,8 @@ TEST_F(ScopeForm, OptionDialogSetsScaleAndPensOrNothing) {
 
 TEST_F(ScopeForm, PicturesTablesAndPagesAreWritten) {
     openRunning();
-    drive().motor().setCommandHz(50);
-    drive().motor().run();
+    motor().setCommandHz(50);
+    motor().run();
     b.clock.advance(2000);
     const QString bmp = b.dir.filePath("a.bmp.bmp"), jpg = b.dir.filePath("a.jpg");
     for (const QString& path : {bmp, jpg}) {

@@ -50,8 +50,6 @@ TEST(TrendRecorder, OneRecordAnIntervalAndALateTimerDoesNotCatchUp) {
 
 TEST(TrendRecorder, RefusesShortIntervalsAndFewRecords) {
     Recorder r;
-    EXPECT_EQ(r.trend.Interval(), 100);
-    EXPECT_EQ(r.trend.MaxRecords(), 1000000000);
     for (const int ms : {99, 0, -5}) r.trend.SetInterval(ms);
     r.trend.SetMaxRecords(99);
     EXPECT_EQ(r.trend.Interval(), 100);
