@@ -12,8 +12,7 @@ using drive::LineFault;
 struct PidStand : CommissioningStand {
     PidControl pid{{link, clock, person, lang}};
 
-    explicit PidStand(Family family, drive::LineMode mode = drive::LineMode::Ascii)
-        : CommissioningStand(family, mode) {}
+    using CommissioningStand::CommissioningStand;
     void open() {
         begin(OwnerPid);
         pid.opened();

@@ -100,10 +100,8 @@ TEST(Monitor, TakesKindAndTopFromTheDialog) {
 TEST(Monitor, TakesATypedMaximum) {
     MonitorStand b;
     b.monitor.setMeterMaximum("");
-    for (const char* text : {"abc", "1.5"}) {
-        b.person.expectBox("Value is not Legal !! Please check it ...", "Error Message");
-        b.monitor.setMeterMaximum(text);
-    }
+    b.person.expectBox("Value is not Legal !! Please check it ...", "Error Message");
+    b.monitor.setMeterMaximum("1.5");
     b.person.expectBox("The value can not smaller then zero !!", "Error Message");
     b.monitor.setMeterMaximum("-1");
     EXPECT_EQ(b.monitor.VrMeter.MaxValue, 50);
