@@ -64,9 +64,17 @@ TEST(KeypadForm, HasItsShapeAndEveryControl) {
     const QString controls =
         "MainTabSheet ParaInfoTabSheet ErrInfoTabSheet StartUpTabSheet BackgroundImage LeadChVrLabel "
         "underLineVrLabel AVrLabel VrLabel5 VrLabel6 DataVrLabel DefLabel MinLabel MaxLabel UnitVrLabel "
-        "LockImage EditTransparentButton ErrDescriptLabel InitialVrLabel InitialVrIndicator "
-        "PUTransparentButton LeftArrowTransparentButton DIRTransparentButton";
+        "LockImage EditTransparentButton ErrDescriptLabel InitialVrLabel InitialVrIndicator ";
     for (const QString& name : controls.split(' ')) w.find<QWidget>(qPrintable(name), &w.form);
+    // Every key is reached by Tab, speaks, and has room for its name.
+    for (const char* name : {"JOGTransparentButton", "ModeTransparentButton", "PUTransparentButton",
+                             "LeftArrowTransparentButton", "PROGTransparentButton", "DIRTransparentButton",
+                             "RUNTransparentButton", "STOPTransparentButton"}) {
+        auto& key = w.at<PanelKey>(name);
+        EXPECT_TRUE(key.focusPolicy() & Qt::TabFocus) << name;
+        EXPECT_FALSE(key.toolTip().isEmpty()) << name;
+        EXPECT_LE(key.fontMetrics().horizontalAdvance(key.text()), key.width() - 8) << name;
+    }
     w.form.setZoom(2);
     EXPECT_EQ(w.form.size(), QSize(502, 784));
     EXPECT_EQ(w.looks.text("keypad/zoom"), "2");
