@@ -20,11 +20,14 @@ namespace kelvane {
 // Takes what comes: another try whenever it is offered, yes to every question. Remembers what was asked.
 struct WillingOperator final : Operator {
     QStringList asked;
-    // Answers a failure of the link in another way.
+    // Answer a failure of the link, a box or an edit in another way.
     std::function<LinkAnswer()> onLinkFailure = [] { return LinkAnswer::Retry; };
+    std::function<BoxAnswer(const QString& title)> onBox;
+    std::function<void(ValueEdit&)> onEdit = [](ValueEdit&) {};
 
     BoxAnswer box(const QString& text, const QString& title, BoxIcon, BoxButtons buttons) override {
         asked += title + QStringLiteral(": ") + text;
+        if (onBox) return onBox(title);
         switch (buttons) {
             case BoxButtons::RetryCancel: return BoxAnswer::Retry;
             case BoxButtons::YesNo:
@@ -38,7 +41,7 @@ struct WillingOperator final : Operator {
         asked += text;
         return onLinkFailure();
     }
-    void editValue(ValueEdit&) override {}
+    void editValue(ValueEdit& edit) override { onEdit(edit); }
 };
 
 struct LineChoice {

@@ -21,7 +21,7 @@ QStringList withoutRepeats(QStringList frames) {
 }
 
 struct TuneStand : CommissioningStand {
-    AutoTuning tuning{{link, clock, user, lang}};
+    AutoTuning tuning{{link, clock, person, lang}};
 
     explicit TuneStand(Family family, drive::LineMode mode = drive::LineMode::Ascii)
         : CommissioningStand(family, mode) {
@@ -70,7 +70,7 @@ TEST_P(TuneFamilyTest, RunsAndWritesInOrder) {
         const QString modeWrite =
             "FF06" + QString(b.family().commandRegister) + QString::asprintf("%04X", entry);
         b.tune(entry);
-        EXPECT_EQ(b.user.asked.takeFirst(),
+        EXPECT_EQ(b.person.asked.takeFirst(),
                   "Caution: Motor will run after press OK !!\nAre you ready to AutoTuning ?");
         EXPECT_FALSE(b.tuning.enabled.buttons || b.tuning.enabled.TuneTransparentButtonEnabled ||
                      b.tuning.enabled.entry);
@@ -78,7 +78,7 @@ TEST_P(TuneFamilyTest, RunsAndWritesInOrder) {
         QObject::connect(&b.tuning, &AutoTuning::speedRead,
                          [&](int digit) { fastest = std::max(fastest, digit); });
         b.untilEnd();
-        EXPECT_EQ(b.user.asked, QStringList("Confirm: Auto Tuning Finish !!"));
+        EXPECT_EQ(b.person.asked, QStringList("Confirm: Auto Tuning Finish !!"));
         const QStringList run{StopFrame, State, modeWrite,
                               RunFrame,  State, QLatin1String(b.family().resultCommand)};
         EXPECT_EQ(b.shape(), run + b.tableReads());
@@ -108,12 +108,12 @@ TEST_P(TuneFamilyTest, ReportsABadResultAndResetsOnRequest) {
         TuneStand b(GetParam());
         b.open();
         b.station.drive.options().tuneResult = drive::TuneFault;
-        b.user.onBox = [=](const QString& title) { return title == "Caution" ? answer : BoxAnswer::Ok; };
+        b.person.onBox = [=](const QString& title) { return title == "Caution" ? answer : BoxAnswer::Ok; };
         const int entry = GetParam() == Family::Tilia ? 2 : 1;  // the shaft stands, so nothing is asked first
         b.tune(entry);
         b.untilEnd();
-        ASSERT_EQ(b.user.asked.size(), 1);
-        EXPECT_EQ(b.user.asked.front(),
+        ASSERT_EQ(b.person.asked.size(), 1);
+        EXPECT_EQ(b.person.asked.front(),
                   "Caution: Auto tune failedAUE , \nWould you want to reset the drive?");
         const QStringList sent = b.shape();
         const auto at = sent.indexOf(QLatin1String(b.family().resultCommand));
@@ -132,7 +132,7 @@ TEST(AutoTuning, StopsARunningDriveFirst) {
     b.station.drive.motor().run();
     b.clock.advance(3000);
     b.tune(1);
-    EXPECT_TRUE(b.user.asked.isEmpty());
+    EXPECT_TRUE(b.person.asked.isEmpty());
     b.untilEnd();
     const QStringList sent = b.frames();
     EXPECT_GT(sent.indexOf("FF0600670001"), 4) << "the drive runs down";
@@ -146,7 +146,7 @@ TEST(AutoTuning, LeavesTheRowWithoutAParameterAlone) {
     EXPECT_EQ(b.tuning.rows.text(ParameterRows::PrNo, 4), "-----");
     EXPECT_EQ(b.tuning.rows.text(ParameterRows::Data, 4), QString());
     QStringList edited;
-    b.user.onEdit = [&](ValueEdit& edit) { edited += edit.PrInforVrLabel.left(7); };
+    b.person.onEdit = [&](ValueEdit& edit) { edited += edit.PrInforVrLabel.left(7); };
     for (const int row : {4, 0, 1}) b.tuning.ParaAdvStringGridDblClickCell(row);
     EXPECT_EQ(edited, QStringList("01-01: "));
 }
@@ -199,14 +199,17 @@ TEST(AutoTuning, ReadsTheTableOfTheSelectedMotor) {
 // run stands there. Behind a refusal comes one poll, behind a time-out nothing after four resends; the way
 // out is to close.
 TEST_P(TuneFamilyTest, StandsAtTheStepThatFailed) {
-    const QString command = QLatin1String(tuneFamily(quint8(GetParam()))->commandRegister);
-    const QString result = QLatin1String(tuneFamily(quint8(GetParam()))->resultCommand);
-    const QString text = "FF03" + QString(tuneFamily(quint8(GetParam()))->textRegister) + "28000A";
+    const TuneFamily& family = *tuneFamily(quint8(GetParam()));
     const int entry = GetParam() == Family::Tilia ? 2 : 1;
     const QString poll = GetParam() == Family::Willow ? "FF032100000B" : "FF0321000010";
-    const QStringList run{
-        StopFrame, State, "FF06" + command + QString::asprintf("%04X", entry),        RunFrame, State,
-        result,    text,  QLatin1String(tuneFamily(quint8(GetParam()))->resetCommand)};
+    const QStringList run{StopFrame,
+                          State,
+                          "FF06" + QString(family.commandRegister) + QString::asprintf("%04X", entry),
+                          RunFrame,
+                          State,
+                          family.resultCommand,
+                          "FF03" + QString(family.textRegister) + "28000A",
+                          family.resetCommand};
     for (int step = 1; step <= run.size(); ++step)
         for (const bool refused : {true, false}) {
             SCOPED_TRACE(testing::Message() << step << (refused ? " refused" : " silent"));
@@ -214,7 +217,7 @@ TEST_P(TuneFamilyTest, StandsAtTheStepThatFailed) {
             b.open();
             b.station.drive.options().tuneSeconds = 0.01;
             b.station.drive.setNextTuneResult(drive::TuneFault);
-            b.user.onLinkFailure = [] { return LinkAnswer::Ignore; };
+            b.person.onLinkFailure = [] { return LinkAnswer::Ignore; };
             for (int k = 0; k < (refused ? 1 : 5); ++k)
                 b.faults().failAt(step + k, refused ? LineFault::Exception : LineFault::Silent);
             b.tune(entry);
@@ -265,7 +268,7 @@ TEST(AutoTuning, TakesNoCodeInTheHighByteForAGoodEnd) {
     b.tune(1);
     b.untilEnd();
     EXPECT_EQ(b.frames().filter("FF0333"), QStringList("FF033300000A"));
-    EXPECT_TRUE(b.user.asked.front().endsWith(", \nWould you want to reset the drive?"));
+    EXPECT_TRUE(b.person.asked.front().endsWith(", \nWould you want to reset the drive?"));
 }
 
 // Before the drive has said which motor it has, no motor is written.
@@ -296,8 +299,8 @@ TEST(AutoTuning, LeavesARunAloneWhenItsWindowCloses) {
     b.tune(1);
     b.clock.advance(600000);
     EXPECT_EQ(b.tuning.sequence.TuneStep, 1);
-    EXPECT_EQ(b.user.asked.size(), 1);
-    b.user.onBox = [](const QString&) { return BoxAnswer::No; };
+    EXPECT_EQ(b.person.asked.size(), 1);
+    b.person.onBox = [](const QString&) { return BoxAnswer::No; };
     EXPECT_FALSE(b.tuning.mayClose());
     b.frames();
     b.close();
@@ -309,11 +312,11 @@ TEST(AutoTuning, LeavesARunAloneWhenItsWindowCloses) {
 TEST(AutoTuning, AsksBeforeTheMotorTurnsAndTakesNo) {
     TuneStand b(Family::Larch);
     b.open();
-    b.user.onBox = [](const QString&) { return BoxAnswer::Cancel; };
+    b.person.onBox = [](const QString&) { return BoxAnswer::Cancel; };
     b.tune(0);
     EXPECT_FALSE(b.tuning.enabled.TuneTransparentButtonEnabled);
     b.tune(2);
-    EXPECT_EQ(b.user.asked.size(), 1);
+    EXPECT_EQ(b.person.asked.size(), 1);
     EXPECT_EQ(b.tuning.enabled, (AutoTuning::Enabled{.TuneTransparentButtonEnabled = true}));
     b.clock.advance(1000);
     EXPECT_EQ(b.frames(), QStringList());

@@ -1,5 +1,5 @@
 // The PID and auto tuning engines on line with a practice drive, and the steps by which the windows open and
-// close them. The person answers from a script where one is given.
+// close them.
 #pragma once
 
 #include "bench/on_line_bench.h"
@@ -9,30 +9,9 @@
 namespace kelvane {
 
 struct CommissioningStand : OnLineBench {
-    // Boxes: answered by this when it is set, else willingly.
-    struct Person final : Operator {
-        QStringList asked;
-        std::function<BoxAnswer(const QString& title)> onBox;
-        std::function<void(ValueEdit&)> onEdit;
-        std::function<LinkAnswer()> onLinkFailure = [] { return LinkAnswer::Retry; };
-
-        BoxAnswer box(const QString& text, const QString& title, BoxIcon, BoxButtons buttons) override {
-            asked += title + QStringLiteral(": ") + text;
-            if (onBox) return onBox(title);
-            return buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
-        }
-        std::optional<QString> openFile(const QString&) override { return {}; }
-        std::optional<QString> saveFile(const QString&, const QString&) override { return {}; }
-        LinkAnswer linkFailure(const QString&, bool) override { return onLinkFailure(); }
-        void editValue(ValueEdit& edit) override {
-            if (onEdit) onEdit(edit);
-        }
-    } user;
-
     explicit CommissioningStand(Family family, drive::LineMode mode = drive::LineMode::Ascii)
         : OnLineBench({.family = family, .mode = mode, .Baud = 38400}) {
         credits.compareState = false;
-        person.onLinkFailure = [this] { return user.onLinkFailure(); };
         goOnLine();
         awaitPolls(2);
         station.port.clearTranscript();

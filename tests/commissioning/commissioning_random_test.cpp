@@ -16,8 +16,8 @@ const QString RunFrame = QStringLiteral("FF0620000002");
 const QString StopFrame = QStringLiteral("FF0620000001");
 
 struct AnyPerson : CommissioningStand {
-    PidControl pid{{link, clock, user, lang}};
-    AutoTuning tuning{{link, clock, user, lang}};
+    PidControl pid{{link, clock, person, lang}};
+    AutoTuning tuning{{link, clock, person, lang}};
     std::mt19937 random;
     // Asked for by a person in the open window, and exchanges begun for it. What the link sends again, since
     // it had no answer, belongs to its exchange.
@@ -35,8 +35,8 @@ struct AnyPerson : CommissioningStand {
     AnyPerson(Family family, unsigned seed)
         : CommissioningStand(family, seed % 2 ? drive::LineMode::Rtu : drive::LineMode::Ascii), random(seed) {
         station.drive.options().tuneSeconds = 0.5;
-        user.onBox = [this](const QString&) { return roll(3) ? BoxAnswer::Yes : BoxAnswer::No; };
-        user.onLinkFailure = [this] {
+        person.onBox = [this](const QString&) { return roll(3) ? BoxAnswer::Yes : BoxAnswer::No; };
+        person.onLinkFailure = [this] {
             return std::array{LinkAnswer::Retry, LinkAnswer::Ignore, LinkAnswer::Abort}[size_t(roll(3))];
         };
         for (const LineFault fault :
@@ -175,7 +175,7 @@ struct BadLine : AnyPerson {
         faults().setSeed(seed);
         for (const LineFault fault : {LineFault::Silent, LineFault::BadCheck, LineFault::Late})
             faults().setChance(fault, 2);
-        user.onLinkFailure = [] { return LinkAnswer::Retry; };
+        person.onLinkFailure = [] { return LinkAnswer::Retry; };
     }
     template <class Engine>
     void writeAndReadBack(Engine& engine, LinkOwner owner) {

@@ -42,6 +42,10 @@ struct ConsoleBenchWithoutDrive : SchedulerBench {
         return commands;
     }
     void run(int ms) { clock.advance(ms); }
+    // What the drive sends, with its check.
+    void reply(const QString& text) {
+        port.arrive(buildFrame(LinkMode::Rtu, text, FrameCheck::Standard).wire);
+    }
     void typeCommands(const QStringList& commands) {
         for (qsizetype i = 0; i < commands.size(); ++i) {
             const int row = static_cast<int>(i) + 1;

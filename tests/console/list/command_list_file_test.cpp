@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "console/flasher/motorola_file.h"
-#include "console/panel/series_tables.h"
 
 namespace kelvane {
 namespace {
@@ -90,37 +89,34 @@ TEST(CommandListFile, KeepsPlaceForKeyAndLetsACommaMoveTheList) {
 }
 
 TEST(CommandListFile, TakesWhatStandsBeforeADamage) {
-    const auto readFrom = [](const QByteArray& bytes, CommandListFile& file) {
-        return readCommandList(bytes, file);
-    };
     CommandListFile file = goodState();
-    CommandListRead read = readFrom(changed("[Page B]", "[Page B] "), file);
+    CommandListRead read = readCommandList(changed("[Page B]", "[Page B] "), file);
     EXPECT_TRUE(read.pageA && !read.pageB && read.ok);
-    read = readFrom(changed("[Page A]", " [Page A]"), file);
+    read = readCommandList(changed("[Page A]", " [Page A]"), file);
     EXPECT_TRUE(!read.pageA && read.pageB);
 
     file = goodState();
     file.TimeOut1 = 77;
-    read = readFrom(changed("= 500\r\n", "= five\r\n"), file);
+    read = readCommandList(changed("= 500\r\n", "= five\r\n"), file);
     EXPECT_FALSE(read.ok);
     EXPECT_EQ(file.TimeOut1, 77u);
     EXPECT_EQ(file.rows.size(), 2u) << "the list before it was taken";
 
     file = goodState();
-    EXPECT_FALSE(readFrom(changed("CmdStringGrid Row = 3", "CmdStringGrid Row = x"), file).ok);
+    EXPECT_FALSE(readCommandList(changed("CmdStringGrid Row = 3", "CmdStringGrid Row = x"), file).ok);
     EXPECT_EQ(file.rows[0].command, "010321000001") << "a list on the screen is not lost";
 
     // No count is trusted.
-    readFrom(changed("CmdStringGrid Row = 3", "CmdStringGrid Row = 2000000000"), file);
+    readCommandList(changed("CmdStringGrid Row = 3", "CmdStringGrid Row = 2000000000"), file);
     EXPECT_EQ(file.rows.size(), size_t(CommandListFile::MaxRows));
-    readFrom(changed("CmdStringGrid Row = 3", "CmdStringGrid Row = -7"), file);
+    readCommandList(changed("CmdStringGrid Row = 3", "CmdStringGrid Row = -7"), file);
     EXPECT_EQ(file.rows.size(), 1u);
-    readFrom(changed("AdvStringGrid1 Row =12", "AdvStringGrid1 Row =99"), file);
+    readCommandList(changed("AdvStringGrid1 Row =12", "AdvStringGrid1 Row =99"), file);
     EXPECT_EQ(file.others.OthersRowCount, OthersRoom);
 
     // Line ends of either kind, and an end anywhere.
-    EXPECT_TRUE(readFrom(QByteArray(GoodFile).replace("\r\n", "\n"), file).ok);
-    for (qsizetype cut = 0; cut < GoodFile.size(); cut += 7) readFrom(GoodFile.left(cut), file);
+    EXPECT_TRUE(readCommandList(QByteArray(GoodFile).replace("\r\n", "\n"), file).ok);
+    for (qsizetype cut = 0; cut < GoodFile.size(); cut += 7) readCommandList(GoodFile.left(cut), file);
 }
 
 TEST(MotorolaFile, TurnsRecordsIntoCommandsAndRefusesTooMany) {
@@ -130,30 +126,6 @@ TEST(MotorolaFile, TurnsRecordsIntoCommandsAndRefusesTooMany) {
         QStringList({"5331130000285F245F2212226A000424290008237C2A", "5339030000FC"}));
     EXPECT_TRUE(readMotorolaFile(QByteArray("S1\n").repeated(FlashLinesRoom + 1)).tooLong);
     EXPECT_EQ(readMotorolaFile(QByteArray("S1\n").repeated(FlashLinesRoom)).lines.size(), FlashLinesRoom);
-}
-
-// The whole of each row in one line, as a technician would check it.
-TEST(SeriesTables, HoldCommandUnitsAndDecimals) {
-    const QStringList wanted{"FF0321000010 3Hz 4Hz 5A 6V 7V 15Hz 16Hz 0022111000120122",
-                             "FF032100000B 3Hz 4Hz 5A 6V 7V 00222020002",
-                             "FF0321000010 3Hz 4Hz 5A 6V 7V 16KW 0022111000110002",
-                             "FF032100000B 3Hz 4Hz 5A 6V 7V 00221000000",
-                             "FF0321000010 3Hz 4Hz 5A 6V 7V 16KW 0022211000110002",
-                             "FF032100000E 3Hz 4Hz 5A 6V 7V 00221112212200",
-                             "FF032100000B 3Hz 4Hz 5A 9V 10V 00221000111",
-                             "FF032100000E 3Hz 4Hz 5A 9V 10V 13V 14mA 16kW 0022102011101102",
-                             "FF0321000010 3Hz 4Hz 5A 6V 7V 16KW 0022211000110002"};
-    for (int index = 0; index < SeriesCount; ++index) {
-        const SeriesTable& table = seriesTable(index);
-        QString line = table.command;
-        QString decimals;
-        for (int row = 1; row <= table.rows; ++row) {
-            const auto at = static_cast<size_t>(row - 1);
-            if (table.units[at]) line += QString(" %1%2").arg(row).arg(table.units[at]);
-            decimals += QString::number(table.decimals[at]);
-        }
-        EXPECT_EQ(QString(line + " " + decimals).toStdString(), wanted[index].toStdString());
-    }
 }
 
 }  // namespace

@@ -2,29 +2,17 @@
 // at the screen and at what was pushed.
 #pragma once
 
-#include "base/manual_tick_clock.h"
-#include "bench/scripted_operator.h"
-#include "bench/stub_port.h"
+#include "bench/link_bench.h"
 #include "diagnostics/keypad/keypad.h"
 
 namespace kelvane {
 
-struct KeypadBench {
-    ManualTickClock clock;
-    FixedWallClock wall{QDateTime(QDate(2026, 3, 2), QTime(9, 8, 7, 60))};
-    ScriptedOperator person;
-    StubPort port;
-    LangTable lang = LangTable::builtInEnglish();
-    RequestScheduler link{{clock, wall, person, port, lang}};
+struct KeypadBench : SchedulerBench {
     Keypad keypad{link, clock, person, lang};
     DriveStatusRecord& status = link.DriveStatus;
     const KeypadScreen& screen = keypad.screen;
-    QStringList history;
 
     explicit KeypadBench(Family family = Family::Larch, std::initializer_list<quint16> counts = {5, 3}) {
-        QObject::connect(&link, &RequestScheduler::historyLine, [this](const QString& line) {
-            history += line.mid(line.indexOf(QLatin1String(" > ")) + 3);
-        });
         link.Initial();
         identify(family, counts);
         tick();
