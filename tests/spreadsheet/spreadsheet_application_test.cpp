@@ -71,20 +71,14 @@ TEST(SpreadsheetRoundTrip, SavedWorkbooksComeBackCellForCell) {
 
 // Either there is an error or nothing is missing; memory and time stay bounded (the fuzz target goes
 // further).
-TEST(SpreadsheetDamage, EveryTruncationIsNoticed) {
+TEST(SpreadsheetDamage, EveryTruncationIsNoticedAndEveryFlippedByteSurvived) {
     const Workbook book = smallWorkbook();
     const QByteArray file = writeBiff(book).bytes;
-    for (qsizetype length = 0; length < file.size(); ++length) {
-        const WorkbookResult read = readBiff(file.first(length));
-        EXPECT_EQ(read.ok, !read.workbook.sheets.empty());
-        EXPECT_TRUE(!read.ok || read.workbook == book) << length;
-    }
-}
-
-TEST(SpreadsheetDamage, EveryFlippedByteIsSurvived) {
-    const QByteArray file = writeBiff(smallWorkbook()).bytes;
     int refused = 0;
-    for (qsizetype at = 0; at < file.size(); ++at)
+    for (qsizetype at = 0; at < file.size(); ++at) {
+        const WorkbookResult cut = readBiff(file.first(at));
+        EXPECT_EQ(cut.ok, !cut.workbook.sheets.empty());
+        EXPECT_TRUE(!cut.ok || cut.workbook == book) << at;
         for (const char mask : {'\x01', '\x80', '\xFF'}) {
             QByteArray damaged = file;
             damaged[at] = static_cast<char>(damaged[at] ^ mask);
@@ -93,5 +87,6 @@ TEST(SpreadsheetDamage, EveryFlippedByteIsSurvived) {
             EXPECT_EQ(read.ok, !read.workbook.sheets.empty());
             refused += read.ok ? 0 : 1;
         }
+    }
     EXPECT_GT(refused, 100);
 }

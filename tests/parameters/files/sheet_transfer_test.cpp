@@ -86,29 +86,6 @@ TEST_F(SheetTransfer, WritesTheSample) {
     EXPECT_EQ(said.back(), "Process Pr 01-00:  Max. Output Freq");
 }
 
-TEST_F(SheetTransfer, KeepsRowanOnOneSheetWithARowMoreForItsReservedGroup) {
-    table.identity = {};
-    table.identity.model = "Rowan";
-    table.identity.groupCount = 1;
-    table.identity.groupParamCount[0] = 1;
-    table.identity.groupParamCount[1] = 0;
-    table.grid.setRowCount(1);
-    fillParameterRow(table.grid, 1, Family::Rowan, 0, 0, {1, 9, 0, 0, 1, "Zero", ""});
-    fillParameterRow(table.grid, 2, Family::Rowan, 0, 1, {2, 9, 0, 0, 1, "One", ""});
-    fillParameterRow(table.grid, 3, Family::Rowan, 1, 0, {3, 9, 0, 0, 1, "Reserved", ""});
-    const Workbook first = saved(true);
-    ASSERT_EQ(first.sheets.size(), 2U);
-    EXPECT_EQ(first.sheets[1].name, "Parameter");
-    EXPECT_EQ(text(first.sheets[1], 4, 2), "0256");
-    const LoadedFile file = load();
-    ASSERT_TRUE(file.table) << file.error.toStdString();
-    ParameterTable loaded;
-    applyTable(*file.table, loaded);
-    EXPECT_EQ(loaded.grid.cell(column::Description, 3), "Reserved");
-    EXPECT_EQ(loaded.grid.RowCount(), 5);
-    EXPECT_FALSE(loaded.grid.hasCheckBox(4));
-}
-
 // What a spreadsheet program leaves of a value that a person typed anew: a number, without the places it had.
 TEST_F(SheetTransfer, NumbersGetThePlacesOfTheirRow) {
     saved();
