@@ -14,16 +14,6 @@
 namespace kelvane {
 namespace {
 
-TEST(MainForm, StartsOffLineAndSendsNothing) {
-    ShellBench bench;
-    bench.clock.advance(5000);
-    EXPECT_EQ(bench.text("ComStatusAbLED"), "Off Line");
-    EXPECT_EQ(bench.text("StatusLinePanel1"), "Off - Line");
-    EXPECT_FALSE(bench.tool->linkPort.Open());
-    EXPECT_FALSE(bench.find<QAction>("PIDControl")->isEnabled());
-    EXPECT_FALSE(bench.find<QWidget>("LangTransparentButton")->isVisible());
-}
-
 class MainFormOfFamily : public testing::TestWithParam<Family> {};
 
 TEST_P(MainFormOfFamily, GoesOnLineAndShowsWhoTheDriveIs) {
@@ -56,6 +46,8 @@ TEST(MainForm, TakesTheLinkOffLineByADoubleClickOnTheLamp) {
     Q_EMIT lamp->doubleClicked();
     EXPECT_EQ(lamp->text(), "Off Line");
     EXPECT_TRUE(bench.text("DriveVrLabel").isEmpty());
+    EXPECT_EQ(bench.text("StatusLinePanel1"), "Off - Line");
+    bench.clock.advance(5000);
     EXPECT_FALSE(bench.tool->linkPort.Open());
     Q_EMIT lamp->doubleClicked();  // off line it opens com setup
     EXPECT_TRUE(bench.windows->comSetupForm.isVisible());

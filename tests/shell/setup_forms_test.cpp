@@ -12,7 +12,6 @@
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
-#include <QToolButton>
 
 #include "base/manual_tick_clock.h"
 #include "bench/scripted_operator.h"

@@ -127,20 +127,6 @@ TEST(ParameterReader, AbortKeepsTheRowsAndStopsEverything) {
     EXPECT_EQ(b.reader.DriveTableComplete, 0);
 }
 
-// The group list is not offered to anyone, but a list with gaps is read as it says.
-TEST(ParameterReader, UncheckedGroupsArePassed) {
-    ParameterLinkBench b;
-    b.link.DriveStatus.GroupCount = 3;
-    b.reader.ReadDriveTransparentButtonClick();
-    b.reader.GrpNameCheckListBox[0].checked = false;
-    b.reader.GrpNameCheckListBox[2].checked = false;
-    EXPECT_EQ(b.readAll(), PlainRead.mid(2));
-    EXPECT_EQ(ParameterLinkBench::column(b.table.grid, column::PrNo),
-              (QStringList{"*****", "01-00", "01-01", "01-02"}));
-    EXPECT_EQ(b.screen.driveRoot.children, (QStringList{"All Parameters", "1 - Basic"}));
-    EXPECT_FALSE(b.progress.shown);
-}
-
 }  // namespace
 
 }  // namespace kelvane

@@ -6,7 +6,6 @@
 #include <QAbstractButton>
 #include <QFontMetricsF>
 #include <QLabel>
-#include <QPdfWriter>
 #include <QTemporaryDir>
 
 #include "bench/scripted_operator.h"

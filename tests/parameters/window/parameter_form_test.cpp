@@ -10,8 +10,6 @@
 #include <QListView>
 #include <QMenu>
 #include <QMimeData>
-#include <QSignalSpy>
-#include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
