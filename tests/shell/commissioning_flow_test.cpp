@@ -95,6 +95,7 @@ TEST(CommissioningFlow, ChangesTheMotorTunesAndAsksBeforeItIsLeft) {
     auto& motorForm = b.windows->form<TMotorSelForm>();
     b.press("MotorSelTransparentButton", b.tuningForm);
     ASSERT_TRUE(motorForm.isVisible());
+    EXPECT_FALSE(b.find<QWidget>("Motor2Image", &b.tuningForm)->isVisible());
     EXPECT_TRUE(b.find<MarkPanel>("Motor1Panel", &motorForm)->marked());
     b.press("Motor2TransparentButton", motorForm);
     EXPECT_FALSE(b.find<MarkPanel>("Motor1Panel", &motorForm)->marked());
