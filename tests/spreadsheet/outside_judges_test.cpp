@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -51,24 +50,7 @@ std::optional<std::vector<std::string>> judgedByXlrd(const QString& path) {
     return facts;
 }
 
-std::string escaped(const QString& text) {
-    std::string out;
-    for (const char32_t c : text.toStdU32String()) {
-        char hex[16];
-        if (c == U'\n')
-            out += "\\n";
-        else if (c < 0x7F)
-            out += static_cast<char>(c);
-        else
-            std::snprintf(hex, sizeof hex,
-                          c < 0x100     ? "\\x%02x"
-                          : c < 0x10000 ? "\\u%04x"
-                                        : "\\U%08x",
-                          unsigned(c)),
-                out += hex;
-    }
-    return out;
-}
+std::string inOneLine(QString text) { return text.replace(u'\n', "\\n").toStdString(); }
 
 #ifdef KELVANE_HAVE_FREEXL
 std::string freexlText(const void* book, unsigned row, unsigned short column) {
@@ -118,7 +100,7 @@ std::set<std::string> expectedFacts(const Workbook& book) {
                              (cell.format.text ? "@\t" : "General\t") +
                              colourWord(cell.format.interiorColour) + "\t" +
                              colourWord(cell.format.fontColour) +
-                             (cell.format.bold ? "\tbold\t" : "\tnormal\t") + escaped(cell.text));
+                             (cell.format.bold ? "\tbold\t" : "\tnormal\t") + inOneLine(cell.text));
         }
     return facts;
 }
@@ -156,7 +138,7 @@ TEST(OutsideJudges, TextsOfEveryKindArriveWhole) {
     // FreeXL loses a text that goes on over two joints.
     book.sheets[0].at(19, 1).text = QString(MaxCellText, QChar(0x6F22));
     book.sheets[0].at(20, 1).text = QString(MaxCellText, u'x');
-    expectXlrdFinds(book, {"sheet\tGr\\xf6\\xdfe \\u03a9 \\u6f22\t20"});
+    expectXlrdFinds(book, {"sheet\tGröße Ω 漢\t20"});
 }
 
 TEST(OutsideJudges, AllColoursOfThePalette) {

@@ -6,9 +6,6 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "ui/curve_plot.h"
-#include "ui/mark_panel.h"
-
 namespace kelvane {
 namespace {
 
@@ -49,26 +46,6 @@ TEST(Meters, ClipAtTheTopAndBearAnyScale) {
         QTest::mouseDClick(&meter, Qt::LeftButton);
         EXPECT_EQ(asked.size(), 1);
     }
-}
-
-TEST(Meters, MarkAPanelByMouseAndKey) {
-    MarkPanel panel;
-    panel.resize(80, 80);
-    QSignalSpy chosen(&panel, &MarkPanel::clicked);
-    QTest::mouseClick(&panel, Qt::LeftButton);
-    QTest::keyClick(&panel, Qt::Key_Space);
-    EXPECT_EQ(chosen.size(), 2);
-    EXPECT_EQ(redPixels(panel), 0);
-    panel.setMarked(true);
-    EXPECT_GT(redPixels(panel), 500);
-}
-
-TEST(Meters, DrawACurveInsideItsRoom) {
-    CurvePlot plot;
-    plot.resize(100, 60);
-    const QImage empty = plot.grab().toImage();
-    plot.setCurve({{0, 0}, {1, 1}, {2, 5}}, 2, 2, 1);
-    EXPECT_NE(plot.grab().toImage(), empty);
 }
 
 }  // namespace

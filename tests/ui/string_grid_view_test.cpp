@@ -91,20 +91,6 @@ TEST_F(GridView, BoxesChangeOnlyWhenTheOwnerObeys) {
     EXPECT_EQ(asked.size(), 0);
 }
 
-TEST_F(GridView, SpaceTogglesTheSelectedRowsLikeTheCurrentOne) {
-    obey();
-    view.setCurrentCell(1, 2);
-    QTest::keyClick(&view, Qt::Key_Space);
-    EXPECT_TRUE(grid.checkBox(2));
-    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
-    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
-    EXPECT_THAT(view.selectedGridRows(), ElementsAre(2, 3, 4));
-    QTest::keyClick(&view, Qt::Key_Space);
-    EXPECT_TRUE(grid.checkBox(2) && grid.checkBox(3) && grid.checkBox(4));
-    QTest::keyClick(&view, Qt::Key_Space);
-    EXPECT_FALSE(grid.checkBox(2) || grid.checkBox(3) || grid.checkBox(4));
-}
-
 TEST_F(GridView, HeaderBoxAsksForRowZeroByMouseAndByKey) {
     QSignalSpy asked(&view, &StringGridView::dblClickCell);
     obey();
@@ -133,7 +119,7 @@ TEST_F(GridView, FollowsHiddenColumnsAndCopiesWhatIsShown) {
     EXPECT_GT(view.columnWidth(2), 20);
 }
 
-TEST_F(GridView, PaintsToldColoursAlsoOnASelectedRow) {
+TEST_F(GridView, PaintsGivenColoursAlsoOnASelectedRowAndMarksAnEditedOne) {
     grid.cellColours = [](int, int row) {
         return row == 1 ? CellColours{0xFFFFFF, 0x008080} : CellColours{};
     };
@@ -144,9 +130,8 @@ TEST_F(GridView, PaintsToldColoursAlsoOnASelectedRow) {
     EXPECT_EQ(pixel(3, 1), QColor(0x00, 0x80, 0x80));
     view.setCurrentCell(1, 2);
     EXPECT_NE(pixel(3, 2), view.palette().color(QPalette::Base));
-}
 
-TEST_F(GridView, MarksAnEditedRowWithoutAColour) {
+    // An edited row is marked by a corner, not by a colour.
     view.setEditedMarkColumn(4);
     const QRect cell = view.visualRect(grid.index(2, 4));
     const auto corner = [&] {
@@ -185,13 +170,10 @@ TEST_F(GridView, RowsThatAreCutAndAGridThatGoesLeaveNoTrace) {
 }
 
 TEST(ReadablePair, KeepsToldColoursAndFindsAPartnerThatCanBeRead) {
-    QPalette light;
-    light.setColor(QPalette::Base, Qt::white);
-    light.setColor(QPalette::Text, Qt::black);
-    QPalette dark(light);
-    dark.setColor(QPalette::Base, QColor(0x31, 0x36, 0x3b));
-    dark.setColor(QPalette::Text, Qt::white);
-    for (const QPalette& palette : {light, dark}) {
+    for (const auto& [base, text] : {std::pair(0xFFFFFFu, 0u), {0x31363Bu, 0xFFFFFFu}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Base, QColor::fromRgb(base));
+        palette.setColor(QPalette::Text, QColor::fromRgb(text));
         for (const Rgb told : {0xFF0000u, 0xA6CAF0u, 0x008080u, 0xFFFFFFu, 0x000000u, 0x808080u}) {
             const QColor colour = QColor::fromRgb(told);
             const ColourPair asText = readablePair(colour, std::nullopt, palette);

@@ -35,35 +35,19 @@ inline void press(const QWidget& form, const char* name) {
     QTest::mouseClick(&part<QAbstractButton>(form, name), Qt::LeftButton);
 }
 
-class HandyOperator final : public Operator {
-   public:
-    explicit HandyOperator(const LangTable& lang) : editor(script, lang) {}
-
-    ScriptedOperator script;
-    TInputValueForm editor;
-    std::function<void(TInputValueForm&)> hand;  // what the person does in the editor, then forgotten
-
-    BoxAnswer box(const QString& text, const QString& title, BoxIcon icon, BoxButtons buttons) override {
-        return script.box(text, title, icon, buttons);
-    }
-    std::optional<QString> openFile(const QString& filter) override { return script.openFile(filter); }
-    std::optional<QString> saveFile(const QString& filter, const QString& suffix) override {
-        return script.saveFile(filter, suffix);
-    }
-    LinkAnswer linkFailure(const QString& text, bool ignoreShown) override {
-        return script.linkFailure(text, ignoreShown);
-    }
-    void editValue(ValueEdit& edit) override {
-        editor.prepare(edit)->show();
-        ASSERT_TRUE(hand) << "the editor came without being expected";
-        std::exchange(hand, {})(editor);
-        if (editor.isVisible()) editor.close();
-    }
-};
-
 struct DialogPerson {
     LangTable words = LangTable::builtInEnglish();
-    HandyOperator person{words};
+    ScriptedOperator person;
+    TInputValueForm editor{person, words};
+
+    // What the hand does when the editor comes.
+    void expectEditor(const std::function<void(TInputValueForm&)>& hand) {
+        person.expectEdit([this, hand](ValueEdit& edit) {
+            editor.prepare(edit)->show();
+            hand(editor);
+            if (editor.isVisible()) editor.close();
+        });
+    }
 };
 
 struct DialogBench : DialogPerson, StationBench {
@@ -78,8 +62,8 @@ struct DialogBench : DialogPerson, StationBench {
         return runUntil([&] { return session.progress.count >= count; });
     }
     // Double click on the data of a parameter of the table.
-    void edit(const QString& PrNo, std::function<void(TInputValueForm&)> hand) {
-        person.hand = std::move(hand);
+    void edit(const QString& PrNo, const std::function<void(TInputValueForm&)>& hand) {
+        expectEditor(hand);
         ProcessAdvStringGridDblClickCell(table, column::Data, rowOfNumber(table, PrNo), person);
     }
     QString data(const QString& PrNo) const { return table.cell(column::Data, rowOfNumber(table, PrNo)); }

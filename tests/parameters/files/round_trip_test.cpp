@@ -61,6 +61,10 @@ TEST_P(PracticeSession, SavedLoadedAndSavedAgainIsTheSame) {
         for (int row = 1; row < table.grid.RowCount(); ++row)
             EXPECT_EQ(test::rowTexts(loaded.grid, row), test::rowTexts(table.grid, row)) << row;
         EXPECT_EQ(savedSheets(loaded, false, path), first);
+        // Kept: Rowan stands on one sheet, with a row more for each group behind the first.
+        const bool rowan = GetParam() == Family::Rowan;
+        EXPECT_EQ(first.sheets[1].name == QLatin1String("Parameter"), rowan);
+        EXPECT_EQ(loaded.grid.RowCount() > table.grid.RowCount(), rowan);
     }
 }
 

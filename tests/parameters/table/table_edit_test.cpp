@@ -23,8 +23,6 @@ class ValueEditing : public ::testing::Test {
 TEST_F(ValueEditing, KeepsSettingTheCheckBoxOnCancel) {
     person.expectEdit({});
     ProcessAdvStringGridDblClickCell(grid, 3, 5, person);
-    EXPECT_EQ(valueEditOf(grid, 5)->PrInforVrLabel, "01-00: Max. Output Freq (50.00 ~ 400.00 )");
-    EXPECT_EQ(valueEditOf(grid, 5)->InputDot, 2);
     EXPECT_EQ(valueEditOf(grid, 5)->InputDefault, 6000);
     EXPECT_EQ(grid.cell(column::Data, 5), "50.00");
     EXPECT_TRUE(grid.checkBox(5));
@@ -64,7 +62,6 @@ TEST_F(ValueEditing, IsUndoneStepByStepUntilTheTableIsReadAnew) {
     type("51.00");
     type("52.00");
     EXPECT_EQ(history.undo(), 5);
-    EXPECT_EQ(row(), "51.00 V edited");
     history.undo();
     EXPECT_EQ(row(), "50.00 X");
     EXPECT_EQ(history.undo(), -1);

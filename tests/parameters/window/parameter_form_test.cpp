@@ -10,8 +10,6 @@
 #include <QListView>
 #include <QMenu>
 #include <QMimeData>
-#include <QSignalSpy>
-#include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -88,26 +86,19 @@ class ParameterWindow : public testing::Test, protected WindowPerson, protected 
     std::optional<TableFileKind> kind = TableFileKind::Text;
 };
 
-TEST_F(ParameterWindow, OpensBareAndTellsThatNoTableIsOpen) {
-    EXPECT_EQ(form.windowTitle(), "Parameter Management");
+TEST_F(ParameterWindow, OpensBareAndReadsATableIntoTabAndTree) {
     const QTabWidget* pages = named<QTabWidget>("PageControl1");
     for (int i = 0; i < pages->count(); ++i) EXPECT_FALSE(pages->isTabVisible(i)) << i;
     EXPECT_FALSE(named<QAction>("ResetParameter")->isEnabled());
-    EXPECT_EQ(named<QTreeWidget>("ParaTreeView")->topLevelItem(0)->text(0), "Drive");
     for (const char* name : {"Save", "Print", "CompareParameter", "WriteSelect", "WriteAll"}) {
         person.expectBox("There is no parameter table be opened !", "Cofirm");
         trigger(name);
     }
-    EXPECT_TRUE(asked.isEmpty());
-    EXPECT_TRUE(station.port.writes().isEmpty());
-}
+    EXPECT_TRUE(asked.isEmpty() && station.port.writes().isEmpty());
 
-TEST_F(ParameterWindow, ReadsATableIntoTabAndTree) {
     readTable();
-    EXPECT_TRUE(named<TabSheet>("DriveTabSheet")->tabVisible());
     EXPECT_TRUE(named<TabSheet>("DriveTabSheet")->highlighted());
     EXPECT_TRUE(view("DriveAdvStringGrid")->isVisible());
-    EXPECT_EQ(named<VrLabel>("ModelVrLabel")->text(), "Larch");
     const QTreeWidgetItem* root = named<QTreeWidget>("ParaTreeView")->topLevelItem(0);
     EXPECT_EQ(root->text(0), "Drive [ Larch ]");
     EXPECT_TRUE(root->isExpanded() && session.reader.DriveTableComplete);
@@ -152,7 +143,6 @@ TEST_F(ParameterWindow, EditsInASubTableReachTheWholeTableAndCanBeUndone) {
 
     QTest::keyClick(sub, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(all.cell(column::Data, row), old);
-    EXPECT_EQ(sub->grid()->cell(column::Data, 1), old);
     EXPECT_FALSE(all.checkBox(row) || sub->grid()->checkBox(1));
     QTest::keyClick(sub, Qt::Key_Y, Qt::ControlModifier);
     EXPECT_EQ(sub->grid()->cell(column::Data, 1), "55.00");
@@ -206,7 +196,9 @@ TEST_F(ParameterWindow, SpaceOnManyRowsIsOneStep) {
         const int set = checked(*table->grid());
         EXPECT_GT(set, 5) << name;
         EXPECT_EQ(checked(session.DriveAdvStringGrid), set) << name;
-        QTest::keyClick(table, Qt::Key_Z, Qt::ControlModifier);
+        QTest::keyClick(table, Qt::Key_Space);
+        EXPECT_EQ(checked(*table->grid()), 0) << name;
+        for (int step = 0; step < 2; ++step) QTest::keyClick(table, Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(checked(session.DriveAdvStringGrid), 0) << name;
         EXPECT_EQ(checked(*table->grid()), 0) << name;
         EXPECT_FALSE(session.driveHistory.canUndo()) << name;
@@ -220,7 +212,12 @@ TEST_F(ParameterWindow, SpaceOnManyRowsIsOneStep) {
     named<QMenu>("RowPopupMenu")->close();
 }
 
-TEST_F(ParameterWindow, SavesAsTextAndLoadsItAgain) {
+TEST_F(ParameterWindow, SavesWhatIsWholeAndLoadsItAgain) {
+    test::fillSample(session.driveTable);
+    session.show(ParameterTab::Drive);
+    person.expectBox("Parameter table is not completed !", "Cofirm");
+    trigger("Save");
+    EXPECT_TRUE(asked.isEmpty());
     loadSample();
     EXPECT_EQ(named<QTreeWidget>("ParaTreeView")->topLevelItem(1)->text(0), "File [ Larch ]");
     EXPECT_EQ(named<PathLabel>("FileNameLabel")->path(), folder.filePath("t.txt"));
@@ -229,20 +226,60 @@ TEST_F(ParameterWindow, SavesAsTextAndLoadsItAgain) {
     person.expectSave("Text Fiels(*.txt)|*.txt", ".txt", copy);
     trigger("Save");
     EXPECT_EQ(asked, (QStringList{"Select Parameter Source to Save", "Table from File", "0"}));
-    const QByteArray saved = readWhole(copy).bytes;
-    EXPECT_TRUE(saved.startsWith("Larch|2.05|150A|460V|75 ( 100 )|2|2|1|0|\r\n")) << saved.toStdString();
     person.expectOpen(openTableFilter(), copy);
     trigger("ReadfromFile");
     EXPECT_EQ(form.recent.list(), (QStringList{copy, folder.filePath("t.txt")}));
+    EXPECT_EQ(session.FileAdvStringGrid.cell(column::Data, 5), "50.00");
 
-    // What cannot be read or written leaves the table.
-    writeWhole(folder.filePath("bad.txt"), "");
+    chosen.reset();
+    bool wentOn = false;
+    session.saver.save(ParameterTab::Drive, [&] { wentOn = true; });
+    EXPECT_FALSE(wentOn) << "nothing was saved";
+    chosen = 0;
+    session.reader.DriveTableComplete = 1;
+    kind = TableFileKind::Csv;
+    person.expectSave("CSV Fiels(*.csv)|*.CSV", ".CSV", std::nullopt);
+    trigger("Save");
+    EXPECT_EQ(person.suggestedName, "Larch");
+    EXPECT_EQ(session.saver.SaveMemo, writeTableText(session.driveTable, false, TextFormat::Csv));
+
+    // What cannot be read or written leaves the table; without a spreadsheet program no file dialog comes.
     person.expectBox("File format not support !", "Warning");
     EXPECT_FALSE(session.loader.load(folder.filePath("x.doc")));
     const QString missing = folder.filePath("no.txt");
     person.expectBox(readWhole(missing).error, "Error");
     EXPECT_FALSE(session.loader.load(missing));
+    session.fileWork.spreadsheet.present = [] { return false; };
+    kind = TableFileKind::Spreadsheet;
+    person.expectBox("Please install the Microsoft Excel first !!", "Error");
+    trigger("Save");
+    person.expectBox("Please install the Microsoft Excel first !!", "Error");
+    EXPECT_FALSE(session.loader.load("t.xls"));
     EXPECT_EQ(session.FileAdvStringGrid.RowCount(), 6);
+}
+
+TEST_F(ParameterWindow, ASavedComparisonComesBackAndLeavesTheTableFromFile) {
+    test::fillSample(session.driveTable);
+    session.reader.DriveTableComplete = 1;
+    session.show(ParameterTab::Drive);
+    loadSample();
+    session.compare(QLatin1String(DriveVsDefault));
+    chosen = 2;
+    for (const TableFileKind each : {TableFileKind::Text, TableFileKind::Csv, TableFileKind::Spreadsheet}) {
+        kind = each;
+        const QString path = folder.filePath("c" + saveSuffix(each));
+        person.expectSave(saveFilter(each), saveSuffix(each), path);
+        trigger("Save");
+        session.screen.CompareTabSheetVisible = false;
+        session.CompareAdvStringGrid.setRowCount(1);
+        person.expectOpen(openTableFilter(), path);
+        trigger("ReadfromFile");
+        EXPECT_TRUE(session.screen.CompareTabSheetVisible);
+        EXPECT_EQ(session.CompareAdvStringGrid.RowCount(), 3) << path.toStdString();
+        EXPECT_EQ(session.CompareAdvStringGrid.cell(column::Note, 2), "Drive");
+        EXPECT_EQ(session.fileTable.TableFileName, folder.filePath("t.txt"));
+        EXPECT_EQ(session.FileAdvStringGrid.RowCount(), 6);
+    }
 }
 
 TEST_F(ParameterWindow, ClosingATabSavesThatTableAndFailureKeepsIt) {
@@ -269,10 +306,24 @@ TEST_F(ParameterWindow, ClosingATabSavesThatTableAndFailureKeepsIt) {
     EXPECT_TRUE(asked.isEmpty()) << "nor is anything saved";
     EXPECT_EQ(person.lastButtons, BoxButtons::YesNoOrLeave);
     EXPECT_TRUE(named<TabSheet>("FileTabSheet")->tabVisible());
+
+    // By the menu of the tree, which acts on the side of its root.
+    QTreeWidget* tree = named<QTreeWidget>("ParaTreeView");
+    const auto menuAt = [&](QTreeWidgetItem* item) {
+        named<QMenu>("TreeViewParaPopupMenu")->hide();
+        Q_EMIT tree->customContextMenuRequested(tree->visualItemRect(item).center());
+        return named<QMenu>("TreeViewParaPopupMenu")->isVisible();
+    };
+    EXPECT_FALSE(menuAt(node(1, 1)));
+    EXPECT_TRUE(menuAt(tree->topLevelItem(1)));
+    named<QMenu>("TreeViewParaPopupMenu")->hide();
     person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::No);
-    trigger("CloseTab");
+    trigger("closeTable");
     EXPECT_FALSE(named<TabSheet>("FileTabSheet")->tabVisible());
-    const QTreeWidgetItem* root = named<QTreeWidget>("ParaTreeView")->topLevelItem(1);
+    EXPECT_TRUE(menuAt(tree->topLevelItem(1)));
+    EXPECT_FALSE(named<QAction>("closeTable")->isEnabled());
+    named<QMenu>("TreeViewParaPopupMenu")->hide();
+    const QTreeWidgetItem* root = tree->topLevelItem(1);
     EXPECT_EQ(root->text(0), "File");
     EXPECT_EQ(root->childCount(), 0);
     EXPECT_TRUE(named<TabSheet>("DriveTabSheet")->highlighted());
@@ -281,6 +332,12 @@ TEST_F(ParameterWindow, ClosingATabSavesThatTableAndFailureKeepsIt) {
 TEST_F(ParameterWindow, ComparesAndTellsWhatCouldNotBeCompared) {
     readTable();
     loadSample();
+    std::vector<Report> reports;
+    QObject::connect(&form, &TParameterForm::reportWanted,
+                     [&](const Report& report) { reports.push_back(report); });
+    trigger("Print");
+    EXPECT_EQ(reports.front().head.drive.texts, CompInfoRow{}) << "kept: blank before any comparison";
+    asked.clear();
     chosen = 2;
     trigger("CompareParameter");
     EXPECT_EQ(asked, (QStringList{"Drive vs. default", "File vs. default", "Drive vs. File"}));
@@ -288,34 +345,15 @@ TEST_F(ParameterWindow, ComparesAndTellsWhatCouldNotBeCompared) {
     EXPECT_EQ(named<VrLabel>("CompKindLabel")->text(), "Drive vs. File");
     EXPECT_TRUE(panel(0).contains("could not be compared")) << panel(0).toStdString();
 
-    std::vector<PrintRecord> records;
-    QObject::connect(&form, &TParameterForm::reportWanted,
-                     [&](const Report& report) { records = report.records; });
     asked.clear();
     trigger("Print");
     EXPECT_EQ(asked, (QStringList{"Select Parameter Source to Print", "Table from Drive", "Table from File",
                                   "Comparison Result", "0"}));
-    EXPECT_EQ(int(records.size()), session.CompareAdvStringGrid.RowCount() - 1);
-    EXPECT_EQ(records.front()[9], "Drive");
-}
-
-TEST_F(ParameterWindow, TreeMenuActsOnTheSideOfItsRoot) {
-    loadSample();
-    QTreeWidget* tree = named<QTreeWidget>("ParaTreeView");
-    const auto menuAt = [&](QTreeWidgetItem* item) {
-        named<QMenu>("TreeViewParaPopupMenu")->hide();
-        Q_EMIT tree->customContextMenuRequested(tree->visualItemRect(item).center());
-        return named<QMenu>("TreeViewParaPopupMenu")->isVisible();
-    };
-    EXPECT_TRUE(menuAt(tree->topLevelItem(0)));
-    EXPECT_FALSE(named<QAction>("closeTable")->isEnabled());
-    EXPECT_FALSE(menuAt(node(1, 1)));
-    EXPECT_TRUE(menuAt(tree->topLevelItem(1)));
-    EXPECT_TRUE(named<QAction>("closeTable")->isEnabled());
-    named<QMenu>("TreeViewParaPopupMenu")->hide();
-    person.expectBox("Do you want to save the parameter table before close ?", "Cofirm", BoxAnswer::No);
-    trigger("closeTable");
-    EXPECT_FALSE(named<TabSheet>("FileTabSheet")->tabVisible());
+    const Report& report = reports.back();
+    EXPECT_EQ(int(report.records.size()), session.CompareAdvStringGrid.RowCount() - 1);
+    EXPECT_EQ(report.records.front()[9], "Drive");
+    EXPECT_TRUE(report.head.noteShown && report.head.drive.texts[0] == "drive");
+    EXPECT_EQ(report.head.file.texts[0], folder.filePath("t.txt"));
 }
 
 TEST_F(ParameterWindow, StatusLineKeepsLinkAndNumInOnePanel) {
@@ -329,10 +367,6 @@ TEST_F(ParameterWindow, StatusLineKeepsLinkAndNumInOnePanel) {
     link.Lamp.parameterPanel1 = "On - Line";
     link.notifyChanged();
     EXPECT_EQ(panel(1), "On - Line");
-    const QString before = named<QLabel>("StatusLineDateTime")->text();
-    wall.set(wall.now().addSecs(1));
-    clock.advance(1000);
-    EXPECT_NE(named<QLabel>("StatusLineDateTime")->text(), before);
     form.hide();
     EXPECT_FALSE(form.SystemTimer.Enabled());
 }
@@ -347,8 +381,6 @@ TEST_F(ParameterWindow, LoadsFilesThatAreDroppedOrDoubleClicked) {
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     session.fileTable.TableFileName.clear();
     QApplication::sendEvent(&form, &drop);
-    EXPECT_TRUE(drop.isAccepted());
-    EXPECT_EQ(session.fileTable.TableFileName, "");
     QApplication::processEvents();
     EXPECT_EQ(session.fileTable.TableFileName, folder.filePath("t.txt"));
 
@@ -372,7 +404,6 @@ TEST_F(ParameterWindow, LoadsFilesThatAreDroppedOrDoubleClicked) {
     session.fileTable.TableFileName.clear();
     Q_EMIT browser->LsFilelistView->doubleClicked(files->index(2, 0, browser->LsFilelistView->rootIndex()));
     EXPECT_EQ(QFileInfo(session.fileTable.TableFileName).fileName(), "t.txt");
-    EXPECT_EQ(session.loader.OpenFromBrowser, 0);
     form.hide();
     EXPECT_EQ(browser->LsFilelistView->model(), nullptr) << "a folder that nobody sees is not watched";
 }
