@@ -24,7 +24,8 @@ class IdentityLabel final : public VrLabel {
    public:
     using VrLabel::VrLabel;
     QSize minimumSizeHint() const override {
-        return {std::min(QLabel::sizeHint().width(), sizeHint().width()), sizeHint().height()};
+        const int ownText = fontMetrics().size(0, text()).width() + 2 * (frameWidth() + margin());
+        return {std::min(ownText, sizeHint().width()), sizeHint().height()};
     }
 };
 constexpr int InfoRows = 3;
