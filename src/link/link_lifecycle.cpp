@@ -56,7 +56,7 @@ void RequestScheduler::abandonExchange() {
     if (!RxTimer.Enabled()) return;
     const quint32 left = ReplyTimeoutTicks > RxTickCount ? ReplyTimeoutTicks - RxTickCount : 0;
     const auto wire = static_cast<quint32>(m_wireTimeUs / (qint64(TickLength) * 1000) + 1);
-    m_trust.lostTrack();
+    m_trust.cutOff();
     m_trust.oweSilence(wire + left + BaudTimeoutTicks);
     if (inHand()) dropFront();
 }

@@ -79,7 +79,8 @@ ReplyTrust::ReplyTrust(TickClock& clock, std::function<void()> onSilent)
       m_silence(clock, TickKind::Waiting, 1, [this] { silentTick(); }) {}
 
 void ReplyTrust::sent(LinkMode mode, const QString& command, qint64 wireTimeUs, bool again) {
-    if (!m_heard.isEmpty() && !inDoubt()) {
+    if (std::exchange(m_cutOff, false) && settled(mode)) m_lostUntilUs = m_clock.nowUs();
+    if (!m_heard.isEmpty() && m_certain && !inDoubt()) {
         const qint64 turnaround = m_sentUs + m_delayUs - m_earliestUs;
         m_slowestUs = std::max(m_slowestUs, m_delayUs);
         m_fastestUs = m_fastestUs < 0 ? turnaround : std::min(m_fastestUs, turnaround);
@@ -94,6 +95,7 @@ void ReplyTrust::sent(LinkMode mode, const QString& command, qint64 wireTimeUs, 
     m_earliestUs = m_sentUs + wireTimeUs;
     m_again = again;
     m_early = m_more = m_copy = false;
+    m_certain = !inDoubt();
 }
 
 // Copies of these may come while later requests wait for their answers.
@@ -160,7 +162,9 @@ std::optional<QByteArray> ReplyTrust::answer(LinkMode mode, const QString& comma
         (tooEarly() || unusualDelay() || !std::all_of(fitting.begin(), fitting.end(), isCopy)))
         fitting.removeIf(isCopy);
     if (m_again)
-        fitting.removeIf([&](const QByteArray& reply) { return isCopy(reply) && !heardNothingBut(reply); });
+        fitting.removeIf([&](const QByteArray& reply) {
+            return isCopy(reply) && (unusualDelay() || !heardNothingBut(reply));
+        });
     if (!m_again && m_clock.nowUs() < m_lostUntilUs && unusualDelay())
         fitting.removeIf([&](const QByteArray& reply) { return owedToAnother(mode, reply); });
     const bool same =
@@ -191,6 +195,17 @@ void ReplyTrust::lostTrack() {
     if (m_clock.nowUs() >= m_lostUntilUs) m_lost.clear();
     if (!m_lost.contains(m_command)) m_lost += m_command;
     m_lostUntilUs = m_clock.nowUs() + LongestLateness;
+}
+
+void ReplyTrust::cutOff() {
+    m_cutOff = !inDoubt();
+    lostTrack();
+}
+
+bool ReplyTrust::settled(LinkMode mode) const {
+    const QByteArrayList heard = wholeReplies(mode, m_heard);
+    return heard.size() == 1 && heard.front() == m_heard && fitsCommand(mode, m_heard, m_command) &&
+           !m_copy && !tooEarly() && !unusualDelay();
 }
 
 void ReplyTrust::oweSilence(quint32 ticks) {

@@ -37,7 +37,7 @@ class ReplyTrust {
     // The one reply that fits; nothing when there is none, or when two that fit are not the same. A copy of
     // what was heard for another request does not count beside a fresh one, nor where no answer can have
     // begun; nor does a reply at an unusual time, while it could be the one that another request still waits
-    // for; nor a copy in a resend, beside anything else.
+    // for; nor a copy in a resend, beside anything else or at an unusual time.
     std::optional<QByteArray> answer(LinkMode mode, const QString& command) const;
     bool heardEcho(LinkMode mode) const;  // of a write
     bool heardWholeReply(LinkMode mode) const { return !wholeReplies(mode, m_heard).isEmpty(); }
@@ -49,6 +49,9 @@ class ReplyTrust {
     // ---- After it
     // An answer may still come for a request that was sent.
     void lostTrack();
+    // The same for one that was cut off. Where nothing was in doubt, its answer settles that before the next
+    // request is sent, as it would have ended the exchange.
+    void cutOff();
     // Nothing is sent until no byte has come for so many waiting ticks; counts at once.
     void oweSilence(quint32 ticks);
     bool silenceOwed() const { return m_silenceLeft > 0; }
@@ -62,6 +65,7 @@ class ReplyTrust {
     };
     void silentTick();
     void remember(LinkMode mode);
+    bool settled(LinkMode mode) const;
     bool heardForAnother(const QByteArray& reply) const;
     bool heardNothingBut(const QByteArray& reply) const;
     bool owedToAnother(LinkMode mode, const QByteArray& reply) const;
@@ -83,7 +87,9 @@ class ReplyTrust {
     qint64 m_slowestUs = 0;  // from a request to the first byte of its answer, in any exchange without doubt
     qint64 m_delayUs = 0;    // the same in the exchange in hand
     qint64 m_lostUntilUs = 0;
-    QStringList m_lost;  // requests without an answer, as long as one may come
+    QStringList m_lost;      // requests without an answer, as long as one may come
+    bool m_cutOff = false;   // all that is lost is the answer of the request in hand
+    bool m_certain = false;  // nothing was in doubt when the request in hand was sent
     bool m_again = false;
     bool m_early = false;
     bool m_more = false;  // bytes behind the end of a frame

@@ -203,6 +203,28 @@ TEST_F(WaitStep, CountsTheSilenceOfABrokenOffReplyFromTheEndOfTheRest) {
     EXPECT_FALSE(port.isHeldBack);
 }
 
+TEST_F(WaitStep, IsShortAgainOnceTheCutOffPollHasItsAnswer) {
+    const auto frame = [this](const QString& text) {
+        passRequest();
+        port.arrive(buildFrame(link.mode(), text, FrameCheck::Standard).wire);
+    };
+    for (const char* heard : {"the answer", "another answer", "nothing"}) {
+        start();
+        ASSERT_EQ(send(), Poll);
+        link.prelude();
+        if (*heard != 'n')
+            frame("FF03" + QString(*heard == 't' ? "20" : "1E") +
+                  QString(64, '0').mid(*heard == 't' ? 0 : 4));
+        link.ActiveFunction = OwnerParameter;
+        ASSERT_EQ(ask(12, "FF030100000F"), "FF030100000F");
+        const int before = cycles;
+        frame("FF031E" + QString(60, '0'));
+        clock.advance(TickLength);
+        EXPECT_EQ(cycles > before, *heard == 't') << heard;
+        link.tail();
+    }
+}
+
 TEST_F(WaitStep, TellsAReadError) {
     person.expectBox("I got you (com)!!", "Cofirm");
     port.arriveUnreadable();
