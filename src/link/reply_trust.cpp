@@ -12,11 +12,18 @@ constexpr qint64 LongestLateness = 5000000;  // us; an answer that comes later i
 constexpr qsizetype MostHeard = 2048;        // bytes; a line that chatters on has no answer in it
 constexpr qsizetype ShortestRtuReply = 5;
 constexpr qsizetype MostRemembered = 128;  // replies
+constexpr qsizetype LongestRefusal = 11;   // characters
+constexpr int WordsOfAText = 8;            // no two texts are alike
 constexpr int EarlyByHabit = 3;            // exchanges in a row
 constexpr qint64 UsualDelay = 48000;       // us; from a request to its answer, where none is known
 constexpr qint64 DelayJitter = 1500;       // us
 constexpr qint64 LateJitter = 8000;        // us
 constexpr qint64 DelaySpread = 32000;      // us; by which an answer may be slower than those before
+
+int wordsAskedFor(const QString& command) {
+    const QByteArray sent = StrTo8bitInt(command);
+    return byteAt(sent, 2) == 0x03 ? wordAt(sent, 5) : 0;
+}
 
 QByteArray asciiBinary(const QByteArray& frame) { return QByteArray::fromHex(frame.mid(1).trimmed()); }
 
@@ -95,6 +102,7 @@ void ReplyTrust::sent(LinkMode mode, const QString& command, qint64 wireTimeUs, 
     m_earliestUs = m_sentUs + wireTimeUs;
     m_again = again;
     m_early = m_more = m_copy = false;
+    m_sentWhileLost = m_sentUs < m_lostUntilUs;
     m_certain = !inDoubt();
 }
 
@@ -136,9 +144,10 @@ void ReplyTrust::heard(LinkMode mode, const QByteArray& burst) {
     if (heardForAnother(m_heard)) m_copy = true;
 }
 
-bool ReplyTrust::othersMayCome() const {
-    return m_more || tooEarly() || m_copy || m_clock.nowUs() < m_lostUntilUs;
-}
+// What was sent in that time stays in doubt to its end.
+bool ReplyTrust::othersAreLost() const { return m_sentWhileLost || m_clock.nowUs() < m_lostUntilUs; }
+
+bool ReplyTrust::othersMayCome() const { return m_more || tooEarly() || m_copy || othersAreLost(); }
 
 // No answer of this line has begun so soon or so late.
 bool ReplyTrust::unusualDelay() const {
@@ -149,24 +158,30 @@ bool ReplyTrust::unusualDelay() const {
 
 bool ReplyTrust::ownAnswerIsDue() const {
     const qint64 now = m_clock.nowUs();
-    return m_copy && !m_again && !m_more && !tooEarly() && now >= m_lostUntilUs &&
+    return m_copy && !m_again && !m_more && !tooEarly() && !othersAreLost() &&
            now >= m_sentUs + std::max(m_slowestUs, UsualDelay) + DelaySpread;
+}
+
+// Only a refusal is shorter than the words of a text.
+bool ReplyTrust::isText(const QByteArray& reply) const {
+    return wordsAskedFor(m_command) >= WordsOfAText && reply.size() > LongestRefusal;
+}
+
+bool ReplyTrust::mayBeAnothers(LinkMode mode, const QByteArray& reply, bool onlyCopies) const {
+    const bool copy = heardForAnother(reply);
+    if (m_again) return copy && (unusualDelay() || !heardNothingBut(reply));
+    if (copy && isText(reply)) return true;
+    if (othersAreLost()) return owedToAnother(mode, reply) && (copy || m_fastestUs < 0 || unusualDelay());
+    return copy && (tooEarly() || unusualDelay() || !onlyCopies);
 }
 
 std::optional<QByteArray> ReplyTrust::answer(LinkMode mode, const QString& command) const {
     QByteArrayList fitting;
     for (const QByteArray& reply : wholeReplies(mode, m_heard))
         if (fitsCommand(mode, reply, command)) fitting += reply;
-    const auto isCopy = [this](const QByteArray& reply) { return heardForAnother(reply); };
-    if (!m_again && m_clock.nowUs() >= m_lostUntilUs &&
-        (tooEarly() || unusualDelay() || !std::all_of(fitting.begin(), fitting.end(), isCopy)))
-        fitting.removeIf(isCopy);
-    if (m_again)
-        fitting.removeIf([&](const QByteArray& reply) {
-            return isCopy(reply) && (unusualDelay() || !heardNothingBut(reply));
-        });
-    if (!m_again && m_clock.nowUs() < m_lostUntilUs && unusualDelay())
-        fitting.removeIf([&](const QByteArray& reply) { return owedToAnother(mode, reply); });
+    const bool onlyCopies = std::all_of(fitting.begin(), fitting.end(),
+                                        [this](const QByteArray& one) { return heardForAnother(one); });
+    fitting.removeIf([&](const QByteArray& one) { return mayBeAnothers(mode, one, onlyCopies); });
     const bool same =
         std::all_of(fitting.begin(), fitting.end(), [&](const auto& one) { return one == fitting[0]; });
     if (fitting.isEmpty() || !same) return std::nullopt;
@@ -178,7 +193,7 @@ bool ReplyTrust::heardEcho(LinkMode mode) const {
 }
 
 void ReplyTrust::answered(const QByteArray& reply) {
-    const bool lone = m_heard == reply && !m_again && !m_copy && m_clock.nowUs() >= m_lostUntilUs;
+    const bool lone = m_heard == reply && !m_again && !m_copy && !othersAreLost();
     m_earlyInARow = m_early && lone ? m_earlyInARow + 1 : 0;
     if (m_earlyInARow >= EarlyByHabit) m_paceless = true;
 }

@@ -34,10 +34,11 @@ class ReplyTrust {
     // own would have begun.
     bool ownAnswerIsDue() const;
     bool heardAnything() const { return !m_heard.isEmpty(); }
-    // The one reply that fits; nothing when there is none, or when two that fit are not the same. A copy of
-    // what was heard for another request does not count beside a fresh one, nor where no answer can have
-    // begun; nor does a reply at an unusual time, while it could be the one that another request still waits
-    // for; nor a copy in a resend, beside anything else or at an unusual time.
+    // The one reply that fits; nothing when there is none, or when two that fit are not the same. What may be
+    // another request's does not count: a copy of what was heard for that one, when it is a text, comes
+    // beside a fresh reply or where no answer can have begun, and in a resend when it comes beside anything
+    // or at an unusual time; and what a request that still waits could be answered with, when it is a copy or
+    // comes at an unusual time.
     std::optional<QByteArray> answer(LinkMode mode, const QString& command) const;
     bool heardEcho(LinkMode mode) const;  // of a write
     bool heardWholeReply(LinkMode mode) const { return !wholeReplies(mode, m_heard).isEmpty(); }
@@ -64,8 +65,11 @@ class ReplyTrust {
         qint64 atUs;
     };
     void silentTick();
+    bool othersAreLost() const;
     void remember(LinkMode mode);
     bool settled(LinkMode mode) const;
+    bool isText(const QByteArray& reply) const;
+    bool mayBeAnothers(LinkMode mode, const QByteArray& reply, bool onlyCopies) const;
     bool heardForAnother(const QByteArray& reply) const;
     bool heardNothingBut(const QByteArray& reply) const;
     bool owedToAnother(LinkMode mode, const QByteArray& reply) const;
@@ -87,8 +91,9 @@ class ReplyTrust {
     qint64 m_slowestUs = 0;  // from a request to the first byte of its answer, in any exchange without doubt
     qint64 m_delayUs = 0;    // the same in the exchange in hand
     qint64 m_lostUntilUs = 0;
-    QStringList m_lost;      // requests without an answer, as long as one may come
-    bool m_cutOff = false;   // all that is lost is the answer of the request in hand
+    QStringList m_lost;     // requests without an answer, as long as one may come
+    bool m_cutOff = false;  // all that is lost is the answer of the request in hand
+    bool m_sentWhileLost = false;
     bool m_certain = false;  // nothing was in doubt when the request in hand was sent
     bool m_again = false;
     bool m_early = false;

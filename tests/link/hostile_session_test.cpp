@@ -217,7 +217,8 @@ std::vector<int> sessionSeeds() {
     const int first = chosen ? std::atoi(chosen) : 1;
     for (int seed = first; seed < first + (chosen ? 1 : everyCase() ? 400 : 40); ++seed)
         seeds.push_back(seed);
-    if (!chosen && !everyCase()) seeds.insert(seeds.end(), {266, 269, 332, 396});  // once credited wrongly
+    if (!chosen && !everyCase())
+        seeds.insert(seeds.end(), {266, 269, 332, 396, 542, 671, 1217, 3335});  // once credited wrongly
     return seeds;
 }
 
