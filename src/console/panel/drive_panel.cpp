@@ -53,14 +53,16 @@ void ChartSeries::add(double value) {
 DrivePanel::DrivePanel(ConsoleTraffic& traffic, StringGrid& CmdAdvStringGrid, TickClock& clock,
                        const Voice& voice)
     : AdvStringGrid1(6),
-      SendDefCmdTimer(clock, TickKind::Stepping, 1, [this] { SendDefCmdTimerTimer(); }),
+      SendDefCmdTimer(clock, traffic.link),
       m_traffic(traffic),
       m_voice(voice),
       m_commandList(CmdAdvStringGrid) {
     AdvStringGrid1.setHeaders({QString(), QStringLiteral("Address"), QStringLiteral("Name"), DecFormat,
                                QStringLiteral("Unit"), QStringLiteral("Decimal")});
     AdvStringGrid1.mayType = [this](int column, int) { return column > 0 && mayEdit(); };
-    connect(&m_traffic, &ConsoleTraffic::becameFree, this, [this] { SendDefCmdTimer.kick(); });
+    SendDefCmdTimer.asksAnew = false;
+    SendDefCmdTimer.mayAsk = [this] { return m_traffic.free(); };
+    SendDefCmdTimer.next = [this] { return nextRequest(); };
 }
 
 bool DrivePanel::othersSelected() const {
@@ -216,47 +218,44 @@ bool DrivePanel::run(quint16 repeat) {
     RepeatLeft = repeat;
     PendingDriveCmd = 0;
     m_running = true;
-    link.ParamRead.WriteDone = 1;
-    sendRead();
-    SendDefCmdTimer.setEnabled(true);
+    m_hasRead = false;
+    SendDefCmdTimer.start();
     Q_EMIT tableChanged();
     return true;
 }
 
 void DrivePanel::stop() {
-    SendDefCmdTimer.setEnabled(false);
+    SendDefCmdTimer.stop();
     m_running = false;
     PendingDriveCmd = 0;
     setLeds({});
     Q_EMIT tableChanged();
 }
 
-void DrivePanel::sendRead() {
-    m_traffic.link.ParamRead.ReadDone = 0;
-    m_traffic.send(ConsoleReadTask, DefCmdLabeledEdit);
-}
-
-void DrivePanel::SendDefCmdTimerTimer() {
-    const ParamReadRecord& flags = m_traffic.link.ParamRead;
-    if (!flags.ReadDone || !flags.WriteDone || !m_traffic.free()) return;
-    SendDefCmdTimer.setEnabled(false);
-    if (PendingDriveCmd != 0) {
-        sendPending();
-        SendDefCmdTimer.setEnabled(true);
-        return;
-    }
-    showWords();
-    // Kept: with a cell that is no number the polling stays off until STOP and RUN.
-    if (!addToChart()) return m_voice.person.tell(QStringLiteral("I got you !!"), QStringLiteral("Cofirm"));
-    showStatus();
-    countRepeat();
+// A button first; then what was read is shown, and read again.
+std::optional<LinkRequest> DrivePanel::nextRequest() {
+    if (PendingDriveCmd != 0) return pendingRequest();
+    if (std::exchange(m_hasRead, true) && !takeReading()) return std::nullopt;
+    return LinkRequest{ConsoleReadTask, DefCmdLabeledEdit, Awaits::ReadDone};
 }
 
 // Kept: while polling the address is always FFh, whatever the ID box says.
-void DrivePanel::sendPending() {
-    m_traffic.link.ParamRead.WriteDone = 0;
+LinkRequest DrivePanel::pendingRequest() {
     const quint8 button = std::exchange(PendingDriveCmd, quint8(0));
-    m_traffic.send(ConsoleWriteTask, buttonCommand(CommonAddress, button));
+    return {ConsoleWriteTask, buttonCommand(CommonAddress, button), Awaits::WriteDone};
+}
+
+// False when nothing is read any more.
+bool DrivePanel::takeReading() {
+    showWords();
+    if (!addToChart()) {
+        // Kept: with a cell that is no number the polling stays off until STOP and RUN.
+        SendDefCmdTimer.stop();
+        m_voice.person.tell(QStringLiteral("I got you !!"), QStringLiteral("Cofirm"));
+        return false;
+    }
+    showStatus();
+    return countRepeat();
 }
 
 int DrivePanel::wordCount() const {
@@ -321,23 +320,23 @@ void DrivePanel::setLeds(const StateLeds& lit) {
     Q_EMIT ledsChanged();
 }
 
-void DrivePanel::countRepeat() {
-    if (RepeatLeft == 1) {
-        m_running = false;
-        Q_EMIT tableChanged();
-        Q_EMIT ended();
-        return;
+bool DrivePanel::countRepeat() {
+    if (RepeatLeft != 1) {
+        if (RepeatLeft > 1) --RepeatLeft;
+        return true;
     }
-    if (RepeatLeft > 1) --RepeatLeft;
-    sendRead();
-    SendDefCmdTimer.setEnabled(true);
+    SendDefCmdTimer.stop();
+    m_running = false;
+    Q_EMIT tableChanged();
+    Q_EMIT ended();
+    return false;
 }
 
 // ---- Buttons ----
 
 void DrivePanel::press(DriveButton button) {
     const auto number = static_cast<quint8>(button);
-    const bool polling = SendDefCmdTimer.Enabled();
+    const bool polling = SendDefCmdTimer.running();
     const quint8 address = polling ? CommonAddress : MonitorUpDown;
     if (!polling) m_traffic.link.Console.ListRunning = 0;
     if (button == DriveButton::Stop) {
