@@ -78,10 +78,8 @@ constexpr ItemRow YarrowItems{14,
 constexpr ItemRow SorrelItems = TiliaItems;
 // clang-format on
 
-// What a family allows and how it is polled.
+// What a family allows.
 struct TraitRow {
-    quint8 pollRegisterCount;
-    quint16 secondStateWordRegister;
     bool groupNamesFromDrive;
     bool AutoTuningEnabled;
     bool PIDControlEnabled;
@@ -100,8 +98,6 @@ consteval FamilyProfile profileOf(Family family, const ItemRow& items, std::span
             .itemList = itemList,
             .infoRows = static_cast<quint8>(interrupted ? itemList.size() : 7),
             .infoTwoColumns = !interrupted,
-            .pollRegisterCount = traits.pollRegisterCount,
-            .secondStateWordRegister = traits.secondStateWordRegister,
             .groupNamesFromDrive = traits.groupNamesFromDrive,
             .AutoTuningEnabled = traits.AutoTuningEnabled,
             .PIDControlEnabled = traits.PIDControlEnabled};
@@ -114,20 +110,19 @@ consteval FamilyProfile withPlainFormat(FamilyProfile profile, std::size_t item)
 }
 
 constexpr std::array<FamilyProfile, 9> Profiles{
-    profileOf(Family::Rowan, RowanItems, plainList(14), {16, 0x2119, false, true, true}),
-    withPlainFormat(profileOf(Family::Aspen, AspenItems, plainList(9), {11, 0x2101, false, false, true}), 8),
-    profileOf(Family::Larch, LarchItems, plainList(14), {16, 0x2119, true, true, true}),
-    profileOf(Family::Hazel, HazelItems, plainList(9), {11, 0x2101, false, false, false}),
-    profileOf(Family::Tilia, TiliaItems, plainList(14), {16, 0x2101, true, true, true}),
-    profileOf(Family::Osier, OsierItems, plainList(12), {14, 0x2101, true, false, true}),
-    profileOf(Family::Willow, WillowItems, WillowList, {11, 0x2101, true, true, true}),
-    profileOf(Family::Yarrow, YarrowItems, YarrowList, {16, 0x2101, true, false, true}),
-    profileOf(Family::Sorrel, SorrelItems, plainList(14), {16, 0x2101, true, true, false}),
+    profileOf(Family::Rowan, RowanItems, plainList(14), {false, true, true}),
+    withPlainFormat(profileOf(Family::Aspen, AspenItems, plainList(9), {false, false, true}), 8),
+    profileOf(Family::Larch, LarchItems, plainList(14), {true, true, true}),
+    profileOf(Family::Hazel, HazelItems, plainList(9), {false, false, false}),
+    profileOf(Family::Tilia, TiliaItems, plainList(14), {true, true, true}),
+    profileOf(Family::Osier, OsierItems, plainList(12), {true, false, true}),
+    profileOf(Family::Willow, WillowItems, WillowList, {true, true, true}),
+    profileOf(Family::Yarrow, YarrowItems, YarrowList, {true, false, true}),
+    profileOf(Family::Sorrel, SorrelItems, plainList(14), {true, true, false}),
 };
 
 static_assert(std::ranges::all_of(Profiles, [](const FamilyProfile& profile) {
-    return profile.pollRegisterCount == profile.StatusWordCount + 2 &&
-           profile.itemList.size() <= profile.StatusWordCount &&
+    return profile.itemList.size() <= profile.StatusWordCount &&
            std::ranges::all_of(profile.itemList, [&](const ListEntry& entry) {
                return entry.item < profile.StatusWordCount &&
                       entry.name < (entry.ofFamily ? FamilyNameCount : CommonNameCount);

@@ -35,13 +35,9 @@ struct FamilyProfile {
     std::span<const ListEntry> itemList;
     quint8 infoRows;      // rows of InfoAdvStringGrid that are written
     bool infoTwoColumns;  // names also in column 4
-    quint8 pollRegisterCount;
-    quint16 secondStateWordRegister;  // 2101h comes with the poll, 2119h takes a request of its own
     bool groupNamesFromDrive;
     bool AutoTuningEnabled;
     bool PIDControlEnabled;
-
-    bool asksSecondStateWord() const { return secondStateWordRegister != 0x2101; }
 };
 
 // The profile of a family; nullptr for a value without a row (7, above 9).

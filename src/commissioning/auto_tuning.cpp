@@ -6,7 +6,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr quint8 ParameterTask = 12;
 constexpr quint8 SelectorRow = 13;
 const QString StopCommand = QStringLiteral("FF0620000001");
 constexpr quint8 SelectorFirst = 255;  // the selector is read before the rows, since it decides them

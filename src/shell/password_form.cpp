@@ -53,7 +53,7 @@ void TPasswordForm::enterPressed() {
     const QString text = PasswordEdit->text();
     PasswordEdit->clear();
     const auto door = std::find_if(doors.begin(), doors.end(), [&](const Door& row) {
-        return row.window == m_link.ActiveFunction && text == QLatin1String(row.password);
+        return m_link.owner().is(row.window) && text == QLatin1String(row.password);
     });
     if (door != doors.end()) {
         m_voice.person.tell(QLatin1String(door->message), QStringLiteral("Success"));

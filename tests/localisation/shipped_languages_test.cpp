@@ -50,7 +50,7 @@ TEST_P(ShippedLanguage, FillsEveryText) {
         EXPECT_EQ(table.Type[i].isEmpty(), english.Type[i].isEmpty()) << "type entry " << i;
     for (const QString& name : table.commonItemNames) EXPECT_FALSE(name.isEmpty());
     for (int number = 1; number <= LangTable::MessageCount; ++number)
-        EXPECT_FALSE(table.MsgStr(number).isEmpty()) << "message " << number;
+        EXPECT_FALSE(table.messageOfKey(number).isEmpty()) << "message " << number;
 }
 
 // A line too many or too few would shift texts without a word.
@@ -95,7 +95,8 @@ TEST(ShippedLanguages, EnglishSaysWhatIsBuiltIn) {
     EXPECT_EQ(language.table.Type, english.Type);
     EXPECT_EQ(language.table.commonItemNames, english.commonItemNames);
     for (int number = 1; number <= LangTable::MessageCount; ++number)
-        EXPECT_EQ(language.table.MsgStr(number), english.MsgStr(number).replace(u'\n', u' ').trimmed());
+        EXPECT_EQ(language.table.messageOfKey(number),
+                  english.messageOfKey(number).replace(u'\n', u' ').trimmed());
 }
 
 TEST(ShippedLanguages, AreWhatTheScriptMakes) {

@@ -294,7 +294,7 @@ TEST(Windows, FollowTheirTable) {
 
 TEST(Windows, GiveTheLinkBackToTheOwnerThatAskedForComSetup) {
     for (const WindowRow& row : windowTable()) {
-        if (!row.ownsLink()) continue;
+        if (!row.rule.ownsLink()) continue;
         ShellBench bench;
         RequestScheduler& link = bench.tool->link;
         link.TxTimer.setEnabled(true);

@@ -87,9 +87,9 @@ void DrivePanel::SelDriveComboBoxChange() {
 }
 
 void DrivePanel::fillSeries(int index) {
-    const SeriesTable& table = seriesTable(index);
+    const SeriesTable table = seriesTable(index);
     const auto names = seriesNames(index, m_voice.lang);
-    DefCmdLabeledEdit = QString::fromLatin1(table.command);
+    DefCmdLabeledEdit = table.command;
     AdvStringGrid1.setRowCount(table.rows + 1);
     for (int row = 1; row <= table.rows; ++row) {
         const auto at = static_cast<size_t>(row - 1);
@@ -236,13 +236,13 @@ void DrivePanel::stop() {
 std::optional<LinkRequest> DrivePanel::nextRequest() {
     if (PendingDriveCmd != 0) return pendingRequest();
     if (std::exchange(m_hasRead, true) && !takeReading()) return std::nullopt;
-    return LinkRequest{ConsoleReadTask, DefCmdLabeledEdit, Awaits::ReadDone};
+    return LinkRequest{GeneralTask, DefCmdLabeledEdit, Awaits::ReadDone};
 }
 
 // Kept: while polling the address is always FFh, whatever the ID box says.
 LinkRequest DrivePanel::pendingRequest() {
     const quint8 button = std::exchange(PendingDriveCmd, quint8(0));
-    return {ConsoleWriteTask, buttonCommand(CommonAddress, button), Awaits::WriteDone};
+    return {WriteTask, buttonCommand(CommonAddress, button), Awaits::WriteDone};
 }
 
 // False when nothing is read any more.
@@ -347,7 +347,7 @@ void DrivePanel::press(DriveButton button) {
     } else if (polling) {
         PendingDriveCmd = number;
     } else {
-        m_traffic.send(ConsoleWriteTask, buttonCommand(address, number));
+        m_traffic.send(WriteTask, buttonCommand(address, number));
     }
 }
 

@@ -357,16 +357,15 @@ TEST_F(ParameterWindow, ComparesAndTellsWhatCouldNotBeCompared) {
 }
 
 TEST_F(ParameterWindow, StatusLineKeepsLinkAndNumInOnePanel) {
-    EXPECT_EQ(panel(1), "Off - Line");
+    EXPECT_EQ(panel(1), "On - Line");
     QKeyEvent num(QEvent::KeyPress, Qt::Key_NumLock, Qt::NoModifier, 77, 0xff7f, 0);
     QApplication::sendEvent(&form, &num);
     EXPECT_EQ(panel(1), "NUM ");
     QKeyEvent off(QEvent::KeyPress, Qt::Key_NumLock, Qt::NoModifier, 77, 0xff7f, 0x10);
     QApplication::sendEvent(&form, &off);
     EXPECT_EQ(panel(1), "");
-    link.Lamp.parameterPanel1 = "On - Line";
-    link.notifyChanged();
-    EXPECT_EQ(panel(1), "On - Line");
+    link.setLamp(LampState::OffLine);
+    EXPECT_EQ(panel(1), "Off - Line");
     form.hide();
     EXPECT_FALSE(form.SystemTimer.Enabled());
 }
