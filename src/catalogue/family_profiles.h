@@ -52,11 +52,6 @@ QStringList itemNames(const FamilyProfile& profile, std::span<const QString> com
 // selected".
 int itemOfListIndex(const FamilyProfile& profile, int listIndex);
 
-// An item's value as a number: the word over its scale, or the word itself with scale 0.
-inline double statusItemValue(quint32 word, quint8 StatusScale) {
-    return StatusScale == 0 ? word : static_cast<double>(word) / StatusScale;
-}
-
 // One cell of the trend window's InfoAdvStringGrid.
 struct InfoCell {
     int column;

@@ -66,20 +66,21 @@ DrivePanel::DrivePanel(ConsoleTraffic& traffic, StringGrid& CmdAdvStringGrid, Ti
 }
 
 bool DrivePanel::othersSelected() const {
-    return seriesItems(m_traffic.link.BrandVariant()).value(SelDriveComboBox) == QLatin1String("Others");
+    return seriesItems(m_traffic.link.BrandVariant()).value(SelDriveComboBoxItemIndex) ==
+           QLatin1String("Others");
 }
 
 // ---- Table ----
 
 void DrivePanel::selectSeries(int item) {
-    SelDriveComboBox = item;
+    SelDriveComboBoxItemIndex = item;
     SelDriveComboBoxChange();
 }
 
 void DrivePanel::SelDriveComboBoxChange() {
     if (SelDriveTag == 1) storeOthers();
     AdvStringGrid1.blank(AddressColumn, DecimalColumn, 1, AdvStringGrid1.RowCount() - 1);
-    const int index = tableIndexOf(SelDriveComboBox, m_traffic.link.BrandVariant());
+    const int index = tableIndexOf(SelDriveComboBoxItemIndex, m_traffic.link.BrandVariant());
     SelDriveTag = index == Others;
     index == Others ? fillOthers() : fillSeries(index);
     rebuildChannels();
@@ -145,7 +146,7 @@ void DrivePanel::rebuildChannels() {
     for (int row = 1; row < AdvStringGrid1.RowCount() && !AdvStringGrid1.cell(NameColumn, row).isEmpty();
          ++row)
         channelItems += AdvStringGrid1.cell(NameColumn, row);
-    ChComboBox.fill(0);
+    ChComboBoxItemIndex.fill(0);
     Q_EMIT channelsChanged();
 }
 
@@ -281,9 +282,10 @@ bool DrivePanel::addToChart() {
     bool numbers = true;
     for (int channel = 0; channel < Channels; ++channel) {
         const auto at = static_cast<size_t>(channel);
-        Series[at].shown = ChComboBox[at] > 0;
+        Series[at].shown = ChComboBoxItemIndex[at] > 0;
         if (!Series[at].shown) continue;
-        const std::optional<double> value = toNumber(AdvStringGrid1.cell(DataColumn, ChComboBox[at]));
+        const std::optional<double> value =
+            toNumber(AdvStringGrid1.cell(DataColumn, ChComboBoxItemIndex[at]));
         numbers = value.has_value();
         if (!numbers) break;
         Series[at].add(*value);
@@ -310,7 +312,7 @@ void DrivePanel::clearChart() {
 
 void DrivePanel::showStatus() {
     if (wordCount() <= StatusWord) return;
-    const int index = tableIndexOf(SelDriveComboBox, m_traffic.link.BrandVariant());
+    const int index = tableIndexOf(SelDriveComboBoxItemIndex, m_traffic.link.BrandVariant());
     setLeds(panelLeds(m_traffic.link.ParamRead.ReadWords[StatusWord], codedStatus(index)));
 }
 

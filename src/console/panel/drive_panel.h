@@ -45,7 +45,7 @@ class DrivePanel : public QObject {
 
     StringGrid AdvStringGrid1;
     OthersTable others;
-    int SelDriveComboBox = 0;
+    int SelDriveComboBoxItemIndex = 0;
     quint8 SelDriveTag = 0;  // 1: "Others" is the table on screen
     QString DefCmdLabeledEdit;
     QString monitorIDLabeledEdit = QStringLiteral("255");
@@ -56,7 +56,7 @@ class DrivePanel : public QObject {
     StateLeds leds;
 
     QStringList channelItems;
-    std::array<int, Channels> ChComboBox{};  // items; 0 for none
+    std::array<int, Channels> ChComboBoxItemIndex{};  // items; 0 for none
     std::array<ChartSeries, Channels> Series;
     QString PointLabeledEdit = QStringLiteral("20");
     bool chartShown = false;

@@ -244,7 +244,7 @@ TEST_F(Panel, EndsARunningListByStop) {
 TEST_F(Panel, DrawsTheChosenRows) {
     beOthers();
     panel.chartShown = true;
-    panel.ChComboBox[1] = 2;
+    panel.ChComboBoxItemIndex[1] = 2;
     console->RUNTransparentButtonClick();
     run(5);
     for (int i = 0; i < 30; ++i) answerWords({0, i});

@@ -110,7 +110,7 @@ TEST_F(ParameterWindow, OpensBareAndReadsATableIntoTabAndTree) {
     QTest::keyClick(view("DriveAdvStringGrid"), Qt::Key_F, Qt::ControlModifier);
     FindBar* bar = form.findChild<FindBar*>();
     ASSERT_TRUE(bar->isVisible());
-    bar->setSearchText("01-0");
+    bar->findChild<QLineEdit*>()->setText("01-0");
     EXPECT_EQ(bar->hitCount(), 10);
     select(0, 1);
     EXPECT_EQ(bar->hitCount(), 0);
