@@ -32,9 +32,8 @@ TPasswordForm::TPasswordForm(RequestScheduler& link, const Voice& voice, QWidget
     setObjectName(QStringLiteral("TPasswordForm"));
     setWindowTitle(QStringLiteral("Password"));
     setModal(true);
-    auto* label = new QLabel(QStringLiteral("Input password to enable Language function"), this);
-    label->setObjectName(QStringLiteral("Label1"));
-    label->setBuddy(PasswordEdit);
+    auto* label = captionFor(PasswordEdit, "Label1",
+                             QStringLiteral("Input password to enable Language function"), this);
     PasswordEdit->setObjectName(QStringLiteral("PasswordEdit"));
     PasswordEdit->setAccessibleName(windowTitle());
     PasswordEdit->setEchoMode(QLineEdit::Password);

@@ -217,7 +217,8 @@ TEST_F(Panel, SendsEachButtonWithItsAddress) {
         reply("05" + tail);
         run(60);
     }
-    // Polling: between two reads, and kept to FFh.
+    // Polling: before the reading is counted, and kept to FFh.
+    console->RepeatLabeledEdit = "1";
     console->RUNTransparentButtonClick();
     run(5);
     panel.press(DriveButton::Reset);
