@@ -345,7 +345,8 @@ TEST(Windows, KeepTheRulesOfTheirOpenings) {
         const WindowRule* rule = &windowRow(row.owner)->rule;
         EXPECT_EQ(bench.tool->rules.begin(*rule), !row.message);
         EXPECT_EQ(link.TaskQueue.empty(), rule->prelude);
-        EXPECT_EQ(link.ActiveFunction, row.message || rule->beside ? quint8(OwnerMain) : row.owner);
+        EXPECT_EQ(link.ActiveFunction,
+                  row.message || row.owner == OwnerKeypad ? quint8(OwnerMain) : row.owner);
         if (!row.message) bench.tool->rules.finished(*rule);
         EXPECT_EQ(link.ActiveFunction, OwnerMain);
         EXPECT_TRUE(!rule->prelude || link.TxTimer.Enabled() == row.onLine);
