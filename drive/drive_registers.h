@@ -58,7 +58,6 @@ class PracticeDrive {
     // Result code of the next tuning run in place of the usual one: 0 well, else a code with a text.
     void setNextTuneResult(uint8_t code) { m_nextTuneResult = code; }
     bool tuning() const { return m_tuneSecondsLeft > 0; }
-    bool copyMode() const { return m_copyMode; }
 
    private:
     using Words = std::vector<uint16_t>;

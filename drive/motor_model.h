@@ -10,7 +10,6 @@ namespace kelvane::drive {
 struct MotorPlate {
     double ratedVolts = 220;
     double ratedAmps = 5;
-    double ratedHz = 60;
     double ratedKw = 0.75;
     int polePairs = 2;
 };

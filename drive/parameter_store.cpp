@@ -33,7 +33,6 @@ std::optional<ParameterStore::Place> ParameterStore::find(uint16_t reg) const {
     const size_t group = again ? PidGroup : reg >> 8;
     const size_t number = reg & 0xFF;
     if (group >= m_data.groups.size() || number >= m_data.groups[group].rows.size()) return {};
-    if (m_reservedLocked && int(group) == groupCount()) return {};
     return Place{group, number};
 }
 

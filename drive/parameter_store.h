@@ -37,7 +37,6 @@ class ParameterStore {
     Refusal write(uint16_t reg, uint16_t word, bool running);
     // Stores within the row's limits without judging: what the drive itself finds out.
     void setValue(uint16_t reg, int value);
-    void lockReservedGroup(bool locked) { m_reservedLocked = locked; }
 
    private:
     struct Place {
@@ -53,7 +52,6 @@ class ParameterStore {
     FamilyData m_data;
     const FamilyTraits& m_traits;
     std::vector<std::vector<int>> m_values;
-    bool m_reservedLocked = false;
 };
 
 }  // namespace kelvane::drive

@@ -9,10 +9,8 @@ PracticePort::PracticePort(TickClock& clock, LineModel& line)
 
 bool PracticePort::open() {
     if (m_open) return true;
-    if (m_line.unplugged() || m_openFailures > 0) {
-        m_openFailures = std::max(0, m_openFailures - 1);
-        m_openError = m_line.unplugged() ? QStringLiteral("The practice drive is unplugged.")
-                                         : QStringLiteral("The practice drive cannot be opened.");
+    if (m_line.unplugged()) {
+        m_openError = QStringLiteral("The practice drive is unplugged.");
         return false;
     }
     m_openError.clear();

@@ -44,7 +44,6 @@ class PracticePort final : public TApdComPort {
     void unplug();
     void plugIn() { m_line.setUnplugged(false); }
     // Makes the next open fail, times times.
-    void failOpen(int times = 1) { m_openFailures = times; }
 
     // What was written, in order: the bytes of each write, and the command text of each ("FF0321100003"; a
     // frame without a good check as all its characters behind a question mark).
@@ -65,7 +64,6 @@ class PracticePort final : public TApdComPort {
     PortSettings m_settings;
     bool m_open = false;
     QString m_openError;
-    int m_openFailures = 0;
     QByteArray m_input;
     bool m_newInput = false;  // bytes have come that were not announced yet
     bool m_canHoldBack = false;

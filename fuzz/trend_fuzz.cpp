@@ -29,11 +29,11 @@ void useRecords(TrendData& data) {
         require(!value.DataValid || !records[value.RecordNo].isSeparator());
         trendValueText(data.channels[0], value.Digit[0], 2, 100);
         trendTimeText(value.Time);
-        trendClockText(value.Time);
     }
     measureTrend(data, 0, records.size());
     if (!records.isEmpty()) trendTimeText(records.last().Time);
-    if (records.size() < 20) trendCsvBytes({data, data, TrendInfo(), 0, records.size()});
+    if (records.size() < 20)
+        writeTrendCsv({data, data, TrendInfo(), 0, records.size()}, [](const QByteArray&) { return true; });
 }
 
 }  // namespace

@@ -14,6 +14,12 @@ consteval std::array<const char*, StatusItemRoom> formatsOf(std::array<quint8, S
     return formats;
 }
 
+consteval std::array<quint8, StatusItemRoom> scalesOf(std::array<quint8, StatusItemRoom> decimals) {
+    constexpr std::array<quint8, 3> Scales{0, 10, 100};
+    for (quint8& item : decimals) item = Scales.at(item);
+    return decimals;
+}
+
 consteval ListEntry common(quint8 number, quint8 item) {
     return {false, static_cast<quint8>(number - 1), item};
 }
@@ -37,51 +43,40 @@ constexpr std::span<const ListEntry> plainList(std::size_t items) {
 // Status items by family, in item order.
 struct ItemRow {
     quint8 StatusWordCount;
-    std::array<quint8, StatusItemRoom> StatusScale;
     std::array<quint8, StatusItemRoom> StatusDecimals;
     std::array<const char*, StatusItemRoom> StatusUnit;
 };
 
 // clang-format off
 constexpr ItemRow RowanItems{14,
-    {100, 100, 10, 10, 10, 0, 0, 0, 10, 100, 0, 10, 100, 100},
     {2, 2, 1, 1, 1, 0, 0, 0, 1, 2, 0, 1, 2, 2},
     {"Hz", "Hz", "A", "V", "V", "", "", "", "", "", "", "", "Hz", "Hz", "", ""}};
 constexpr ItemRow AspenItems{9,
-    {100, 100, 100, 0, 100, 0, 0, 0, 10},
     {2, 2, 2, 0, 2, 0, 0, 0, 2},
     {"Hz", "Hz", "A", "V", "V", "", "", "Sec", "", "", "", "", "", "", "", ""}};
 constexpr ItemRow LarchItems{14,
-    {100, 100, 10, 10, 10, 0, 0, 0, 10, 10, 0, 0, 0, 100},
     {2, 2, 1, 1, 1, 0, 0, 0, 1, 1, 0, 0, 0, 2},
     {"Hz", "Hz", "A", "V", "V", "", "", "", "", "N-M", "RPM", "", "", "KW", "", ""}};
 constexpr ItemRow HazelItems{9,
-    {100, 100, 10, 0, 0, 0, 0, 0, 0},
     {2, 2, 1, 0, 0, 0, 0, 0, 0},
     {"Hz", "Hz", "A", "V", "V", "", "", "", "", "", "", "", "", "", "", ""}};
 constexpr ItemRow TiliaItems{14,
-    {100, 100, 100, 10, 10, 0, 0, 0, 10, 10, 0, 0, 0, 100},
     {2, 2, 2, 1, 1, 0, 0, 0, 1, 1, 0, 0, 0, 2},
     {"Hz", "Hz", "A", "Vdc", "Vac", "", "", "", "", "N-M", "RPM", "", "", "kW", "", ""}};
 constexpr ItemRow OsierItems{12,
-    {100, 100, 10, 10, 10, 100, 100, 10, 100, 100, 0, 0},
     {2, 2, 1, 1, 1, 2, 2, 1, 2, 2, 0, 0},
     {"Hz", "Hz", "A", "V", "V", "", "", "", "%", "", "", "", "", "", "", ""}};
 constexpr ItemRow WillowItems{9,
-    {100, 100, 10, 0, 0, 0, 10, 10, 10},
     {2, 2, 1, 0, 0, 0, 1, 1, 1},
     {"Hz", "Hz", "A", "", "", "", "V", "V", "", "", "", "", "", "", "", ""}};
 constexpr ItemRow YarrowItems{14,
-    {100, 100, 10, 0, 100, 0, 10, 10, 10, 0, 10, 10, 0, 100},
     {2, 2, 1, 0, 2, 0, 1, 1, 1, 0, 1, 1, 0, 2},
     {"Hz", "Hz", "A", "", "", "", "V", "V", "", "", "V", "mA", "", "kw", "", ""}};
 constexpr ItemRow SorrelItems = TiliaItems;
 // clang-format on
 
-// What a family allows and how it is polled.
+// What a family allows.
 struct TraitRow {
-    quint8 pollRegisterCount;
-    quint16 secondStateWordRegister;
     bool groupNamesFromDrive;
     bool AutoTuningEnabled;
     bool PIDControlEnabled;
@@ -93,15 +88,13 @@ consteval FamilyProfile profileOf(Family family, const ItemRow& items, std::span
     return {.DriveFamily = family,
             .DriveVrLabel = familyName(family),
             .StatusWordCount = items.StatusWordCount,
-            .StatusScale = items.StatusScale,
+            .StatusScale = scalesOf(items.StatusDecimals),
             .StatusDecimals = items.StatusDecimals,
             .StatusUnit = items.StatusUnit,
             .StatusFormat = formatsOf(items.StatusDecimals),
             .itemList = itemList,
             .infoRows = static_cast<quint8>(interrupted ? itemList.size() : 7),
             .infoTwoColumns = !interrupted,
-            .pollRegisterCount = traits.pollRegisterCount,
-            .secondStateWordRegister = traits.secondStateWordRegister,
             .groupNamesFromDrive = traits.groupNamesFromDrive,
             .AutoTuningEnabled = traits.AutoTuningEnabled,
             .PIDControlEnabled = traits.PIDControlEnabled};
@@ -110,24 +103,24 @@ consteval FamilyProfile profileOf(Family family, const ItemRow& items, std::span
 // Kept: Aspen's item 8 has two decimals, a scale of 10 and the format of none.
 consteval FamilyProfile withPlainFormat(FamilyProfile profile, std::size_t item) {
     profile.StatusFormat.at(item) = FormatOfDecimals[0];
+    profile.StatusScale.at(item) = 10;
     return profile;
 }
 
 constexpr std::array<FamilyProfile, 9> Profiles{
-    profileOf(Family::Rowan, RowanItems, plainList(14), {16, 0x2119, false, true, true}),
-    withPlainFormat(profileOf(Family::Aspen, AspenItems, plainList(9), {11, 0x2101, false, false, true}), 8),
-    profileOf(Family::Larch, LarchItems, plainList(14), {16, 0x2119, true, true, true}),
-    profileOf(Family::Hazel, HazelItems, plainList(9), {11, 0x2101, false, false, false}),
-    profileOf(Family::Tilia, TiliaItems, plainList(14), {16, 0x2101, true, true, true}),
-    profileOf(Family::Osier, OsierItems, plainList(12), {14, 0x2101, true, false, true}),
-    profileOf(Family::Willow, WillowItems, WillowList, {11, 0x2101, true, true, true}),
-    profileOf(Family::Yarrow, YarrowItems, YarrowList, {16, 0x2101, true, false, true}),
-    profileOf(Family::Sorrel, SorrelItems, plainList(14), {16, 0x2101, true, true, false}),
+    profileOf(Family::Rowan, RowanItems, plainList(14), {false, true, true}),
+    withPlainFormat(profileOf(Family::Aspen, AspenItems, plainList(9), {false, false, true}), 8),
+    profileOf(Family::Larch, LarchItems, plainList(14), {true, true, true}),
+    profileOf(Family::Hazel, HazelItems, plainList(9), {false, false, false}),
+    profileOf(Family::Tilia, TiliaItems, plainList(14), {true, true, true}),
+    profileOf(Family::Osier, OsierItems, plainList(12), {true, false, true}),
+    profileOf(Family::Willow, WillowItems, WillowList, {true, true, true}),
+    profileOf(Family::Yarrow, YarrowItems, YarrowList, {true, false, true}),
+    profileOf(Family::Sorrel, SorrelItems, plainList(14), {true, true, false}),
 };
 
 static_assert(std::ranges::all_of(Profiles, [](const FamilyProfile& profile) {
-    return profile.pollRegisterCount == profile.StatusWordCount + 2 &&
-           profile.itemList.size() <= profile.StatusWordCount &&
+    return profile.itemList.size() <= profile.StatusWordCount &&
            std::ranges::all_of(profile.itemList, [&](const ListEntry& entry) {
                return entry.item < profile.StatusWordCount &&
                       entry.name < (entry.ofFamily ? FamilyNameCount : CommonNameCount);

@@ -35,13 +35,9 @@ struct FamilyProfile {
     std::span<const ListEntry> itemList;
     quint8 infoRows;      // rows of InfoAdvStringGrid that are written
     bool infoTwoColumns;  // names also in column 4
-    quint8 pollRegisterCount;
-    quint16 secondStateWordRegister;  // 2101h comes with the poll, 2119h takes a request of its own
     bool groupNamesFromDrive;
     bool AutoTuningEnabled;
     bool PIDControlEnabled;
-
-    bool asksSecondStateWord() const { return secondStateWordRegister != 0x2101; }
 };
 
 // The profile of a family; nullptr for a value without a row (7, above 9).
@@ -55,11 +51,6 @@ QStringList itemNames(const FamilyProfile& profile, std::span<const QString> com
 // The status item that an entry of the selectors stands for; -1 outside the list, so also for "none
 // selected".
 int itemOfListIndex(const FamilyProfile& profile, int listIndex);
-
-// An item's value as a number: the word over its scale, or the word itself with scale 0.
-inline double statusItemValue(quint32 word, quint8 StatusScale) {
-    return StatusScale == 0 ? word : static_cast<double>(word) / StatusScale;
-}
 
 // One cell of the trend window's InfoAdvStringGrid.
 struct InfoCell {

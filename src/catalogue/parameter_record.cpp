@@ -15,13 +15,17 @@ bool runSetOf(quint16 ParaAttr) { return (ParaAttr & 2) != 0; }
 
 bool readOnlyOf(quint16 ParaAttr) { return (ParaAttr & 8) != 0; }
 
+bool signedOf(Family family, quint16 ParaAttr) {
+    return family == Family::Tilia && (ParaAttr & SignedBit) != 0;
+}
+
 int placesOf(Family family, quint16 ParaAttr) {
     if (family == Family::Aspen) return (ParaAttr & 1) != 0 ? 2 : 0;
     return (ParaAttr & 768) >> 8;
 }
 
 QString valueText(Family family, quint16 ParaAttr, quint16 word, int places) {
-    const bool isSigned = family == Family::Tilia && (ParaAttr & 128) != 0;
+    const bool isSigned = signedOf(family, ParaAttr);
     // Kept: the sign counts as a digit when the point is placed, so -5 with one place is "-.5".
     return InsertDecimalPoint(QString::number(isSigned ? static_cast<qint16>(word) : int(word)), places);
 }

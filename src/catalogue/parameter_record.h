@@ -27,8 +27,10 @@ QString parameterNumberText(Family family, int G, int N);  // "02-05", "02-105",
 // Attribute bits.
 bool runSetOf(quint16 ParaAttr);
 bool readOnlyOf(quint16 ParaAttr);
+inline constexpr quint16 SignedBit = 0x0080;
+bool signedOf(Family family, quint16 ParaAttr);
 int placesOf(Family family, quint16 ParaAttr);  // 0 to 3
-// A word as text with its places; signed for Tilia when the attribute says so.
+// A word as text with its places, signed when the attribute says so.
 QString valueText(Family family, quint16 ParaAttr, quint16 word, int places);
 
 // Register word of a value text as four hexadecimal digits: the text loses its separator, so the digits

@@ -6,7 +6,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr quint8 ParameterTask = 12;
 constexpr quint8 SelectorRow = 13;
 const QString StopCommand = QStringLiteral("FF0620000001");
 constexpr quint8 SelectorFirst = 255;  // the selector is read before the rows, since it decides them
@@ -47,7 +46,7 @@ void AutoTuning::opened() {
     SelectorData.clear();
     fillTable();
     enabled = {};
-    TuneParaComboBox = 0;
+    TuneParaComboBoxItemIndex = 0;
     stopped = Stopped::No;
     line.open();
     startReading(tune && tune->hasTwoMotors() ? SelectorFirst : quint8(0));
@@ -190,15 +189,15 @@ std::optional<LinkRequest> AutoTuning::nextOfMotor() {
 // ---- Tuning ----
 
 void AutoTuning::TuneParaComboBoxChange(int index) {
-    TuneParaComboBox = index;
+    TuneParaComboBoxItemIndex = index;
     enabled.TuneTransparentButtonEnabled = index > 0;
     Q_EMIT changed();
 }
 
 void AutoTuning::TuneTransparentButtonClick() {
     const TuneFamily* tune = family();
-    if (TuneParaComboBox <= 0 || !tune || line.refusesOffLine()) return;
-    if (TuneParaComboBox == tune->turningEntry &&
+    if (TuneParaComboBoxItemIndex <= 0 || !tune || line.refusesOffLine()) return;
+    if (TuneParaComboBoxItemIndex == tune->turningEntry &&
         m_site.person.box(m_site.lang.MsgStr(Message::MotorWillRun), QStringLiteral("Caution"),
                           BoxIcon::Exclamation, BoxButtons::OkCancel) != BoxAnswer::Ok)
         return;
@@ -208,7 +207,7 @@ void AutoTuning::TuneTransparentButtonClick() {
     line.startAnew();
     enabled = {.buttons = false, .TuneTransparentButtonEnabled = false, .entry = false};
     stopped = Stopped::No;
-    sequence.start(*tune, TuneParaComboBox);
+    sequence.start(*tune, TuneParaComboBoxItemIndex);
     Q_EMIT changed();
 }
 

@@ -21,13 +21,13 @@ class AutoTuning : public QObject {
     RequestChain WrTimer;
     // "Data" of row 13, the motor selector of Tilia: "1" or "2"; empty until the drive has said it.
     QString SelectorData;
-    int TuneParaComboBox = 0;
+    int TuneParaComboBoxItemIndex = 0;
 
     // What a person may use.
     struct Enabled {
         bool buttons = true;  // motor, read, write, exit
         bool TuneTransparentButtonEnabled = false;
-        bool entry = true;  // TuneParaComboBox and the grid
+        bool entry = true;  // TuneParaComboBoxItemIndex and the grid
         bool operator==(const Enabled&) const = default;
     } enabled;
 
@@ -73,7 +73,6 @@ class AutoTuning : public QObject {
     void storeRead();
     std::optional<LinkRequest> nextWrite();
     std::optional<LinkRequest> nextOfMotor();
-    void motorWritten();
 
     const CommissioningSite m_site;
     RequestChain m_motorChain;

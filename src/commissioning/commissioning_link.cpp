@@ -4,12 +4,6 @@
 
 namespace kelvane {
 
-namespace {
-
-constexpr quint8 WriteTask = 13;
-
-}  // namespace
-
 CommissioningLink::CommissioningLink(const CommissioningSite& with) : site(with) {
     connect(&site.link, &RequestScheduler::cycleEnded, this, &CommissioningLink::cycleEnded);
     connect(&site.link, &RequestScheduler::refused, this, [this](quint8, quint8 code) { m_refusal = code; });

@@ -104,7 +104,6 @@ constexpr TuneFamily TuneFamilies[] = {
 }  // namespace
 
 std::span<const PidFamily> pidFamilies() { return PidFamilies; }
-std::span<const TuneFamily> tuneFamilies() { return TuneFamilies; }
 
 const PidFamily& pidFamily(quint8 DriveFamily) {
     const auto found = std::ranges::find(PidFamilies, static_cast<Family>(DriveFamily), &PidFamily::family);

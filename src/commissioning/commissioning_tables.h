@@ -49,6 +49,5 @@ inline constexpr const char* MotorSelectorRegister = "050A";
 
 // nullptr for a family without auto tuning.
 const TuneFamily* tuneFamily(quint8 DriveFamily);
-std::span<const TuneFamily> tuneFamilies();
 
 }  // namespace kelvane

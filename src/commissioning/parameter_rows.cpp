@@ -5,12 +5,6 @@
 
 namespace kelvane {
 
-namespace {
-
-constexpr quint16 SignedBit = 0x0080;
-
-}  // namespace
-
 ParameterRows::ParameterRows() : ParaAdvStringGrid(ColumnCount) {
     ParaAdvStringGrid.setHeaders({QStringLiteral("Pr. No"), QStringLiteral("Description"),
                                   QStringLiteral("Unit"), QStringLiteral("Data"), QStringLiteral("Default"),
@@ -52,11 +46,7 @@ void ParameterRows::store(int row, const ParamReadRecord& read, quint8 DriveFami
     ParaAdvStringGrid.setEdited(row, false);
 }
 
-std::optional<QString> ParameterRows::word(int row) const {
-    const std::optional<int> value = withoutSeparatorToInt(text(Data, row));
-    if (!value || *value < -32768 || *value > 65535) return std::nullopt;
-    return registerWordOf(text(Data, row));
-}
+std::optional<QString> ParameterRows::word(int row) const { return registerWordOf(text(Data, row)); }
 
 std::optional<ValueTexts> ParameterRows::texts(int row) const {
     if (row < 1 || row > count() || text(Dot, row).isEmpty()) return std::nullopt;

@@ -4,8 +4,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr quint8 ParameterTask = 12;
-constexpr quint8 GeneralTask = 20;
 const QString RunCommand = QStringLiteral("FF0620000002");
 const QString StopCommand = QStringLiteral("FF0620000001");
 // Kept: the coded state word, of all families.

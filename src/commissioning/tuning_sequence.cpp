@@ -1,5 +1,7 @@
 #include "commissioning/tuning_sequence.h"
 
+#include <algorithm>
+
 #include "base/text_8bit.h"
 #include "link/number_text.h"
 
@@ -7,7 +9,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr quint8 GeneralTask = 20;
 constexpr quint16 RunBits = 0x0003;
 constexpr size_t SpeedWord = 3;
 const QString RunCommand = QStringLiteral("FF0620000002");
@@ -45,16 +46,14 @@ void TuningSequence::watchUntilStopped() {
     MonitorTimer.start();
 }
 
+// Each asks something and says what comes next. 8 is the end; 5 is passed at once.
+constexpr TuningSequence::Step TuningSequence::Steps[] = {
+    {2, &TuningSequence::stopDrive}, {1, &TuningSequence::waitForStop}, {3, &TuningSequence::runDrive},
+    {4, &TuningSequence::watchRun},  {6, &TuningSequence::judgeResult}, {7, &TuningSequence::tellFailure}};
+
 TuningSequence::Request TuningSequence::nextStep() {
-    switch (TuneStep) {
-        case 2: return TunePhase == 0 ? stopDrive() : readState(1, TunePhase);
-        case 1: return waitForStop();
-        case 3: return enter(4, 3, m_line.write(RunCommand));
-        case 4: return readState(1, 4);
-        case 6: return judgeResult();
-        case 7: return tellFailure();
-        default: return std::nullopt;
-    }
+    const auto* step = std::ranges::find(Steps, TuneStep, &Step::TuneStep);
+    return step == std::end(Steps) ? std::nullopt : (this->*step->go)();
 }
 
 TuningSequence::Request TuningSequence::enter(quint8 step, quint8 phase, const LinkRequest& request) {
@@ -67,7 +66,15 @@ TuningSequence::Request TuningSequence::readState(quint8 step, quint8 phase) {
     return enter(step, phase, m_line.read(GeneralTask, StateCommand));
 }
 
-TuningSequence::Request TuningSequence::stopDrive() { return enter(2, 2, m_line.write(StopCommand)); }
+// Once; then, and when it is only watched, until it stands.
+TuningSequence::Request TuningSequence::stopDrive() {
+    if (TunePhase != 0) return readState(1, TunePhase);
+    return enter(2, 2, m_line.write(StopCommand));
+}
+
+TuningSequence::Request TuningSequence::runDrive() { return enter(4, 3, m_line.write(RunCommand)); }
+
+TuningSequence::Request TuningSequence::watchRun() { return readState(1, 4); }
 
 // Before the run and after it. Kept: a drive that reports to stand right after RUN has ended its tuning.
 TuningSequence::Request TuningSequence::waitForStop() {

@@ -14,7 +14,7 @@ class TuningSequence {
    public:
     TuningSequence(const CommissioningSite& site, CommissioningLink& line);
 
-    quint8 TuneStep = 0;   // 1 to 8 as in nextStep(); 0 before a run
+    quint8 TuneStep = 0;   // 1 to 8, see Steps; 0 before a run
     quint8 TunePhase = 0;  // step at which the present one was entered
     quint16 speed = 0;     // register 211Ch while the drive is being waited for
     RequestChain MonitorTimer;
@@ -38,10 +38,17 @@ class TuningSequence {
    private:
     static constexpr quint8 StoppedByHand = 9;
     using Request = std::optional<LinkRequest>;
+    struct Step {
+        quint8 TuneStep;
+        Request (TuningSequence::*go)();
+    };
+    static const Step Steps[];
     Request nextStep();
     Request stopDrive();
     Request waitForStop();
     Request writeMode();
+    Request runDrive();
+    Request watchRun();
     Request judgeResult();
     Request tellFailure();
     Request readState(quint8 step, quint8 phase);

@@ -288,13 +288,7 @@ void AdvanceConsole::followComSetup() {
 QString AdvanceConsole::defaultPath() const { return site.programFolder % QStringLiteral("/default.cml"); }
 
 CommandListFile AdvanceConsole::state() {
-    const ComSetup::Shown& boxes = site.comSetup.shown;
-    return {.ComPortComboBox = boxes.ComPortComboBox,
-            .ModeComboBox = boxes.ModeComboBox,
-            .BaudComboBox = boxes.BaudComboBox,
-            .DataBitsComboBox = boxes.DataBitsComboBox,
-            .ParityComboBox = boxes.ParityComboBox,
-            .StopBitsComboBox = boxes.StopBitsComboBox,
+    return {.ComSetup = site.comSetup.shown,
             .others = panel.others,
             .AdvStringGrid1Rows = panel.AdvStringGrid1.RowCount(),
             .rows = list.rows(),

@@ -27,6 +27,8 @@ struct OwnerRow {
     bool refusalMarksWritten = false;
     bool reads = false;    // its progress dialog is ended by Abort and Ignore
     bool console = false;  // the console's policy of the exchange holds
+
+    bool is(LinkOwner owner) const { return ActiveFunction == owner; }
 };
 
 // The row of an ActiveFunction; the main window's for any other value.

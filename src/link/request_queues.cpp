@@ -41,7 +41,6 @@ QString RequestQueues::takeUp(const QString& generated) {
     const quint8 task = TaskQueue.front();
     if (isGeneratedTask(task)) {
         // Kept: a resent generated task gets its string again and sends the old one.
-        if (!m_inHand) m_copies = 0;
         if (!generated.isEmpty()) {
             CommandQueue.insert(CommandQueue.begin() + m_copies, generated);
             ++m_copies;

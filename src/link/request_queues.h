@@ -13,6 +13,10 @@ inline constexpr quint8 RunTask = 2;
 inline constexpr quint8 StopTask = 3;
 inline constexpr quint8 DirectionTask = 5;
 inline constexpr quint8 JogTask = 6;
+inline constexpr quint8 ParameterTask = 12;  // the whole record of one parameter
+inline constexpr quint8 WriteTask = 13;
+inline constexpr quint8 ReadBackTask = 18;  // the value of one parameter
+inline constexpr quint8 GeneralTask = 20;   // any block of registers
 
 // Its string is made when it is sent.
 bool isGeneratedTask(quint8 task);

@@ -12,32 +12,47 @@ namespace {
 
 constexpr quint8 Hazel = static_cast<quint8>(Family::Hazel);
 constexpr quint8 Keypad = static_cast<quint8>(Family::Keypad);
+constexpr int StateWords = 2;  // before the items of the poll
 
-// Generated commands by family index. "G" stands for the group name read, empty for no entry.
+// How a family is identified and polled, by its index. Without task 21 the group names are read, which need
+// no entry; the length of the poll follows from the status items.
 struct FamilyCommands {
-    const char* task21;
-    const char* task1;
-    const char* task4;
+    const char* task1 = "FF0300000001";
+    const char* task21 = nullptr;
+    bool stateWordApart = false;  // not 2101h, which comes with the poll, but 2119h
+    const char* ratedWords = "FF0321160003";
+    const char* maxFreq = "FF03211B0001";
 };
 
+constexpr FamilyCommands usualCommands;
 constexpr std::array<FamilyCommands, 10> familyCommands{{
-    {"FF0300500001", "FF0300500001", "FF0321000010"},  // Rowan
-    {"FF0300000001", "FF0300000001", "FF032100000B"},  // Aspen
-    {"G", "FF0300000001", "FF0321000010"},             // Larch
-    {"FF0300060001", "FF0300000001", "FF032100000B"},  // Hazel
-    {"G", "FF0300000001", "FF0321000010"},             // Tilia
-    {"G", "FF0307000001", "FF032100000E"},             // Osier
-    {"G", "FF0300000001", "FF032100000B"},             // Willow
-    {"", "", ""},                                      // no family
-    {"G", "FF0300000001", "FF0321000010"},             // Yarrow
-    {"G", "FF0300000001", "FF0321000010"},             // Sorrel
+    {.task1 = "FF0300500001", .task21 = "FF0300500001", .stateWordApart = true},          // Rowan
+    {.task21 = "FF0300000001"},                                                           // Aspen
+    {.stateWordApart = true},                                                             // Larch
+    {.task21 = "FF0300060001", .ratedWords = "FF03210B0002", .maxFreq = "FF0301000001"},  // Hazel
+    {},                                                                                   // Tilia
+    {.task1 = "FF0307000001"},                                                            // Osier
+    {},                                                                                   // Willow
+    {.task1 = nullptr},                                                                   // no family
+    {},                                                                                   // Yarrow
+    {},                                                                                   // Sorrel
 }};
 
-QString byFamily(const DriveStatusRecord& status, const char* FamilyCommands::*column) {
-    if (status.DriveFamily >= familyCommands.size()) return {};
-    QString text = QString::fromLatin1(familyCommands[status.DriveFamily].*column);
-    if (text != QLatin1String("G")) return text;
+bool hasCommands(quint8 DriveFamily) {
+    return DriveFamily < familyCommands.size() && familyCommands[DriveFamily].task1;
+}
+
+const FamilyCommands& commandsOf(quint8 DriveFamily) {
+    return hasCommands(DriveFamily) ? familyCommands[DriveFamily] : usualCommands;
+}
+
+QString groupNameCommand(const DriveStatusRecord& status) {
+    if (const char* task21 = commandsOf(status.DriveFamily).task21) return QString::fromLatin1(task21);
     return QStringLiteral("FF0331") % IntToBaseStr(status.GroupIndex, 16, 2) % QStringLiteral("0008");
+}
+
+QString pollCommand(const DriveStatusRecord& status) {
+    return QStringLiteral("FF032100") % IntToBaseStr(status.StatusWordCount + StateWords, 16, 4);
 }
 
 // The register table behind the last group gives each group's parameter count.
@@ -56,14 +71,14 @@ void setAt(auto& array, int index, auto value) {
 
 void storeStatusWords(RequestScheduler& link, const QByteArray& RxData) {
     DriveStatusRecord& status = link.DriveStatus;
-    const bool stateWordApart = status.DriveFamily == 0 || status.DriveFamily == 2;
-    for (int i = 0; i < status.StatusWordCount + 2; ++i) {
+    const bool stateWordApart = commandsOf(status.DriveFamily).stateWordApart;
+    for (int i = 0; i < status.StatusWordCount + StateWords; ++i) {
         if (i == 1 && stateWordApart) continue;
         const quint16 word = wordAt(RxData, 4 + 2 * i);
         setAt(status.StatusWords, i, word);
         if (i == 0 && stateWordApart) link.push(17, QStringLiteral("FF0321190001"));
-        if (i < 2 || i - 2 >= static_cast<int>(status.StatusText.size())) continue;
-        const auto item = static_cast<size_t>(i - 2);
+        if (i < StateWords || i - StateWords >= static_cast<int>(status.StatusText.size())) continue;
+        const auto item = static_cast<size_t>(i - StateWords);
         status.StatusText[item] = InsertDecimalPoint(QString::number(word), status.StatusDecimals[item]);
     }
 }
@@ -157,12 +172,13 @@ void onConsoleReply(RequestScheduler& link, const QString& command, const QByteA
 }  // namespace
 
 QString generatedCommand(quint8 task, const DriveStatusRecord& DriveStatus) {
+    if ((task == 1 || task == 4 || task == 21) && !hasCommands(DriveStatus.DriveFamily)) return {};
     switch (task) {
-        case 1: return byFamily(DriveStatus, &FamilyCommands::task1);
-        case 4: return byFamily(DriveStatus, &FamilyCommands::task4);
+        case 1: return QString::fromLatin1(commandsOf(DriveStatus.DriveFamily).task1);
+        case 4: return pollCommand(DriveStatus);
         case 11:
         case 81: return groupCountCommand(DriveStatus);
-        case 21: return byFamily(DriveStatus, &FamilyCommands::task21);
+        case 21: return groupNameCommand(DriveStatus);
         // Kept: the blanks stand in the strings of the brand variant's tasks.
         case 50: return QStringLiteral("FF03 4001 0402");
         case 51: return QStringLiteral("FF03 4005 0002");
@@ -188,12 +204,10 @@ void storeExceptionText(RequestScheduler& link, const QString& text) {
 }
 
 QString ratedWordsCommand(quint8 DriveFamily) {
-    return DriveFamily == Hazel ? QStringLiteral("FF03210B0002") : QStringLiteral("FF0321160003");
+    return QString::fromLatin1(commandsOf(DriveFamily).ratedWords);
 }
 
-QString maxFreqCommand(quint8 DriveFamily) {
-    return DriveFamily == Hazel ? QStringLiteral("FF0301000001") : QStringLiteral("FF03211B0001");
-}
+QString maxFreqCommand(quint8 DriveFamily) { return QString::fromLatin1(commandsOf(DriveFamily).maxFreq); }
 
 void installTaskTable(RequestScheduler& link) {
     using Text = const QString&;

@@ -20,7 +20,7 @@ QString exceptionTextCommand(quint8 DriveFamily, quint8 code);
 // Stores the text of a refusal, empty when the drive refused that too, and tells those who wait for it.
 void storeExceptionText(RequestScheduler& link, const QString& text);
 
-// Commands that are pushed with their task and differ for Hazel.
+// Commands that are pushed with their task.
 QString ratedWordsCommand(quint8 DriveFamily);  // task 7
 QString maxFreqCommand(quint8 DriveFamily);     // task 9
 

@@ -113,7 +113,7 @@ QString TextGroup::at(int number) const {
                                                                 : Text[static_cast<size_t>(number - 1)];
 }
 
-QString LangTable::MsgStr(int number) const {
+QString LangTable::messageOfKey(int number) const {
     return number < 1 || number > MessageCount ? QString() : Message[static_cast<size_t>(number - 1)];
 }
 

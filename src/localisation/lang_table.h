@@ -98,9 +98,9 @@ class LangTable {
     static constexpr int TypeSetSize = 9;
     using TypeNames = std::array<QString, TypeSetSize>;
 
-    QString MsgStr(Message message) const { return MsgStr(static_cast<int>(message)); }
+    QString MsgStr(Message message) const { return messageOfKey(static_cast<int>(message)); }
     // The same by the number of its key, 1 to 37; empty outside.
-    QString MsgStr(int number) const;
+    QString messageOfKey(int number) const;
 
     const FormTexts& form(FormSection section) const { return Form[static_cast<size_t>(section)]; }
     FormTexts& form(FormSection section) { return Form[static_cast<size_t>(section)]; }

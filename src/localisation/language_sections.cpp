@@ -217,8 +217,6 @@ FormSection titleSection(FormSection section) {
     return section == FormSection::Monitor ? FormSection::Trend : section;
 }
 
-const FormSectionRow& formSection(FormSection section) { return FormSections[static_cast<size_t>(section)]; }
-
 QString shownText(const KeyTarget& target, const QString& text) {
     return target.blankEachSide ? QStringLiteral(" ") % text % QStringLiteral(" ") : text;
 }

@@ -69,7 +69,6 @@ std::span<const MirroredMenu> mirroredMenus();   // all in the main window
 std::span<const CopiedLabel> copiedLabels();
 // The section whose caption is the title of a section's window: the meters' window bears the trend's.
 FormSection titleSection(FormSection section);
-const FormSectionRow& formSection(FormSection section);
 
 // A text of the table as the window shows it.
 QString shownText(const KeyTarget& target, const QString& text);

@@ -72,7 +72,7 @@ class LanguageWriter {
     void addMessages() {
         m_lines << QString::fromLatin1(MessageHeader);
         for (int number = 1; number <= LangTable::MessageCount; ++number)
-            m_lines << key("MsgStr", number) % m_table.MsgStr(number);
+            m_lines << key("MsgStr", number) % m_table.messageOfKey(number);
     }
 
     const LangTable& m_table;

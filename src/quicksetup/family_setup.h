@@ -39,10 +39,8 @@ struct FamilySetup {
     const char* currentUnit = FormCurrentUnit;  // beside S1para5 and S1para6
     const char* boundUnit = FormBoundUnit;      // beside S2para11 and S2para12
     std::array<const char*, 7> terminals{"MI0", "MI1", "MI2", "MI3", "MI4", "MI5", "GND"};
-    bool twoMidPoints = false;     // in the picture of the V/f curve
-    bool signedByBit7 = false;     // of the attribute word: value and limits are signed
-    bool twoPlacesByBit0 = false;  // of the attribute word; else bits 9 and 8 count the places
-    int oneWordFrom = 41;          // slots from here on are read as one word: no limits, no attribute
+    bool twoMidPoints = false;  // in the picture of the V/f curve
+    int oneWordFrom = 41;       // slots from here on are read as one word: no limits, no attribute
 };
 
 // nullptr for a value that is none of the nine families.

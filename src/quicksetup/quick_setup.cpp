@@ -1,5 +1,6 @@
 #include "quicksetup/quick_setup.h"
 
+#include "catalogue/parameter_record.h"
 #include "link/number_text.h"
 
 namespace kelvane {
@@ -7,7 +8,6 @@ namespace kelvane {
 namespace {
 
 constexpr int PolesSlot = 7;
-constexpr quint16 SignedBit = 0x0080;
 constexpr int HighestWord = 0xFFFF;
 constexpr int LowestWord = -0x8000;
 
@@ -18,11 +18,6 @@ std::optional<int> valueOf(const QString& text, int places) {
 }
 
 int numberOf(quint16 word, bool isSigned) { return isSigned ? static_cast<qint16>(word) : word; }
-
-quint8 placesOf(const FamilySetup& family, quint16 attribute) {
-    if (family.twoPlacesByBit0) return attribute & 1 ? 2 : 0;
-    return static_cast<quint8>(attribute >> 8 & 3);
-}
 
 // Slots that every family fills, used or not.
 bool filledAnyway(int slot) {
@@ -98,7 +93,7 @@ int QuickSetup::itemCount(int slot) const {
 
 void QuickSetup::takeWords(int slot, const std::array<quint16, 20>& ReadWords, bool answered) {
     QSlot& q = at(slot);
-    const bool isSigned = m_family->signedByBit7 && ReadWords[3] & SignedBit;
+    const bool isSigned = signedOf(m_family->DriveFamily, ReadWords[3]);
     q.SlotValue = numberOf(ReadWords[0], isSigned);
     q.origin = answered ? ValueOrigin::Drive : ValueOrigin::Neighbour;
     if (answered) q.held = q.SlotValue;
@@ -106,7 +101,7 @@ void QuickSetup::takeWords(int slot, const std::array<quint16, 20>& ReadWords, b
     if (slot >= m_family->oneWordFrom) return;
     q.SlotMax = numberOf(ReadWords[1], isSigned);
     q.SlotMin = numberOf(ReadWords[2], isSigned);
-    q.SlotDecimals = kelvane::placesOf(*m_family, ReadWords[3]);
+    q.SlotDecimals = static_cast<quint8>(kelvane::placesOf(m_family->DriveFamily, ReadWords[3]));
 }
 
 // Kept: some controls are filled whether the family has them or not.

@@ -4,11 +4,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr quint8 ReadTask = 20;
-constexpr quint8 WriteTask = 13;
-constexpr int OnLineFirst = 6;  // message numbers
-constexpr int MayWrite = 30;
-
 QString numberOf(const QString& label) { return label.section(QLatin1Char(' '), 0, 0); }
 
 }  // namespace
@@ -107,7 +102,7 @@ std::optional<LinkRequest> QuickSetupFlow::nextRead() {
         const int slot = SlotIndex++;
         if (!m_quick.used(slot)) continue;
         m_goodReply = false;
-        return LinkRequest{ReadTask, m_quick.Slot[static_cast<size_t>(slot)].SlotReadCommand,
+        return LinkRequest{GeneralTask, m_quick.Slot[static_cast<size_t>(slot)].SlotReadCommand,
                            Awaits::ReadDone};
     }
 }
@@ -115,7 +110,7 @@ std::optional<LinkRequest> QuickSetupFlow::nextRead() {
 // Kept: the last slot is asked for, but nobody waits for its answer, so it shows and writes the value left
 // from earlier.
 void QuickSetupFlow::endReading() {
-    if (m_quick.used(SlotCount)) m_link.request(ReadTask, m_quick.Slot[SlotCount].SlotReadCommand);
+    if (m_quick.used(SlotCount)) m_link.request(GeneralTask, m_quick.Slot[SlotCount].SlotReadCommand);
     m_quick.fillControls();
     goTo(WizardState::Editing);
     Q_EMIT wizardWanted();
@@ -125,15 +120,15 @@ void QuickSetupFlow::endReading() {
 
 // The link may have gone to rest under the open wizard.
 bool QuickSetupFlow::mayWrite() {
-    if (m_link.ActiveFunction == OwnerQuickSetup) return true;
-    m_voice.person.tell(m_voice.lang.MsgStr(OnLineFirst), QStringLiteral("Warning Message"));
+    if (m_link.owner().is(OwnerQuickSetup)) return true;
+    m_voice.person.tell(m_voice.lang.MsgStr(Message::OnLineFirst), QStringLiteral("Warning Message"));
     return false;
 }
 
 void QuickSetupFlow::OkBitBtnClick() {
     if (m_state != WizardState::Editing || !mayWrite()) return;
     const BoxAnswer answer =
-        m_voice.person.boxOverPanel(m_voice.lang.MsgStr(MayWrite), QStringLiteral("Cofirm"),
+        m_voice.person.boxOverPanel(m_voice.lang.MsgStr(Message::WriteSettings), QStringLiteral("Cofirm"),
                                     BoxIcon::Question, BoxButtons::YesNoOrLeave, panel());
     if (m_state != WizardState::Editing) return;
     if (answer == BoxAnswer::No) return endWizard();
@@ -210,7 +205,7 @@ void QuickSetupFlow::reportWriting() {
 // ---- What the link tells ----
 
 void QuickSetupFlow::onAnswered(quint8 task) {
-    if (task == ReadTask && RDTimer.waiting()) m_goodReply = true;
+    if (task == GeneralTask && RDTimer.waiting()) m_goodReply = true;
     if (task != WriteTask) return;
     if (WRTimer.waiting()) setOutcome(m_askedSlot, Outcome::Written);
     endLastWrite(Outcome::Written);

@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
-#include <utility>
 
 #include "ui/icons.h"
 #include "ui/named.h"
@@ -54,15 +53,17 @@ void TInitialForm::follow() {
     offerToLeave(false);
     m_stop->setVisible(m_link.Notice.waitMayBeLeft);
     m_patience.setEnabled(wanted);
-    if (!wanted) m_wait = {};
     setWindowTitle(tr("Please wait"));
     setVisible(wanted);
 }
 
 void TInitialForm::offerToLeave(bool offered) {
     m_patience.setEnabled(false);
-    const QString what = m_wait.what.isEmpty() ? tr("the drive to say who it is") : m_wait.what;
-    m_waitsFor->setText(tr("Still waiting for %1. If the line is disturbed, this may never end.").arg(what));
+    m_waitsFor->setText(
+        m_link.Notice.waitMayBeLeft
+            ? tr("Still waiting for the drive. If the line is disturbed, this may never end.")
+            : tr("Still waiting for the drive to say who it is. If the line is disturbed, this "
+                 "may never end."));
     m_waitsFor->setVisible(offered);
     m_stop->setVisible(offered);
     if (offered) m_stop->setFocus();
@@ -74,11 +75,7 @@ void TInitialForm::reject() {
 }
 
 void TInitialForm::leave() {
-    const Wait wait = std::exchange(m_wait, {});
-    if (wait.leave)
-        wait.leave();
-    else if (!m_link.Notice.waitMayBeLeft)
-        m_link.Initial();
+    if (!m_link.Notice.waitMayBeLeft) m_link.Initial();
     m_link.Notice.TInitialFormShown = false;
     m_link.notifyChanged();
     Q_EMIT left();

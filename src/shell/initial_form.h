@@ -1,9 +1,9 @@
 // TInitialForm, the wait notice while the drive is being identified or a window reads its first values. The
 // link's notice record opens it (through whoever starts the wait) and closes it. A wait that does not end can
-// be left: after five seconds the notice says what it waits for and offers a way out.
+// be left: after five seconds the notice says what it waits for and offers a way out, which for
+// identification is Initial; who waits for something else says so at once (waitMayBeLeft) and sees the notice
+// go.
 #pragma once
-
-#include <functional>
 
 #include "link/request_scheduler.h"
 #include "shell/wait_form.h"
@@ -20,14 +20,6 @@ class TInitialForm : public WaitForm {
    public:
     TInitialForm(RequestScheduler& link, TickClock& clock, QWidget* parent = nullptr);
 
-    // What a wait is for, and its end when the person leaves it; to be set before it is shown. Without one it
-    // is identification, which Initial ends, or a wait that may be left at once (waitMayBeLeft), whose owner
-    // sees the notice go.
-    struct Wait {
-        QString what;
-        std::function<void()> leave;
-    };
-    void setWait(const Wait& wait) { m_wait = wait; }
     // How far a wait has come that knows its length; 0 of 0 hides the bar.
     void showProgress(int done, int total);
 
@@ -44,7 +36,6 @@ class TInitialForm : public WaitForm {
     RequestScheduler& m_link;
     QProgressBar* m_progress;
     TickTimer m_patience;
-    Wait m_wait;
     QLabel* m_trouble;  // what the owner of the wait has to say
     QLabel* m_waitsFor;
     TransparentButton* m_stop;

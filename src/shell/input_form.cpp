@@ -19,12 +19,11 @@ TInputForm::TInputForm(ComSetup& setup, QWidget* parent)
     InputEdit->setObjectName(QStringLiteral("InputEdit"));
     InputEdit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     InputEdit->setMinimumWidth(InputEdit->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 28);
-    auto* label = new QLabel(QStringLiteral("&Command of the test, in hexadecimal digits"), this);
-    label->setObjectName(QStringLiteral("Label1"));
-    label->setBuddy(InputEdit);
-    auto* OKTransparentButton = new TransparentButton(icon(Icon::Accept), QStringLiteral("OK"), this,
-                                                      TransparentButton::Layout::IconLeft);
-    OKTransparentButton->setObjectName(QStringLiteral("OKTransparentButton"));
+    auto* label =
+        captionFor(InputEdit, "Label1", QStringLiteral("&Command of the test, in hexadecimal digits"), this);
+    auto* OKTransparentButton =
+        named<TransparentButton>("OKTransparentButton", icon(Icon::Accept), QStringLiteral("OK"), this,
+                                 TransparentButton::Layout::IconLeft);
     auto* column = new QVBoxLayout(this);
     column->addWidget(label);
     column->addWidget(InputEdit);

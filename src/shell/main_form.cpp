@@ -147,8 +147,7 @@ void TMainForm::buildWindowItems() {
 }
 
 std::function<void()> TMainForm::wanted(const WindowRow& row) {
-    if (row.form == QLatin1String("TComSetupForm")) return [this] { Q_EMIT comSetupWanted(); };
-    return [this, owner = row.rule.ActiveFunction] { Q_EMIT windowWanted(owner); };
+    return [this, &row] { Q_EMIT windowWanted(row); };
 }
 
 void TMainForm::buildOptionsMenu() {

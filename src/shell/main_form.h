@@ -40,7 +40,7 @@ class TMainForm : public QMainWindow {
     std::function<bool()> stopReady;
 
    Q_SIGNALS:
-    void windowWanted(quint8 ActiveFunction);
+    void windowWanted(const WindowRow& row);
     void comSetupWanted();
     void aboutWanted();
     void helpWanted();

@@ -32,9 +32,8 @@ TPasswordForm::TPasswordForm(RequestScheduler& link, const Voice& voice, QWidget
     setObjectName(QStringLiteral("TPasswordForm"));
     setWindowTitle(QStringLiteral("Password"));
     setModal(true);
-    auto* label = new QLabel(QStringLiteral("Input password to enable Language function"), this);
-    label->setObjectName(QStringLiteral("Label1"));
-    label->setBuddy(PasswordEdit);
+    auto* label = captionFor(PasswordEdit, "Label1",
+                             QStringLiteral("Input password to enable Language function"), this);
     PasswordEdit->setObjectName(QStringLiteral("PasswordEdit"));
     PasswordEdit->setAccessibleName(windowTitle());
     PasswordEdit->setEchoMode(QLineEdit::Password);
@@ -53,7 +52,7 @@ void TPasswordForm::enterPressed() {
     const QString text = PasswordEdit->text();
     PasswordEdit->clear();
     const auto door = std::find_if(doors.begin(), doors.end(), [&](const Door& row) {
-        return row.window == m_link.ActiveFunction && text == QLatin1String(row.password);
+        return m_link.owner().is(row.window) && text == QLatin1String(row.password);
     });
     if (door != doors.end()) {
         m_voice.person.tell(QLatin1String(door->message), QStringLiteral("Success"));

@@ -1,10 +1,6 @@
 #include "shell/tool.h"
 
-#include <array>
-
 #include "localisation/startup_language.h"
-#include "shell/monitor_section.h"
-#include "shell/trend_section.h"
 
 namespace kelvane {
 
@@ -91,12 +87,12 @@ void Tool::loadDefaultProject() {
     const QStringList lines = file.ok ? projectLines(file.bytes) : QStringList();
     defaults.LanguageIndex = site.language.LanguageIndex;
     const SectionRead read = readComSetupSection(lines, defaults.ComSetup);
-    takeComSetup(defaults.ComSetup, read.taken);
+    takeComSetupSection(comSetup, defaults.ComSetup, read.taken);
     comSetup.copySettingsToLink();
     readTrendSection(lines, defaults.Trend);
     takeTrendSection(trend, defaults.Trend);
     readMonitorSection(lines, defaults.Monitor);
-    takeMonitorSection(monitor, defaults.Monitor);
+    monitor.takeIndexes(defaults.Monitor);
 }
 
 // The settings of an opened project take effect at the next Accept; a link that is on line goes on with the
@@ -109,36 +105,18 @@ void Tool::takeComSetupAtRest(const ComSetupSection& section, int taken) {
 void Tool::takeHeldComSetup() {
     if (m_held.taken == 0 || link.Lamp.onLine()) return;
     const HeldComSetup held = std::exchange(m_held, {});
-    takeComSetup(held.section, held.taken);
-}
-
-// Each value runs its box's change handler; a value that is not offered leaves the box as it was.
-void Tool::takeComSetup(const ComSetupSection& section, int taken) {
-    using Handler = void (ComSetup::*)(const QString&);
-    const std::array<std::pair<Handler, QString>, 6> values{{
-        {&ComSetup::ComPortComboBoxChange, section.ComPortComboBox},
-        {&ComSetup::ModeComboBoxChange, section.ModeComboBox},
-        {&ComSetup::BaudComboBoxChange, section.BaudComboBox},
-        {&ComSetup::DataBitsComboBoxChange, section.DataBitsComboBox},
-        {&ComSetup::ParityComboBoxChange,
-         ComSetup::parityItems().value(parityItemIndex(section.ParityComboBox))},
-        {&ComSetup::StopBitsComboBoxChange, section.StopBitsComboBox},
-    }};
-    for (size_t i = 0; i < values.size() && static_cast<int>(i) < taken; ++i)
-        (comSetup.*values[i].first)(values[i].second);
+    takeComSetupSection(comSetup, held.section, held.taken);
 }
 
 ComSetupSection Tool::comSetupSection() const {
     if (m_held.taken > 0) return m_held.section;
-    const ComSetup::Shown& boxes = comSetup.shown;
-    return {boxes.ComPortComboBox,  boxes.ModeComboBox,   boxes.BaudComboBox,
-            boxes.DataBitsComboBox, boxes.ParityComboBox, boxes.StopBitsComboBox};
+    return comSetup.shown;
 }
 
 FileResult Tool::SaveProject() {
     Q_EMIT projectWanted();
     defaults.Trend = trendSection(trend);
-    defaults.Monitor = monitorSection(monitor);
+    defaults.Monitor = monitor.indexes();
     defaults.LanguageIndex = site.language.LanguageIndex;
     defaults.ComSetup = comSetupSection();
     return writeWhole(site.folder.file(QStringLiteral("default.prj")), defaultProjectBytes(defaults));
@@ -149,17 +127,11 @@ NamedProject Tool::projectToSave() const {
     NamedProject project = named;
     project.LanguageIndex = site.language.LanguageIndex;
     project.ComSetup = comSetupSection();
-    project.Monitor = monitorSection(monitor);
+    project.Monitor = monitor.indexes();
     project.MeterType = monitor.meterType.MeterType;
     project.ChComboBox = trendSection(trend).ChComboBox;
     project.ChannelWidth = channelWidths(trend);
-    project.QuickSetup.DriveVrLabel = link.Labels.DriveVrLabel;
-    project.QuickSetup.VersionVrLabel = link.Labels.VersionVrLabel;
-    project.QuickSetup.HPVrLabel = link.Labels.HPVrLabel;
-    project.QuickSetup.RatedVoltageVrLabel = link.Labels.RatedVoltageVrLabel;
-    project.QuickSetup.RatedCurrentVrLabel = link.Labels.RatedCurrentVrLabel;
-    for (int slot = 1; slot <= SlotCount; ++slot)
-        project.QuickSetup.SlotFileValue[static_cast<size_t>(slot)] = quickSetup.controlText(slot);
+    fillSection(project.QuickSetup, quickSetup, link.Labels);
     return project;
 }
 
@@ -202,12 +174,12 @@ void Tool::OpenTransparentButtonClick() {
     }
     named.ComSetup = comSetupSection();
     named.ChannelWidth = channelWidths(trend);
-    named.Monitor = monitorSection(monitor);
+    named.Monitor = monitor.indexes();
     named.MeterType = monitor.meterType.MeterType;
     const NamedProjectRead read = readNamedProject(projectLines(file.bytes), named);
     takeComSetupAtRest(named.ComSetup, read.ComSetup.taken);
     if (read.QuickSetup.taken > 0) quickSetup.takeProject(named.QuickSetup.SlotFileValue);
-    if (read.Monitor.taken > 0) takeMonitorSection(monitor, named.Monitor);
+    if (read.Monitor.taken > 0) monitor.takeIndexes(named.Monitor);
     monitor.meterType.MeterType = static_cast<quint8>(named.MeterType);
     if (read.Trend.taken > 0) takeTrendBoxes(trend, named.ChComboBox, named.ChannelWidth);
     if (read.Monitor.taken > 0) defaults.Monitor = named.Monitor;

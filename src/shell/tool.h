@@ -109,7 +109,6 @@ class Tool : public QObject {
 
    private:
     void loadDefaultProject();
-    void takeComSetup(const ComSetupSection& section, int taken);
     void takeComSetupAtRest(const ComSetupSection& section, int taken);
     void takeHeldComSetup();
     ComSetupSection comSetupSection() const;

@@ -10,14 +10,14 @@ bool WindowRules::refusedOffLine(const WindowRule& rule) {
         m_voice.person.tell(m_voice.text(Message::OffLineNow), QStringLiteral("Cofirm"));
     // Kept: Quick Setup has run its prelude by now and ends with its tail; the keypad brings its user back.
     if (rule.prelude) m_link.tail();
-    if (rule.ActiveFunction == OwnerKeypad) Q_EMIT focusWanted(m_link.ActiveFunction);
+    if (rule.beside) Q_EMIT focusWanted(m_link.ActiveFunction);
     return true;
 }
 
 bool WindowRules::begin(const WindowRule& rule) {
     if (rule.prelude) m_link.prelude();
     if (refusedOffLine(rule)) return false;
-    if (rule.ActiveFunction == OwnerKeypad) return true;
+    if (!rule.ownsLink()) return true;
     if (rule.stopsKeypad) Q_EMIT stopKeypad();
     if (rule.closesKeypad) Q_EMIT closeKeypad();
     if (rule.marksRead) m_link.ParamRead.ReadDone = 1;
@@ -28,9 +28,9 @@ bool WindowRules::begin(const WindowRule& rule) {
 }
 
 void WindowRules::finished(const WindowRule& rule) {
-    if (rule.ActiveFunction == OwnerKeypad) return;
+    if (rule.beside) return;
     const auto keypadAsSource = static_cast<quint8>(Family::Keypad);
-    if (rule.ActiveFunction == OwnerParameter && m_link.DriveStatus.DriveFamily == keypadAsSource) {
+    if (rule.endsKeypadSource && m_link.DriveStatus.DriveFamily == keypadAsSource) {
         m_link.DriveStatus.DriveReady = 0;
         m_link.rest();
         m_link.setLamp(LampState::Silent);

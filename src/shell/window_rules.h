@@ -10,7 +10,7 @@
 
 namespace kelvane {
 
-inline constexpr quint8 OwnerKeypad = 0;  // shown beside the others; owns no link
+inline constexpr quint8 OwnerKeypad = 0;  // owns no link
 inline constexpr quint8 OwnerNone = 255;  // a dialog that another window opens
 
 enum class OffLineBox : quint8 {
@@ -22,12 +22,16 @@ enum class OffLineBox : quint8 {
 struct WindowRule {
     quint8 ActiveFunction = OwnerNone;  // while it is open
     OffLineBox offLine = OffLineBox::NotNeeded;
+    bool beside = false;       // shown beside the others; owns no link
     bool prelude = false;      // stop the link and empty the queues
     bool stopsKeypad = false;  // the keypad's timer off
     bool closesKeypad = false;
-    bool marksRead = false;     // ReadDone 1
-    bool marksWritten = false;  // WriteDone 1
-    bool tail = false;          // restart the poll afterwards, also when it was refused (with prelude)
+    bool marksRead = false;         // ReadDone 1
+    bool marksWritten = false;      // WriteDone 1
+    bool tail = false;              // restart the poll afterwards, also when it was refused (with prelude)
+    bool endsKeypadSource = false;  // a keypad that was read as the drive rests when the window has closed
+
+    bool ownsLink() const { return ActiveFunction != OwnerNone && !beside; }
 
     // Windows with a tail send for themselves; under the others the poll goes on.
     bool takesLine() const { return tail; }

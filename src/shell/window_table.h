@@ -41,7 +41,6 @@ struct WindowRow {
     void (*open)(Windows& windows, QWidget& form) = nullptr;
 
     bool built() const { return make != nullptr; }
-    bool ownsLink() const { return rule.ActiveFunction != OwnerNone && rule.ActiveFunction != OwnerKeypad; }
 };
 
 std::span<const WindowRow> windowTable();

@@ -126,7 +126,7 @@ void Windows::wireForms() {
 void Windows::connectMain() {
     connect(&mainForm, &TMainForm::closed, this, &Windows::hideOthers);
     connect(&mainForm, &TMainForm::comSetupWanted, this, [this] { openComSetup(); });
-    connect(&mainForm, &TMainForm::windowWanted, this, &Windows::openWindow);
+    connect(&mainForm, &TMainForm::windowWanted, this, &Windows::openRow);
     connect(&mainForm, &TMainForm::aboutWanted, this, [this] { showModal(aboutForm); });
     connect(&mainForm, &TMainForm::stopWanted, &stopKey, &StopKey::press);
     mainForm.stopReady = [this] { return stopKey.ready(); };
@@ -258,6 +258,8 @@ void Windows::openBeside(Windows&, QWidget& form) {
 
 // ---- Com setup and what follows it ----
 
+void Windows::openComSetupAlone(Windows& windows, QWidget&) { windows.openComSetup(); }
+
 void Windows::openComSetup(std::function<void()> then) {
     m_afterComSetup = std::move(then);
     // Not by ActiveFunction: an aborted write has made it the main window's behind the open window.
@@ -300,12 +302,15 @@ void Windows::finishComSetup() {
 // ---- Windows that own the link ----
 
 void Windows::openWindow(quint8 ActiveFunction) {
-    const WindowRow* row = windowRow(ActiveFunction);
-    QWidget* window = row ? formOf(*row) : nullptr;
-    if (!window || !tool.rules.begin(row->rule)) return;
-    if (row->ownsLink()) m_open = row;
-    if (row->open)
-        row->open(*this, *window);
+    if (const WindowRow* row = windowRow(ActiveFunction)) openRow(*row);
+}
+
+void Windows::openRow(const WindowRow& row) {
+    QWidget* window = formOf(row);
+    if (!window || !tool.rules.begin(row.rule)) return;
+    if (row.rule.ownsLink()) m_open = &row;
+    if (row.open)
+        row.open(*this, *window);
     else
         showModal(*window);
 }

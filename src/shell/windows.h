@@ -105,6 +105,7 @@ class Windows : public QObject {
     // has it again.
     void openComSetup(std::function<void()> then = {});
     void openWindow(quint8 ActiveFunction);
+    void openRow(const WindowRow& row);
     // Brings the window of an ActiveFunction forward.
     void ShowFocusForm(int ActiveFunction);
     void showLanguage();
@@ -114,6 +115,7 @@ class Windows : public QObject {
 
     // Steps of rows.
     static void openBeside(Windows& windows, QWidget& form);  // not modal
+    static void openComSetupAlone(Windows& windows, QWidget& form);
     static void wireComSetup(Windows& windows, QWidget& form);
     static void wireKeypad(Windows& windows, QWidget& form);
     static void wireAbout(Windows& windows, QWidget& form);

@@ -133,8 +133,6 @@ void FindBar::closeBar() {
     if (m_view) m_view->setFocus();
 }
 
-void FindBar::setSearchText(const QString& text) { m_edit->setText(text); }
-
 // A table being filled changes cell by cell; one search behind the whole burst is enough.
 void FindBar::searchLater() {
     if (m_searchPending || isHidden()) return;

@@ -35,7 +35,6 @@ class FindBar : public QWidget {
     void closeBar();  // hides it, puts the lights out and gives the focus back to the grid
     void findNext();
     void findPrevious();
-    void setSearchText(const QString& text);
     int hitCount() const { return static_cast<int>(m_hits.size()); }
     int currentHit() const { return m_current; }  // from 0; -1 when there is none
 

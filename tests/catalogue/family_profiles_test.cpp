@@ -30,17 +30,6 @@ void write(Grid& grid, Family family) {
 
 class ProfileOfFamily : public testing::TestWithParam<Family> {};
 
-TEST_P(ProfileOfFamily, HasAFormatOfTheSamePlacesAsItsText) {
-    const FamilyProfile& tested = profile(GetParam());
-    for (std::size_t k = 0; k < tested.StatusWordCount; ++k) {
-        const QString format = QString::fromLatin1(tested.StatusFormat[k]);
-        const bool kept = GetParam() == Family::Aspen && k == 8;  // a whole number
-        EXPECT_EQ(format.section(QLatin1Char('.'), 1).size(), kept ? 0 : tested.StatusDecimals[k]) << k;
-        const int divisor[3] = {0, 10, 100};
-        EXPECT_EQ(tested.StatusScale[k], kept ? 10 : divisor[tested.StatusDecimals[k]]) << k;
-    }
-}
-
 TEST_P(ProfileOfFamily, GivesEveryEntryOfTheListOneItem) {
     const FamilyProfile& tested = profile(GetParam());
     const QStringList names = namesOf(GetParam());
@@ -81,6 +70,13 @@ TEST(InfoGrid, OfAShorterFamilyLeavesNothingInTheSecondColumnButKeepsRowSevenFor
     }
     EXPECT_EQ(names + units, "c1 c2 c3 c4 c5 f1 Hz Hz A V V  ");
     EXPECT_EQ((grid[{0, 7}] + grid[{4, 7}]), "f2f9");
+}
+
+TEST(StatusItems, KeepsThePlainFormatOfAspensLastItem) {
+    const FamilyProfile& aspen = profile(Family::Aspen);
+    EXPECT_EQ(std::string(aspen.StatusFormat[8]), "##0");
+    EXPECT_EQ(aspen.StatusScale[8] + aspen.StatusDecimals[8], 12);
+    EXPECT_EQ(std::string(aspen.StatusFormat[0]) + std::to_string(aspen.StatusScale[0]), "##0.00100");
 }
 
 TEST(StatusItems, KeepsUnitsOfALongerFamilyBehindTheItemsOfAShorterOne) {

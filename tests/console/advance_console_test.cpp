@@ -180,29 +180,6 @@ TEST_F(Console, RunsTheCheckedRowsAsOftenAsAsked) {
     EXPECT_EQ(message(1), "0103021234B533");
 }
 
-// A long run: each reply in the row whose command it answers, and nothing lost or doubled in the counters.
-TEST_F(Console, KeepsEveryReplyOfALongRunInItsRow) {
-    constexpr int Rows = 20;
-    constexpr int Repeats = 200;
-    QStringList commands;
-    for (int row = 1; row <= Rows; ++row) commands += "010321" + hex(row, 2) + "0001";
-    typeCommands(commands);
-    console->showConnectionPage(ConnectionPage::B);
-    console->RepeatLabeledEdit = QString::number(Repeats);
-    console->RUNTransparentButtonClick();
-    for (int i = 0; i < Rows * Repeats; ++i) {
-        ASSERT_TRUE(clock.advanceUntil([&] { return port.written.size() == i + 1; }, 1000)) << i;
-        const int asked = static_cast<quint8>(port.written.back()[3]);
-        reply("010302" + hex(asked, 2) + hex(i / Rows, 2));
-    }
-    run(1000);
-    EXPECT_FALSE(console->running());
-    for (int row = 1; row <= Rows; ++row) EXPECT_EQ(data(row), hex(row, 2) + hex(Repeats - 1, 2) + "H");
-    EXPECT_EQ(console->record().totalRecords, Rows * Repeats);
-    EXPECT_EQ(console->record().errorRecords + console->record().timeoutRecords, 0);
-    EXPECT_EQ(port.written.size(), Rows * Repeats);
-}
-
 TEST_F(Console, KeepsZeroForTheLastRowWhenThePassHasWrapped) {
     typeCommands({"010321000001", "010321000002"});
     console->list.clickCheckBox(1, false);

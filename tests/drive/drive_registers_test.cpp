@@ -144,19 +144,6 @@ TEST(PracticeDrive, KeepsTheSecondPlaceOfTheOsierPidGroupAndTheSignsOfTilia) {
     EXPECT_EQ(tilia.word(0x210B), uint16_t(-400));  // 40.0 % of torque in reverse
 }
 
-TEST(PracticeDrive, TripsAfterItsSecondsOfRunning) {
-    PracticeDrive drive(familyData(Family::Larch), {.tripSeconds = 30});
-    drive.motor().setCommandHz(50);
-    for (int round = 0; round < 2; ++round) {
-        ask(drive, "FF0620000002");
-        for (int i = 0; i < 29; ++i) pass(drive, 1);
-        EXPECT_EQ(drive.word(0x2100), 0);
-        pass(drive, 1.5);
-        EXPECT_EQ(drive.word(0x2100), MotorOverload);
-        ask(drive, "FF0620020002");
-    }
-}
-
 TEST(PracticeDrive, PlaysAKeypad) {
     PracticeDrive drive(familyData(Family::Larch), {.asKeypad = true});
     const auto groups = familyData(Family::Larch).groups;

@@ -190,23 +190,5 @@ TEST(PracticePort, LosesAnUnpluggedDriveAndFindsItAgain) {
     EXPECT_EQ(host.ask(Command), host.good(Refused));
 }
 
-TEST(Line, SurvivesAnyInput) {
-    for (const LineMode mode : {LineMode::Ascii, LineMode::Rtu}) {
-        Host host(lineOf(mode, 115200));
-        std::mt19937 random(7);
-        for (int i = 0; i < 3000; ++i) {
-            QByteArray body = QByteArray::fromHex(i % 2 ? "FF0621000001" : "FF0321000010");
-            for (int k = 0; k < 3; ++k) body[qsizetype(random() % 5) + 1] = char(random());
-            body.resize(qsizetype(random() % 12));
-            QByteArray frame = wrap(body, mode);
-            if (i % 3 == 0 && !frame.isEmpty()) frame[qsizetype(random()) % frame.size()] = char(random());
-            host.station.port.PutBlock(frame);
-            host.clock.advance(20);
-        }
-        host.clock.advance(1000);
-        EXPECT_FALSE(host.ask("FF0321000001").isEmpty());
-    }
-}
-
 }  // namespace
 }  // namespace kelvane::drive

@@ -14,8 +14,8 @@ struct SetupBench : SchedulerBench {
     SetupBench() {
         QObject::connect(&setup, &ComSetup::closeWanted, [this] { closed = true; });
     }
-    void expectMessage(int number, const char* title, BoxAnswer answer = BoxAnswer::Ok) {
-        person.expectBox(lang.MsgStr(number), QLatin1String(title), answer);
+    void expectMessage(Message message, const char* title, BoxAnswer answer = BoxAnswer::Ok) {
+        person.expectBox(lang.MsgStr(message), QLatin1String(title), answer);
     }
 };
 struct ComSetupTest : testing::Test, SetupBench {};
@@ -73,7 +73,7 @@ TEST_F(ComSetupTest, WaitsFromTheEndOfTheRequestAndAgainAfterEveryBurst) {
 TEST_F(ComSetupTest, AnOpenErrorIsLoggedAndDoesNotStartTheWalkOver) {
     setupPort.canOpen = false;
     setup.AutoDetectRadioButtonClick();
-    expectMessage(19, "Error Message");
+    expectMessage(Message::NoComPort, "Error Message");
     setup.TestButtonClick();
     EXPECT_EQ(history, QStringList{QStringLiteral("there is no such device")});
     EXPECT_EQ(setup.DetectCode, 1);
@@ -114,7 +114,7 @@ TEST_F(ComSetupWalk, TriesAllCombinationsOnADeafLine) {
         EXPECT_EQ(link.BaudTimeoutTicks, tried.ticks);
         const QString protocol = setup.shown.connectProtocol;
         EXPECT_TRUE(n != 98 || protocol == "Modbus RTU mode, protocol < 8, N, 2 >");
-        if (n == 168) expectMessage(20, "Warning");
+        if (n == 168) expectMessage(Message::NoDriveDetected, "Warning");
         clock.advanceUntil([&] { return setupPort.written.size() > n || !setup.RxTimer.Enabled(); }, 1000);
         EXPECT_EQ(setup.shown.TConnectFormShown, n < 168) << n;
     }
@@ -148,7 +148,7 @@ TEST_F(ComSetupAccept, AsksToGoOnLineAfterASuccessOutsideTheConsole) {
         closed = false;
         link.ActiveFunction = owner;
         setup.shown.SuccessAbLEDLit = true;
-        if (owner == OwnerMain) expectMessage(18, "Cofirm", BoxAnswer::No);
+        if (owner == OwnerMain) expectMessage(Message::GoOnLine, "Cofirm", BoxAnswer::No);
         setup.OKBitBtnClick();
         EXPECT_FALSE(link.TxTimer.Enabled());
         EXPECT_TRUE(closed && port.written.isEmpty());
@@ -158,12 +158,12 @@ TEST_F(ComSetupAccept, AsksToGoOnLineAfterASuccessOutsideTheConsole) {
 TEST_F(ComSetupAccept, OpeningFromAnOnLineLinkIsAsked) {
     link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
     link.ActiveFunction = OwnerParameter;
-    expectMessage(1, "Cofirm", BoxAnswer::No);
+    expectMessage(Message::LeaveLineForComSetup, "Cofirm", BoxAnswer::No);
     EXPECT_FALSE(setup.mayOpen());
     EXPECT_EQ(link.ActiveFunction, OwnerParameter);
     EXPECT_TRUE(link.TaskQueue.empty());
     setup.shown.OKBitBtnEnabled = true;
-    expectMessage(1, "Cofirm", BoxAnswer::Yes);
+    expectMessage(Message::LeaveLineForComSetup, "Cofirm", BoxAnswer::Yes);
     EXPECT_TRUE(setup.mayOpen());
     EXPECT_FALSE(setup.shown.OKBitBtnEnabled);
     EXPECT_EQ(link.TaskQueue, (std::deque<quint8>{0, 21}));

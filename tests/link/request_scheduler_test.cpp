@@ -73,6 +73,11 @@ TEST_F(SendStep, DropsStaleStringsAndKeepsTheSurplusCopyOfAResentPoll) {
     EXPECT_EQ(link.CommandQueue.size(), 1U);
     send();
     EXPECT_EQ(link.CommandQueue.size(), 1U);  // cleaned when TaskQueue had run empty
+    staySilent();
+    send();
+    link.push(12, "FF030100000F");
+    answerWords(Sixteen);
+    EXPECT_EQ(send(), "FF030100000F") << "both copies end with their own task";
     EXPECT_EQ(port.opens, 1) << "an open port is left alone";
 }
 
@@ -87,8 +92,10 @@ TEST_F(SendStep, TakesAFailedSendAsATimeOutAndAStatusPollAfterIt) {
     EXPECT_EQ(send(), Poll);
 
     start();
-    link.DriveStatus.DriveFamily = 20;  // a family without a poll command is a failed send too
     const qsizetype before = port.written.size();
+    link.push(12);  // a task without its string is a failed send too, and so is a family without a poll
+    staySilent();
+    link.DriveStatus.DriveFamily = 20;
     staySilent();
     EXPECT_EQ(port.written.size(), before);
 }

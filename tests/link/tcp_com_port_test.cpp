@@ -1,5 +1,5 @@
 // The port on a gateway, in real time over the loopback: a gateway that is slow, sends halves, closes,
-// refuses and does not answer at all, and one with a practice drive behind it. Limits are wide.
+// refuses and does not answer at all. Limits are wide.
 #include "link/tcp_com_port.h"
 
 #include <gtest/gtest.h>
@@ -10,12 +10,6 @@
 #include <QElapsedTimer>
 #include <QTcpServer>
 
-#include "base/qt_tick_clock.h"
-#include "bench/scripted_operator.h"
-#include "catalogue/identification.h"
-#include "drive/practice_port.h"
-#include "link/com_setup.h"
-#include "link/request_scheduler.h"
 #include "tests/link/real_time.h"
 
 namespace kelvane {
@@ -175,52 +169,6 @@ TEST(TcpComPort, NeitherWaitsForAGatewayThatIsSilentNorSendsItAFrameThatIsOver) 
     EXPECT_EQ(other.openError(), othersWords.reasons[0]);
     ::close(late);
     ::close(listener);
-}
-
-// A gateway with a drive on its serial side. It passes a reply on piece by piece.
-struct GatewayWithDrive {
-    explicit GatewayWithDrive(TickClock& clock)
-        : line(drive, {.mode = drive::LineMode::Rtu, .wire = Wire}), port(clock, line) {
-        port.setSettings(Wire);
-        port.open();
-        QObject::connect(&server, &QTcpServer::newConnection, [this] {
-            client = server.nextPendingConnection();
-            QObject::connect(client, &QTcpSocket::readyRead, [this] { port.PutBlock(client->readAll()); });
-        });
-        port.OnTriggerAvail = [this](int count) {
-            for (int i = 0; i < count; ++i) client->write(QByteArray(1, *port.GetChar()));
-            client->flush();
-        };
-        server.listen(QHostAddress::LocalHost);
-    }
-    static constexpr PortSettings Wire{.Baud = 38400, .DataBits = 8};
-    drive::PracticeDrive drive{drive::familyData(Family::Tilia), {}};
-    drive::LineModel line;
-    drive::PracticePort port;
-    QTcpServer server;
-    QTcpSocket* client = nullptr;
-};
-
-TEST(TcpComPort, TheLinkIdentifiesADriveAndPolls) {
-    QtTickClock clock;
-    SystemWallClock wall;
-    ScriptedOperator person;
-    LangTable lang = LangTable::builtInEnglish();
-    GatewayWithDrive gateway(clock);
-    TcpComPort port(Loopback, gateway.server.serverPort());
-    port.setSettings(GatewayWithDrive::Wire);
-    RequestScheduler link{{clock, wall, person, port, lang}};
-    GroupNameTable groupNames;
-    const DriveIdentification identification{link, groupNames, {person, lang}};
-    int polls = 0;
-    QObject::connect(&link, &RequestScheduler::statusDecoded, [&] { ++polls; });
-    link.Initial();
-    link.ComMode = 1;
-    link.BaudTimeoutTicks = baudTimeoutTicks(38400);
-    link.TxTimer.setEnabled(true);
-    EXPECT_TRUE(waitFor([&] { return polls >= 3; }, 30000));
-    EXPECT_EQ(link.Labels.DriveVrLabel, "Tilia");
-    EXPECT_EQ(link.TimeoutCount, 0);
 }
 
 }  // namespace

@@ -63,8 +63,8 @@ TEST_P(EveryManual, HasEveryMessage) {
     const LangTable builtIn = LangTable::builtInEnglish();
     for (int number = 1; number <= LangTable::MessageCount; ++number)
         for (const LangTable& table : {builtIn, language.table})
-            EXPECT_TRUE(text.contains(table.MsgStr(number).simplified()))
-                << table.MsgStr(number).toStdString();
+            EXPECT_TRUE(text.contains(table.messageOfKey(number).simplified()))
+                << table.messageOfKey(number).toStdString();
 }
 
 // Boxes whose text stands in the code, beside the table of messages.

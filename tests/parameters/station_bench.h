@@ -23,32 +23,23 @@ struct StationBench {
     drive::PracticeStation station;
     RequestScheduler link;
     GroupNameTable names;
+    DriveIdentification identification;
     ParameterSession session;
 
     StationBench(Operator& asked, Family family, const QString& programFolder = {})
         : station(clock, drive::familyData(family), line()),
           link({clock, wall, asked, station.port, lang}),
+          identification(link, names, {asked, lang}),
           session(link, clock, names, {asked, lang}, {.programFolder = programFolder, .wallClock = &wall}) {
-        link.Initial();
-        link.emptyQueues();
         station.port.setSettings(line().wire);
         link.ComMode = 1;
         link.BaudTimeoutTicks = link.ReplyTimeoutTicks = 5;
+        link.Initial();
+        link.TxTimer.setEnabled(true);
+        runUntil([this] { return link.DriveStatus.DriveReady == 1; });
+        link.prelude();
         link.ActiveFunction = OwnerParameter;
-        link.ParamRead.fixedParaName = fixedParaName;
-        link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
-        link.Labels = {QString::fromLatin1(familyName(family)), "2.05", "150A", "460V", "75 ( 100 )"};
-        DriveStatusRecord& status = link.DriveStatus;
-        status.DriveReady = 1;
-        status.DriveFamily = static_cast<quint8>(family);
-        const auto& groups = drive::familyData(family).groups;
-        status.GroupCount = static_cast<quint8>(groups.size() - 1);
-        for (size_t G = 0; G < groups.size(); ++G) {
-            status.GroupParamCount[G] = static_cast<quint16>(groups[G].rows.size() - 1);
-            names.storeReportedName(status.DriveFamily, static_cast<int>(G),
-                                    QString::fromStdString(std::string(groups[G].name)));
-        }
-        link.notifyChanged();
+        station.port.clearTranscript();
         session.opened();
     }
     bool runUntil(const std::function<bool()>& done) { return clock.advanceUntil(done, 600 * 1000); }

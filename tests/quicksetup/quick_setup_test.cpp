@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include "bench/decimal_sep.h"
 #include "bench/link_bench.h"
 
 namespace kelvane {
@@ -115,19 +114,6 @@ TEST(QuickSetup, PolesAreStoredWhileTheyAreTypedAndComeBackWhenRefused) {
     b.expectRefusal("not Legal");
     b.quick.ProcessLabeledEditKeyPress(Poles);
     EXPECT_EQ(b.slot(Poles).SlotValue, 4);
-}
-
-TEST(QuickSetup, AnotherSeparatorHoldsInEverySlot) {
-    const UsingDecimalSep comma(",");
-    SlotBench b;
-    b.take(MaxFrequency, 6000, 40000, 5000, 0x0200);
-    EXPECT_EQ(b.slot(MaxFrequency).text, "60,00");
-    b.type(MaxFrequency, "72,5");
-    EXPECT_TRUE(b.quick.leaveEdit(MaxFrequency));
-    EXPECT_EQ(b.slot(MaxFrequency).SlotValue, 7250);
-    b.type(MaxFrequency, "60.5");
-    b.expectRefusal("not Legal");
-    b.quick.leaveEdit(MaxFrequency);
 }
 
 std::array<QString, SlotCount + 1> projectOf(const QString& box, const QString& edit) {

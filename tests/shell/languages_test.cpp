@@ -134,7 +134,7 @@ TEST(LanguageFile, ReachesAControlWithEveryKey) {
                 const TuneTexts tuning = tuneTexts(bench.language.table, motors);
                 shown += tuning.entries + tuning.descriptions;
             }
-            EXPECT_EQ(window.windowTitle(), formSection(titleSection(row.section)).header);
+            EXPECT_EQ(window.windowTitle(), formSections()[size_t(titleSection(row.section))].header);
             const auto group = [&](const char* key, int count, auto holds) {
                 for (int n = 1; n <= count; ++n) {
                     const QString text =

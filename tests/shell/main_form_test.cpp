@@ -38,6 +38,10 @@ TEST(MainForm, TakesTheLinkOffLineByADoubleClickOnTheLamp) {
     ShellBench bench;
     bench.goOnLine();
     auto* lamp = bench.find<AbLED>("ComStatusAbLED");
+    bench.person.expectBox(bench.language.table.MsgStr(Message::LeaveLineForComSetup), "Cofirm",
+                           BoxAnswer::No);
+    bench.trigger("ComSetup");
+    EXPECT_FALSE(bench.windows->comSetupForm.isVisible());
     const QString question = "Do you want to change status to Off - Line now ?";
     bench.person.expectBox(question, "Cofirm", BoxAnswer::No);
     Q_EMIT lamp->doubleClicked();
@@ -226,6 +230,12 @@ TEST(MainForm, RestsWhileTheParameterWindowIsOpenAndGoesOnWithoutIdentification)
     const QStringList after = port->transcript().mid(before);
     EXPECT_TRUE(after.contains("FF032100000B"));
     EXPECT_FALSE(after.contains("FF0321100003"));
+    // A keypad that was read as the drive is no drive to go on with.
+    bench.trigger("ParameterManagement");
+    bench.tool->link.DriveStatus.DriveFamily = static_cast<quint8>(Family::Keypad);
+    bench.windows->parameterForm.close();
+    EXPECT_EQ(bench.text("ComStatusAbLED"), "Off Line");
+    EXPECT_EQ(bench.tool->link.DriveStatus.DriveReady, 0);
 }
 
 TEST(ShellOperator, GivesASuffixToANameThatHasNone) {
@@ -294,7 +304,7 @@ TEST(Windows, FollowTheirTable) {
 
 TEST(Windows, GiveTheLinkBackToTheOwnerThatAskedForComSetup) {
     for (const WindowRow& row : windowTable()) {
-        if (!row.ownsLink()) continue;
+        if (!row.rule.ownsLink()) continue;
         ShellBench bench;
         RequestScheduler& link = bench.tool->link;
         link.TxTimer.setEnabled(true);
@@ -323,7 +333,8 @@ TEST(Windows, KeepTheRulesOfTheirOpenings) {
                 {OwnerPid, true},
                 {OwnerTrend, false},
                 {OwnerMonitor, true},
-                {OwnerKeypad, false, offLine}};
+                {OwnerKeypad, false, offLine},
+                {OwnerKeypad, true}};
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << int(row.owner) << (row.onLine ? " on line" : " off line"));
         ShellBench bench;
@@ -334,7 +345,8 @@ TEST(Windows, KeepTheRulesOfTheirOpenings) {
         const WindowRule* rule = &windowRow(row.owner)->rule;
         EXPECT_EQ(bench.tool->rules.begin(*rule), !row.message);
         EXPECT_EQ(link.TaskQueue.empty(), rule->prelude);
-        EXPECT_EQ(link.ActiveFunction, row.message ? quint8(OwnerMain) : row.owner);
+        EXPECT_EQ(link.ActiveFunction,
+                  row.message || row.owner == OwnerKeypad ? quint8(OwnerMain) : row.owner);
         if (!row.message) bench.tool->rules.finished(*rule);
         EXPECT_EQ(link.ActiveFunction, OwnerMain);
         EXPECT_TRUE(!rule->prelude || link.TxTimer.Enabled() == row.onLine);

@@ -77,11 +77,11 @@ TEST(DefaultProjectFile, IsReadByPlaceInAnyOrderOfSections) {
     EXPECT_EQ(com.BaudComboBox, QStringLiteral("19200"));
     EXPECT_EQ(com.DataBitsComboBox, QStringLiteral("no sign"));
     EXPECT_EQ(com.ParityComboBox, QString());
-    MonitorSection monitor{7, 7, 7, 7};
+    MonitorIndexes monitor{7, 7, 7, 7};
     const SectionRead read = readMonitorSection(lines, monitor);
     EXPECT_EQ(read.taken, 3);
     EXPECT_EQ(read.error.toStdString(), "Line 5 cannot be read: \"=\"");
-    EXPECT_EQ(monitor, (MonitorSection{3, 2, 1, 7}));
+    EXPECT_EQ(monitor, (MonitorIndexes{3, 2, 1, 7}));
 }
 
 TEST(DefaultProjectFile, StopsAtDamageWithWhatWasReadInForce) {
@@ -105,7 +105,7 @@ TEST(DefaultProjectFile, StopsAtDamageWithWhatWasReadInForce) {
 TEST(NamedProjectFile, IsReadAndWrittenToTheByte) {
     const NamedProject project = namedState();
     EXPECT_EQ(namedProjectBytes(project).toStdString(), NamedFile.toStdString());
-    EXPECT_EQ(project.Monitor, (MonitorSection{0, 1, 2, 3}));
+    EXPECT_EQ(project.Monitor, (MonitorIndexes{0, 1, 2, 3}));
     EXPECT_EQ(project.MeterType, 2);
     EXPECT_EQ(project.ChComboBox[7], 7);
     const QuickSetupSection& quick = project.QuickSetup;
@@ -156,7 +156,7 @@ TEST(NamedProjectFile, KeepsFixedKeyWidthsAndComparesNoKey) {
     NamedProject project;
     const NamedProjectRead read = readNamedProject(lines, project);
     EXPECT_TRUE(read.ok());
-    EXPECT_EQ(project.Monitor, (MonitorSection{-1, 4, 5, 6}));
+    EXPECT_EQ(project.Monitor, (MonitorIndexes{-1, 4, 5, 6}));
     EXPECT_EQ(project.ComSetup.ComPortComboBox, QStringLiteral("7"));
     EXPECT_EQ(project.ComSetup.ModeComboBox, QStringLiteral("U"));
     EXPECT_EQ(project.ComSetup.BaudComboBox, QStringLiteral("19200"));
@@ -195,7 +195,7 @@ TEST(NamedProjectFile, StopsAtDamageInTheOrderOfItsReader) {
     const NamedProjectRead read =
         readNamedProject(changed(NamedFile, "TrendIndex    = 3", "TrendIndex    = "), project);
     EXPECT_TRUE(read.ComSetup.ok() && read.Monitor.taken == 3 && !read.Trend.found && !read.QuickSetup.found);
-    EXPECT_EQ(project.Monitor, (MonitorSection{0, 1, 2, 0}));
+    EXPECT_EQ(project.Monitor, (MonitorIndexes{0, 1, 2, 0}));
 }
 
 TEST(ProjectLines, EndAtAnyLineEnd) {

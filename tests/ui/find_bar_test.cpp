@@ -66,9 +66,9 @@ TEST_F(Finding, LooksInShownRowsAndColumnsAndHidesNone) {
     grid.setRowHidden(1, true);
     grid.setColumnHidden(2, true);
     bar.openBar();
-    bar.setSearchText("01");
+    edit()->setText("01");
     EXPECT_EQ(bar.hitCount(), 5) << "numbers of five shown rows; the addresses are hidden";
-    bar.setSearchText("no such text");
+    edit()->setText("no such text");
     EXPECT_TRUE(says("Not found"));
     bar.findNext();
     EXPECT_EQ(bar.currentHit(), -1);
@@ -76,7 +76,7 @@ TEST_F(Finding, LooksInShownRowsAndColumnsAndHidesNone) {
 
 TEST_F(Finding, FollowsATableThatChangesUnderIt) {
     bar.openBar();
-    bar.setSearchText("60");
+    edit()->setText("60");
     bar.findNext();
     ASSERT_EQ(bar.hitCount(), 1);
     for (int row = 1; row <= 3; ++row) grid.setCell(4, row, "60");

@@ -10,9 +10,7 @@
 
 namespace kelvane {
 
-inline constexpr quint8 ConsoleWriteTask = 13;
 inline constexpr quint8 ConsoleTask = 19;
-inline constexpr quint8 ConsoleReadTask = 20;
 
 class ConsoleTraffic : public QObject {
     Q_OBJECT

@@ -50,12 +50,12 @@ QString mixedList(const CommandListFile& file, QString CommandListRow::*cell) {
 
 QStringList comSetupLines(const CommandListFile& file) {
     return {QStringLiteral("[Com Setup]"),
-            QStringLiteral("Com port     = ") % file.ComPortComboBox,
-            QStringLiteral("Modbus Mode  = ") % file.ModeComboBox,
-            QStringLiteral("Baud Rate    = ") % file.BaudComboBox,
-            QStringLiteral("Dtatabits    = ") % file.DataBitsComboBox,
-            QStringLiteral("Parity Check = ") % file.ParityComboBox,
-            QStringLiteral("Stopbits     = ") % file.StopBitsComboBox,
+            QStringLiteral("Com port     = ") % file.ComSetup.ComPortComboBox,
+            QStringLiteral("Modbus Mode  = ") % file.ComSetup.ModeComboBox,
+            QStringLiteral("Baud Rate    = ") % file.ComSetup.BaudComboBox,
+            QStringLiteral("Dtatabits    = ") % file.ComSetup.DataBitsComboBox,
+            QStringLiteral("Parity Check = ") % file.ComSetup.ParityComboBox,
+            QStringLiteral("Stopbits     = ") % file.ComSetup.StopBitsComboBox,
             QString()};
 }
 

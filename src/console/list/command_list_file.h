@@ -8,6 +8,8 @@
 #include <array>
 #include <vector>
 
+#include "link/com_setup_section.h"
+
 namespace kelvane {
 
 // Rows of the "Others" table, header row included; its arrays are addressed by row, from 1 on.
@@ -32,13 +34,7 @@ struct CommandListRow {
 };
 
 struct CommandListFile {
-    // Texts of com setup's boxes. Written only.
-    QString ComPortComboBox;
-    QString ModeComboBox;
-    QString BaudComboBox;
-    QString DataBitsComboBox;
-    QString ParityComboBox;
-    QString StopBitsComboBox;
+    ComSetupSection ComSetup;  // written only
 
     // Page "A". The row count written is that of the table on screen, which need not be "Others".
     OthersTable others;

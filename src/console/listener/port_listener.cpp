@@ -49,10 +49,6 @@ void PortListener::setBreakLength(int count) {
     Q_EMIT stateChanged();
 }
 
-QString PortListener::typedBreakCell(const QString& before, QChar key) {
-    return (before.size() >= 2 ? before.mid(2) : before) % key.toUpper();
-}
-
 // ---- Run and stop ----
 
 void PortListener::RUNmonitorTransparentButtonClick() {

@@ -43,8 +43,6 @@ class PortListener : public QObject {
     QString breakCell(int index) const;
     std::array<QString, MaxBreakLength> breakCells() const;
     void setBreakCells(const std::array<QString, MaxBreakLength>& cells);
-    // A key in a break cell: the text that the cell then has.
-    static QString typedBreakCell(const QString& before, QChar key);
 
     void RUNmonitorTransparentButtonClick();
     void STOPmonitorTransparentButtonClick();

@@ -53,31 +53,34 @@ void ChartSeries::add(double value) {
 DrivePanel::DrivePanel(ConsoleTraffic& traffic, StringGrid& CmdAdvStringGrid, TickClock& clock,
                        const Voice& voice)
     : AdvStringGrid1(6),
-      SendDefCmdTimer(clock, TickKind::Stepping, 1, [this] { SendDefCmdTimerTimer(); }),
+      SendDefCmdTimer(clock, traffic.link),
       m_traffic(traffic),
       m_voice(voice),
       m_commandList(CmdAdvStringGrid) {
     AdvStringGrid1.setHeaders({QString(), QStringLiteral("Address"), QStringLiteral("Name"), DecFormat,
                                QStringLiteral("Unit"), QStringLiteral("Decimal")});
     AdvStringGrid1.mayType = [this](int column, int) { return column > 0 && mayEdit(); };
-    connect(&m_traffic, &ConsoleTraffic::becameFree, this, [this] { SendDefCmdTimer.kick(); });
+    SendDefCmdTimer.asksAnew = false;
+    SendDefCmdTimer.mayAsk = [this] { return m_traffic.free(); };
+    SendDefCmdTimer.next = [this] { return nextRequest(); };
 }
 
 bool DrivePanel::othersSelected() const {
-    return seriesItems(m_traffic.link.BrandVariant()).value(SelDriveComboBox) == QLatin1String("Others");
+    return seriesItems(m_traffic.link.BrandVariant()).value(SelDriveComboBoxItemIndex) ==
+           QLatin1String("Others");
 }
 
 // ---- Table ----
 
 void DrivePanel::selectSeries(int item) {
-    SelDriveComboBox = item;
+    SelDriveComboBoxItemIndex = item;
     SelDriveComboBoxChange();
 }
 
 void DrivePanel::SelDriveComboBoxChange() {
     if (SelDriveTag == 1) storeOthers();
     AdvStringGrid1.blank(AddressColumn, DecimalColumn, 1, AdvStringGrid1.RowCount() - 1);
-    const int index = tableIndexOf(SelDriveComboBox, m_traffic.link.BrandVariant());
+    const int index = tableIndexOf(SelDriveComboBoxItemIndex, m_traffic.link.BrandVariant());
     SelDriveTag = index == Others;
     index == Others ? fillOthers() : fillSeries(index);
     rebuildChannels();
@@ -85,9 +88,9 @@ void DrivePanel::SelDriveComboBoxChange() {
 }
 
 void DrivePanel::fillSeries(int index) {
-    const SeriesTable& table = seriesTable(index);
+    const SeriesTable table = seriesTable(index);
     const auto names = seriesNames(index, m_voice.lang);
-    DefCmdLabeledEdit = QString::fromLatin1(table.command);
+    DefCmdLabeledEdit = table.command;
     AdvStringGrid1.setRowCount(table.rows + 1);
     for (int row = 1; row <= table.rows; ++row) {
         const auto at = static_cast<size_t>(row - 1);
@@ -143,7 +146,7 @@ void DrivePanel::rebuildChannels() {
     for (int row = 1; row < AdvStringGrid1.RowCount() && !AdvStringGrid1.cell(NameColumn, row).isEmpty();
          ++row)
         channelItems += AdvStringGrid1.cell(NameColumn, row);
-    ChComboBox.fill(0);
+    ChComboBoxItemIndex.fill(0);
     Q_EMIT channelsChanged();
 }
 
@@ -216,47 +219,44 @@ bool DrivePanel::run(quint16 repeat) {
     RepeatLeft = repeat;
     PendingDriveCmd = 0;
     m_running = true;
-    link.ParamRead.WriteDone = 1;
-    sendRead();
-    SendDefCmdTimer.setEnabled(true);
+    m_hasRead = false;
+    SendDefCmdTimer.start();
     Q_EMIT tableChanged();
     return true;
 }
 
 void DrivePanel::stop() {
-    SendDefCmdTimer.setEnabled(false);
+    SendDefCmdTimer.stop();
     m_running = false;
     PendingDriveCmd = 0;
     setLeds({});
     Q_EMIT tableChanged();
 }
 
-void DrivePanel::sendRead() {
-    m_traffic.link.ParamRead.ReadDone = 0;
-    m_traffic.send(ConsoleReadTask, DefCmdLabeledEdit);
-}
-
-void DrivePanel::SendDefCmdTimerTimer() {
-    const ParamReadRecord& flags = m_traffic.link.ParamRead;
-    if (!flags.ReadDone || !flags.WriteDone || !m_traffic.free()) return;
-    SendDefCmdTimer.setEnabled(false);
-    if (PendingDriveCmd != 0) {
-        sendPending();
-        SendDefCmdTimer.setEnabled(true);
-        return;
-    }
-    showWords();
-    // Kept: with a cell that is no number the polling stays off until STOP and RUN.
-    if (!addToChart()) return m_voice.person.tell(QStringLiteral("I got you !!"), QStringLiteral("Cofirm"));
-    showStatus();
-    countRepeat();
+// A button first; then what was read is shown, and read again.
+std::optional<LinkRequest> DrivePanel::nextRequest() {
+    if (PendingDriveCmd != 0) return pendingRequest();
+    if (std::exchange(m_hasRead, true) && !takeReading()) return std::nullopt;
+    return LinkRequest{GeneralTask, DefCmdLabeledEdit, Awaits::ReadDone};
 }
 
 // Kept: while polling the address is always FFh, whatever the ID box says.
-void DrivePanel::sendPending() {
-    m_traffic.link.ParamRead.WriteDone = 0;
+LinkRequest DrivePanel::pendingRequest() {
     const quint8 button = std::exchange(PendingDriveCmd, quint8(0));
-    m_traffic.send(ConsoleWriteTask, buttonCommand(CommonAddress, button));
+    return {WriteTask, buttonCommand(CommonAddress, button), Awaits::WriteDone};
+}
+
+// False when nothing is read any more.
+bool DrivePanel::takeReading() {
+    showWords();
+    if (!addToChart()) {
+        // Kept: with a cell that is no number the polling stays off until STOP and RUN.
+        SendDefCmdTimer.stop();
+        m_voice.person.tell(QStringLiteral("I got you !!"), QStringLiteral("Cofirm"));
+        return false;
+    }
+    showStatus();
+    return countRepeat();
 }
 
 int DrivePanel::wordCount() const {
@@ -282,9 +282,10 @@ bool DrivePanel::addToChart() {
     bool numbers = true;
     for (int channel = 0; channel < Channels; ++channel) {
         const auto at = static_cast<size_t>(channel);
-        Series[at].shown = ChComboBox[at] > 0;
+        Series[at].shown = ChComboBoxItemIndex[at] > 0;
         if (!Series[at].shown) continue;
-        const std::optional<double> value = toNumber(AdvStringGrid1.cell(DataColumn, ChComboBox[at]));
+        const std::optional<double> value =
+            toNumber(AdvStringGrid1.cell(DataColumn, ChComboBoxItemIndex[at]));
         numbers = value.has_value();
         if (!numbers) break;
         Series[at].add(*value);
@@ -311,7 +312,7 @@ void DrivePanel::clearChart() {
 
 void DrivePanel::showStatus() {
     if (wordCount() <= StatusWord) return;
-    const int index = tableIndexOf(SelDriveComboBox, m_traffic.link.BrandVariant());
+    const int index = tableIndexOf(SelDriveComboBoxItemIndex, m_traffic.link.BrandVariant());
     setLeds(panelLeds(m_traffic.link.ParamRead.ReadWords[StatusWord], codedStatus(index)));
 }
 
@@ -321,23 +322,23 @@ void DrivePanel::setLeds(const StateLeds& lit) {
     Q_EMIT ledsChanged();
 }
 
-void DrivePanel::countRepeat() {
-    if (RepeatLeft == 1) {
-        m_running = false;
-        Q_EMIT tableChanged();
-        Q_EMIT ended();
-        return;
+bool DrivePanel::countRepeat() {
+    if (RepeatLeft != 1) {
+        if (RepeatLeft > 1) --RepeatLeft;
+        return true;
     }
-    if (RepeatLeft > 1) --RepeatLeft;
-    sendRead();
-    SendDefCmdTimer.setEnabled(true);
+    SendDefCmdTimer.stop();
+    m_running = false;
+    Q_EMIT tableChanged();
+    Q_EMIT ended();
+    return false;
 }
 
 // ---- Buttons ----
 
 void DrivePanel::press(DriveButton button) {
     const auto number = static_cast<quint8>(button);
-    const bool polling = SendDefCmdTimer.Enabled();
+    const bool polling = SendDefCmdTimer.running();
     const quint8 address = polling ? CommonAddress : MonitorUpDown;
     if (!polling) m_traffic.link.Console.ListRunning = 0;
     if (button == DriveButton::Stop) {
@@ -348,7 +349,7 @@ void DrivePanel::press(DriveButton button) {
     } else if (polling) {
         PendingDriveCmd = number;
     } else {
-        m_traffic.send(ConsoleWriteTask, buttonCommand(address, number));
+        m_traffic.send(WriteTask, buttonCommand(address, number));
     }
 }
 

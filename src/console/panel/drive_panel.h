@@ -12,6 +12,7 @@
 #include "catalogue/state_leds.h"
 #include "console/connection/console_traffic.h"
 #include "console/list/command_list_file.h"
+#include "link/request_chain.h"
 
 namespace kelvane {
 
@@ -44,18 +45,18 @@ class DrivePanel : public QObject {
 
     StringGrid AdvStringGrid1;
     OthersTable others;
-    int SelDriveComboBox = 0;
+    int SelDriveComboBoxItemIndex = 0;
     quint8 SelDriveTag = 0;  // 1: "Others" is the table on screen
     QString DefCmdLabeledEdit;
     QString monitorIDLabeledEdit = QStringLiteral("255");
     quint8 MonitorUpDown = 255;
     quint8 PendingDriveCmd = 0;
     quint16 RepeatLeft = 0;  // 0 for ever
-    TickTimer SendDefCmdTimer;
+    RequestChain SendDefCmdTimer;
     StateLeds leds;
 
     QStringList channelItems;
-    std::array<int, Channels> ChComboBox{};  // items; 0 for none
+    std::array<int, Channels> ChComboBoxItemIndex{};  // items; 0 for none
     std::array<ChartSeries, Channels> Series;
     QString PointLabeledEdit = QStringLiteral("20");
     bool chartShown = false;
@@ -98,14 +99,14 @@ class DrivePanel : public QObject {
     void motorStopGiven();
 
    private:
-    void SendDefCmdTimerTimer();
-    void sendRead();
-    void sendPending();
+    std::optional<LinkRequest> nextRequest();
+    LinkRequest pendingRequest();
+    bool takeReading();
     void showWords();
     bool addToChart();
     void showStatus();
     void followAxis(const ChartSeries& series);
-    void countRepeat();
+    bool countRepeat();
     int wordCount() const;
     void fillSeries(int index);
     void fillOthers();
@@ -117,6 +118,7 @@ class DrivePanel : public QObject {
     const Voice m_voice;
     StringGrid& m_commandList;
     bool m_running = false;
+    bool m_hasRead = false;  // in this run
 };
 
 }  // namespace kelvane

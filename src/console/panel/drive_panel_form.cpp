@@ -181,7 +181,7 @@ int DrivePanelPage::currentRow() const { return AdvStringGrid1->currentCell().ro
 
 void DrivePanelPage::showState() {
     const bool free = !m_panel.running();
-    SelDriveComboBox->setCurrentIndex(m_panel.SelDriveComboBox);
+    SelDriveComboBox->setCurrentIndex(m_panel.SelDriveComboBoxItemIndex);
     SelDriveComboBox->setEnabled(free);
     showText(DefCmdLabeledEdit, m_panel.DefCmdLabeledEdit);
     // Half a command must not go out with the next read.
@@ -250,7 +250,7 @@ void ChartPage::buildChannel(int channel, QGridLayout* grid) {
     showColour(channel);
     connect(m_panels[at], &QToolButton::clicked, this, [this, channel] { chooseColour(channel); });
     connect(m_boxes[at], &QComboBox::activated, this,
-            [this, at](int item) { m_panel.ChComboBox[at] = item; });
+            [this, at](int item) { m_panel.ChComboBoxItemIndex[at] = item; });
 }
 
 void ChartPage::showColour(int channel) {
@@ -274,7 +274,7 @@ void ChartPage::showChannels() {
     for (size_t at = 0; at < m_boxes.size(); ++at) {
         m_boxes[at]->clear();
         m_boxes[at]->addItems(m_panel.channelItems);
-        m_boxes[at]->setCurrentIndex(m_panel.ChComboBox[at]);
+        m_boxes[at]->setCurrentIndex(m_panel.ChComboBoxItemIndex[at]);
     }
 }
 

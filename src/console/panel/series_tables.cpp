@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "catalogue/family_profiles.h"
+#include "link/number_text.h"
+
 namespace kelvane {
 
 namespace {
@@ -22,55 +25,36 @@ consteval Units withUnits(Units units, std::initializer_list<UnitAt> more) {
 constexpr Units NoVoltUnits{nullptr, nullptr, "Hz", "Hz", "A"};
 constexpr Units PowerUnits = withUnits(CommonUnits, {{16, "KW"}});
 
-constexpr std::array<SeriesTable, SeriesCount> tables{{
-    {.command = "FF0321000010",  // Rowan
-     .rows = 16,
+struct Series {
+    Family family;
+    Units units = CommonUnits;
+    bool codedStatus = true;
+    int registersRead = 0;  // by the command; 0: one a row
+};
+
+constexpr std::array<Series, SeriesCount> series{{
+    {.family = Family::Rowan,
      .units = withUnits(CommonUnits, {{15, "Hz"}, {16, "Hz"}}),
-     .decimals = {0, 0, 2, 2, 1, 1, 1, 0, 0, 0, 1, 2, 0, 1, 2, 2},
      .codedStatus = false},
-    {.command = "FF032100000B",  // Aspen
-     .rows = 11,
-     .units = CommonUnits,
-     .decimals = {0, 0, 2, 2, 2, 0, 2, 0, 0, 0, 2},
-     .codedStatus = true},
-    {.command = "FF0321000010",  // Larch
-     .rows = 16,
-     .units = PowerUnits,
-     .decimals = {0, 0, 2, 2, 1, 1, 1, 0, 0, 0, 1, 1, 0, 0, 0, 2},
-     .codedStatus = false},
-    {.command = "FF032100000B",  // Hazel
-     .rows = 11,
-     .units = CommonUnits,
-     .decimals = {0, 0, 2, 2, 1},
-     .codedStatus = true},
-    {.command = "FF0321000010",  // Tilia
-     .rows = 16,
-     .units = PowerUnits,
-     .decimals = {0, 0, 2, 2, 2, 1, 1, 0, 0, 0, 1, 1, 0, 0, 0, 2},
-     .codedStatus = true},
-    {.command = "FF032100000E",  // Osier
-     .rows = 14,
-     .units = CommonUnits,
-     .decimals = {0, 0, 2, 2, 1, 1, 1, 2, 2, 1, 2, 2, 0, 0},
-     .codedStatus = true},
-    {.command = "FF032100000B",  // Willow
-     .rows = 11,
-     .units = withUnits(NoVoltUnits, {{9, "V"}, {10, "V"}}),
-     .decimals = {0, 0, 2, 2, 1, 0, 0, 0, 1, 1, 1},
-     .codedStatus = true},
+    {.family = Family::Aspen},
+    {.family = Family::Larch, .units = PowerUnits, .codedStatus = false},
+    {.family = Family::Hazel},
+    {.family = Family::Tilia, .units = PowerUnits},
+    {.family = Family::Osier},
+    {.family = Family::Willow, .units = withUnits(NoVoltUnits, {{9, "V"}, {10, "V"}})},
     // Kept: Yarrow's command reads 14 registers of its 16 rows.
-    {.command = "FF032100000E",
-     .rows = 16,
+    {.family = Family::Yarrow,
      .units = withUnits(NoVoltUnits, {{9, "V"}, {10, "V"}, {13, "V"}, {14, "mA"}, {16, "kW"}}),
-     .decimals = {0, 0, 2, 2, 1, 0, 2, 0, 1, 1, 1, 0, 1, 1, 0, 2},
-     .codedStatus = false},
-    {.command = "FF0321000010",  // Sorrel
-     .rows = 16,
-     .units = PowerUnits,
-     .decimals = {0, 0, 2, 2, 2, 1, 1, 0, 0, 0, 1, 1, 0, 0, 0, 2},
-     .codedStatus = false},
+     .codedStatus = false,
+     .registersRead = 14},
+    {.family = Family::Sorrel, .units = PowerUnits, .codedStatus = false},
 }};
 
+const Series& seriesAt(int index) {
+    return series[static_cast<size_t>(std::clamp(index, 0, SeriesCount - 1))];
+}
+
+constexpr int StateWords = 2;  // rows before the items
 constexpr int Willow = 6;
 constexpr int WillowFirstRow = 6;
 constexpr std::array<const char*, 6> WillowNames{"Reserved",         "Reserved",
@@ -82,11 +66,17 @@ constexpr std::array<int, 7> TrendLabels{7, 8, 14, 15, 16, 17, 18};
 
 }  // namespace
 
-const SeriesTable& seriesTable(int index) {
-    return tables[static_cast<size_t>(std::clamp(index, 0, SeriesCount - 1))];
+SeriesTable seriesTable(int index) {
+    const Series& row = seriesAt(index);
+    const FamilyProfile& profile = *familyProfile(static_cast<quint8>(row.family));
+    SeriesTable table{.command = {}, .rows = profile.StatusWordCount + StateWords, .units = row.units};
+    table.command =
+        QStringLiteral("FF032100") % IntToBaseStr(row.registersRead ? row.registersRead : table.rows, 16, 4);
+    std::copy_n(profile.StatusDecimals.begin(), profile.StatusWordCount, table.decimals.begin() + StateWords);
+    return table;
 }
 
-bool codedStatus(int index) { return index >= SeriesCount || seriesTable(index).codedStatus; }
+bool codedStatus(int index) { return index >= SeriesCount || seriesAt(index).codedStatus; }
 
 QStringList seriesItems(int BrandVariant) {
     if (BrandVariant == 1) return {QStringLiteral("Quince series"), QStringLiteral("Others")};

@@ -1,5 +1,6 @@
 // The register tables of page "A" by drive series: how many registers are read with which command, and each
-// one's name, unit and decimals. The series is what a person picked, whatever drive is connected.
+// one's name, unit and decimals. They are those of the status poll of the family; units are the page's own.
+// The series is what a person picked, whatever drive is connected.
 #pragma once
 
 #include <QString>
@@ -14,16 +15,15 @@ inline constexpr int SeriesRows = 16;  // the longest table
 inline constexpr int SeriesCount = 9;  // "Others" comes behind them
 
 struct SeriesTable {
-    const char* command;
+    QString command;
     int rows;
     std::array<const char*, SeriesRows> units;  // by row - 1; null for none
-    std::array<quint8, SeriesRows> decimals;
-    bool codedStatus;  // the state word tells run and direction in two bits each
+    std::array<quint8, SeriesRows> decimals{};
 };
 
 // index 0 to 8.
-const SeriesTable& seriesTable(int index);
-// State word of a series, "Others" (9) included.
+SeriesTable seriesTable(int index);
+// The state word of a series, "Others" (9) included, tells run and direction in two bits each.
 bool codedStatus(int index);
 
 // Items of SelDriveComboBox: nine series and "Others", or two under the brand variants 1 and 2.

@@ -5,6 +5,7 @@
 #include "diagnostics/keypad/keypad_families.h"
 #include "diagnostics/keypad/keypad_tasks.h"
 #include "link/frame_codec.h"
+#include "link/task_table.h"
 
 namespace kelvane {
 
@@ -27,7 +28,7 @@ const QString ResetCommand = QStringLiteral("FF0620020002");
 
 bool isHandOfPerson(quint8 task) {
     return task == RunTask || task == StopTask || task == DirectionTask || task == JogTask ||
-           task == LeftArrowTask || task == FrequencyTask || task == ParamWriteTask;
+           task == LeftArrowTask || task == FrequencyTask || task == WriteTask;
 }
 
 }  // namespace
@@ -103,7 +104,7 @@ void Keypad::refused(quint8 task, quint8 code) {
     if (task == FaultTextTask) m_faultReadInHand = true;
     if (task == ExceptionTextTask && m_refusal.awaitsText) showRefusal(QStringLiteral("CE %1").arg(code));
     const QString inHand = m_link.CommandQueue.empty() ? QString() : m_link.CommandQueue.front();
-    const bool ownRead = task == ParamReadTask && isReading(inHand);
+    const bool ownRead = task == ParameterTask && isReading(inHand);
     if (ownRead) forgetRecord();
     if (mayCommand() && (ownRead || isHandOfPerson(task))) m_refusal.awaitsText = true;
 }
@@ -111,7 +112,7 @@ void Keypad::refused(quint8 task, quint8 code) {
 void Keypad::answered(quint8 task, const QString& command) {
     if (task == ExceptionTextTask && m_refusal.awaitsText) showRefusal(m_link.DriveStatus.ExceptionText);
     // ReadDone is shared: while the poll runs, the answer to the keypad's own command is the keypad's.
-    if (task != ParamReadTask || !isReading(command)) return;
+    if (task != ParameterTask || !isReading(command)) return;
     m_read = m_link.ParamRead;
     m_link.ParamRead.ReadDone = 0;
 }
@@ -331,16 +332,13 @@ void Keypad::JOGTransparentButtonMouseUp() {
 // ---- Reads of its own ----
 
 // One that still waits, as while the line is silent, is enough.
-void Keypad::ask(quint8 task, const char* command) {
-    const QString read = QString::fromLatin1(command);
-    m_link.dropWaiting(task, read);
-    m_link.push(task, read);
+void Keypad::ask(quint8 task, const QString& command) {
+    m_link.dropWaiting(task, command);
+    m_link.push(task, command);
 }
 
-void Keypad::readUserDisplay() {
-    ask(UserDisplayTask, keypadFamily(m_link.DriveStatus.DriveFamily).userDisplayRead);
-}
+void Keypad::readUserDisplay() { ask(UserDisplayTask, ratedWordsCommand(m_link.DriveStatus.DriveFamily)); }
 
-void Keypad::readMaxFreq() { ask(MaxFreqTask, keypadFamily(m_link.DriveStatus.DriveFamily).maxFreqRead); }
+void Keypad::readMaxFreq() { ask(MaxFreqTask, maxFreqCommand(m_link.DriveStatus.DriveFamily)); }
 
 }  // namespace kelvane

@@ -107,7 +107,7 @@ class Keypad : public QObject {
     void showEditing(bool visible);
     void setPageLeds(bool F, bool H, bool U);
 
-    void ask(quint8 task, const char* command);
+    void ask(quint8 task, const QString& command);
     void readUserDisplay();
     void readMaxFreq();
     void sendFrequency(int value);

@@ -25,10 +25,10 @@ void Keypad::SelPrComboBoxChange(int ItemIndex) {
     m_read.ReadDone = 0;
     m_link.ParamRead.ReadDone = 0;
     // Of entries that were only passed, nobody waits for the record.
-    m_link.dropWaiting(ParamReadTask, m_recordCommand);
+    m_link.dropWaiting(ParameterTask, m_recordCommand);
     m_recordCommand = QStringLiteral("FF03") % ParamAddressList[static_cast<size_t>(ItemIndex)].address %
                       QString::fromLatin1(keypadFamily(m_link.DriveStatus.DriveFamily).recordLength);
-    m_link.push(ParamReadTask, m_recordCommand);
+    m_link.push(ParameterTask, m_recordCommand);
     tell();
 }
 
@@ -67,7 +67,7 @@ ValueTexts Keypad::textsOnShow() const {
 void Keypad::writeValue(const QString& word) {
     WriteValueText = word;
     const QString& address = ParamAddressList[static_cast<size_t>(screen.SelPrComboBoxItemIndex)].address;
-    m_link.pushCommand(ParamWriteTask, QStringLiteral("FF06") % address % WriteValueText);
+    m_link.pushCommand(WriteTask, QStringLiteral("FF06") % address % WriteValueText);
     SelPrComboBoxChange(screen.SelPrComboBoxItemIndex);
 }
 

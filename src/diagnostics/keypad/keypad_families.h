@@ -19,8 +19,7 @@ struct KeypadFamily {
     bool segmentLead = false;   // lead character as a seven-segment pattern, hexadecimal values
     bool letterLead = true;     // lead character as a letter
     bool pointBehindLead = true;
-    const char* userDisplayRead = "FF0321160003";
-    int userDisplayWords = 3;  // that are kept of it
+    int userDisplayWords = 3;  // that are kept of what task 7 reads
     // Parameters.
     bool oneList = false;  // numbers without groups
     bool tellsDefault = true;
@@ -31,7 +30,6 @@ struct KeypadFamily {
     QString (*faultName)(int code) = nullptr;
     // Kept: with a refusal, and in the history, only one of the two tables is looked at.
     QString (*otherFaultName)(int code) = nullptr;
-    const char* maxFreqRead = "FF03211B0001";
     const char* leftArrow = nullptr;
 };
 

@@ -1,5 +1,4 @@
-// Task codes that the keypad alone pushes, beside RUN, STOP, DIR and JOG (link/request_queues.h), and the
-// parameter tasks, which it shares with other windows.
+// Task codes that the keypad alone pushes, beside RUN, STOP, DIR and JOG (link/request_queues.h).
 #pragma once
 
 #include <QString>
@@ -10,9 +9,6 @@ inline constexpr quint8 UserDisplayTask = 7;
 inline constexpr quint8 LeftArrowTask = 8;
 inline constexpr quint8 MaxFreqTask = 9;
 inline constexpr quint8 FrequencyTask = 10;
-inline constexpr quint8 ParamReadTask = 12;
-inline constexpr quint8 ParamWriteTask = 13;
 inline constexpr quint8 FaultTextTask = 14;
-inline constexpr quint8 ExceptionTextTask = 15;
 
 }  // namespace kelvane

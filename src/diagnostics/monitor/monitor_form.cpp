@@ -256,7 +256,7 @@ void TMonitorForm::listen() {
 // ---- Questions ----
 
 void TMonitorForm::selectMeterType(ExchangeableMeter& meter) {
-    if (m_link.ActiveFunction != OwnerMonitor) return;
+    if (!m_link.owner().is(OwnerMonitor)) return;
     m_monitor.openMeterType(meter);
     Q_EMIT meterTypeWanted([this, &meter] { m_monitor.takeMeterType(meter); });
 }

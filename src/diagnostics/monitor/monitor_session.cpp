@@ -124,10 +124,7 @@ void MonitorSession::takeItemNames(const QStringList& itemList) {
 void MonitorSession::StartVrPowerButtonClick(bool on) {
     StartVrPowerButtonOn = on;
     if (m_site.link.Lamp.onLine() || !openComSetup) return startOrStop();
-    openComSetup([this] {
-        m_site.link.ActiveFunction = OwnerMonitor;
-        startOrStop();
-    });
+    openComSetup([this] { startOrStop(); });
 }
 
 // Off line nothing runs, and the button does not pretend it.
@@ -221,7 +218,8 @@ std::optional<int> MonitorSession::legalMaximum(const QString& text) {
     bool ok = false;
     const int value = text.toInt(&ok);
     if (ok && value >= 0) return value;
-    m_site.person.tell(m_site.lang.MsgStr(ok ? 24 : 23), QStringLiteral("Error Message"), BoxIcon::Stop);
+    m_site.person.tell(m_site.lang.MsgStr(ok ? Message::ValueBelowZero : Message::ValueNotLegal),
+                       QStringLiteral("Error Message"), BoxIcon::Stop);
     return std::nullopt;
 }
 

@@ -75,6 +75,7 @@ struct MonitorIndexes {
     int ComboBox2nd = 0;
     int VrMeterComboBox = 0;
     int Ch1ComboBox = 0;
+    bool operator==(const MonitorIndexes&) const = default;
 };
 
 class MonitorSession : public QObject {

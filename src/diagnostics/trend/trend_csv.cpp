@@ -64,8 +64,9 @@ QByteArray row(const TrendCsv& csv, qint64 at, double startTime) {
     return line + "\r\n";
 }
 
-// Gives the table piece by piece; ends early when a piece is refused.
-void writeCsv(const TrendCsv& csv, const std::function<bool(const QByteArray&)>& take) {
+}  // namespace
+
+void writeTrendCsv(const TrendCsv& csv, const std::function<bool(const QByteArray&)>& take) {
     const TrendRecords& records = csv.data.records;
     const qint64 from = std::max<qint64>(csv.from, 0);
     const qint64 to = std::min(csv.to, records.size() - 1);
@@ -85,22 +86,12 @@ void writeCsv(const TrendCsv& csv, const std::function<bool(const QByteArray&)>&
     take(piece);
 }
 
-}  // namespace
-
-QByteArray trendCsvBytes(const TrendCsv& csv) {
-    QByteArray all;
-    writeCsv(csv, [&](const QByteArray& piece) {
-        all += piece;
-        return true;
-    });
-    return all;
-}
-
 FileResult saveTrendCsv(const QString& path, const TrendCsv& csv) {
     QSaveFile file(path);
     file.setDirectWriteFallback(false);
     bool ok = file.open(QIODevice::WriteOnly);
-    if (ok) writeCsv(csv, [&](const QByteArray& piece) { return ok = file.write(piece) == piece.size(); });
+    if (ok)
+        writeTrendCsv(csv, [&](const QByteArray& piece) { return ok = file.write(piece) == piece.size(); });
     const QString reason = file.errorString();
     if (!ok) file.cancelWriting();
     if (!ok || !file.commit())

@@ -3,6 +3,8 @@
 // where that is the decimal separator, by ";". UTF-8 with a mark in front, by which spreadsheets know it.
 #pragma once
 
+#include <functional>
+
 #include "base/trend_channel.h"
 #include "base/whole_file.h"
 #include "diagnostics/trend/trend_info.h"
@@ -17,9 +19,10 @@ struct TrendCsv {
     qint64 to = 0;  // included
 };
 
-// Rows of the table, one a record; a break is one row of its own with the word "break".
-QByteArray trendCsvBytes(const TrendCsv& csv);
-// The same written in pieces, so that a record of days needs no room. Errors: as of writeWhole().
+// Rows of the table, one a record; a break is one row of its own with the word "break". They come in pieces,
+// so that a record of days needs no room, and no more of them when a piece is refused.
+void writeTrendCsv(const TrendCsv& csv, const std::function<bool(const QByteArray&)>& take);
+// Errors: as of writeWhole().
 FileResult saveTrendCsv(const QString& path, const TrendCsv& csv);
 
 }  // namespace kelvane

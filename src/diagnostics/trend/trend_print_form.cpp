@@ -48,13 +48,8 @@ void TrendPreview::SetPreviewZoom(double factor) {
     resizeToPaper();
 }
 
-void TrendPreview::setPaper(QSize size) {
-    m_paper = size;
-    resizeToPaper();
-}
-
 void TrendPreview::resizeToPaper() {
-    setFixedSize(m_paper * m_zoom);
+    setFixedSize(Paper * m_zoom);
     update();
 }
 
@@ -67,7 +62,7 @@ void TrendPreview::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), Qt::white);
     painter.scale(m_zoom, m_zoom);
     painter.translate(PrintLeft, PrintTop);
-    paint(painter, m_paper - QSize(2 * PrintLeft, 2 * PrintTop));
+    paint(painter, Paper - QSize(2 * PrintLeft, 2 * PrintTop));
 }
 
 // In the units of the preview, so that the page comes out as it was seen.

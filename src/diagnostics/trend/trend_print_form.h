@@ -24,7 +24,6 @@ class TrendPreview : public QWidget {
     void SetRecFrom(qint64 record);
     void SetRecTo(qint64 record);
     void SetPreviewZoom(double factor);
-    void setPaper(QSize size);  // at 96 dots an inch
     // Prints with its left top corner there.
     void PrintTrend(QPrinter& printer, int left, int top) const;
 
@@ -38,7 +37,7 @@ class TrendPreview : public QWidget {
     qint64 m_from = 0;
     qint64 m_to = 0;
     double m_zoom = 1;
-    QSize m_paper{1122, 793};
+    static constexpr QSize Paper{1122, 793};  // at 96 dots an inch
 };
 
 class TPrintForm : public QDialog {

@@ -215,10 +215,7 @@ void TrendSession::StartVrPowerButtonClick(bool on) {
         Q_EMIT changed();
     };
     if (m_site.link.Lamp.onLine() || !openComSetup) return goOn();
-    openComSetup([this, goOn] {
-        m_site.link.ActiveFunction = OwnerTrend;
-        goOn();
-    });
+    openComSetup(goOn);
 }
 
 void TrendSession::startRun() {

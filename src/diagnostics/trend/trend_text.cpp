@@ -33,9 +33,4 @@ QString trendTimeText(double Time) {
            moment->time.toString(QStringLiteral("HH:mm:ss"));
 }
 
-QString trendClockText(double Time) {
-    const auto moment = trendMoment(Time);
-    return moment ? moment->time.toString(QStringLiteral("HH:mm:ss")) : QString();
-}
-
 }  // namespace kelvane

@@ -12,8 +12,6 @@ QString trendValueText(const TrendChannel& channel, quint16 digit, quint8 Status
 
 // The time of day and date of a record in the system's formats; "------" for a time that no calendar has.
 QString trendTimeText(double Time);
-// "HH:MM:SS" under the plot; empty for such a time.
-QString trendClockText(double Time);
 
 inline const QString NoRecordText = QStringLiteral("------");
 inline const QString ChannelOnText = QStringLiteral(" -- ");

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "ui/icons.h"
+#include "ui/named.h"
 #include "ui/transparent_button.h"
 
 namespace kelvane {
@@ -37,13 +38,6 @@ QString timeLeftText(qint64 ms) {
     return QStringLiteral("about %1 min %2 s left").arg(seconds / 60).arg(rest);
 }
 
-QLabel* plainLabel(const char* name, QWidget* parent) {
-    auto* label = new QLabel(parent);
-    label->setObjectName(QLatin1String(name));
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 }  // namespace
 
 TProgressForm::TProgressForm(ProgressDialog& progress, QWidget* parent)
@@ -51,12 +45,12 @@ TProgressForm::TProgressForm(ProgressDialog& progress, QWidget* parent)
       m_progress(progress),
       m_appearing(progress.clock(), TickKind::RealTime, AppearsAfterMs, [this] { appear(); }),
       TransparentButton1(new TransparentButton(this)),
-      InfoLabel(plainLabel("InfoLabel", this)),
-      ParaLabel(plainLabel("ParaLabel", this)),
-      CountLabel(plainLabel("CountLabel", this)),
-      LeftLabel(plainLabel("LeftLabel", this)),
+      InfoLabel(plainLabel("InfoLabel", {}, this)),
+      ParaLabel(plainLabel("ParaLabel", {}, this)),
+      CountLabel(plainLabel("CountLabel", {}, this)),
+      LeftLabel(plainLabel("LeftLabel", {}, this)),
       ReadingProgressBar(new QProgressBar(this)),
-      NoAnswerLabel(plainLabel("NoAnswerLabel", this)),
+      NoAnswerLabel(plainLabel("NoAnswerLabel", {}, this)),
       StopWaitingTransparentButton(new TransparentButton(icon(Icon::Stop), QStringLiteral("Stop waiting"),
                                                          this, TransparentButton::Layout::IconLeft)),
       CancelTransparentButton(new TransparentButton(icon(Icon::Cancel), QStringLiteral("Cancel"), this,

@@ -12,6 +12,7 @@
 #include "parameters/table/table_edit.h"
 #include "ui/grid_delegate.h"
 #include "ui/icons.h"
+#include "ui/named.h"
 #include "ui/string_grid_view.h"
 #include "ui/transparent_button.h"
 
@@ -59,17 +60,8 @@ class WriteListDelegate : public GridDelegate {
     }
 };
 
-QLabel* addLabel(const char* name, const QString& text, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
-    label->setObjectName(QLatin1String(name));
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 TransparentButton* addButton(const char* name, Icon picture, const QString& text, QWidget* parent) {
-    auto* button = new TransparentButton(icon(picture), text, parent, TransparentButton::Layout::IconLeft);
-    button->setObjectName(QLatin1String(name));
-    return button;
+    return named<TransparentButton>(name, icon(picture), text, parent, TransparentButton::Layout::IconLeft);
 }
 
 }  // namespace
@@ -79,8 +71,8 @@ TWriteCheckForm::TWriteCheckForm(ParameterSession& session, QWidget* parent)
       m_session(session),
       m_writer(session.writer),
       AdvStringGrid1(new StringGridView(this)),
-      SummaryLabel(addLabel("SummaryLabel", {}, this)),
-      PrLabel(addLabel("PrLabel", m_writer.form.PrLabel, this)),
+      SummaryLabel(plainLabel("SummaryLabel", {}, this)),
+      PrLabel(plainLabel("PrLabel", m_writer.form.PrLabel, this)),
       ProgressBar1(new QProgressBar(this)),
       OKTransparentButton(addButton("OKTransparentButton", Icon::Accept, QStringLiteral("OK"), this)),
       CancelTransparentButton(
@@ -116,8 +108,8 @@ void TWriteCheckForm::buildList() {
 void TWriteCheckForm::build() {
     ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
     ProgressBar1->setAccessibleName(QStringLiteral("Progress of the writes"));
-    auto* Label2 = addLabel("Label2", QStringLiteral("Hint : "), this);
-    auto* Label3 = addLabel(
+    auto* Label2 = plainLabel("Label2", QStringLiteral("Hint : "), this);
+    auto* Label3 = plainLabel(
         "Label3", QStringLiteral("The red color font of parameter(s) means that can't be set in running."),
         this);
     auto* lock = new QLabel(this);
@@ -130,9 +122,9 @@ void TWriteCheckForm::build() {
 
     auto* state = new QGridLayout;
     state->setColumnStretch(1, 1);
-    state->addWidget(addLabel("Label4", QStringLiteral("Status:"), this), 0, 0);
+    state->addWidget(plainLabel("Label4", QStringLiteral("Status:"), this), 0, 0);
     state->addWidget(ProgressBar1, 0, 1);
-    state->addWidget(addLabel("Label5", QStringLiteral("Write:"), this), 1, 0);
+    state->addWidget(plainLabel("Label5", QStringLiteral("Write:"), this), 1, 0);
     state->addWidget(PrLabel, 1, 1);
     auto* foot = new QHBoxLayout;
     foot->setSpacing(fontMetrics().height());
@@ -143,7 +135,7 @@ void TWriteCheckForm::build() {
     SummaryLabel->setWordWrap(true);
     auto* column = new QVBoxLayout(this);
     column->addWidget(
-        addLabel("Label1", QStringLiteral("Please Check the Parameter(s) You want to Write"), this));
+        plainLabel("Label1", QStringLiteral("Please Check the Parameter(s) You want to Write"), this));
     column->addWidget(AdvStringGrid1, 1);
     column->addLayout(hint);
     column->addWidget(SummaryLabel);

@@ -9,7 +9,6 @@ namespace kelvane {
 namespace {
 
 constexpr int ReadProgressWidth = 400;
-constexpr quint8 ReadTask = 12;
 
 const QString Cofirm = QStringLiteral("Cofirm");
 
@@ -170,7 +169,7 @@ std::optional<LinkRequest> ParameterReader::nextRequest() {
     ReadPending = 1;
     m_site.link.DriveStatus.ExceptionTextDone = 0;
     fillAddressCells(m_table.grid, ReadRow, ReadGroup, ReadNumber);
-    return LinkRequest{ReadTask, readCommand(), Awaits::ReadDone};
+    return LinkRequest{ParameterTask, readCommand(), Awaits::ReadDone};
 }
 
 bool ParameterReader::groupChecked(int G) const {

@@ -9,7 +9,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr quint8 WriteTask = 13;
 constexpr char OpeningCommand[] = "FF0620050003";
 constexpr char ClosingCommand[] = "FF0620050005";
 

@@ -8,7 +8,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr quint8 ReadBackTask = 18;
 constexpr int ReadBackProgressWidth = 329;
 
 }  // namespace

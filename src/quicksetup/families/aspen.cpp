@@ -27,7 +27,6 @@ constinit const FamilySetup AspenSetup{
     .DriveFamily = Family::Aspen,
     .lists = Lists,
     .currentUnit = "%",
-    .twoPlacesByBit0 = true,
 };
 
 }  // namespace kelvane

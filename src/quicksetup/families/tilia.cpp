@@ -28,7 +28,6 @@ constinit const FamilySetup TiliaSetup{
     .lists = Lists,
     .currentUnit = "A",
     .twoMidPoints = true,
-    .signedByBit7 = true,
 };
 
 }  // namespace kelvane

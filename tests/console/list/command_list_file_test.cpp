@@ -25,12 +25,7 @@ const QByteArray GoodFile =
 
 CommandListFile goodState() {
     CommandListFile file;
-    file.ComPortComboBox = "3";
-    file.ModeComboBox = "RTU";
-    file.BaudComboBox = "9600";
-    file.DataBitsComboBox = "8";
-    file.ParityComboBox = "N";
-    file.StopBitsComboBox = "2";
+    file.ComSetup = {"3", "RTU", "9600", "8", "N", "2"};
     file.AdvStringGrid1Rows = 12;
     file.rows = {{true, "010321000001", "0103021234B533", "1234H", "speed"}, {}};
     file.RepliedFormat = "Replied Data (Hex)";
@@ -60,7 +55,7 @@ TEST(CommandListFile, IsWrittenByteForByteAndReadBack) {
     EXPECT_EQ(read.timeOutDisplay, "500 ms");
     EXPECT_EQ(read.breakCells[1], "0A");
     EXPECT_EQ(read.others.OthersRowCount, 12);
-    EXPECT_TRUE(read.ComPortComboBox.isEmpty()) << "the com settings are for the reader's eye";
+    EXPECT_EQ(read.ComSetup, ComSetupSection()) << "the com settings are for the reader's eye";
 
     CommandListFile others = goodState();
     others.AdvStringGrid1Rows = 3;

@@ -57,7 +57,6 @@ TEST_F(Listener, CutsAsciiByLineFeedAndByCharacter) {
     EXPECT_EQ(heard("~\x7F\xFF"), QStringList(R"( ~ \x7F \xFF)"));
     breakAt({"A"}, 1);
     EXPECT_EQ(heard("12A34A5"), QStringList({" 1 2", " A 3 4", " A 5"}));
-    EXPECT_EQ(PortListener::typedBreakCell("0D", 'a'), "A");
 }
 
 TEST_F(Listener, OwnsThePortOnlyWhileItRuns) {

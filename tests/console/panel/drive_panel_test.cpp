@@ -2,6 +2,7 @@
 #include "console/panel/drive_panel.h"
 
 #include "console/console_bench.h"
+#include "console/panel/series_tables.h"
 
 namespace kelvane {
 namespace {
@@ -26,13 +27,26 @@ struct Panel : ConsoleBenchWithoutDrive, testing::Test {
     QString shown(int row) { return table().cell(DrivePanel::DataColumn, row); }
 };
 
+// Decimals and unit of each row.
 TEST_F(Panel, FillsItsTableBySeriesAndKeepsThePersonsOwn) {
-    EXPECT_EQ(panel.DefCmdLabeledEdit, "FF0321000010");
-    EXPECT_EQ(table().RowCount(), 17);
-    QStringList last;
-    for (const int column : {DrivePanel::AddressColumn, DrivePanel::UnitColumn, DrivePanel::DecimalColumn})
-        last += table().cell(column, 16);
-    EXPECT_EQ(last.join(' '), "210F Hz 2");
+    const char* const tables[] = {"10: 0 0 2Hz 2Hz 1A 1V 1V 0 0 0 1 2 0 1 2Hz 2Hz",
+                                  "0B: 0 0 2Hz 2Hz 2A 0V 2V 0 0 0 2",
+                                  "10: 0 0 2Hz 2Hz 1A 1V 1V 0 0 0 1 1 0 0 0 2KW",
+                                  "0B: 0 0 2Hz 2Hz 1A 0V 0V 0 0 0 0",
+                                  "10: 0 0 2Hz 2Hz 2A 1V 1V 0 0 0 1 1 0 0 0 2KW",
+                                  "0E: 0 0 2Hz 2Hz 1A 1V 1V 2 2 1 2 2 0 0",
+                                  "0B: 0 0 2Hz 2Hz 1A 0 0 0 1V 1V 1",
+                                  "0E: 0 0 2Hz 2Hz 1A 0 2 0 1V 1V 1 0 1V 1mA 0 2kW",
+                                  "10: 0 0 2Hz 2Hz 2A 1V 1V 0 0 0 1 1 0 0 0 2KW"};
+    for (int series = 0; series < SeriesCount; ++series) {
+        panel.selectSeries(series);
+        QString all = panel.DefCmdLabeledEdit.mid(10) + ':';
+        for (int row = 1; row < table().RowCount(); ++row)
+            all += ' ' + table().cell(DrivePanel::DecimalColumn, row) +
+                   table().cell(DrivePanel::UnitColumn, row);
+        EXPECT_EQ(all.toStdString(), tables[series]);
+        EXPECT_EQ(table().cell(DrivePanel::AddressColumn, 11), "210A");
+    }
     panel.selectSeries(6);
     EXPECT_EQ(table().cell(DrivePanel::NameColumn, 9), "DC-BUS Voltage U");
     EXPECT_EQ(panel.channelItems, QStringList("-- Please Select --")) << "the fallback has no first names";
@@ -203,7 +217,8 @@ TEST_F(Panel, SendsEachButtonWithItsAddress) {
         reply("05" + tail);
         run(60);
     }
-    // Polling: between two reads, and kept to FFh.
+    // Polling: before the reading is counted, and kept to FFh.
+    console->RepeatLabeledEdit = "1";
     console->RUNTransparentButtonClick();
     run(5);
     panel.press(DriveButton::Reset);
@@ -230,7 +245,7 @@ TEST_F(Panel, EndsARunningListByStop) {
 TEST_F(Panel, DrawsTheChosenRows) {
     beOthers();
     panel.chartShown = true;
-    panel.ChComboBox[1] = 2;
+    panel.ChComboBoxItemIndex[1] = 2;
     console->RUNTransparentButtonClick();
     run(5);
     for (int i = 0; i < 30; ++i) answerWords({0, i});

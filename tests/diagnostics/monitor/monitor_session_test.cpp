@@ -134,7 +134,6 @@ TEST(Monitor, StartsStopsAndClears) {
     b.link.Lamp.ComStatusAbLED = QStringLiteral("Off Line");
     b.monitor.StartVrPowerButtonClick(true);
     EXPECT_EQ(asked, 1);
-    EXPECT_EQ(b.link.ActiveFunction, OwnerMonitor);
     EXPECT_FALSE(b.monitor.GetDataTimer.Enabled());
     b.link.Lamp.ComStatusAbLED = QStringLiteral("On Line");
     b.value(0, 6000);

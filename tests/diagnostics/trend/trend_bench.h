@@ -1,10 +1,9 @@
-// A trend session over a scheduler whose status words the test sets, on a hand-driven clock.
+// A trend session over an identified drive whose status words the test sets, on a hand-driven clock.
 #pragma once
 
 #include <QTemporaryDir>
 
 #include "bench/link_bench.h"
-#include "catalogue/family_profiles.h"
 #include "diagnostics/trend/trend_session.h"
 
 namespace kelvane {
@@ -13,21 +12,17 @@ struct TrendSessionBench : SchedulerBench {
     QTemporaryDir dir;
     TrendSession session{{clock, wall, link, person, dir.filePath("journal")}};
 
-    explicit TrendSessionBench(Family family = Family::Larch) { recognise(family); }
+    explicit TrendSessionBench(Family family = Family::Larch) {
+        recognise(family);
+        link.setLamp(LampState::OffLine);
+    }
 
-    // As identification does when a drive has named its family.
+    // A drive has said who it is.
     void recognise(Family family) {
-        DriveStatusRecord& status = link.DriveStatus;
-        status.DriveFamily = static_cast<quint8>(family);
-        const FamilyProfile* profile = familyProfile(status.DriveFamily);
-        writeStatusItems(*profile, status);
-        session.InitialDrive(
-            itemNames(*profile, lang.commonItemNames, lang.familyItemNames(status.DriveFamily)));
+        beOnLine(family);
+        session.InitialDrive(identification.itemList);
     }
-    void goOnLine() {
-        link.Lamp.ComStatusAbLED = "On Line";
-        link.DriveStatus.DriveReady = 1;
-    }
+    void goOnLine() { link.setLamp(LampState::OnLine); }
     void setItem(int k, quint32 word) { link.DriveStatus.StatusWords[static_cast<size_t>(k + 2)] = word; }
     // One tick of the window with these words.
     void tick() { session.ProcessScopeData(link.DriveStatus); }

@@ -111,12 +111,10 @@ TEST(TrendSession, OffLineStartGoesThroughComSetup) {
     b.session.openComSetup = [&](std::function<void()> then) {
         ++opened;
         b.goOnLine();
-        b.link.ActiveFunction = OwnerMain;
         then();
     };
     b.session.StartVrPowerButtonClick(true);
     EXPECT_EQ(opened, 1);
-    EXPECT_EQ(b.link.ActiveFunction, OwnerTrend);
     EXPECT_TRUE(b.session.AbTrend1.recording());
 }
 

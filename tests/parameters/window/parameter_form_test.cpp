@@ -110,7 +110,7 @@ TEST_F(ParameterWindow, OpensBareAndReadsATableIntoTabAndTree) {
     QTest::keyClick(view("DriveAdvStringGrid"), Qt::Key_F, Qt::ControlModifier);
     FindBar* bar = form.findChild<FindBar*>();
     ASSERT_TRUE(bar->isVisible());
-    bar->setSearchText("01-0");
+    bar->findChild<QLineEdit*>()->setText("01-0");
     EXPECT_EQ(bar->hitCount(), 10);
     select(0, 1);
     EXPECT_EQ(bar->hitCount(), 0);
@@ -357,16 +357,15 @@ TEST_F(ParameterWindow, ComparesAndTellsWhatCouldNotBeCompared) {
 }
 
 TEST_F(ParameterWindow, StatusLineKeepsLinkAndNumInOnePanel) {
-    EXPECT_EQ(panel(1), "Off - Line");
+    EXPECT_EQ(panel(1), "On - Line");
     QKeyEvent num(QEvent::KeyPress, Qt::Key_NumLock, Qt::NoModifier, 77, 0xff7f, 0);
     QApplication::sendEvent(&form, &num);
     EXPECT_EQ(panel(1), "NUM ");
     QKeyEvent off(QEvent::KeyPress, Qt::Key_NumLock, Qt::NoModifier, 77, 0xff7f, 0x10);
     QApplication::sendEvent(&form, &off);
     EXPECT_EQ(panel(1), "");
-    link.Lamp.parameterPanel1 = "On - Line";
-    link.notifyChanged();
-    EXPECT_EQ(panel(1), "On - Line");
+    link.setLamp(LampState::OffLine);
+    EXPECT_EQ(panel(1), "Off - Line");
     form.hide();
     EXPECT_FALSE(form.SystemTimer.Enabled());
 }
