@@ -22,14 +22,11 @@ TInputForm::TInputForm(ComSetup& setup, QWidget* parent)
     auto* label = new QLabel(QStringLiteral("&Command of the test, in hexadecimal digits"), this);
     label->setObjectName(QStringLiteral("Label1"));
     label->setBuddy(InputEdit);
-    auto* OKTransparentButton = new TransparentButton(icon(Icon::Accept), QStringLiteral("OK"), this,
-                                                      TransparentButton::Layout::IconLeft);
-    OKTransparentButton->setObjectName(QStringLiteral("OKTransparentButton"));
+    auto* OKTransparentButton = framedButton("OKTransparentButton", Icon::Accept, QStringLiteral("OK"), this);
     auto* column = new QVBoxLayout(this);
     column->addWidget(label);
     column->addWidget(InputEdit);
-    auto* cancel = named<TransparentButton>("CancelTransparentButton", icon(Icon::Cancel), tr("Cancel"), this,
-                                            TransparentButton::Layout::IconLeft);
+    auto* cancel = framedButton("CancelTransparentButton", Icon::Cancel, tr("Cancel"), this);
     connect(cancel, &QToolButton::clicked, this, &QDialog::reject);
     auto* row = new QHBoxLayout;
     row->addStretch();

@@ -66,12 +66,6 @@ QLabel* addLabel(const char* name, const QString& text, QWidget* parent) {
     return label;
 }
 
-TransparentButton* addButton(const char* name, Icon picture, const QString& text, QWidget* parent) {
-    auto* button = new TransparentButton(icon(picture), text, parent, TransparentButton::Layout::IconLeft);
-    button->setObjectName(QLatin1String(name));
-    return button;
-}
-
 }  // namespace
 
 TWriteCheckForm::TWriteCheckForm(ParameterSession& session, QWidget* parent)
@@ -82,9 +76,9 @@ TWriteCheckForm::TWriteCheckForm(ParameterSession& session, QWidget* parent)
       SummaryLabel(addLabel("SummaryLabel", {}, this)),
       PrLabel(addLabel("PrLabel", m_writer.form.PrLabel, this)),
       ProgressBar1(new QProgressBar(this)),
-      OKTransparentButton(addButton("OKTransparentButton", Icon::Accept, QStringLiteral("OK"), this)),
+      OKTransparentButton(framedButton("OKTransparentButton", Icon::Accept, QStringLiteral("OK"), this)),
       CancelTransparentButton(
-          addButton("CancelTransparentButton", Icon::Cancel, QStringLiteral("Cancel"), this)) {
+          framedButton("CancelTransparentButton", Icon::Cancel, QStringLiteral("Cancel"), this)) {
     setObjectName(QStringLiteral("TWriteCheckForm"));
     setWindowTitle(QStringLiteral("Write Check"));
     setWindowModality(Qt::ApplicationModal);

@@ -31,7 +31,7 @@ class IdentityLabel final : public VrLabel {
 constexpr int InfoRows = 3;
 constexpr int MostDescriptionCharacters = 40;  // names have sixteen, but values should stand near them
 
-const std::vector<int> TableCharacters{3, 7, 8, 18, 5, 9, 9, 9, 9, 10, 6};
+const std::vector<int> TableCharacters{3, 7, 8, 18, 5, 9, 9, 9, 9, 11, 6};
 const std::vector<int> InfoCharacters{3, 22, 14, 10, 14, 14, 12};
 const QSet<int> ValueColumns{column::Data, column::Default, column::Min, column::Max};
 
@@ -41,6 +41,7 @@ void setUpTable(StringGridView* view, const char* name, StringGrid& grid) {
     view->setColumnCharacters(TableCharacters);
     view->setStretchColumn(column::Description, MostDescriptionCharacters);
     view->setRightAligned(ValueColumns);
+    view->setEditedMarkColumn(column::Data);
 }
 
 }  // namespace
