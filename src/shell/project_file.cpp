@@ -28,9 +28,9 @@ constexpr SlotLine SlotLines[] = {
 };
 
 // The fields behind the lines of a section, in the order of the file.
-constexpr QString ComSetupSection::*ComSetupFields[] = {
-    &ComSetupSection::ComPortComboBox,  &ComSetupSection::ModeComboBox,   &ComSetupSection::BaudComboBox,
-    &ComSetupSection::DataBitsComboBox, &ComSetupSection::ParityComboBox, &ComSetupSection::StopBitsComboBox};
+constexpr QString ComSetupTexts::*ComSetupFields[] = {
+    &ComSetupTexts::ComPortComboBox,  &ComSetupTexts::ModeComboBox,   &ComSetupTexts::BaudComboBox,
+    &ComSetupTexts::DataBitsComboBox, &ComSetupTexts::ParityComboBox, &ComSetupTexts::StopBitsComboBox};
 constexpr int MonitorSection::*MonitorFields[] = {&MonitorSection::ComboBox1st, &MonitorSection::ComboBox2nd,
                                                   &MonitorSection::VrMeterComboBox,
                                                   &MonitorSection::Ch1ComboBox};
@@ -60,7 +60,7 @@ class Writer {
     QByteArray m_bytes;
 };
 
-void writeComSetup(Writer& out, std::span<const char* const> keys, const ComSetupSection& section) {
+void writeComSetup(Writer& out, std::span<const char* const> keys, const ComSetupTexts& section) {
     for (std::size_t i = 0; i < keys.size(); ++i) out.line(keys[i], section.*ComSetupFields[i]);
 }
 
@@ -195,11 +195,10 @@ constexpr std::span<const int> firstLines(std::size_t count) { return std::span(
 
 // Port, baud rate, data bits and stop bits of a named file are numbers; default.prj is read in silence, and
 // its box stays as it was when it does not offer a text.
-SectionRead readNamedComSetup(const QStringList& lines, ComSetupSection& section) {
+SectionRead readNamedComSetup(const QStringList& lines, ComSetupTexts& section) {
     return readSection(lines, "[Com Setup]", firstLines(6), 15, [&](int place, const QString& value) {
-        QString ComSetupSection::*const field = ComSetupFields[place];
-        const bool isText =
-            field == &ComSetupSection::ModeComboBox || field == &ComSetupSection::ParityComboBox;
+        QString ComSetupTexts::*const field = ComSetupFields[place];
+        const bool isText = field == &ComSetupTexts::ModeComboBox || field == &ComSetupTexts::ParityComboBox;
         int number = 0;
         if (!isText && takeNumber(value, number) != Taken::Yes) return Taken::NotReadable;
         section.*field = value;
@@ -289,7 +288,7 @@ QStringList projectLines(const QByteArray& bytes) {
     return lines;
 }
 
-SectionRead readComSetupSection(const QStringList& lines, ComSetupSection& section) {
+SectionRead readComSetupSection(const QStringList& lines, ComSetupTexts& section) {
     return readSection(lines, "[ComSetup Form]", firstLines(6), CutAtEqualSign,
                        [&](int place, const QString& value) {
                            section.*ComSetupFields[place] = value;
