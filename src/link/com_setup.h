@@ -6,7 +6,6 @@
 #include <QObject>
 #include <QStringList>
 
-#include "link/com_setup_texts.h"
 #include "link/request_scheduler.h"
 #include "localisation/voice.h"
 
@@ -43,7 +42,13 @@ class ComSetup : public QObject {
     TickTimer RxTimer;
 
     // Texts of the boxes and what the dialog shows.
-    struct Shown : ComSetupTexts {
+    struct Shown {
+        QString ComPortComboBox = QStringLiteral("1");
+        QString ModeComboBox = QStringLiteral("ASCII");
+        QString BaudComboBox = QStringLiteral("9600");
+        QString DataBitsComboBox = QStringLiteral("7");
+        QString ParityComboBox = QStringLiteral("N");
+        QString StopBitsComboBox = QStringLiteral("2");
         bool dataBitsEnabled = true;
         bool ManualRadioButtonChecked = true;  // else AutoDetectRadioButton
         bool OKBitBtnEnabled = false;

@@ -28,9 +28,9 @@ constexpr SlotLine SlotLines[] = {
 };
 
 // The fields behind the lines of a section, in the order of the file.
-constexpr QString ComSetupTexts::*ComSetupFields[] = {
-    &ComSetupTexts::ComPortComboBox,  &ComSetupTexts::ModeComboBox,   &ComSetupTexts::BaudComboBox,
-    &ComSetupTexts::DataBitsComboBox, &ComSetupTexts::ParityComboBox, &ComSetupTexts::StopBitsComboBox};
+constexpr QString ComSetupSection::*ComSetupFields[] = {
+    &ComSetupSection::ComPortComboBox,  &ComSetupSection::ModeComboBox,   &ComSetupSection::BaudComboBox,
+    &ComSetupSection::DataBitsComboBox, &ComSetupSection::ParityComboBox, &ComSetupSection::StopBitsComboBox};
 constexpr int MonitorSection::*MonitorFields[] = {&MonitorSection::ComboBox1st, &MonitorSection::ComboBox2nd,
                                                   &MonitorSection::VrMeterComboBox,
                                                   &MonitorSection::Ch1ComboBox};
@@ -60,7 +60,7 @@ class Writer {
     QByteArray m_bytes;
 };
 
-void writeComSetup(Writer& out, std::span<const char* const> keys, const ComSetupTexts& section) {
+void writeComSetup(Writer& out, std::span<const char* const> keys, const ComSetupSection& section) {
     for (std::size_t i = 0; i < keys.size(); ++i) out.line(keys[i], section.*ComSetupFields[i]);
 }
 
@@ -195,10 +195,11 @@ constexpr std::span<const int> firstLines(std::size_t count) { return std::span(
 
 // Port, baud rate, data bits and stop bits of a named file are numbers; default.prj is read in silence, and
 // its box stays as it was when it does not offer a text.
-SectionRead readNamedComSetup(const QStringList& lines, ComSetupTexts& section) {
+SectionRead readNamedComSetup(const QStringList& lines, ComSetupSection& section) {
     return readSection(lines, "[Com Setup]", firstLines(6), 15, [&](int place, const QString& value) {
-        QString ComSetupTexts::*const field = ComSetupFields[place];
-        const bool isText = field == &ComSetupTexts::ModeComboBox || field == &ComSetupTexts::ParityComboBox;
+        QString ComSetupSection::*const field = ComSetupFields[place];
+        const bool isText =
+            field == &ComSetupSection::ModeComboBox || field == &ComSetupSection::ParityComboBox;
         int number = 0;
         if (!isText && takeNumber(value, number) != Taken::Yes) return Taken::NotReadable;
         section.*field = value;
@@ -288,7 +289,7 @@ QStringList projectLines(const QByteArray& bytes) {
     return lines;
 }
 
-SectionRead readComSetupSection(const QStringList& lines, ComSetupTexts& section) {
+SectionRead readComSetupSection(const QStringList& lines, ComSetupSection& section) {
     return readSection(lines, "[ComSetup Form]", firstLines(6), CutAtEqualSign,
                        [&](int place, const QString& value) {
                            section.*ComSetupFields[place] = value;

@@ -9,9 +9,18 @@
 #include <QStringList>
 #include <array>
 
-#include "link/com_setup_texts.h"
-
 namespace kelvane {
+
+// Texts of com setup's boxes, as they stand.
+struct ComSetupSection {
+    QString ComPortComboBox = QStringLiteral("1");
+    QString ModeComboBox = QStringLiteral("ASCII");
+    QString BaudComboBox = QStringLiteral("9600");
+    QString DataBitsComboBox = QStringLiteral("7");
+    QString ParityComboBox = QStringLiteral("N");
+    QString StopBitsComboBox = QStringLiteral("2");
+    bool operator==(const ComSetupSection&) const = default;
+};
 
 // Item of ParityComboBox for a letter: "N" 0, "E" 1, anything else 2.
 int parityItemIndex(const QString& letter);
@@ -36,7 +45,7 @@ inline constexpr quint8 EnglishLanguageIndex = 4;
 
 struct DefaultProject {
     quint8 LanguageIndex = EnglishLanguageIndex;
-    ComSetupTexts ComSetup;
+    ComSetupSection ComSetup;
     TrendSection Trend;
     MonitorSection Monitor;
     bool operator==(const DefaultProject&) const = default;
@@ -57,7 +66,7 @@ struct QuickSetupSection {
 
 struct NamedProject {
     quint8 LanguageIndex = EnglishLanguageIndex;  // written, never read
-    ComSetupTexts ComSetup;
+    ComSetupSection ComSetup;
     MonitorSection Monitor;
     int MeterType = 1;
     std::array<int, 8> ChComboBox{};  // selected index of the trend's boxes, -1 for none
@@ -83,7 +92,7 @@ struct SectionRead {
 };
 
 // Sections of default.prj. A record whose section does not exist stays as it was.
-SectionRead readComSetupSection(const QStringList& lines, ComSetupTexts& section);
+SectionRead readComSetupSection(const QStringList& lines, ComSetupSection& section);
 SectionRead readTrendSection(const QStringList& lines, TrendSection& section);
 SectionRead readMonitorSection(const QStringList& lines, MonitorSection& section);
 

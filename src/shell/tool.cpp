@@ -101,7 +101,7 @@ void Tool::loadDefaultProject() {
 
 // The settings of an opened project take effect at the next Accept; a link that is on line goes on with the
 // mode and the reply wait that it has.
-void Tool::takeComSetupAtRest(const ComSetupTexts& section, int taken) {
+void Tool::takeComSetupAtRest(const ComSetupSection& section, int taken) {
     m_held = {section, taken};
     takeHeldComSetup();
 }
@@ -113,7 +113,7 @@ void Tool::takeHeldComSetup() {
 }
 
 // Each value runs its box's change handler; a value that is not offered leaves the box as it was.
-void Tool::takeComSetup(const ComSetupTexts& section, int taken) {
+void Tool::takeComSetup(const ComSetupSection& section, int taken) {
     using Handler = void (ComSetup::*)(const QString&);
     const std::array<std::pair<Handler, QString>, 6> values{{
         {&ComSetup::ComPortComboBoxChange, section.ComPortComboBox},
@@ -128,8 +128,11 @@ void Tool::takeComSetup(const ComSetupTexts& section, int taken) {
         (comSetup.*values[i].first)(values[i].second);
 }
 
-ComSetupTexts Tool::comSetupSection() const {
-    return m_held.taken > 0 ? m_held.section : ComSetupTexts(comSetup.shown);
+ComSetupSection Tool::comSetupSection() const {
+    if (m_held.taken > 0) return m_held.section;
+    const ComSetup::Shown& boxes = comSetup.shown;
+    return {boxes.ComPortComboBox,  boxes.ModeComboBox,   boxes.BaudComboBox,
+            boxes.DataBitsComboBox, boxes.ParityComboBox, boxes.StopBitsComboBox};
 }
 
 FileResult Tool::SaveProject() {

@@ -109,17 +109,17 @@ class Tool : public QObject {
 
    private:
     void loadDefaultProject();
-    void takeComSetup(const ComSetupTexts& section, int taken);
-    void takeComSetupAtRest(const ComSetupTexts& section, int taken);
+    void takeComSetup(const ComSetupSection& section, int taken);
+    void takeComSetupAtRest(const ComSetupSection& section, int taken);
     void takeHeldComSetup();
-    ComSetupTexts comSetupSection() const;
+    ComSetupSection comSetupSection() const;
     NamedProject projectToSave() const;
     void followPort();
     void sayOnLine();
     PortSettings setComSetupForKeypad(const ComSetupChoice& choice);
 
     struct HeldComSetup {
-        ComSetupTexts section;
+        ComSetupSection section;
         int taken = 0;  // values of it, 0: nothing waits
     };
     bool m_onLineSaid = false;

@@ -70,7 +70,7 @@ TEST(DefaultProjectFile, IsReadByPlaceInAnyOrderOfSections) {
         "[Monitor Form]\nx=3\n=2\n1\nComboBox4==\n"
         "[Foreign]\nBaud Rate=1\n[ComSetup Form]\nCom port=20\nModbus Mode =A=B\nBaudrate=19200\nno "
         "sign\n\n=X\n");
-    ComSetupTexts com;
+    ComSetupSection com;
     EXPECT_TRUE(readComSetupSection(lines, com).ok());
     EXPECT_EQ(com.ComPortComboBox, QStringLiteral("20"));
     EXPECT_EQ(com.ModeComboBox, QStringLiteral("A=B"));
@@ -94,7 +94,7 @@ TEST(DefaultProjectFile, StopsAtDamageWithWhatWasReadInForce) {
     EXPECT_EQ(trend.ChVrPowerButton, state.Trend.ChVrPowerButton);
     EXPECT_EQ(trend.ChComboBox, (std::array{0, 1, 0, 0, 0, 0, 0, 0}));
 
-    ComSetupTexts com;
+    ComSetupSection com;
     read = readComSetupSection(projectLines("[ComSetup Form]\r\nCom port    =5\r\nModbus Mode =RTU"), com);
     EXPECT_EQ(read.taken, 2);
     EXPECT_EQ(read.error.toStdString(), "Line 4 is missing.");
