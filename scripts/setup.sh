@@ -10,7 +10,7 @@ packages=(
   libbenchmark-dev libmodbus-dev libqcustomplot-dev     # benchmarks and their outside peers
   clang                                                 # fuzz targets, second compiler
   clang-format clang-tidy                               # format and habits of the sources
-  xvfb openbox xfwm4 xdotool imagemagick                # windows under real window managers, pictures
+  xvfb openbox xfwm4 xfconf dbus-daemon xdotool imagemagick  # windows under real window managers, pictures
   fonts-dejavu-core fonts-wqy-microhei                  # texts, Chinese too
   qt6-translations-l10n                                 # Qt's own buttons and dialogs in the tool's languages
 )

@@ -131,6 +131,7 @@ void Hand::waitForWindow(const QWidget& window, bool shown, int ms) {
 void Hand::waitForAnswers(int ms) {
     waitFor(
         m_answers.allCame() ? QString() : m_answers.missing(), [this] { return m_answers.allCame(); }, ms);
+    pause(LookEveryMs);  // no hand is faster than what a window still does behind its box
 }
 
 void Hand::pause(int ms) {

@@ -49,6 +49,7 @@ bool copyLanguageFiles(const QString& program) {
 bool prepare(const QString& program, const QString& files) {
     for (const QString& old : QDir(files).entryList(QDir::Files)) QFile::remove(QDir(files).filePath(old));
     QFile::remove(QDir(program).filePath(QStringLiteral("ui-state.ini")));
+    QDir(QDir(program).filePath(QStringLiteral("unwritten edits"))).removeRecursively();
     const FileContent first = readWhole(QStringLiteral(":/first-start/default.prj"));
     return first.ok && writeWhole(QDir(program).filePath(QStringLiteral("default.prj")), first.bytes).ok &&
            copyLanguageFiles(program);

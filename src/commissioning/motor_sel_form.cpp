@@ -16,8 +16,7 @@ TMotorSelForm::TMotorSelForm(QWidget* parent)
     setObjectName(QStringLiteral("TMotorSelForm"));
     setWindowTitle(tr("Motor Selection"));
     setWindowModality(Qt::ApplicationModal);
-    auto* ok = named<TransparentButton>("OKTransparentButton", icon(Icon::Accept), tr("OK"), this,
-                                        TransparentButton::Layout::IconLeft);
+    auto* ok = framedButton("OKTransparentButton", Icon::Accept, tr("OK"), this);
     auto* motors = new QHBoxLayout;
     motors->addWidget(Motor1Panel);
     motors->addWidget(Motor2Panel);

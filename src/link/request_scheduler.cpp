@@ -391,6 +391,7 @@ void RequestScheduler::stopReadIfRunning() {
 void RequestScheduler::giveUp() {
     clearQueues();
     if (readIsRunning()) {
+        setLamp(LampState::OffLine);
         stopReadIfRunning();
     } else if (inConsole()) {
         Q_EMIT Console.stopWanted();

@@ -15,8 +15,7 @@ TQSsourceForm::TQSsourceForm(QWidget* parent)
     : QDialog(parent),
       DriveAbLED(addLamp("DriveAbLED", tr("Load parameter Settings from drive (communication)"))),
       FileAbLED(addLamp("FileAbLED", tr("Load parameter Settings from project (file)"))),
-      OKTransparentButton(named<TransparentButton>("OKTransparentButton", icon(Icon::Accept), tr("OK"), this,
-                                                   TransparentButton::Layout::IconLeft)) {
+      OKTransparentButton(framedButton("OKTransparentButton", Icon::Accept, tr("OK"), this)) {
     setObjectName(QStringLiteral("TQSsourceForm"));
     setWindowTitle(tr("Source of Parameter Settings"));
     setWindowModality(Qt::ApplicationModal);

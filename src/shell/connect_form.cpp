@@ -62,8 +62,7 @@ TConnectForm::TConnectForm(ComSetup& setup, TickClock& clock, QWidget* parent)
     m_progress->setTextVisible(false);
     m_progress->setAccessibleName(tr("Combinations tried"));
     column->addWidget(m_progress);
-    auto* stop = named<TransparentButton>("StopTransparentButton", icon(Icon::Cancel), tr("Stop"), this,
-                                          TransparentButton::Layout::IconLeft);
+    auto* stop = framedButton("StopTransparentButton", Icon::Cancel, tr("Stop"), this);
     column->addWidget(stop, 0, Qt::AlignHCenter);
     connect(stop, &QAbstractButton::clicked, this, &QDialog::reject);
     connect(&m_setup, &ComSetup::changed, this, &TConnectForm::showRecord);

@@ -23,8 +23,7 @@ TInitialForm::TInitialForm(RequestScheduler& link, TickClock& clock, QWidget* pa
       m_patience(clock, TickKind::RealTime, PatienceMs, [this] { offerToLeave(true); }),
       m_trouble(plainLabel("TroubleLabel", {}, this)),
       m_waitsFor(plainLabel("WaitsForLabel", {}, this)),
-      m_stop(named<TransparentButton>("CloseTransparentButton", icon(Icon::Cancel), tr("Stop waiting"), this,
-                                      TransparentButton::Layout::IconLeft)) {
+      m_stop(framedButton("CloseTransparentButton", Icon::Cancel, tr("Stop waiting"), this)) {
     setObjectName(QStringLiteral("TInitialForm"));
     auto* column = new QVBoxLayout(this);
     const int room = fontMetrics().height();

@@ -21,14 +21,11 @@ TInputForm::TInputForm(ComSetup& setup, QWidget* parent)
     InputEdit->setMinimumWidth(InputEdit->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 28);
     auto* label =
         captionFor(InputEdit, "Label1", QStringLiteral("&Command of the test, in hexadecimal digits"), this);
-    auto* OKTransparentButton =
-        named<TransparentButton>("OKTransparentButton", icon(Icon::Accept), QStringLiteral("OK"), this,
-                                 TransparentButton::Layout::IconLeft);
+    auto* OKTransparentButton = framedButton("OKTransparentButton", Icon::Accept, QStringLiteral("OK"), this);
     auto* column = new QVBoxLayout(this);
     column->addWidget(label);
     column->addWidget(InputEdit);
-    auto* cancel = named<TransparentButton>("CancelTransparentButton", icon(Icon::Cancel), tr("Cancel"), this,
-                                            TransparentButton::Layout::IconLeft);
+    auto* cancel = framedButton("CancelTransparentButton", Icon::Cancel, tr("Cancel"), this);
     connect(cancel, &QToolButton::clicked, this, &QDialog::reject);
     auto* row = new QHBoxLayout;
     row->addStretch();

@@ -409,10 +409,11 @@ void TMainForm::showPractice() {
                                       : QString());
 }
 
-// The drive that the labels name; without one, the logo.
+// The drive that the labels name; without one, or when its link was taken down, the logo.
 void TMainForm::showPicture() {
-    const int wanted =
-        m_tool.link.Labels.DriveVrLabel.isEmpty() ? NoFamily : m_tool.link.DriveStatus.DriveFamily;
+    const RequestScheduler& link = m_tool.link;
+    const bool there = !link.Labels.DriveVrLabel.isEmpty() && link.Lamp != LampRecord();
+    const int wanted = there ? link.DriveStatus.DriveFamily : NoFamily;
     if (wanted == m_pictured) return;
     m_pictured = wanted;
     if (wanted == NoFamily)

@@ -28,8 +28,9 @@ TMessageForm::TMessageForm(QWidget* parent) : WaitForm(QStringLiteral("Message")
     column->addWidget(ErrNameVrLabel);
     auto* advice =
         plainLabel("AdviceLabel",
-                   tr("Look at the cable, at the power of the drive and at its line settings. Retry goes on "
-                      "where it stopped; Abort takes the link off line."),
+                   tr("Look at the cable and at the power of the drive. Mode, baud rate and protocol of Com "
+                      "Setup must be those of the drive; Auto-Detect finds them. Retry goes on where it "
+                      "stopped; Abort takes the link off line."),
                    this);
     advice->setWordWrap(true);
     column->addWidget(advice);

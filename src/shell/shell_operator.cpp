@@ -21,7 +21,7 @@ namespace kelvane {
 namespace {
 
 constexpr int WidestPanel = 940;
-constexpr int WidestPanelColumn = 260;
+constexpr int WidestPanelColumn = 44;  // characters
 constexpr int LinePadding = 6;
 constexpr int ScrollBarWidth = 30;
 constexpr int MostPanelLines = 12;  // before it scrolls
@@ -97,8 +97,8 @@ QWidget* makePanel(const BoxPanel& panel) {
             table->setItem(line, c, item);
         }
     table->resizeColumnsToContents();
-    for (int c = 0; c < columns; ++c)
-        table->setColumnWidth(c, std::min(table->columnWidth(c), WidestPanelColumn));
+    const int widest = WidestPanelColumn * table->fontMetrics().averageCharWidth();
+    for (int c = 0; c < columns; ++c) table->setColumnWidth(c, std::min(table->columnWidth(c), widest));
     table->horizontalHeader()->setStretchLastSection(true);
     const int height = table->verticalHeader()->defaultSectionSize() * (std::min(lines, MostPanelLines) + 2);
     table->setMinimumSize(std::min(table->horizontalHeader()->length() + ScrollBarWidth, WidestPanel),

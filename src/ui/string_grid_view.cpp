@@ -98,7 +98,9 @@ void StringGridView::applyMetrics() {
         const int header = std::max(FewestCharacters, static_cast<int>(m_grid->cell(column, 0).size()) + 2);
         const int fallback = column == 0 ? CheckColumnCharacters : header;
         const int characters = given ? m_characters[static_cast<size_t>(column)] : fallback;
-        if (!isColumnHidden(column) && column != m_stretchColumn) setColumnWidth(column, widthOf(characters));
+        if (isColumnHidden(column) || column == m_stretchColumn) continue;
+        const int caption = column > 0 ? m_header->sectionSizeHint(column) : 0;
+        setColumnWidth(column, std::max(widthOf(characters), caption));
     }
     fillWidth();
 }
@@ -119,6 +121,10 @@ void StringGridView::fillWidth() {
     setColumnWidth(m_stretchColumn,
                    std::max(widthOf(characters), std::min(most, viewport()->width() - others)));
     m_fillingWidth = false;
+}
+
+int StringGridView::heightOf(int rows) const {
+    return m_header->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
 }
 
 int StringGridView::wholeWidth() const {

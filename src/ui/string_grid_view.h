@@ -41,6 +41,8 @@ class StringGridView : public QTableView {
     // False: Enter, F2 and Space are swallowed, as in a list that only the mouse may change.
     void setKeysAct(bool act) { m_keysAct = act; }
 
+    // Height at which so many rows are shown whole.
+    int heightOf(int rows) const;
     // Width at which every shown column has its characters and nothing scrolls sideways.
     int wholeWidth() const;
 

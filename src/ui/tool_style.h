@@ -12,6 +12,8 @@ class ToolStyle final : public QProxyStyle {
    public:
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
                        const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override;
 };
 
 }  // namespace kelvane

@@ -2,7 +2,9 @@
 
 #include <QKeyEvent>
 
+#include "ui/icons.h"
 #include "ui/mnemonic.h"
+#include "ui/named.h"
 
 namespace kelvane {
 
@@ -48,6 +50,14 @@ void TransparentButton::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (enter && !event->isAutoRepeat()) return click();
     QToolButton::keyPressEvent(event);
+}
+
+TransparentButton* framedButton(const char* name, Icon which, const QString& text, QWidget* parent,
+                                const QString& hint) {
+    auto* button =
+        named<TransparentButton>(name, icon(which), text, parent, TransparentButton::Layout::IconLeft);
+    button->setToolTip(hint);
+    return button;
 }
 
 }  // namespace kelvane

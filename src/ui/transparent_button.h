@@ -6,6 +6,8 @@
 
 namespace kelvane {
 
+enum class Icon : int;
+
 class TransparentButton : public QToolButton {
     Q_OBJECT
     Q_PROPERTY(QString text READ text WRITE setText)
@@ -26,5 +28,9 @@ class TransparentButton : public QToolButton {
    protected:
     void keyPressEvent(QKeyEvent* event) override;  // Enter presses it, like Space
 };
+
+// The button of bars and dialog feet: framed, its icon beside its text.
+TransparentButton* framedButton(const char* name, Icon which, const QString& text, QWidget* parent,
+                                const QString& hint = {});
 
 }  // namespace kelvane

@@ -24,14 +24,6 @@ namespace kelvane {
 
 namespace {
 
-TransparentButton* toolButton(const char* name, Icon which, const QString& text, const QString& hint,
-                              QWidget* parent) {
-    auto* button =
-        named<TransparentButton>(name, icon(which), text, parent, TransparentButton::Layout::IconLeft);
-    button->setToolTip(hint);
-    return button;
-}
-
 QHBoxLayout* barLayout(QWidget* bar) {
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
@@ -88,10 +80,10 @@ QWidget* ConnectionForm::buildRight(QWidget* parent) {
 
 QWidget* ConnectionForm::buildRunBar() {
     auto* bar = new QWidget(this);
-    RUNTransparentButton = toolButton("RUNTransparentButton", Icon::Run, QStringLiteral("RUN"),
-                                      QStringLiteral("Run the page on show (F5)"), bar);
-    STOPTransparentButton = toolButton("STOPTransparentButton", Icon::Stop, QStringLiteral("STOP"),
-                                       QStringLiteral("Stop the run (Shift+F5)"), bar);
+    RUNTransparentButton = framedButton("RUNTransparentButton", Icon::Run, QStringLiteral("RUN"), bar,
+                                        QStringLiteral("Run the page on show (F5)"));
+    STOPTransparentButton = framedButton("STOPTransparentButton", Icon::Stop, QStringLiteral("STOP"), bar,
+                                         QStringLiteral("Stop the run (Shift+F5)"));
     RepeatLabeledEdit = keyedEdit("RepeatLabeledEdit", QStringLiteral("[0-9]*"), bar);
     RepeatLabeledEdit->setMaximumWidth(fontMetrics().averageCharWidth() * 9);
     TerCondLabel = plainLabel("TerCondLabel", QStringLiteral("Stop when"), bar);
@@ -99,8 +91,8 @@ QWidget* ConnectionForm::buildRunBar() {
         addCheck("ErrorCheckBox", QStringLiteral("Error Occur"), &ConsoleSettings::ErrorCheckBoxChecked, bar);
     TimeOutCheckBox = addCheck("TimeOutCheckBox", QStringLiteral("Time Out"),
                                &ConsoleSettings::TimeOutCheckBoxChecked, bar);
-    FigButton = toolButton("FigButton", Icon::Trend, {},
-                           QStringLiteral("Change between command page and chart"), bar);
+    FigButton = framedButton("FigButton", Icon::Trend, {}, bar,
+                             QStringLiteral("Change between command page and chart"));
     auto* row = barLayout(bar);
     row->addWidget(RUNTransparentButton);
     row->addWidget(STOPTransparentButton);
@@ -131,12 +123,12 @@ QWidget* ConnectionForm::buildRunBar() {
 
 QWidget* ConnectionForm::buildRowBar() {
     auto* bar = new QWidget(this);
-    NewTransparentButton = toolButton("NewTransparentButton", Icon::Add, QStringLiteral("New"),
-                                      QStringLiteral("Add a row at the end"), bar);
-    InsertTransparentButton = toolButton("InsertTransparentButton", Icon::Next, QStringLiteral("Insert"),
-                                         QStringLiteral("Put a row before the current one"), bar);
-    DelTransparentButton = toolButton("DelTransparentButton", Icon::Remove, QStringLiteral("Delete"),
-                                      QStringLiteral("Remove the current row"), bar);
+    NewTransparentButton = framedButton("NewTransparentButton", Icon::Add, QStringLiteral("New"), bar,
+                                        QStringLiteral("Add a row at the end"));
+    InsertTransparentButton = framedButton("InsertTransparentButton", Icon::Next, QStringLiteral("Insert"),
+                                           bar, QStringLiteral("Put a row before the current one"));
+    DelTransparentButton = framedButton("DelTransparentButton", Icon::Remove, QStringLiteral("Delete"), bar,
+                                        QStringLiteral("Remove the current row"));
     auto* row = barLayout(bar);
     for (QWidget* widget :
          std::initializer_list<QWidget*>{NewTransparentButton, InsertTransparentButton, DelTransparentButton})
@@ -152,14 +144,14 @@ QWidget* ConnectionForm::buildRowBar() {
 
 QWidget* ConnectionForm::buildLineBar() {
     auto* bar = new QWidget(this);
-    TimeOutTransparentButton = toolButton("TimeOutTransparentButton", Icon::Option, {},
-                                          QStringLiteral("First wait for a reply, in ms"), bar);
+    TimeOutTransparentButton = framedButton("TimeOutTransparentButton", Icon::Option, {}, bar,
+                                            QStringLiteral("First wait for a reply, in ms"));
     TimeOut2TransparentButton =
-        toolButton("TimeOut2TransparentButton", Icon::Option, {},
-                   QStringLiteral("Second wait, when nothing came in the first, in ms"), bar);
+        framedButton("TimeOut2TransparentButton", Icon::Option, {}, bar,
+                     QStringLiteral("Second wait, when nothing came in the first, in ms"));
     ProtocolTransparentButton =
-        toolButton("ProtocolTransparentButton", Icon::ComSetup, QStringLiteral("Set the com port settings"),
-                   QStringLiteral("Port, baud rate and protocol"), bar);
+        framedButton("ProtocolTransparentButton", Icon::ComSetup, QStringLiteral("Set the com port settings"),
+                     bar, QStringLiteral("Port, baud rate and protocol"));
     auto* Bevel7 = named<QFrame>("Bevel7", bar);
     Bevel7->setFrameShape(QFrame::VLine);
     Bevel7->setFrameShadow(QFrame::Sunken);

@@ -47,8 +47,7 @@ QWidget* SingleCommandPage::buildFixed() {
     ChangeHDButton = named<QToolButton>("ChangeHDButton", group);
     ChangeHDButton->setToolTip(QStringLiteral("D: the field is decimal, H: it is hexadecimal"));
     SendFixTransparentButton =
-        named<TransparentButton>("SendFixTransparentButton", icon(Icon::Start), QStringLiteral("Send"), group,
-                                 TransparentButton::Layout::IconLeft);
+        framedButton("SendFixTransparentButton", Icon::Start, QStringLiteral("Send"), group);
     SendFixTransparentButton->setToolTip(QStringLiteral("Send the command that the fields make"));
 
     auto* grid = new QGridLayout(group);
@@ -91,8 +90,7 @@ QWidget* SingleCommandPage::buildAny() {
     InputDataEdit->setAccessibleName(QStringLiteral("Text to send"));
     raiseAsTyped(InputDataEdit);
     SendAnyTransparentButton =
-        named<TransparentButton>("SendAnyTransparentButton", icon(Icon::Start), QStringLiteral("Send"), group,
-                                 TransparentButton::Layout::IconLeft);
+        framedButton("SendAnyTransparentButton", Icon::Start, QStringLiteral("Send"), group);
     SendAnyTransparentButton->setToolTip(QStringLiteral("Send the text as it stands"));
     InputDataComboBox = named<QComboBox>("InputDataComboBox", group);
     InputDataComboBox->setAccessibleName(QStringLiteral("Texts that were sent"));

@@ -12,7 +12,7 @@ namespace kelvane {
 
 FlasherForm::FlasherForm(AdvanceConsole& console, QWidget* parent) : QWidget(parent), m_console(console) {
     const auto button = [this](const char* name, Icon which, const QString& text) {
-        return named<TransparentButton>(name, icon(which), text, this, TransparentButton::Layout::IconLeft);
+        return framedButton(name, which, text, this);
     };
     LoadFileTransparentButton = button("LoadFileTransparentButton", Icon::Open, QStringLiteral("Load"));
     SendFileTransparentButton = button("SendFileTransparentButton", Icon::Start, QStringLiteral("Send"));

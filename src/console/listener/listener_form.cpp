@@ -28,14 +28,6 @@ namespace {
 constexpr int RefreshInterval = 125;  // ms: lines come faster than anybody reads
 const QString TextFilter = QStringLiteral("TXT File(*.txt)|*.txt");
 
-TransparentButton* toolButton(const char* name, Icon which, const QString& text, const QString& hint,
-                              QWidget* parent) {
-    auto* button =
-        named<TransparentButton>(name, icon(which), text, parent, TransparentButton::Layout::IconLeft);
-    button->setToolTip(hint);
-    return button;
-}
-
 }  // namespace
 
 ListenerForm::ListenerForm(AdvanceConsole& console, QWidget* parent)
@@ -80,22 +72,23 @@ ListenerForm::ListenerForm(AdvanceConsole& console, QWidget* parent)
 
 QWidget* ListenerForm::buildTools() {
     auto* bar = new QWidget(this);
-    RUNmonitorTransparentButton = toolButton("RUNmonitorTransparentButton", Icon::Run, QStringLiteral("RUN"),
-                                             QStringLiteral("Listen to the port (F5)"), bar);
+    RUNmonitorTransparentButton =
+        framedButton("RUNmonitorTransparentButton", Icon::Run, QStringLiteral("RUN"), bar,
+                     QStringLiteral("Listen to the port (F5)"));
     STOPmonitorTransparentButton =
-        toolButton("STOPmonitorTransparentButton", Icon::Stop, QStringLiteral("STOP"),
-                   QStringLiteral("Stop listening and close the port (Shift+F5)"), bar);
-    MprotocolTransparentButton =
-        toolButton("MprotocolTransparentButton", Icon::ComSetup, QStringLiteral("Set the com port settings"),
-                   QStringLiteral("Port, baud rate and protocol"), bar);
-    SearchTransparentButton = toolButton("SearchTransparentButton", Icon::Find, QStringLiteral("Search"),
-                                         QStringLiteral("Find a text from the start"), bar);
-    auto* font = toolButton("FontTransparentButton", Icon::Edit, QStringLiteral("Font"),
-                            QStringLiteral("Font of the lines"), bar);
-    auto* keep = toolButton("RxSaveTransparentButton", Icon::Save, QStringLiteral("Save"),
-                            QStringLiteral("Save the lines to a text file, without their times"), bar);
-    auto* clear = toolButton("RxClearTransparentButton", Icon::Clear, QStringLiteral("Clear"),
-                             QStringLiteral("Remove all lines"), bar);
+        framedButton("STOPmonitorTransparentButton", Icon::Stop, QStringLiteral("STOP"), bar,
+                     QStringLiteral("Stop listening and close the port (Shift+F5)"));
+    MprotocolTransparentButton = framedButton("MprotocolTransparentButton", Icon::ComSetup,
+                                              QStringLiteral("Set the com port settings"), bar,
+                                              QStringLiteral("Port, baud rate and protocol"));
+    SearchTransparentButton = framedButton("SearchTransparentButton", Icon::Find, QStringLiteral("Search"),
+                                           bar, QStringLiteral("Find a text from the start"));
+    auto* font = framedButton("FontTransparentButton", Icon::Edit, QStringLiteral("Font"), bar,
+                              QStringLiteral("Font of the lines"));
+    auto* keep = framedButton("RxSaveTransparentButton", Icon::Save, QStringLiteral("Save"), bar,
+                              QStringLiteral("Save the lines to a text file, without their times"));
+    auto* clear = framedButton("RxClearTransparentButton", Icon::Clear, QStringLiteral("Clear"), bar,
+                               QStringLiteral("Remove all lines"));
     // Kept: nobody can press it.
     auto* Button1 = named<QPushButton>("Button1", QStringLiteral("Step1"), bar);
     Button1->hide();

@@ -78,10 +78,7 @@ void ConsoleLogView::buildBar(QVBoxLayout* column) {
     ErrorsOnlyCheckBox = named<QCheckBox>("ErrorsOnlyCheckBox", QStringLiteral("Failures o&nly"), this);
     ErrorsOnlyCheckBox->setToolTip(QStringLiteral("Show only exchanges that failed or were not answered"));
     const auto button = [this](const char* name, Icon which, const QString& text, const QString& hint) {
-        auto* made =
-            named<TransparentButton>(name, icon(which), text, this, TransparentButton::Layout::IconLeft);
-        made->setToolTip(hint);
-        return made;
+        return framedButton(name, which, text, this, hint);
     };
     auto* copy = button("LogCopyTransparentButton", Icon::Copy, QStringLiteral("Copy"),
                         QStringLiteral("Copy the selected text of the history, or all of it"));

@@ -23,10 +23,8 @@ TMeterTypeForm::TMeterTypeForm(MeterTypeChoice& choice, QWidget* parent)
     setObjectName(QStringLiteral("TMeterTypeForm"));
     setWindowTitle(tr("Meter Type"));
     setWindowModality(Qt::ApplicationModal);
-    auto* ok = named<TransparentButton>("OKTransparentButton", icon(Icon::Accept), tr("OK"), this,
-                                        TransparentButton::Layout::IconLeft);
-    auto* cancel = named<TransparentButton>("CancelTransparentButton", icon(Icon::Cancel), tr("Cancel"), this,
-                                            TransparentButton::Layout::IconLeft);
+    auto* ok = framedButton("OKTransparentButton", Icon::Accept, tr("OK"), this);
+    auto* cancel = framedButton("CancelTransparentButton", Icon::Cancel, tr("Cancel"), this);
     auto* foot = new QHBoxLayout;
     foot->addWidget(captionFor(LabeledEdit1, "MaxValueLabel", tr("&Max value"), this));
     foot->addWidget(LabeledEdit1);

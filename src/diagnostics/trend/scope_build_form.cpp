@@ -99,8 +99,7 @@ QWidget* TScopeForm::buildAxisButtons() {
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(0, 0, 0, 0);
     const auto add = [&](const char* name, Icon which, const QString& text) {
-        auto* button =
-            named<TransparentButton>(name, icon(which), text, panel, TransparentButton::Layout::IconLeft);
+        auto* button = framedButton(name, which, text, panel);
         column->addWidget(button);
         return button;
     };
@@ -367,8 +366,7 @@ QWidget* TScopeForm::buildFaultBox() {
     ErrCodeAbLED->setColor(QColor(208, 0, 0));
     ErrCodeLabel = plainLabel("ErrCodeLabel", QStringLiteral("0"), box);
     ErrDescriptLabel = plainLabel("ErrDescriptLabel", QStringLiteral("No errors occurred"), box);
-    auto* history = named<TransparentButton>("ErrHistoryTransparentButton", icon(Icon::Fault),
-                                             tr("Fault history"), box, TransparentButton::Layout::IconLeft);
+    auto* history = framedButton("ErrHistoryTransparentButton", Icon::Fault, tr("Fault history"), box);
     connect(history, &TransparentButton::clicked, this, &TScopeForm::errHistoryWanted);
     grid->addWidget(ErrCodeAbLED, 0, 0);
     grid->addWidget(ErrCodeLabel, 0, 1);

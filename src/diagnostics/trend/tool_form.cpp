@@ -42,10 +42,8 @@ TToolForm::TToolForm(TrendSession& session, QWidget* parent)
     column->addStretch();
     auto* foot = new QHBoxLayout;
     foot->addStretch();
-    const auto left = TransparentButton::Layout::IconLeft;
-    auto* ok = named<TransparentButton>("OKTransparentButton", icon(Icon::Accept), tr("OK"), this, left);
-    auto* cancel =
-        named<TransparentButton>("CancelTransparentButton", icon(Icon::Cancel), tr("Cancel"), this, left);
+    auto* ok = framedButton("OKTransparentButton", Icon::Accept, tr("OK"), this);
+    auto* cancel = framedButton("CancelTransparentButton", Icon::Cancel, tr("Cancel"), this);
     foot->addWidget(ok);
     foot->addWidget(cancel);
     column->addLayout(foot);

@@ -88,9 +88,7 @@ TPrintForm::TPrintForm(QWidget* parent)
     setWindowTitle(tr("Print the Trend"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     auto* row = new QHBoxLayout;
-    const auto left = TransparentButton::Layout::IconLeft;
-    auto* print =
-        named<TransparentButton>("PrintTransparentButton", icon(Icon::Print), tr("Print..."), this, left);
+    auto* print = framedButton("PrintTransparentButton", Icon::Print, tr("Print..."), this);
     print->setShortcut(QKeySequence::Print);
     row->addWidget(print);
     row->addSpacing(fontMetrics().height());
@@ -110,7 +108,7 @@ TPrintForm::TPrintForm(QWidget* parent)
     row->addWidget(captionFor(ZoomComboBox, "Label3", tr("&Zoom"), this));
     row->addWidget(ZoomComboBox);
     row->addStretch();
-    auto* exit = named<TransparentButton>("ExitTransparentButton", icon(Icon::Exit), tr("Exit"), this, left);
+    auto* exit = framedButton("ExitTransparentButton", Icon::Exit, tr("Exit"), this);
     row->addWidget(exit);
     auto* area = new QScrollArea(this);
     area->setAlignment(Qt::AlignCenter);

@@ -37,10 +37,9 @@ TInputValueForm::TInputValueForm(Operator& person, const LangTable& lang, QWidge
       ValueLabel(new QLabel(QStringLiteral("&Value"), this)),
       InputEdit(new QLineEdit(this)),
       InputComboBox(new QComboBox(this)),
-      OKTransparentButton(new TransparentButton(icon(Icon::Accept), QStringLiteral("OK"), this,
-                                                TransparentButton::Layout::IconLeft)),
-      CancelTransparentButton(new TransparentButton(icon(Icon::Cancel), QStringLiteral("Cancel"), this,
-                                                    TransparentButton::Layout::IconLeft)) {
+      OKTransparentButton(framedButton("OKTransparentButton", Icon::Accept, QStringLiteral("OK"), this)),
+      CancelTransparentButton(
+          framedButton("CancelTransparentButton", Icon::Cancel, QStringLiteral("Cancel"), this)) {
     setObjectName(QStringLiteral("TInputValueForm"));
     setWindowTitle(QStringLiteral("Input Value"));
     setWindowModality(Qt::ApplicationModal);
@@ -64,8 +63,6 @@ void TInputValueForm::build() {
     InputEdit->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[-0-9.,]*")), InputEdit));
     InputComboBox->setObjectName(QStringLiteral("InputComboBox"));
-    OKTransparentButton->setObjectName(QStringLiteral("OKTransparentButton"));
-    CancelTransparentButton->setObjectName(QStringLiteral("CancelTransparentButton"));
 
     ValueLabel->setBuddy(InputEdit);
     InputComboBox->hide();

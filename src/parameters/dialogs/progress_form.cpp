@@ -51,10 +51,10 @@ TProgressForm::TProgressForm(ProgressDialog& progress, QWidget* parent)
       LeftLabel(plainLabel("LeftLabel", {}, this)),
       ReadingProgressBar(new QProgressBar(this)),
       NoAnswerLabel(plainLabel("NoAnswerLabel", {}, this)),
-      StopWaitingTransparentButton(new TransparentButton(icon(Icon::Stop), QStringLiteral("Stop waiting"),
-                                                         this, TransparentButton::Layout::IconLeft)),
-      CancelTransparentButton(new TransparentButton(icon(Icon::Cancel), QStringLiteral("Cancel"), this,
-                                                    TransparentButton::Layout::IconLeft)) {
+      StopWaitingTransparentButton(
+          framedButton("StopWaitingTransparentButton", Icon::Stop, QStringLiteral("Stop waiting"), this)),
+      CancelTransparentButton(
+          framedButton("CancelTransparentButton", Icon::Cancel, QStringLiteral("Cancel"), this)) {
     setObjectName(QStringLiteral("TProgressForm"));
     setWindowTitle(m_progress.Caption);
     setWindowModality(Qt::ApplicationModal);
@@ -76,8 +76,6 @@ void TProgressForm::build() {
     TransparentButton1->setToolButtonStyle(Qt::ToolButtonIconOnly);
     ReadingProgressBar->setObjectName(QStringLiteral("ReadingProgressBar"));
     ReadingProgressBar->setAccessibleName(QStringLiteral("Progress"));
-    CancelTransparentButton->setObjectName(QStringLiteral("CancelTransparentButton"));
-    StopWaitingTransparentButton->setObjectName(QStringLiteral("StopWaitingTransparentButton"));
     NoAnswerLabel->setWordWrap(true);
     NoAnswerLabel->hide();
     StopWaitingTransparentButton->hide();

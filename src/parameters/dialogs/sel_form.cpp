@@ -24,16 +24,13 @@ constexpr int WidestCaption = 44;  // characters of the window's width
 
 SelForm::SelForm(const char* name, const QString& caption, QWidget* parent)
     : QDialog(parent),
-      OKTransparentButton(new TransparentButton(icon(Icon::Accept), QStringLiteral("OK"), this,
-                                                TransparentButton::Layout::IconLeft)),
-      CancelTransparentButton(new TransparentButton(icon(Icon::Cancel), QStringLiteral("Cancel"), this,
-                                                    TransparentButton::Layout::IconLeft)),
+      OKTransparentButton(framedButton("OKTransparentButton", Icon::Accept, QStringLiteral("OK"), this)),
+      CancelTransparentButton(
+          framedButton("CancelTransparentButton", Icon::Cancel, QStringLiteral("Cancel"), this)),
       m_content(new QVBoxLayout) {
     setObjectName(QLatin1String(name));
     setWindowTitle(caption);
     setWindowModality(Qt::ApplicationModal);
-    OKTransparentButton->setObjectName(QStringLiteral("OKTransparentButton"));
-    CancelTransparentButton->setObjectName(QStringLiteral("CancelTransparentButton"));
     auto* foot = new QHBoxLayout;
     foot->addStretch();
     foot->addWidget(OKTransparentButton);

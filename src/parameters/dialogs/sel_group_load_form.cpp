@@ -17,12 +17,10 @@ TSelGroupLoadForm::TSelGroupLoadForm(ParameterReader& reader, QWidget* parent)
     GrpNameCheckListBox->setObjectName(QStringLiteral("GrpNameCheckListBox"));
     auto* label = new QLabel(QStringLiteral("&Groups"), this);
     label->setBuddy(GrpNameCheckListBox);
-    auto* SelAllTransparentButton = new TransparentButton(icon(Icon::Add), QStringLiteral("Select All"), this,
-                                                          TransparentButton::Layout::IconLeft);
-    SelAllTransparentButton->setObjectName(QStringLiteral("SelAllTransparentButton"));
-    auto* CancelAllTransparentButton = new TransparentButton(icon(Icon::Remove), QStringLiteral("Cancel All"),
-                                                             this, TransparentButton::Layout::IconLeft);
-    CancelAllTransparentButton->setObjectName(QStringLiteral("CancelAllTransparentButton"));
+    auto* SelAllTransparentButton =
+        framedButton("SelAllTransparentButton", Icon::Add, QStringLiteral("Select All"), this);
+    auto* CancelAllTransparentButton =
+        framedButton("CancelAllTransparentButton", Icon::Remove, QStringLiteral("Cancel All"), this);
     auto* all = new QHBoxLayout;
     all->addWidget(SelAllTransparentButton);
     all->addWidget(CancelAllTransparentButton);

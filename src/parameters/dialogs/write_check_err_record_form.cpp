@@ -27,9 +27,8 @@ TWriteCheckErrRecordForm::TWriteCheckErrRecordForm(ParameterWriter& writer, QWid
     ErrorAdvStringGrid->setGrid(&m_writer.ErrorAdvStringGrid);
     ErrorAdvStringGrid->setColumnCharacters({2, 10, 24, 11, 12, 34});
     ErrorAdvStringGrid->setStretchColumn(TextColumn);
-    auto* CloseTransparentButton = new TransparentButton(icon(Icon::Close), QStringLiteral("Close"), this,
-                                                         TransparentButton::Layout::IconLeft);
-    CloseTransparentButton->setObjectName(QStringLiteral("CloseTransparentButton"));
+    auto* CloseTransparentButton =
+        framedButton("CloseTransparentButton", Icon::Close, QStringLiteral("Close"), this);
 
     auto* column = new QVBoxLayout(this);
     column->addWidget(ErrorAdvStringGrid, 1);

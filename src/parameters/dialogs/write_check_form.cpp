@@ -60,10 +60,6 @@ class WriteListDelegate : public GridDelegate {
     }
 };
 
-TransparentButton* addButton(const char* name, Icon picture, const QString& text, QWidget* parent) {
-    return named<TransparentButton>(name, icon(picture), text, parent, TransparentButton::Layout::IconLeft);
-}
-
 }  // namespace
 
 TWriteCheckForm::TWriteCheckForm(ParameterSession& session, QWidget* parent)
@@ -74,9 +70,9 @@ TWriteCheckForm::TWriteCheckForm(ParameterSession& session, QWidget* parent)
       SummaryLabel(plainLabel("SummaryLabel", {}, this)),
       PrLabel(plainLabel("PrLabel", m_writer.form.PrLabel, this)),
       ProgressBar1(new QProgressBar(this)),
-      OKTransparentButton(addButton("OKTransparentButton", Icon::Accept, QStringLiteral("OK"), this)),
+      OKTransparentButton(framedButton("OKTransparentButton", Icon::Accept, QStringLiteral("OK"), this)),
       CancelTransparentButton(
-          addButton("CancelTransparentButton", Icon::Cancel, QStringLiteral("Cancel"), this)) {
+          framedButton("CancelTransparentButton", Icon::Cancel, QStringLiteral("Cancel"), this)) {
     setObjectName(QStringLiteral("TWriteCheckForm"));
     setWindowTitle(QStringLiteral("Write Check"));
     setWindowModality(Qt::ApplicationModal);

@@ -55,10 +55,9 @@ void TReportForm::build() {
     resize(fontMetrics().height() * 50, fontMetrics().height() * 42);
 }
 
-TransparentButton* TReportForm::addButton(QHBoxLayout* row, const char* name, const QIcon& icon,
+TransparentButton* TReportForm::addButton(QHBoxLayout* row, const char* name, Icon which,
                                           const QString& text) {
-    auto* button = new TransparentButton(icon, text, this, TransparentButton::Layout::IconLeft);
-    button->setObjectName(QLatin1String(name));
+    TransparentButton* button = framedButton(name, which, text, this);
     row->addWidget(button);
     return button;
 }
@@ -78,11 +77,10 @@ QToolButton* TReportForm::addPageButton(QHBoxLayout* row, const char* name, cons
 }
 
 void TReportForm::buildButtons(QHBoxLayout* row) {
-    auto* printButton =
-        addButton(row, "PrintTransparentButton", icon(Icon::Print), QStringLiteral("Print..."));
+    auto* printButton = addButton(row, "PrintTransparentButton", Icon::Print, QStringLiteral("Print..."));
     printButton->setShortcut(QKeySequence::Print);
     connect(printButton, &QToolButton::clicked, this, &TReportForm::print);
-    auto* pdf = addButton(row, "PdfTransparentButton", icon(Icon::Save), QStringLiteral("PDF..."));
+    auto* pdf = addButton(row, "PdfTransparentButton", Icon::Save, QStringLiteral("PDF..."));
     pdf->setShortcut(QKeySequence::Save);
     connect(pdf, &QToolButton::clicked, this, &TReportForm::savePdf);
 
@@ -106,7 +104,7 @@ void TReportForm::buildButtons(QHBoxLayout* row) {
     row->addWidget(PageLabel);
     NextToolButton = addPageButton(row, "NextToolButton", icon(Icon::Next), QStringLiteral("Next page"), 1);
     row->addSpacing(fontMetrics().height());
-    auto* exit = addButton(row, "ExitTransparentButton", icon(Icon::Exit), QStringLiteral("Exit"));
+    auto* exit = addButton(row, "ExitTransparentButton", Icon::Exit, QStringLiteral("Exit"));
     connect(exit, &QToolButton::clicked, this, &QDialog::accept);
 }
 

@@ -19,6 +19,7 @@ namespace kelvane {
 
 class PageView;
 class TransparentButton;
+enum class Icon : int;
 
 class TReportForm : public QDialog {
     Q_OBJECT
@@ -34,7 +35,7 @@ class TReportForm : public QDialog {
 
    private:
     void build();
-    TransparentButton* addButton(QHBoxLayout* row, const char* name, const QIcon& icon, const QString& text);
+    TransparentButton* addButton(QHBoxLayout* row, const char* name, Icon which, const QString& text);
     void buildButtons(QHBoxLayout* row);
     QToolButton* addPageButton(QHBoxLayout* row, const char* name, const QIcon& icon, const QString& text,
                                int step);

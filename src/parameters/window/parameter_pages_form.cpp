@@ -28,10 +28,10 @@ class IdentityLabel final : public VrLabel {
         return {std::min(ownText, sizeHint().width()), sizeHint().height()};
     }
 };
-constexpr int InfoRows = 3;
+constexpr int InfoRows = 2;
 constexpr int MostDescriptionCharacters = 40;  // names have sixteen, but values should stand near them
 
-const std::vector<int> TableCharacters{3, 7, 8, 18, 5, 9, 9, 9, 9, 10, 6};
+const std::vector<int> TableCharacters{3, 7, 8, 18, 5, 9, 9, 9, 9, 11, 6};
 const std::vector<int> InfoCharacters{3, 22, 14, 10, 14, 14, 12};
 const QSet<int> ValueColumns{column::Data, column::Default, column::Min, column::Max};
 
@@ -41,6 +41,7 @@ void setUpTable(StringGridView* view, const char* name, StringGrid& grid) {
     view->setColumnCharacters(TableCharacters);
     view->setStretchColumn(column::Description, MostDescriptionCharacters);
     view->setRightAligned(ValueColumns);
+    view->setEditedMarkColumn(column::Data);
 }
 
 }  // namespace
@@ -163,7 +164,7 @@ CompareSheet::CompareSheet(QTabWidget* pages, ComparisonSheet& comparison)
     CompInfoAdvStringGrid->setGrid(&comparison.CompInfoAdvStringGrid);
     CompInfoAdvStringGrid->setColumnCharacters(InfoCharacters);
     CompInfoAdvStringGrid->setStretchColumn(1);
-    CompInfoAdvStringGrid->setFixedHeight((fontMetrics().height() + 8) * InfoRows);
+    CompInfoAdvStringGrid->setFixedHeight(CompInfoAdvStringGrid->heightOf(InfoRows));
     CompareAdvStringGrid = new StringGridView(this);
     CompareAdvStringGrid->setAccessibleName(QStringLiteral("Differences"));
     setUpTable(CompareAdvStringGrid, "CompareAdvStringGrid", comparison.CompareAdvStringGrid);

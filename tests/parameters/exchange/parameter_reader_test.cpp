@@ -121,6 +121,7 @@ TEST(ParameterReader, AbortKeepsTheRowsAndStopsEverything) {
     b.person.expectBox("On-Line Fail !!", "Error", BoxAnswer::Ok,
                        [&] { EXPECT_FALSE(b.progress.shown || b.reader.reading()); });
     for (int i = 0; i < 5; ++i) b.staySilent();
+    EXPECT_EQ(b.link.Lamp, LampRecord()) << "no panel says On - Line any more";
     EXPECT_EQ(b.send(), "");
     EXPECT_TRUE(b.link.TaskQueue.empty());
     EXPECT_EQ(b.table.grid.cell(column::PrNo, 3), "00-01");
