@@ -330,7 +330,7 @@ QWidget* TScopeForm::buildStatusPage() {
     };
     m_session.InfoAdvStringGrid.setColumnHidden(7, true);
     grid->setGrid(&m_session.InfoAdvStringGrid);
-    grid->setColumnCharacters({36, 9, 6, 1, 36, 9, 6});
+    grid->setColumnCharacters({42, 9, 6, 1, 42, 9, 6});
     grid->setRightAligned({1, 5});
     grid->setKeysAct(false);
     grid->setAccessibleName(tr("Values of the drive"));
@@ -441,7 +441,7 @@ void TScopeForm::buildFileMenu() {
         if (a && b)
             exportTable(std::min(*a, *b), std::max(*a, *b));
         else
-            m_foot->setText(tr("Put both measuring cursors first (keys A and B)."));
+            say(tr("Put both measuring cursors first (keys A and B)."));
     });
     add("SaveBMP", Icon::Picture, tr("Picture of the scree&n..."), {}, [this] { savePicture(); });
     add("SavePlotItem", Icon::Picture, tr("Picture of the &plot..."), {}, [this] { savePlot(); });

@@ -34,7 +34,7 @@ constexpr int TicksOfStep = 5;  // of the hold between two steps
 constexpr int HoldPixels = 5;
 constexpr int SpareRecords = 100;  // of the scroll bar behind the last record
 constexpr int OverviewEvery = 10;  // records
-const QColor FaultRed(200, 0, 0);
+const QColor FaultRed(255, 0, 0);
 const QColor NoFaultGreen(0, 128, 0);
 
 QString number(double value, int places) {
@@ -46,12 +46,15 @@ void setLamp(AbLED* lamp, const StateLed& led) {
     lamp->setFlashing(led.flashing);
 }
 
+// The colour as it is, on a ground on which it can be read.
 void setLabelColour(QLabel* label, const QColor& colour) {
     QPalette palette = label->palette();
-    const QColor readable = readableText(colour, palette.color(QPalette::Window));
-    if (palette.color(QPalette::WindowText) == readable) return;
-    palette.setColor(QPalette::WindowText, readable);
+    if (palette.color(QPalette::WindowText) == colour) return;
+    const ColourPair pair = readablePair(colour, std::nullopt, palette);
+    palette.setColor(QPalette::WindowText, pair.text);
+    palette.setColor(QPalette::Window, pair.background);
     label->setPalette(palette);
+    label->setAutoFillBackground(true);
 }
 
 }  // namespace
@@ -114,8 +117,7 @@ void TScopeForm::connectSession() {
     connect(&m_session.AbTrend2, &TrendRecorder::recordsReplaced, AbTrend2,
             [this] { AbTrend2->recordsReplaced(); });
     connect(&recorder, &TrendRecorder::startedOrStopped, this, [this] {
-        const bool runs = m_session.AbTrend1.recording();
-        if (runs) AbTrend1->setFlow(true);
+        AbTrend1->setFlow(m_session.AbTrend1.recording());
         syncScrollBar();
     });
 }
@@ -310,6 +312,12 @@ void TScopeForm::showMeasure() {
             m_measureGrid.setCell(column++, row, number(value, places + 1));
     }
     m_measureGrid.setRowCount(row + 1);
+}
+
+// Kept with the session's own notices, so that the newest one stands.
+void TScopeForm::say(const QString& text) {
+    m_session.notice = text;
+    m_foot->setText(text);
 }
 
 // ---- Hand ----

@@ -106,6 +106,7 @@ class TScopeForm : public QMainWindow {
     void ButtonTimerTimer();
     void holdButton(bool up);
     void chooseColour(QWidget* panel, int channel, bool logic);
+    void say(const QString& text);  // at the window's foot
     void savePicture();
     void savePlot();
     void copyPlot();
