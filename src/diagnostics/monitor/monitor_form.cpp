@@ -24,7 +24,7 @@ namespace kelvane {
 
 namespace {
 
-constexpr QSize UsualSize(140, 46);  // characters, lines
+constexpr QSize UsualSize(165, 46);  // characters, lines
 constexpr int ShortestBox = 10;      // characters of an item box that are always seen
 
 struct IdentityRow {
@@ -211,6 +211,7 @@ QWidget* TMonitorForm::buildTrend() {
     AbTrend1 = named<TrendPlot>("AbTrend1", m_monitor.AbTrend1.data, box);
     AbTrend1->setAccessibleName(tr("Trend"));
     Ch1ComboBox = itemBox("Ch1ComboBox", tr("Item of the trend"));
+    Ch1ComboBox->setMinimumContentsLength(2 * ShortestBox);
     Ch1LabeledEdit = named<QLineEdit>("Ch1LabeledEdit", box);
     Ch1LabeledEdit->setReadOnly(true);
     Ch1LabeledEdit->setFocusPolicy(Qt::NoFocus);

@@ -330,7 +330,7 @@ QWidget* TScopeForm::buildStatusPage() {
     };
     m_session.InfoAdvStringGrid.setColumnHidden(7, true);
     grid->setGrid(&m_session.InfoAdvStringGrid);
-    grid->setColumnCharacters({42, 9, 6, 1, 42, 9, 6});
+    grid->setColumnCharacters({45, 10, 8, 1, 40, 10, 8});
     grid->setRightAligned({1, 5});
     grid->setKeysAct(false);
     grid->setAccessibleName(tr("Values of the drive"));
@@ -367,6 +367,7 @@ QWidget* TScopeForm::buildFaultBox() {
     ErrCodeAbLED->setColor(QColor(208, 0, 0));
     ErrCodeLabel = plainLabel("ErrCodeLabel", QStringLiteral("0"), box);
     ErrDescriptLabel = plainLabel("ErrDescriptLabel", QStringLiteral("No errors occurred"), box);
+    ErrDescriptLabel->setProperty("content", true);  // the drive's words, in no other language
     auto* history = named<TransparentButton>("ErrHistoryTransparentButton", icon(Icon::Fault),
                                              tr("Fault history"), box, TransparentButton::Layout::IconLeft);
     connect(history, &TransparentButton::clicked, this, &TScopeForm::errHistoryWanted);
@@ -417,6 +418,10 @@ void TScopeForm::buildMenus() {
     QAction* clear = tools->addAction(icon(Icon::Clear), tr("&Clear records"), &m_session,
                                       &TrendSession::ClearTransparentButtonClick);
     clear->setObjectName(QStringLiteral("Clearscopedata1"));
+    m_raiseFault =
+        tools->addAction(icon(Icon::Fault), tr("Raise a &Fault"), this, &TScopeForm::practiceFaultWanted);
+    m_raiseFault->setObjectName(QStringLiteral("RaiseFaultItem"));
+    m_raiseFault->setVisible(false);
 }
 
 void TScopeForm::buildFileMenu() {

@@ -20,7 +20,6 @@
 #include "ui/lamp.h"
 #include "ui/notice_bar.h"
 #include "ui/power_button.h"
-#include "ui/readable_colours.h"
 #include "ui/string_grid_view.h"
 #include "ui/transparent_button.h"
 #include "ui/trend_overview.h"
@@ -46,15 +45,15 @@ void setLamp(AbLED* lamp, const StateLed& led) {
     lamp->setFlashing(led.flashing);
 }
 
-// The colour as it is, on a ground on which it can be read.
+// The colour as it is, on a ground on which it can be read, as the table beside it.
 void setLabelColour(QLabel* label, const QColor& colour) {
     QPalette palette = label->palette();
     if (palette.color(QPalette::WindowText) == colour) return;
-    const ColourPair pair = readablePair(colour, std::nullopt, palette);
-    palette.setColor(QPalette::WindowText, pair.text);
-    palette.setColor(QPalette::Window, pair.background);
+    palette.setColor(QPalette::WindowText, colour);
+    palette.setColor(QPalette::Window, Qt::white);
     label->setPalette(palette);
     label->setAutoFillBackground(true);
+    label->setMargin(2);
 }
 
 }  // namespace
@@ -118,6 +117,7 @@ void TScopeForm::connectSession() {
             [this] { AbTrend2->recordsReplaced(); });
     connect(&recorder, &TrendRecorder::startedOrStopped, this, [this] {
         AbTrend1->setFlow(m_session.AbTrend1.recording());
+        if (m_session.AbTrend1.recording()) showOffers();
         syncScrollBar();
     });
 }
@@ -228,6 +228,8 @@ void TScopeForm::changeEvent(QEvent* event) {
 
 void TScopeForm::setDriveLabel(const QString& text) { DriveVrLabel->setText(text); }
 
+void TScopeForm::offerPracticeFault(bool offered) { m_raiseFault->setVisible(offered); }
+
 // Everything, or the last screenful once a run has set the trend to flow.
 void TScopeForm::showLoaded() {
     const qint64 total = m_session.AbTrend1.TotalRecords();
@@ -270,7 +272,8 @@ void TScopeForm::showOffers() {
         return;
     }
     const QList<TrendJournal::Run> runs = m_session.offeredRuns();
-    if (runs.isEmpty()) return m_notice->withdraw();
+    // Opening one would end a recording.
+    if (runs.isEmpty() || m_session.AbTrend1.recording()) return m_notice->withdraw();
     const TrendJournal::Run& run = runs.first();
     m_notice->offer(tr("A recording of %1 with %2 records was not saved.")
                         .arg(QLocale::system().toString(run.start, QLocale::ShortFormat))
