@@ -327,7 +327,9 @@ void TrendPlot::mousePressEvent(QMouseEvent* event) {
     if (m_drag != Drag::Pan) moveMeasure(m_drag, m_view.recordAt(event->position().x()));
 }
 
+// The keys act at the cursor, so the plot has them as soon as the mouse has set it.
 void TrendPlot::mouseMoveEvent(QMouseEvent* event) {
+    if (isActiveWindow()) setFocus(Qt::MouseFocusReason);
     const QPoint at = event->position().toPoint();
     if (m_drag == Drag::CursorA || m_drag == Drag::CursorB) {
         moveMeasure(m_drag, m_view.recordAt(at.x()));

@@ -330,7 +330,7 @@ QWidget* TScopeForm::buildStatusPage() {
     };
     m_session.InfoAdvStringGrid.setColumnHidden(7, true);
     grid->setGrid(&m_session.InfoAdvStringGrid);
-    grid->setColumnCharacters({45, 10, 8, 1, 40, 10, 8});
+    grid->setColumnCharacters({46, 9, 8, 1, 41, 9, 8});
     grid->setRightAligned({1, 5});
     grid->setKeysAct(false);
     grid->setAccessibleName(tr("Values of the drive"));
@@ -391,7 +391,7 @@ QWidget* TScopeForm::buildMeasurePage() {
     m_measureHead->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_measureView = named<StringGridView>("MeasureStringGrid", page);
     m_measureView->setGrid(&m_measureGrid);
-    m_measureView->setColumnCharacters({28, 6, 10, 10, 10, 10, 10, 10, 10});
+    m_measureView->setColumnCharacters({46, 8, 10, 10, 10, 10, 10, 10, 10});
     m_measureView->setRightAligned({2, 3, 4, 5, 6, 7, 8});
     m_measureView->setAccessibleName(tr("Values between the measuring cursors"));
     m_measureView->setMinimumHeight(fontMetrics().height() * 3);
