@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QStackedWidget>
 
+#include "link/number_text.h"
 #include "ui/display_label.h"
 #include "ui/icons.h"
 #include "ui/item_box.h"
@@ -43,6 +44,7 @@ const IdentityRow Identity[] = {
      "Rated Current:", &DriveLabelsRecord::RatedCurrentVrLabel}};
 
 void showScale(ScaleMeter& meter, const ScaleState& state) {
+    meter.decimalSep = DecimalSep;
     meter.setValueTo(state.ValueTo);
     meter.setDigitalTo(state.DigitalTo);
     meter.setValueUnit(state.ValueUnit);
@@ -51,6 +53,7 @@ void showScale(ScaleMeter& meter, const ScaleState& state) {
 }
 
 void showDial(DialMeter& dial, const DialState& state) {
+    dial.decimalSep = DecimalSep;
     dial.setMaxValue(state.MaxValue);
     dial.setPosition(state.Position);
     dial.setDecimals(state.Decimals);
@@ -210,6 +213,7 @@ QWidget* TMonitorForm::buildTrend() {
     auto* box = new QGroupBox(this);
     AbTrend1 = named<TrendPlot>("AbTrend1", m_monitor.AbTrend1.data, box);
     AbTrend1->setAccessibleName(tr("Trend"));
+    AbTrend1->look.decimalSep = DecimalSep;
     Ch1ComboBox = itemBox("Ch1ComboBox", tr("Item of the trend"));
     Ch1ComboBox->setMinimumContentsLength(2 * ShortestBox);
     Ch1LabeledEdit = named<QLineEdit>("Ch1LabeledEdit", box);
