@@ -45,6 +45,19 @@ void TrendPlot::redrawAll() {
 void TrendPlot::viewMoved() {
     redrawAll();
     Q_EMIT viewChanged();
+    followCursor();
+}
+
+// The cursor goes with its record; one beside the records, or whose record is out of sight, stays where it
+// is.
+void TrendPlot::followCursor() {
+    if (!m_cursorX) return;
+    const double x = m_view.xOf(m_value.RecordNo);
+    if (m_value.DataValid && m_view.contains(x)) {
+        m_cursorX = static_cast<int>(x);
+    } else {
+        SetCursorLine(*m_cursorX, m_view.top());
+    }
 }
 
 void TrendPlot::PaintRecords(qint64 from, qint64 to) {
@@ -126,6 +139,7 @@ void TrendPlot::recordsGrew(const TrendPlot* leader) {
     const qint64 from = m_view.fromColumn();
     if (leader) m_view.showSame(leader->m_view);
     if (m_follows) m_view.showLastScreen(TotalRecords());
+    if (m_cursorX && (m_value.DataValid || m_view.recordAt(*m_cursorX) < TotalRecords())) followCursor();
     if (m_dirty || m_canvas.isNull() || !scrollCanvas(m_view.fromColumn() - from)) return redrawAll();
     const int newFrom = drawNewColumns();
     // Scale and captions stay. Where nothing scrolled, only the new columns and their time are others.

@@ -103,6 +103,7 @@ class TrendPlot : public QWidget {
     void changeAxis(void (TrendView::*change)());
     void fitMargins();
     void viewMoved();
+    void followCursor();
     void redrawAll();
     void drawCanvas();
     bool scrollCanvas(qint64 columns);

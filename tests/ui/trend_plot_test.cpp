@@ -194,6 +194,12 @@ TEST(TrendPlot, TheCursorSnapsToARecordAndTellsItsValue) {
     p.plot->setCursorOnRec(false);
     EXPECT_EQ(p.picture().pixel(p.x(7) + 3, p.y(800)), white);
     EXPECT_TRUE(p.plot->valueAtCursor().DataValid);
+    p.plot->PaintRecords(0, 600);
+    EXPECT_EQ(p.plot->valueAtCursor().RecordNo, 7) << "it goes with its record";
+    p.plot->SetCursorLine(p.x(300), 100);
+    EXPECT_FALSE(p.plot->valueAtCursor().DataValid);
+    p.plot->fit();
+    EXPECT_EQ(p.plot->valueAtCursor().RecordNo, 30) << "and takes what comes to stand under it";
     p.plot->SetCursorLine(20, 100);
     EXPECT_FALSE(p.plot->valueAtCursor().DataValid);
 }

@@ -118,6 +118,7 @@ void TScopeForm::connectSession() {
     connect(&recorder, &TrendRecorder::startedOrStopped, this, [this] {
         AbTrend1->setFlow(m_session.AbTrend1.recording());
         if (m_session.AbTrend1.recording()) showOffers();
+        m_overview->refresh();
         syncScrollBar();
     });
 }
