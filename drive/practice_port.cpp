@@ -61,6 +61,8 @@ std::optional<char> PracticePort::GetChar() {
 
 bool PracticePort::put(const QByteArray& bytes, bool block) {
     if (!m_open) return false;
+    // The practice drive may be polled for days.
+    if (m_writes.size() >= MostWrites) m_writes.remove(0, MostWrites / 2);
     m_writes.append({m_clock.nowUs(), bytes, block});
     m_line.send(bytes, m_settings, m_clock.nowUs());
     schedule();

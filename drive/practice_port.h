@@ -45,8 +45,10 @@ class PracticePort final : public TApdComPort {
     void plugIn() { m_line.setUnplugged(false); }
     // Makes the next open fail, times times.
 
-    // What was written, in order: the bytes of each write, and the command text of each ("FF0321100003"; a
-    // frame without a good check as all its characters behind a question mark).
+    // What was written last, in order: the bytes of each write, and the command text of each ("FF0321100003";
+    // a frame without a good check as all its characters behind a question mark). Of many only the newest
+    // stay.
+    static constexpr qsizetype MostWrites = 50000;
     const QList<Write>& writes() const { return m_writes; }
     QStringList transcript() const;
     void clearTranscript() { m_writes.clear(); }

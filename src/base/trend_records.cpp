@@ -15,7 +15,7 @@ namespace {
 constexpr int FirstShift = 6;  // 64 records a block of the lowest level
 constexpr int LevelShift = 4;  // 16 blocks a block of the next one
 constexpr qint64 FirstRoom = 4096;
-constexpr qint64 LargeBytes = 64 * 1024 * 1024;
+constexpr qint64 LargeBytes = 16 * 1024 * 1024;
 constexpr qint64 LargePage = 2 * 1024 * 1024;
 
 int shiftOf(size_t level) { return FirstShift + static_cast<int>(level) * LevelShift; }
@@ -41,23 +41,31 @@ constexpr bool MapsLarge = false;
 
 }  // namespace
 
-// On copies, which the compiler keeps in registers of eight channels each.
+// On copies, which the compiler keeps in registers of eight channels each. With the highest bit turned over
+// digits have the order of signed numbers, which every processor compares eight at a time.
 void TrendExtremes::add(std::span<const TrendRecord> records) {
-    auto lowest = low;
-    auto highest = high;
+    using Row = std::array<qint16, TrendChannelRoom>;
+    const auto turned = [](const std::array<quint16, TrendChannelRoom>& digits) {
+        Row row;
+        for (size_t c = 0; c < row.size(); ++c) row[c] = static_cast<qint16>(digits[c] ^ 0x8000);
+        return row;
+    };
+    Row lowest = turned(low);
+    Row highest = turned(high);
     size_t separators = 0;
     for (const TrendRecord& record : records) {
-        const auto digits = record.Ch;
-        // Against these nothing is lower, and nothing higher.
-        const auto skip = static_cast<quint16>(record.isSeparator() ? 0xFFFF : 0);
-        separators += record.isSeparator();
-        for (size_t c = 0; c < digits.size(); ++c) {
-            lowest[c] = std::min(lowest[c], static_cast<quint16>(digits[c] | skip));
-            highest[c] = std::max(highest[c], static_cast<quint16>(digits[c] & ~skip));
+        if (record.isSeparator()) {
+            ++separators;
+            continue;
         }
+        const Row digits = turned(record.Ch);
+        for (size_t c = 0; c < digits.size(); ++c) highest[c] = std::max(highest[c], digits[c]);
+        for (size_t c = 0; c < digits.size(); ++c) lowest[c] = std::min(lowest[c], digits[c]);
     }
-    low = lowest;
-    high = highest;
+    for (size_t c = 0; c < low.size(); ++c) {
+        low[c] = static_cast<quint16>(lowest[c] ^ 0x8000);
+        high[c] = static_cast<quint16>(highest[c] ^ 0x8000);
+    }
     breaks |= separators > 0;
     any |= separators < records.size();
 }
@@ -184,7 +192,10 @@ TrendExtremes TrendRecords::extremes(qint64 from, qint64 to) const {
             level = static_cast<qsizetype>(next);
         }
         if (level < 0) {
-            extremes.add(all().subspan(static_cast<size_t>(from++), 1));
+            // Singly up to where the next block begins.
+            const qint64 end = std::min(to, ((from >> FirstShift) + 1) << FirstShift);
+            extremes.add(all().subspan(static_cast<size_t>(from), static_cast<size_t>(end - from)));
+            from = end;
         } else {
             const int shift = shiftOf(static_cast<size_t>(level));
             extremes.add(m_levels[static_cast<size_t>(level)][static_cast<size_t>(from >> shift)]);

@@ -34,8 +34,9 @@ QString placeFor(const QString& english, const QRegularExpression& place) {
 
 QString unescaped(QString text) { return text.replace(QLatin1String("\\n"), QLatin1String("\n")); }
 
-// What a person typed or a list holds is nobody's to translate.
+// What a person typed, a list holds or a drive says is nobody's to translate.
 bool isContent(const QObject& object) {
+    if (object.property("content").toBool()) return true;
     for (const char* kind : {"QLineEdit", "QTextEdit", "QPlainTextEdit", "QComboBox", "QAbstractSpinBox"})
         if (object.inherits(kind)) return true;
     return false;

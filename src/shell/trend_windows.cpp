@@ -27,7 +27,11 @@ void wireScope(Windows& w, QWidget& form) {
         w.showModal(w.form<TPrintForm>());
     });
     QObject::connect(&scope, &TScopeForm::keypadWanted, &w, [&w] { w.openWindow(OwnerKeypad); });
-    const auto showDrive = [&w, &scope] { scope.setDriveLabel(w.tool.link.Labels.DriveVrLabel); };
+    QObject::connect(&scope, &TScopeForm::practiceFaultWanted, &w, [&w] { w.tool.raiseFault(); });
+    const auto showDrive = [&w, &scope] {
+        scope.setDriveLabel(w.tool.link.Labels.DriveVrLabel);
+        scope.offerPracticeFault(w.tool.mayRaiseFault());
+    };
     QObject::connect(&w.tool.link, &RequestScheduler::changed, &scope, showDrive);
     showDrive();
 }

@@ -179,6 +179,10 @@ bool Windows::eventFilter(QObject* watched, QEvent* event) {
     auto* window = qobject_cast<QWidget*>(watched);
     if (window && event->type() == QEvent::Show) putOver(*window);
     if (window && event->type() == QEvent::WindowActivate) raiseAbove(*window);
+    // Some window managers put a modal window over what belongs over it at every click.
+    if (watched->isWindowType() && event->type() == QEvent::MouseButtonPress)
+        for (const auto& [above, below] : m_below.asKeyValueRange())
+            if (below && below->windowHandle() == watched) above->raise();
     if (window && event->type() == QEvent::Hide && !event->spontaneous()) hidden(*window);
     return false;
 }
@@ -190,6 +194,7 @@ void Windows::putOver(QWidget& window) {
     if (front && window.windowHandle() && front->windowHandle() && mainForm.windowHandle()) {
         belongOver(*window.windowHandle(), *front->windowHandle(), *mainForm.windowHandle());
         m_below[&window] = front;
+        front->windowHandle()->installEventFilter(this);
     }
     fitIntoScreen(window, front ? *front : window);
     if (front && !isPlacedByHand(window)) m_placed[&window] = centre(window, *front);

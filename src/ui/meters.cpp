@@ -1,6 +1,5 @@
 #include "ui/meters.h"
 
-#include <QLocale>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -40,8 +39,8 @@ QPointF polar(QPointF middle, double radius, double degrees) {
 }
 
 // As short as the scale allows: places are shown where a division needs them.
-QString numberText(double value, int places) {
-    return QLocale::c().toString(value, 'f', std::clamp(places, 0, 3));
+QString numberText(double value, int places, const QString& decimalSep) {
+    return QString::number(value, 'f', std::clamp(places, 0, 3)).replace(QLatin1Char('.'), decimalSep);
 }
 
 int placesOfDivision(double top, int wanted) {
@@ -87,7 +86,7 @@ void DialMeter::setText(const QString& text) {
 
 double DialMeter::share() const { return clippedShare(m_position, m_maximum); }
 
-QString DialMeter::valueText() const { return numberText(m_position, m_decimals); }
+QString DialMeter::valueText() const { return numberText(m_position, m_decimals, decimalSep); }
 
 QSize DialMeter::sizeHint() const {
     const int side = fontMetrics().height() * 13;
@@ -138,7 +137,7 @@ void DialMeter::paintScale(QPainter& painter, QPointF middle, double radius) con
     const int places = placesOfDivision(m_maximum, m_decimals);
     font.setPointSizeF(std::clamp(radius / (flat ? 14 : 9.5), 6.0, font.pointSizeF() * 1.6));
     // Long numbers are made small enough to stand side by side.
-    const double widest = QFontMetricsF(font).horizontalAdvance(numberText(m_maximum, places));
+    const double widest = QFontMetricsF(font).horizontalAdvance(numberText(m_maximum, places, decimalSep));
     const double allowed = radius * WidestNumber;
     if (!flat && widest > allowed) font.setPointSizeF(std::max(5.0, font.pointSizeF() * allowed / widest));
     painter.setFont(font);
@@ -151,7 +150,7 @@ void DialMeter::paintScale(QPainter& painter, QPointF middle, double radius) con
                          polar(middle, rim * (major ? 0.88 : 0.94), angleOf(share)));
         // On a flat dial the numbers stand closer than they are wide.
         if (!major || (flat && mark / MinorMarks % 2)) continue;
-        const QString text = numberText(m_maximum * share, places);
+        const QString text = numberText(m_maximum * share, places, decimalSep);
         const QPointF at = polar(middle, rim * 0.74, angleOf(share));
         const QSizeF room(QFontMetricsF(font).horizontalAdvance(text) + 2, QFontMetricsF(font).height());
         painter.drawText(QRectF(at - QPointF(room.width() / 2, room.height() / 2), room), Qt::AlignCenter,
@@ -231,7 +230,7 @@ QSize ScaleMeter::minimumSizeHint() const { return sizeHint() / 2; }
 QString ScaleMeter::markText(int mark) const {
     const auto point = m_format.indexOf(QLatin1Char('.'));
     const int places = point < 0 ? 0 : static_cast<int>(m_format.size() - point - 1);
-    return numberText(m_valueTo * mark / Divisions, placesOfDivision(m_valueTo, places));
+    return numberText(m_valueTo * mark / Divisions, placesOfDivision(m_valueTo, places), decimalSep);
 }
 
 void ScaleMeter::paintEvent(QPaintEvent*) {

@@ -17,6 +17,8 @@ class DialMeter : public QWidget {
    public:
     explicit DialMeter(QWidget* parent = nullptr, int sweepDegrees = 270);
 
+    QString decimalSep = QStringLiteral(".");  // of the numbers on the scale
+
     double MaxValue() const { return m_maximum; }
     void setMaxValue(double maximum);  // top of the scale; the bottom is 0
     double Position() const { return m_position; }
@@ -65,6 +67,8 @@ class ScaleMeter : public QWidget {
    public:
     enum class Shape { Thermometer, Bar };  // upright, lying
     explicit ScaleMeter(Shape shape, QWidget* parent = nullptr);
+
+    QString decimalSep = QStringLiteral(".");  // of the numbers on the scale
 
     // Top of the scale in raw counts and in units; the bottoms are 0.
     int DigitalTo() const { return m_digitalTo; }

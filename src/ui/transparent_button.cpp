@@ -1,6 +1,7 @@
 #include "ui/transparent_button.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 
 #include "ui/icons.h"
 #include "ui/mnemonic.h"
@@ -44,6 +45,13 @@ QSize TransparentButton::sizeHint() const {
     hint.setWidth(std::max(hint.width(), textWidth + (beside ? iconSize().width() + 4 : 0) + 14));
     if (!autoRaise()) hint.setHeight(std::max(hint.height(), fontMetrics().height() + 14));
     return hint;
+}
+
+// A button with a frame of its own looks much the same pressed, on a dark ground above all.
+void TransparentButton::paintEvent(QPaintEvent* event) {
+    QToolButton::paintEvent(event);
+    if (!isChecked() || autoRaise()) return;
+    QPainter(this).fillRect(QRect(4, height() - 4, width() - 8, 2), palette().brush(QPalette::Highlight));
 }
 
 void TransparentButton::keyPressEvent(QKeyEvent* event) {

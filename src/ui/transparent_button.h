@@ -26,6 +26,7 @@ class TransparentButton : public QToolButton {
     QSize minimumSizeHint() const override { return sizeHint(); }
 
    protected:
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;  // Enter presses it, like Space
 };
 

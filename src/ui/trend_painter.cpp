@@ -1,6 +1,7 @@
 #include "ui/trend_painter.h"
 
 #include <QPainter>
+#include <array>
 #include <cmath>
 
 #include "base/trend_time.h"
@@ -30,6 +31,27 @@ QFont smallFont(const QPainter& painter) {
     QFont font = painter.font();
     font.setPixelSize(11);
     return font;
+}
+
+// Pixels of a column, the bottom one not included.
+struct Rows {
+    int top = 0;
+    int bottom = 0;
+    bool empty() const { return top >= bottom; }
+};
+
+// What of some rows is seen beside those that are painted over: a part above and a part below.
+std::array<Rows, 2> outside(const Rows& rows, const Rows& covered) {
+    if (covered.empty()) return {rows, Rows()};
+    return {Rows{rows.top, std::min(rows.bottom, covered.top)},
+            Rows{std::max(rows.top, covered.bottom), rows.bottom}};
+}
+
+// Both where they touch, else the longer one: what is not known as covered is painted twice.
+Rows joined(const Rows& a, const Rows& b) {
+    if (a.empty() || b.empty() || std::max(a.top, b.top) > std::min(a.bottom, b.bottom))
+        return a.bottom - a.top > b.bottom - b.top ? a : b;
+    return {std::min(a.top, b.top), std::max(a.bottom, b.bottom)};
 }
 
 }  // namespace
@@ -130,6 +152,7 @@ void TrendPainter::paintColumnExtremes(QPainter& painter, int fromColumn, int to
         int x;
         qint64 before;  // the record in front, -1 for none or a break
         TrendExtremes extremes;
+        Rows covered;  // by the strokes of later channels
     };
     std::vector<Column> columns;
     columns.reserve(static_cast<size_t>(toColumn - fromColumn));
@@ -138,7 +161,7 @@ void TrendPainter::paintColumnExtremes(QPainter& painter, int fromColumn, int to
         const qint64 to = m_view.firstOfColumn(m_view.fromColumn() + column + 1);
         if (from >= records.size()) break;
         const bool joins = from > 0 && !records[from - 1].isSeparator() && !records[from].isSeparator();
-        columns.push_back({m_view.left() + column, joins ? from - 1 : -1, records.extremes(from, to)});
+        columns.push_back({m_view.left() + column, joins ? from - 1 : -1, records.extremes(from, to), {}});
     }
     if (m_look.opSeparator) {
         painter.setPen(QPen(m_look.ColorSeparator, 0));
@@ -146,13 +169,12 @@ void TrendPainter::paintColumnExtremes(QPainter& painter, int fromColumn, int to
             if (column.extremes.breaks)
                 painter.drawLine(column.x, m_view.top(), column.x, m_view.bottom() - 1);
     }
-    QVector<QLine> strokes;
-    for (size_t c = 0; c < m_data.channels.size(); ++c) {
+    // The channels from the last to the first, since each may leave out what a later one covers.
+    std::vector<QVector<QLine>> strokes(m_data.channels.size());
+    for (size_t c = m_data.channels.size(); c-- > 0;) {
         const TrendChannel& channel = m_data.channels[c];
         if (!channel.visible) continue;
-        painter.setPen(flatPen(channelColour(channel, m_look.background), channel.penWidth));
-        strokes.clear();
-        for (const Column& column : columns) {
+        for (Column& column : columns) {
             if (!column.extremes.any) continue;
             quint16 low = column.extremes.low[c];
             quint16 high = column.extremes.high[c];
@@ -161,9 +183,17 @@ void TrendPainter::paintColumnExtremes(QPainter& painter, int fromColumn, int to
                 low = std::min(low, before);
                 high = std::max(high, before);
             }
-            strokes.append({column.x, yOfDigit(channel, low) + 1, column.x, yOfDigit(channel, high)});
+            const Rows rows{yOfDigit(channel, high), yOfDigit(channel, low) + 1};
+            // A broad stroke is seen beside the column as well.
+            for (const Rows& part : outside(rows, channel.penWidth > 1 ? Rows() : column.covered))
+                if (!part.empty()) strokes[c].append({column.x, part.bottom, column.x, part.top});
+            column.covered = joined(column.covered, rows);
         }
-        painter.drawLines(strokes.constData(), static_cast<int>(strokes.size()));
+    }
+    for (size_t c = 0; c < strokes.size(); ++c) {
+        const TrendChannel& channel = m_data.channels[c];
+        painter.setPen(flatPen(channelColour(channel, m_look.background), channel.penWidth));
+        painter.drawLines(strokes[c].constData(), static_cast<int>(strokes[c].size()));
     }
 }
 
@@ -194,7 +224,10 @@ void TrendPainter::paintLeftScale(QPainter& painter) const {
     for (int step = channel.DigitalTo > 0 ? 0 : m_look.GridYSteps; step <= m_look.GridYSteps; ++step) {
         if ((m_look.GridYSteps - step) % every) continue;
         const int y = m_view.top() + m_view.rows() * step / m_look.GridYSteps;
-        QString text = QString::number(m_view.shareAt(y) * channel.ValueTo, 'f', places);
+        // Of the exact place, so that the grid's lines stand at round values.
+        const double share =
+            m_view.highShare() - (m_view.highShare() - m_view.lowShare()) * step / m_look.GridYSteps;
+        QString text = QString::number(share * channel.ValueTo, 'f', places);
         if (text.startsWith(QLatin1Char('-')) && text.toDouble() == 0) text.remove(0, 1);
         text.replace(QLatin1Char('.'), m_look.decimalSep);
         // The lowest one stands clear of the times.

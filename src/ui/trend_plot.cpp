@@ -45,6 +45,19 @@ void TrendPlot::redrawAll() {
 void TrendPlot::viewMoved() {
     redrawAll();
     Q_EMIT viewChanged();
+    followCursor();
+}
+
+// The cursor goes with its record; one beside the records, or whose record is out of sight, stays where it
+// is.
+void TrendPlot::followCursor() {
+    if (!m_cursorX) return;
+    const double x = m_view.xOf(m_value.RecordNo);
+    if (m_value.DataValid && m_view.contains(x)) {
+        m_cursorX = static_cast<int>(x);
+    } else {
+        SetCursorLine(*m_cursorX, m_view.top());
+    }
 }
 
 void TrendPlot::PaintRecords(qint64 from, qint64 to) {
@@ -114,7 +127,7 @@ void TrendPlot::lookChanged() {
 // ---- What changed in the data ----
 
 void TrendPlot::recordsReplaced() {
-    if (m_follows) m_view.showLastScreen(TotalRecords());
+    if (m_follows || TotalRecords() == 0) m_view.showLastScreen(TotalRecords());
     const qint64 last = TotalRecords() - 1;
     const auto gone = [last](std::optional<qint64> record) { return record && *record > last; };
     if (gone(m_a) || gone(m_b)) setMeasure({}, {});
@@ -126,6 +139,7 @@ void TrendPlot::recordsGrew(const TrendPlot* leader) {
     const qint64 from = m_view.fromColumn();
     if (leader) m_view.showSame(leader->m_view);
     if (m_follows) m_view.showLastScreen(TotalRecords());
+    if (m_cursorX && (m_value.DataValid || m_view.recordAt(*m_cursorX) < TotalRecords())) followCursor();
     if (m_dirty || m_canvas.isNull() || !scrollCanvas(m_view.fromColumn() - from)) return redrawAll();
     const int newFrom = drawNewColumns();
     // Scale and captions stay. Where nothing scrolled, only the new columns and their time are others.
@@ -192,37 +206,43 @@ void TrendPlot::paintEvent(QPaintEvent* event) {
     if (room.bottom() >= m_view.bottom()) trend.paintTimes(painter, room.left(), room.right());
     if (room.left() < m_view.left()) trend.paintLeftScale(painter);
     if (room.top() < m_view.top()) trend.paintCaptions(painter);
-    paintOverlay(painter);
+    painter.save();
+    paintMarks(painter, m_view, look.background);
+    paintCursor(painter);
+    painter.restore();
     if (hasFocus()) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
 }
 
-void TrendPlot::paintOverlay(QPainter& painter) const {
-    painter.setClipRect(QRect(m_view.left(), 0, m_view.columns(), m_view.bottom()));
-    for (const Marker& marker : m_markers) {
-        const int x = static_cast<int>(m_view.xOf(marker.record));
-        painter.setPen(QPen(MarkerColour, 1, Qt::DashDotLine));
-        painter.drawLine(x, m_view.top(), x, m_view.bottom() - 1);
-        painter.drawText(x + 3, m_view.bottom() - 5, marker.name);
-    }
-    paintMeasureLine(painter, m_a, QStringLiteral("A"));
-    paintMeasureLine(painter, m_b, QStringLiteral("B"));
+void TrendPlot::paintCursor(QPainter& painter) const {
     if (!m_cursorX) return;
-    const bool snaps = look.opCursorOnRec && m_value.DataValid;
+    const bool snaps =
+        look.opCursorOnRec && m_value.DataValid && m_view.contains(m_view.xOf(m_value.RecordNo));
     const int x = snaps ? static_cast<int>(m_view.xOf(m_value.RecordNo)) : *m_cursorX;
     painter.setPen(QPen(look.ColorCursorLine, 1));
     painter.drawLine(x, m_view.top(), x, m_view.bottom() - 1);
 }
 
-void TrendPlot::paintMeasureLine(QPainter& painter, std::optional<qint64> record, const QString& name) const {
-    if (!record) return;
-    const int x = static_cast<int>(m_view.xOf(*record));
-    painter.setPen(QPen(MeasureColour, 1, Qt::DashLine));
-    painter.drawLine(x, m_view.top(), x, m_view.bottom() - 1);
-    painter.setPen(MeasureColour);
-    painter.drawText(x + 3, m_view.top() + SmallHeight, name);
+// Markers and measuring cursors, on the screen as on a page.
+void TrendPlot::paintMarks(QPainter& painter, const TrendView& view, const QColor& ground) const {
+    painter.setClipRect(QRect(view.left(), 0, view.columns(), view.bottom()));
+    const auto mark = [&](qint64 record, const QString& name, int baseline, QColor colour,
+                          Qt::PenStyle style) {
+        if (!view.contains(view.xOf(record))) return;
+        if (ground.lightness() > 128) colour = colour.darker(250);
+        const int x = static_cast<int>(view.xOf(record));
+        painter.setPen(QPen(colour, 1, style));
+        painter.drawLine(x, view.top(), x, view.bottom() - 1);
+        painter.setPen(colour);
+        painter.drawText(x + 3, baseline, name);
+    };
+    for (const Marker& marker : m_markers)
+        mark(marker.record, marker.name, view.bottom() - 5, MarkerColour, Qt::DashDotLine);
+    const int top = view.top() + SmallHeight;
+    if (m_a) mark(*m_a, QStringLiteral("A"), top, MeasureColour, Qt::DashLine);
+    if (m_b) mark(*m_b, QStringLiteral("B"), top, MeasureColour, Qt::DashLine);
 }
 
 void TrendPlot::paintSheet(QPainter& painter, QSize size, const QColor& ground) const {
@@ -244,6 +264,9 @@ void TrendPlot::paintSheet(QPainter& painter, QSize size, const QColor& ground, 
         sheet.ColorSeparator = Qt::darkGray;
     }
     TrendPainter(m_data, view, sheet).paintSheet(painter);
+    painter.save();
+    paintMarks(painter, view, ground);
+    painter.restore();
 }
 
 void TrendPlot::resizeEvent(QResizeEvent* event) {
@@ -318,7 +341,9 @@ void TrendPlot::mousePressEvent(QMouseEvent* event) {
     if (m_drag != Drag::Pan) moveMeasure(m_drag, m_view.recordAt(event->position().x()));
 }
 
+// The keys act at the cursor, so the plot has them as soon as the mouse has set it.
 void TrendPlot::mouseMoveEvent(QMouseEvent* event) {
+    if (isActiveWindow()) setFocus(Qt::MouseFocusReason);
     const QPoint at = event->position().toPoint();
     if (m_drag == Drag::CursorA || m_drag == Drag::CursorB) {
         moveMeasure(m_drag, m_view.recordAt(at.x()));

@@ -103,13 +103,14 @@ class TrendPlot : public QWidget {
     void changeAxis(void (TrendView::*change)());
     void fitMargins();
     void viewMoved();
+    void followCursor();
     void redrawAll();
     void drawCanvas();
     bool scrollCanvas(qint64 columns);
     int drawNewColumns();  // the first of them
     int lastColumn() const;
-    void paintOverlay(QPainter& painter) const;
-    void paintMeasureLine(QPainter& painter, std::optional<qint64> record, const QString& name) const;
+    void paintCursor(QPainter& painter) const;
+    void paintMarks(QPainter& painter, const TrendView& view, const QColor& ground) const;
     void moveMeasure(Drag which, qint64 record);
     Drag dragAt(double x) const;
     QRect plotRect() const { return trendPainter().plotRect(); }

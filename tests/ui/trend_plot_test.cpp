@@ -77,6 +77,39 @@ TEST(TrendPlot, ManyRecordsAPixelShowTheirLowestAndHighest) {
     EXPECT_NE(image.pixel(p.x(30300), p.y(990)), Lime);
 }
 
+// What a later channel covers is left out, and nothing else: the picture is that of all channels drawn one
+// over the other.
+TEST(TrendPlot, ChannelsOfManyRecordsCoverEachOtherInOrder) {
+    Plot p(4);
+    const quint32 colours[] = {0x00FF00, 0xFFFF00, 0xFF0000, 0xFF00FF};
+    for (size_t c = 0; c < 4; ++c) p.data.channels[c].color = colours[c];
+    p.data.channels[1].penWidth = 3;
+    quint32 noise = 1;
+    for (int i = 0; i < 3000; ++i) {
+        TrendRecord record{i % 700 == 699 ? 0.0 : 40000.5, {}};
+        for (size_t c = 0; c < 4; ++c) {
+            noise = noise * 1664525 + 1013904223;
+            record.Ch[c] = quint16((i / int(c + 1) + (noise >> 16) % (60 * (c + 1))) % 1000);
+        }
+        ASSERT_TRUE(p.data.records.append(record));
+    }
+    const auto pictureOf = [&p](std::initializer_list<size_t> shown) {
+        for (TrendChannel& channel : p.data.channels) channel.visible = false;
+        for (const size_t c : shown) p.data.channels[c].visible = true;
+        p.plot->fit();
+        return p.picture();
+    };
+    QImage layers = pictureOf({0});
+    for (size_t c = 1; c < 4; ++c) {
+        const QImage layer = pictureOf({c});
+        for (int y = 0; y < layer.height(); ++y)
+            for (int x = p.plot->view().left(); x < layer.width(); ++x)
+                if (layer.pixel(x, y) == (0xFF000000 | colours[c])) layers.setPixel(x, y, layer.pixel(x, y));
+    }
+    const QRect curves(p.plot->view().left(), 0, p.plot->view().columns(), 400);
+    EXPECT_EQ(pictureOf({0, 1, 2, 3}).copy(curves), layers.copy(curves));
+}
+
 TEST(TrendPlot, WhileRecordingTheScrolledPictureIsTheOnePaintedAnew) {
     for (const double zoom : {1.0, 0.25, 3.0}) {
         Plot p(2);
@@ -161,6 +194,12 @@ TEST(TrendPlot, TheCursorSnapsToARecordAndTellsItsValue) {
     p.plot->setCursorOnRec(false);
     EXPECT_EQ(p.picture().pixel(p.x(7) + 3, p.y(800)), white);
     EXPECT_TRUE(p.plot->valueAtCursor().DataValid);
+    p.plot->PaintRecords(0, 600);
+    EXPECT_EQ(p.plot->valueAtCursor().RecordNo, 7) << "it goes with its record";
+    p.plot->SetCursorLine(p.x(300), 100);
+    EXPECT_FALSE(p.plot->valueAtCursor().DataValid);
+    p.plot->fit();
+    EXPECT_EQ(p.plot->valueAtCursor().RecordNo, 30) << "and takes what comes to stand under it";
     p.plot->SetCursorLine(20, 100);
     EXPECT_FALSE(p.plot->valueAtCursor().DataValid);
 }

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <utility>
 
+#include "link/number_text.h"
 #include "ui/icons.h"
 #include "ui/mark_panel.h"
 #include "ui/meters.h"
@@ -80,6 +81,7 @@ void TMeterTypeForm::choose(int kind) {
 
 void TMeterTypeForm::showSamples() {
     for (size_t i = 0; i < m_panels.size(); ++i) m_panels[i]->setMarked(int(i) + 1 == m_choice.MeterType);
+    VrAngularMeter->decimalSep = AbThermometer->decimalSep = AbHMeter->decimalSep = DecimalSep;
     VrAngularMeter->setMaxValue(m_choice.VrAngularMeter);
     AbThermometer->setValueTo(m_choice.AbThermometer);
     AbHMeter->setValueTo(m_choice.AbHMeter);
@@ -89,7 +91,8 @@ void TMeterTypeForm::ask(std::function<void()> then) {
     m_then = std::move(then);
     const double tops[] = {m_choice.VrAngularMeter, m_choice.AbThermometer, m_choice.AbHMeter};
     LabeledEdit1->clear();
-    LabeledEdit1->setPlaceholderText(QString::number(tops[(m_choice.MeterType + 2) % 3]));
+    LabeledEdit1->setPlaceholderText(
+        QString::number(tops[(m_choice.MeterType + 2) % 3]).replace(QLatin1Char('.'), DecimalSep));
     showSamples();
     LabeledEdit1->setFocus();
     show();

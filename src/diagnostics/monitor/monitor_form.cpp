@@ -6,9 +6,11 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QScreen>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QStackedWidget>
 
+#include "link/number_text.h"
 #include "ui/display_label.h"
 #include "ui/icons.h"
 #include "ui/item_box.h"
@@ -23,8 +25,8 @@ namespace kelvane {
 
 namespace {
 
-constexpr QSize UsualSize(140, 46);  // characters, lines
-constexpr int ShortestBox = 16;      // characters of an item box that are always seen
+constexpr QSize UsualSize(165, 46);  // characters, lines
+constexpr int ShortestBox = 10;      // characters of an item box that are always seen
 
 struct IdentityRow {
     const char* caption;
@@ -42,6 +44,7 @@ const IdentityRow Identity[] = {
      "Rated Current:", &DriveLabelsRecord::RatedCurrentVrLabel}};
 
 void showScale(ScaleMeter& meter, const ScaleState& state) {
+    meter.decimalSep = DecimalSep;
     meter.setValueTo(state.ValueTo);
     meter.setDigitalTo(state.DigitalTo);
     meter.setValueUnit(state.ValueUnit);
@@ -50,6 +53,7 @@ void showScale(ScaleMeter& meter, const ScaleState& state) {
 }
 
 void showDial(DialMeter& dial, const DialState& state) {
+    dial.decimalSep = DecimalSep;
     dial.setMaxValue(state.MaxValue);
     dial.setPosition(state.Position);
     dial.setDecimals(state.Decimals);
@@ -63,15 +67,24 @@ TMonitorForm::TMonitorForm(MonitorSession& monitor, RequestScheduler& link, QWid
     setObjectName(QStringLiteral("TMonitorForm"));
     setWindowTitle(tr("Monitor"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(buildButtons());
     auto* meters = new QHBoxLayout;
     meters->addWidget(buildBigDial(), 4);
     meters->addWidget(buildMeter(1, m_monitor.Meter1, m_first), 3);
     meters->addWidget(buildMeter(2, m_monitor.Meter2, m_second), 3);
-    auto* column = new QVBoxLayout(this);
-    column->addLayout(buildButtons());
-    column->addLayout(buildIdentity());
-    column->addLayout(meters, 5);
-    column->addWidget(buildTrend(), 4);
+    auto* content = new QWidget;
+    auto* parts = new QVBoxLayout(content);
+    parts->setContentsMargins(0, 0, 0, 0);
+    parts->addLayout(buildIdentity());
+    parts->addLayout(meters, 5);
+    parts->addWidget(buildTrend(), 4);
+    // On a small screen the meters are scrolled; Start and Exit are always there.
+    auto* area = named<QScrollArea>("MonitorScrollArea", this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(content);
+    column->addWidget(area, 1);
     listen();
     const QSize usual(fontMetrics().averageCharWidth() * UsualSize.width(),
                       fontMetrics().height() * UsualSize.height());
@@ -199,9 +212,10 @@ QWidget* TMonitorForm::buildMeter(int number, ExchangeableMeter& meter, MeterPar
 QWidget* TMonitorForm::buildTrend() {
     auto* box = new QGroupBox(this);
     AbTrend1 = named<TrendPlot>("AbTrend1", m_monitor.AbTrend1.data, box);
-    AbTrend1->setFlow(true);
     AbTrend1->setAccessibleName(tr("Trend"));
+    AbTrend1->look.decimalSep = DecimalSep;
     Ch1ComboBox = itemBox("Ch1ComboBox", tr("Item of the trend"));
+    Ch1ComboBox->setMinimumContentsLength(2 * ShortestBox);
     Ch1LabeledEdit = named<QLineEdit>("Ch1LabeledEdit", box);
     Ch1LabeledEdit->setReadOnly(true);
     Ch1LabeledEdit->setFocusPolicy(Qt::NoFocus);
@@ -243,6 +257,8 @@ void TMonitorForm::listen() {
         Ch1LabeledEdit->setText(m_monitor.Ch1LabeledEdit);
         Label1->setText(m_monitor.Label1);
     });
+    connect(&m_monitor.AbTrend1, &TrendRecorder::startedOrStopped, this,
+            [this] { AbTrend1->setFlow(m_monitor.AbTrend1.recording()); });
     connect(&m_monitor.AbTrend1, &TrendRecorder::OnInterval, this, [this] { AbTrend1->recordsGrew(); });
     connect(&m_monitor.AbTrend1, &TrendRecorder::recordsReplaced, this,
             [this] { AbTrend1->recordsReplaced(); });

@@ -116,6 +116,7 @@ void MonitorSession::InitialDrive(const QStringList& itemList) {
 
 void MonitorSession::takeItemNames(const QStringList& itemList) {
     items = itemList;
+    AbTrend1.Channel(1).Caption = items.value(Ch1ComboBox);
     Q_EMIT changed();
 }
 
@@ -173,6 +174,7 @@ void MonitorSession::Ch1ComboBoxCloseUp(int ItemIndex) {
     TrendChannel& channel = AbTrend1.Channel(1);
     channel.ValueFormat = item.format;
     channel.ValueUnit = item.unit;
+    channel.Caption = items.value(ItemIndex);
     channel.ValueTo = FirstTrendTop;
     channel.DigitalTo = 1;  // Kept: the trend window begins with 0
     Q_EMIT changed();

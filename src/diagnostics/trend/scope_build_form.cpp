@@ -329,7 +329,7 @@ QWidget* TScopeForm::buildStatusPage() {
     };
     m_session.InfoAdvStringGrid.setColumnHidden(7, true);
     grid->setGrid(&m_session.InfoAdvStringGrid);
-    grid->setColumnCharacters({36, 9, 6, 1, 36, 9, 6});
+    grid->setColumnCharacters({46, 9, 8, 1, 41, 9, 8});
     grid->setRightAligned({1, 5});
     grid->setKeysAct(false);
     grid->setAccessibleName(tr("Values of the drive"));
@@ -366,6 +366,7 @@ QWidget* TScopeForm::buildFaultBox() {
     ErrCodeAbLED->setColor(QColor(208, 0, 0));
     ErrCodeLabel = plainLabel("ErrCodeLabel", QStringLiteral("0"), box);
     ErrDescriptLabel = plainLabel("ErrDescriptLabel", QStringLiteral("No errors occurred"), box);
+    ErrDescriptLabel->setProperty("content", true);  // the drive's words, in no other language
     auto* history = framedButton("ErrHistoryTransparentButton", Icon::Fault, tr("Fault history"), box);
     connect(history, &TransparentButton::clicked, this, &TScopeForm::errHistoryWanted);
     grid->addWidget(ErrCodeAbLED, 0, 0);
@@ -388,7 +389,7 @@ QWidget* TScopeForm::buildMeasurePage() {
     m_measureHead->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_measureView = named<StringGridView>("MeasureStringGrid", page);
     m_measureView->setGrid(&m_measureGrid);
-    m_measureView->setColumnCharacters({28, 6, 10, 10, 10, 10, 10, 10, 10});
+    m_measureView->setColumnCharacters({46, 8, 10, 10, 10, 10, 10, 10, 10});
     m_measureView->setRightAligned({2, 3, 4, 5, 6, 7, 8});
     m_measureView->setAccessibleName(tr("Values between the measuring cursors"));
     m_measureView->setMinimumHeight(fontMetrics().height() * 3);
@@ -415,6 +416,10 @@ void TScopeForm::buildMenus() {
     QAction* clear = tools->addAction(icon(Icon::Clear), tr("&Clear records"), &m_session,
                                       &TrendSession::ClearTransparentButtonClick);
     clear->setObjectName(QStringLiteral("Clearscopedata1"));
+    m_raiseFault =
+        tools->addAction(icon(Icon::Fault), tr("Raise a &Fault"), this, &TScopeForm::practiceFaultWanted);
+    m_raiseFault->setObjectName(QStringLiteral("RaiseFaultItem"));
+    m_raiseFault->setVisible(false);
 }
 
 void TScopeForm::buildFileMenu() {
@@ -439,7 +444,7 @@ void TScopeForm::buildFileMenu() {
         if (a && b)
             exportTable(std::min(*a, *b), std::max(*a, *b));
         else
-            m_foot->setText(tr("Put both measuring cursors first (keys A and B)."));
+            say(tr("Put both measuring cursors first (keys A and B)."));
     });
     add("SaveBMP", Icon::Picture, tr("Picture of the scree&n..."), {}, [this] { savePicture(); });
     add("SavePlotItem", Icon::Picture, tr("Picture of the &plot..."), {}, [this] { savePlot(); });

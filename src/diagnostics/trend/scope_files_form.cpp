@@ -83,7 +83,7 @@ void TScopeForm::savePicture() {
         writeWhole(*path, pictureBytes(picture, jpeg ? "JPG" : "BMP", jpeg ? JpegQuality : -1));
     const QString what =
         given ? tr("Saved %1") : tr("Saved %1: this window only, the system does not give the screen");
-    m_foot->setText(saved.ok ? what.arg(*path) : saved.error);
+    say(saved.ok ? what.arg(*path) : saved.error);
 }
 
 void TScopeForm::savePlot() {
@@ -94,12 +94,12 @@ void TScopeForm::savePlot() {
                                  ? pdfBytes(*AbTrend1)
                                  : pictureBytes(plotImage(*AbTrend1, 2), "PNG");
     const FileResult saved = writeWhole(*path, bytes);
-    m_foot->setText(saved.ok ? tr("Saved %1").arg(*path) : saved.error);
+    say(saved.ok ? tr("Saved %1").arg(*path) : saved.error);
 }
 
 void TScopeForm::copyPlot() {
     QGuiApplication::clipboard()->setImage(plotImage(*AbTrend1, 2));
-    m_foot->setText(tr("The plot is in the clipboard."));
+    say(tr("The plot is in the clipboard."));
 }
 
 void TScopeForm::exportTable(qint64 from, qint64 to) { m_session.saveCsv(from, to); }

@@ -20,7 +20,6 @@
 #include "ui/lamp.h"
 #include "ui/notice_bar.h"
 #include "ui/power_button.h"
-#include "ui/readable_colours.h"
 #include "ui/string_grid_view.h"
 #include "ui/transparent_button.h"
 #include "ui/trend_overview.h"
@@ -34,7 +33,7 @@ constexpr int TicksOfStep = 5;  // of the hold between two steps
 constexpr int HoldPixels = 5;
 constexpr int SpareRecords = 100;  // of the scroll bar behind the last record
 constexpr int OverviewEvery = 10;  // records
-const QColor FaultRed(200, 0, 0);
+const QColor FaultRed(255, 0, 0);
 const QColor NoFaultGreen(0, 128, 0);
 
 QString number(double value, int places) {
@@ -46,12 +45,15 @@ void setLamp(AbLED* lamp, const StateLed& led) {
     lamp->setFlashing(led.flashing);
 }
 
+// The colour as it is, on a ground on which it can be read, as the table beside it.
 void setLabelColour(QLabel* label, const QColor& colour) {
     QPalette palette = label->palette();
-    const QColor readable = readableText(colour, palette.color(QPalette::Window));
-    if (palette.color(QPalette::WindowText) == readable) return;
-    palette.setColor(QPalette::WindowText, readable);
+    if (palette.color(QPalette::WindowText) == colour) return;
+    palette.setColor(QPalette::WindowText, colour);
+    palette.setColor(QPalette::Window, Qt::white);
     label->setPalette(palette);
+    label->setAutoFillBackground(true);
+    label->setMargin(2);
 }
 
 }  // namespace
@@ -114,8 +116,9 @@ void TScopeForm::connectSession() {
     connect(&m_session.AbTrend2, &TrendRecorder::recordsReplaced, AbTrend2,
             [this] { AbTrend2->recordsReplaced(); });
     connect(&recorder, &TrendRecorder::startedOrStopped, this, [this] {
-        const bool runs = m_session.AbTrend1.recording();
-        if (runs) AbTrend1->setFlow(true);
+        AbTrend1->setFlow(m_session.AbTrend1.recording());
+        if (m_session.AbTrend1.recording()) showOffers();
+        m_overview->refresh();
         syncScrollBar();
     });
 }
@@ -226,6 +229,8 @@ void TScopeForm::changeEvent(QEvent* event) {
 
 void TScopeForm::setDriveLabel(const QString& text) { DriveVrLabel->setText(text); }
 
+void TScopeForm::offerPracticeFault(bool offered) { m_raiseFault->setVisible(offered); }
+
 // Everything, or the last screenful once a run has set the trend to flow.
 void TScopeForm::showLoaded() {
     const qint64 total = m_session.AbTrend1.TotalRecords();
@@ -268,7 +273,8 @@ void TScopeForm::showOffers() {
         return;
     }
     const QList<TrendJournal::Run> runs = m_session.offeredRuns();
-    if (runs.isEmpty()) return m_notice->withdraw();
+    // Opening one would end a recording.
+    if (runs.isEmpty() || m_session.AbTrend1.recording()) return m_notice->withdraw();
     const TrendJournal::Run& run = runs.first();
     m_notice->offer(tr("A recording of %1 with %2 records was not saved.")
                         .arg(QLocale::system().toString(run.start, QLocale::ShortFormat))
@@ -310,6 +316,12 @@ void TScopeForm::showMeasure() {
             m_measureGrid.setCell(column++, row, number(value, places + 1));
     }
     m_measureGrid.setRowCount(row + 1);
+}
+
+// Kept with the session's own notices, so that the newest one stands.
+void TScopeForm::say(const QString& text) {
+    m_session.notice = text;
+    m_foot->setText(text);
 }
 
 // ---- Hand ----

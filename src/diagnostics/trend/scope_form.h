@@ -48,12 +48,14 @@ class TScopeForm : public QMainWindow {
     // The fault display of the Status tab; who owns the fault writes it.
     void showFault(bool standing, const QString& ErrCodeLabel, const QString& ErrDescriptLabel);
     void setDriveLabel(const QString& DriveVrLabel);
+    void offerPracticeFault(bool offered);
 
    Q_SIGNALS:
     void keypadWanted();
     void toolWanted();        // TToolForm
     void printWanted();       // TPrintForm
     void errHistoryWanted();  // TErrHistoryForm
+    void practiceFaultWanted();
 
    protected:
     void showEvent(QShowEvent* event) override;
@@ -106,6 +108,7 @@ class TScopeForm : public QMainWindow {
     void ButtonTimerTimer();
     void holdButton(bool up);
     void chooseColour(QWidget* panel, int channel, bool logic);
+    void say(const QString& text);  // at the window's foot
     void savePicture();
     void savePlot();
     void copyPlot();
@@ -134,6 +137,7 @@ class TScopeForm : public QMainWindow {
     TransparentButton* KeypadTransparentButton = nullptr;
     TransparentButton* CursorTransparentButton = nullptr;
     QAction* KeyPad = nullptr;
+    QAction* m_raiseFault = nullptr;
     QTabWidget* PageControl1 = nullptr;
     QWidget* StatusTabSheet = nullptr;
     VrLabel* DriveVrLabel = nullptr;

@@ -7,8 +7,16 @@
 
 namespace kelvane {
 
+namespace {
+
+constexpr qint64 SmallDelay = 10000;  // us
+
+}  // namespace
+
 TrendRecorder::TrendRecorder(TickClock& clock, const WallClock& wallClock, int channelCount)
-    : m_wallClock(wallClock), m_timer(clock, TickKind::RealTime, LeastInterval, [this] { timerDue(); }) {
+    : m_clock(clock),
+      m_wallClock(wallClock),
+      m_timer(clock, TickKind::RealTime, LeastInterval, [this] { timerDue(); }) {
     data.channels.resize(static_cast<size_t>(channelCount));
 }
 
@@ -16,6 +24,7 @@ void TrendRecorder::SetStartRecording(bool on) {
     if (on == recording()) return;
     if (on) AddSeparator();
     m_timer.setEnabled(on);
+    timerStarts();
     Q_EMIT startedOrStopped();
 }
 
@@ -30,7 +39,15 @@ void TrendRecorder::AddSeparator() {
     Q_EMIT OnRecNoChanged();
 }
 
+void TrendRecorder::timerStarts() { m_dueUs = m_clock.nowUs() + qint64(Interval()) * 1000; }
+
+// A record that comes a little late does not delay those behind it, so that ten minutes are 6000 records. One
+// that comes late indeed begins the rhythm anew: nothing is caught up.
 void TrendRecorder::timerDue() {
+    const qint64 now = m_clock.nowUs();
+    const qint64 counted = now - m_dueUs < SmallDelay ? m_dueUs : now;
+    m_dueUs = counted + qint64(Interval()) * 1000;
+    m_timer.tickIn(m_dueUs - now);
     if (!mayRecord || mayRecord()) GetData();
 }
 
@@ -65,6 +82,7 @@ void TrendRecorder::SetInterval(int ms) {
     if (ms < LeastInterval || ms == Interval()) return;
     AddSeparator();
     m_timer.setInterval(ms);
+    timerStarts();
 }
 
 void TrendRecorder::SetMaxRecords(qint64 count) {

@@ -62,8 +62,11 @@ class TrendRecorder : public QObject {
     void makeRoom();
     void giveUp();
     void timerDue();
+    void timerStarts();
+    TickClock& m_clock;
     const WallClock& m_wallClock;
     TickTimer m_timer;
+    qint64 m_dueUs = 0;  // of the next record
     bool m_flow = false;
     qint64 m_maxRecords = 1000000000;
 };

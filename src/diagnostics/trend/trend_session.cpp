@@ -62,6 +62,7 @@ TrendSession::TrendSession(const TrendSite& site)
         channel.DigitalTo = LogicScale;
         channel.ValueTo = LogicScale;
     }
+    RecNoLabel = RecTimeLabel = NoRecordText;
     InfoAdvStringGrid.setRowCount(8);
     setCaptions();
     // Before the first poll there is nothing but zeros.
@@ -182,6 +183,7 @@ void TrendSession::takeItemNames(const QStringList& itemList) {
 
 void TrendSession::InitialDrive(const QStringList& itemList) {
     m_takenItem.fill({});
+    m_takenDrive.clear();
     for (int c = 1; c <= Channels; ++c) {
         TrendChannel& channel = AbTrend1.Channel(c);
         // Kept: channel c takes format and unit of item c - 1, whatever item it shows.
@@ -219,6 +221,7 @@ void TrendSession::StartVrPowerButtonClick(bool on) {
 }
 
 void TrendSession::startRun() {
+    forgetTakenItems();
     GetDataTimer.setEnabled(true);
     AbTrend1.SetFlow(true);
     AbTrend2.SetFlow(true);
@@ -257,10 +260,7 @@ void TrendSession::FormClose() {
     StartVrPowerButtonOn = false;
     stopRun();
     AbTrend2.SetStartRecording(false);
-    endJournal();
-    AbTrend1.ClearRecords();
-    AbTrend2.ClearRecords();
-    markers.clear();
+    clearRecords();
     offeredInfo.reset();
     notice.clear();
     // Kept: also those of channels that are switched off.
@@ -284,11 +284,24 @@ void TrendSession::ChComboBoxCloseUp(int channel, int ItemIndex) {
     Q_EMIT changed();
 }
 
-void TrendSession::ClearTransparentButtonClick() {
+void TrendSession::clearRecords() {
     endJournal();
+    m_openedRuns.clear();
+    forgetTakenItems();
     AbTrend1.ClearRecords();
     AbTrend2.ClearRecords();
     markers.clear();
+}
+
+// What is recorded from now on comes from the drive, so scales and units are its own again.
+void TrendSession::forgetTakenItems() {
+    m_takenDrive.clear();
+    for (int c = 1; c <= Channels; ++c)
+        if (std::exchange(m_takenItem[static_cast<size_t>(c)], std::nullopt)) ChangeChanelSetting(c);
+}
+
+void TrendSession::ClearTransparentButtonClick() {
+    clearRecords();
     Q_EMIT changed();
     Q_EMIT offersChanged();
 }
@@ -352,8 +365,14 @@ QString TrendSession::ChLeftEdit(int OptionLeftChannel) {
 void TrendSession::OKTransparentButtonClick(int OptionLeftChannel, const QString& text,
                                             const std::array<int, Channels + 1>& penWidths) {
     LeftScaleCh = OptionLeftChannel;
-    const StatusItemView item = statusItem(status(), ChannelItem[static_cast<size_t>(OptionLeftChannel)]);
+    const auto left = static_cast<size_t>(OptionLeftChannel);
     TrendChannel& channel = AbTrend1.Channel(OptionLeftChannel);
+    StatusItemView item = statusItem(status(), ChannelItem[left]);
+    if (const std::optional<ShownItem>& taken = m_takenItem[left]) {
+        item.decimals = taken->decimals;
+        item.scale = taken->scale;
+        item.format = channel.ValueFormat;
+    }
     channel.ValueTo = std::max(0.0, ParseFixed(item.decimals, text));
     channel.DigitalTo = digitalOf(channel.ValueTo, item.scale);
     channel.ValueFormat = item.format;
@@ -371,6 +390,9 @@ FileResult TrendSession::saveTo(const QString& path) {
         return saved;
     }
     m_unsaved = false;
+    for (const TrendJournal::Run& run : m_journal.unsaved())
+        if (m_openedRuns.contains(run.id)) m_journal.remove(run);
+    m_openedRuns.clear();
     const FileResult described = writeWhole(trendInfoPath(path), trendInfoBytes(info()));
     tell(described.ok ? QStringLiteral("Saved ") % path : described.error);
     // What goes on being recorded is not in the file, so the journal of a running recording stays.
@@ -390,24 +412,41 @@ void TrendSession::LoadScopeDataTransparentButtonClick() {
 // Kept: the run ends, while button and tick stay as they are.
 void TrendSession::loadFrom(const QString& path) {
     if (m_journal.open()) m_journal.follow(AbTrend1.data.records);
+    const qint64 first = firstOfLoad();
     const FileResult result = AbTrend1.LoadFromFile(path);
     m_journal.skipTo(AbTrend1.data.records);
-    const FileContent described = readWhole(trendInfoPath(path), InfoBytes);
-    offeredInfo = result.ok && described.ok ? readTrendInfo(described.bytes) : std::nullopt;
+    offerInfo(result.ok ? readWhole(trendInfoPath(path), InfoBytes) : FileContent(), first);
     tell(result.ok ? QStringLiteral("Loaded ") % path : result.error);
     Q_EMIT loaded();
     Q_EMIT offersChanged();
 }
 
-TrendInfo TrendSession::info() const {
+// Where what is loaded next will begin, behind the break that the load puts in.
+qint64 TrendSession::firstOfLoad() const {
+    const qint64 total = AbTrend1.TotalRecords();
+    return total > 1 ? total + TrendRecorder::SeparatorRecords : total;
+}
+
+void TrendSession::offerInfo(const FileContent& described, qint64 firstRecord) {
+    offeredInfo = described.ok ? readTrendInfo(described.bytes) : std::nullopt;
+    if (!offeredInfo) return;
+    for (TrendMarker& marker : offeredInfo->markers) marker.record += firstRecord;
+}
+
+TrendInfo TrendSession::info(qint64 fromRecord) const {
     TrendInfo described;
     const DriveLabelsRecord& labels = m_site.link.Labels;
-    described.drive = QStringList{labels.DriveVrLabel, labels.VersionVrLabel, labels.HPVrLabel,
-                                  labels.RatedVoltageVrLabel, labels.RatedCurrentVrLabel}
-                          .join(QStringLiteral(", "));
-    described.DriveFamily = labels.DriveVrLabel.isEmpty() ? -1 : status().DriveFamily;
+    if (!m_takenDrive.isEmpty()) {
+        described.drive = m_takenDrive;
+        described.DriveFamily = m_takenFamily;
+    } else if (!labels.DriveVrLabel.isEmpty()) {
+        described.drive = QStringList{labels.DriveVrLabel, labels.VersionVrLabel, labels.HPVrLabel,
+                                      labels.RatedVoltageVrLabel, labels.RatedCurrentVrLabel}
+                              .join(QStringLiteral(", "));
+        described.DriveFamily = status().DriveFamily;
+    }
     const TrendRecords& records = AbTrend1.data.records;
-    const qint64 first = records.isEmpty() ? -1 : records.nearestSample(0);
+    const qint64 first = records.isEmpty() ? -1 : records.nearestSample(fromRecord);
     if (first >= 0)
         if (const auto moment = trendMoment(records[first].Time))
             described.start = QDateTime(moment->date, moment->time);
@@ -419,7 +458,8 @@ TrendInfo TrendSession::info() const {
                                  item.scale,    item.decimals,    channel.ValueTo,   channel.DigitalTo,
                                  channel.color, channel.penWidth, channel.visible};
     }
-    described.markers = markers;
+    for (const TrendMarker& marker : markers)
+        if (marker.record >= fromRecord) described.markers.append({marker.record - fromRecord, marker.name});
     return described;
 }
 
@@ -443,7 +483,10 @@ void TrendSession::takeOfferedInfo() {
         m_takenItem[static_cast<size_t>(c)] =
             ShownItem{saved.name, static_cast<quint8>(saved.decimals), static_cast<quint8>(saved.scale)};
     }
-    markers = taken.markers;
+    m_takenDrive = taken.drive;
+    m_takenFamily = taken.DriveFamily;
+    markers += taken.markers;
+    std::ranges::sort(markers, {}, &TrendMarker::record);
     setCaptions();
     Q_EMIT changed();
     Q_EMIT scalesChanged();
@@ -479,10 +522,13 @@ void TrendSession::removeMarker(qsizetype index) {
 void TrendSession::keepJournal() {
     if (m_journalFailed) return;
     FileResult kept;
-    if (!m_journal.open()) kept = m_journal.begin(AbTrend1.TotalRecords() - 1);
+    if (!m_journal.open()) {
+        m_journalStart = AbTrend1.TotalRecords() - 1;
+        kept = m_journal.begin(m_journalStart);
+    }
     if (kept.ok) kept = m_journal.follow(AbTrend1.data.records);
     constexpr qint64 InfoEvery = 50;
-    if (AbTrend1.TotalRecords() % InfoEvery == 1) m_journal.writeInfo(trendInfoBytes(info()));
+    if (AbTrend1.TotalRecords() % InfoEvery == 1) m_journal.writeInfo(trendInfoBytes(info(m_journalStart)));
     if (kept.ok) return;
     m_journalFailed = true;
     tell(QStringLiteral("The recording goes on, but without a copy on disk. ") % kept.error);
@@ -491,12 +537,19 @@ void TrendSession::keepJournal() {
 void TrendSession::endJournal() {
     m_journalFailed = false;
     if (!m_journal.open()) return;
-    m_journal.writeInfo(trendInfoBytes(info()));
+    m_journal.writeInfo(trendInfoBytes(info(m_journalStart)));
     m_unsaved ? m_journal.finish(AbTrend1.data.records) : m_journal.discard();
     m_unsaved = false;
 }
 
+QList<TrendJournal::Run> TrendSession::offeredRuns() const {
+    QList<TrendJournal::Run> runs = m_journal.unsaved();
+    runs.removeIf([this](const TrendJournal::Run& run) { return m_openedRuns.contains(run.id); });
+    return runs;
+}
+
 void TrendSession::openRun(const TrendJournal::Run& run) {
+    const qint64 first = firstOfLoad();
     FileResult result;
     for (const QString& file : run.files)
         // Its files are one run: no break between them.
@@ -504,8 +557,8 @@ void TrendSession::openRun(const TrendJournal::Run& run) {
                                            : loadScopeFile(file, AbTrend1.data.records);
     m_journal.skipTo(AbTrend1.data.records);
     tell(result.ok ? QStringLiteral("The recording is here again. Save it to keep it.") : result.error);
-    const FileContent described = readWhole(run.infoFile, InfoBytes);
-    offeredInfo = described.ok ? readTrendInfo(described.bytes) : std::nullopt;
+    if (result.ok) m_openedRuns += run.id;
+    offerInfo(readWhole(run.infoFile, InfoBytes), first);
     takeOfferedInfo();
     Q_EMIT loaded();
     Q_EMIT offersChanged();

@@ -105,11 +105,13 @@ class TrendSession : public QObject {
     // ---- Of our own: settings of a recording, its journal, its table
     FileResult saveTo(const QString& path);
     void loadFrom(const QString& path);
-    TrendInfo info() const;
+    // Of the records from that one on, which its markers count from.
+    TrendInfo info(qint64 fromRecord = 0) const;
     std::optional<TrendInfo> offeredInfo;  // of the file loaded last
     void takeOfferedInfo();
     void declineOfferedInfo();
-    QList<TrendJournal::Run> offeredRuns() const { return m_journal.unsaved(); }
+    // Runs that nobody saved, without those that were opened and are in memory.
+    QList<TrendJournal::Run> offeredRuns() const;
     void openRun(const TrendJournal::Run& run);
     void removeRun(const TrendJournal::Run& run);
     void saveCsv(qint64 from, qint64 to);
@@ -130,6 +132,10 @@ class TrendSession : public QObject {
     void startRun();
     void stopRun();
     void setCaptions();
+    void clearRecords();
+    void forgetTakenItems();
+    void offerInfo(const FileContent& described, qint64 firstRecord);
+    qint64 firstOfLoad() const;
     void showInfoValues(const DriveStatusRecord& status);
     void recordTaken();
     void keepJournal();
@@ -146,6 +152,10 @@ class TrendSession : public QObject {
     ShownItem shownItem(int channel) const;
     // Of a recording whose settings were taken over, until another item is chosen or a drive comes.
     std::array<std::optional<ShownItem>, Channels + 1> m_takenItem;
+    QString m_takenDrive;  // identity that came with those settings
+    int m_takenFamily = -1;
+    QStringList m_openedRuns;   // of the journal, by id: in memory and not saved yet
+    qint64 m_journalStart = 0;  // first record of the run that is being written
     bool m_journalFailed = false;
     bool m_unsaved = false;
 };

@@ -27,6 +27,14 @@ struct Recorder {
     }
 };
 
+TEST(TrendRecorder, SmallDelaysDoNotAddUp) {
+    Recorder r;
+    QObject::connect(&r.trend, &TrendRecorder::OnInterval, [&] { r.clock.advance(4); });
+    r.trend.SetStartRecording(true);
+    while (r.trend.TotalRecords() < 10) r.clock.advance(1);
+    EXPECT_EQ(r.clock.nowUs(), 1004000);
+}
+
 TEST(TrendRecorder, OneRecordAnIntervalAndALateTimerDoesNotCatchUp) {
     Recorder r;
     r.trend.Channel(8).Digit = 256;

@@ -249,6 +249,7 @@ TEST(TrendSession, SavesLoadsAndOffersTheSettingsBeside) {
     b.session.StartVrPowerButtonClick(true);
     b.record(20);
     b.session.addMarker(7, "load on");
+    b.link.Labels.DriveVrLabel = "Larch";
     const QString path = b.dir.filePath("a.trd");
     b.person.expectSave(filter, "trd", path);
     b.session.SaveScopeDataTransparentButtonClick();
@@ -274,6 +275,14 @@ TEST(TrendSession, SavesLoadsAndOffersTheSettingsBeside) {
     // As it was recorded, with one decimal; Tilia's current has two.
     other.session.AbTrend1NewCursorPos(other.at(3));
     EXPECT_EQ(other.session.ChLabeledEdit[3], "12" + DecimalSep + "3");
+    other.session.OKTransparentButtonClick(3, "20" + DecimalSep + "5", {});
+    EXPECT_EQ(other.session.AbTrend1.Channel(3).DigitalTo, 205);
+    // Loaded again, it has its markers behind the break, and saved it keeps the drive that it came from.
+    other.session.loadFrom(path);
+    other.session.takeOfferedInfo();
+    EXPECT_EQ(other.session.markers, (QList<TrendMarker>{{7, "load on"}, {20 + 5 + 7, "load on"}}));
+    other.link.Labels.DriveVrLabel = "Tilia";
+    EXPECT_TRUE(other.session.info().drive.startsWith("Larch"));
     other.session.ChComboBoxCloseUp(3, 2);
     other.setItem(2, 500);
     other.tick();
@@ -295,8 +304,10 @@ TEST(TrendSession, AnUnsavedRunIsOfferedAndASavedOneIsNot) {
     EXPECT_EQ(b.total(), 0);  // never by itself
     b.session.openRun(b.session.offeredRuns()[0]);
     EXPECT_EQ(b.total(), 50);
-    b.session.removeRun(b.session.offeredRuns()[0]);
-
+    EXPECT_TRUE(b.session.offeredRuns().isEmpty()) << "it is open";
+    b.session.FormClose();
+    EXPECT_EQ(b.session.offeredRuns().size(), 1) << "and still not saved";
+    b.session.openRun(b.session.offeredRuns()[0]);
     b.session.StartVrPowerButtonClick(true);
     b.record(30);
     b.session.StartVrPowerButtonClick(false);
