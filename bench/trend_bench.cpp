@@ -12,6 +12,7 @@
 #include <QBoxLayout>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -101,13 +102,20 @@ void repaint() {
         TrendData data;
         fill(data, count);
         double ours = 0;
-        double first = 0;
-        {
-            TrendPlot plot(data);
+        double first = 1e300;
+        // As often as the peer, and each time with records that have no index yet.
+        for (int round = 0; round < 3; ++round) {
+            TrendData fresh;
+            fresh.channels = data.channels;
+            TrendRecord* room = fresh.records.roomFor(count);
+            if (!room) std::exit(2);
+            std::ranges::copy(data.records.all(), room);
+            fresh.records.grown(count);
+            TrendPlot plot(fresh);
             plot.resize(PlotSize);
             plot.show();
             plot.fit();
-            first = paintMs(plot);
+            first = std::min(first, paintMs(plot));
             ours = ourRepaint(plot);
         }
         const double theirs = qCustomPlotRepaintMs(data, PlotSize);
