@@ -9,6 +9,7 @@ namespace kelvane {
 namespace {
 
 constexpr qint64 LongestLateness = 5000000;  // us; an answer that comes later is not reckoned with
+constexpr qint64 LongTrouble = 60000000;     // us; so long a line that failed is not trusted like others
 constexpr qsizetype MostHeard = 2048;        // bytes; a line that chatters on has no answer in it
 constexpr qsizetype ShortestRtuReply = 5;
 constexpr qsizetype MostRemembered = 128;  // replies
@@ -149,11 +150,13 @@ bool ReplyTrust::othersAreLost() const { return m_sentWhileLost || m_clock.nowUs
 
 bool ReplyTrust::othersMayCome() const { return m_more || tooEarly() || m_copy || othersAreLost(); }
 
-// No answer of this line has begun so soon or so late.
+// No answer of this line has begun so soon or so late. Where its pace is not known yet, one is late that
+// comes later than most drives' would.
 bool ReplyTrust::unusualDelay() const {
-    return m_fastestUs >= 0 && !m_paceless &&
-           (m_sentUs + m_delayUs - m_earliestUs < m_fastestUs - DelayJitter ||
-            m_delayUs > m_slowestUs + LateJitter);
+    if (m_paceless) return false;
+    const qint64 turnaround = m_sentUs + m_delayUs - m_earliestUs;
+    if (m_fastestUs < 0) return turnaround > UsualDelay;
+    return turnaround < m_fastestUs - DelayJitter || m_delayUs > m_slowestUs + LateJitter;
 }
 
 bool ReplyTrust::ownAnswerIsDue() const {
@@ -167,11 +170,13 @@ bool ReplyTrust::isText(const QByteArray& reply) const {
     return wordsAskedFor(m_command) >= WordsOfAText && reply.size() > LongestRefusal;
 }
 
+// A write is not repeated for a mere possibility: its echo is nobody else's, and its refusal comes in time.
 bool ReplyTrust::mayBeAnothers(LinkMode mode, const QByteArray& reply, bool onlyCopies) const {
     const bool copy = heardForAnother(reply);
-    if (m_again) return copy && (unusualDelay() || !heardNothingBut(reply));
-    if (copy && isText(reply)) return true;
-    if (othersAreLost()) return owedToAnother(mode, reply) && (copy || m_fastestUs < 0 || unusualDelay());
+    const bool read = m_echo.isEmpty();
+    if (m_again) return copy && ((read && unusualDelay()) || !heardNothingBut(reply));
+    if (copy && isText(reply) && m_clock.nowUs() < m_troubledUntilUs) return true;
+    if (othersAreLost()) return unusualDelay() && owedToAnother(mode, reply);
     return copy && (tooEarly() || unusualDelay() || !onlyCopies);
 }
 
@@ -207,14 +212,19 @@ void ReplyTrust::forgetPace() {
 }
 
 void ReplyTrust::lostTrack() {
-    if (m_clock.nowUs() >= m_lostUntilUs) m_lost.clear();
-    if (!m_lost.contains(m_command)) m_lost += m_command;
-    m_lostUntilUs = m_clock.nowUs() + LongestLateness;
+    m_troubledUntilUs = m_clock.nowUs() + LongTrouble;
+    awaitLate();
 }
 
 void ReplyTrust::cutOff() {
     m_cutOff = !inDoubt();
-    lostTrack();
+    awaitLate();
+}
+
+void ReplyTrust::awaitLate() {
+    if (m_clock.nowUs() >= m_lostUntilUs) m_lost.clear();
+    if (!m_lost.contains(m_command)) m_lost += m_command;
+    m_lostUntilUs = m_clock.nowUs() + LongestLateness;
 }
 
 bool ReplyTrust::settled(LinkMode mode) const {

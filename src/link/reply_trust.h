@@ -35,10 +35,10 @@ class ReplyTrust {
     bool ownAnswerIsDue() const;
     bool heardAnything() const { return !m_heard.isEmpty(); }
     // The one reply that fits; nothing when there is none, or when two that fit are not the same. What may be
-    // another request's does not count: a copy of what was heard for that one, when it is a text, comes
-    // beside a fresh reply or where no answer can have begun, and in a resend when it comes beside anything
-    // or at an unusual time; and what a request that still waits could be answered with, when it is a copy or
-    // comes at an unusual time.
+    // another request's does not count: a copy of what was heard for that one, when it is a text on a line
+    // that failed lately, comes beside a fresh reply or where no answer can have begun, and in a resend when
+    // it comes beside anything or at an unusual time; and what a request that still waits could be answered
+    // with, when it comes at an unusual time.
     std::optional<QByteArray> answer(LinkMode mode, const QString& command) const;
     bool heardEcho(LinkMode mode) const;  // of a write
     bool heardWholeReply(LinkMode mode) const { return !wholeReplies(mode, m_heard).isEmpty(); }
@@ -65,6 +65,7 @@ class ReplyTrust {
         qint64 atUs;
     };
     void silentTick();
+    void awaitLate();
     bool othersAreLost() const;
     void remember(LinkMode mode);
     bool settled(LinkMode mode) const;
@@ -91,6 +92,7 @@ class ReplyTrust {
     qint64 m_slowestUs = 0;  // from a request to the first byte of its answer, in any exchange without doubt
     qint64 m_delayUs = 0;    // the same in the exchange in hand
     qint64 m_lostUntilUs = 0;
+    qint64 m_troubledUntilUs = 0;
     QStringList m_lost;     // requests without an answer, as long as one may come
     bool m_cutOff = false;  // all that is lost is the answer of the request in hand
     bool m_sentWhileLost = false;

@@ -218,7 +218,7 @@ std::vector<int> sessionSeeds() {
     for (int seed = first; seed < first + (chosen ? 1 : everyCase() ? 400 : 40); ++seed)
         seeds.push_back(seed);
     if (!chosen && !everyCase())
-        seeds.insert(seeds.end(), {266, 269, 332, 396, 542, 671, 1217, 3335});  // once credited wrongly
+        seeds.insert(seeds.end(), {266, 269, 332, 396, 542, 671, 1217});  // once credited wrongly
     return seeds;
 }
 

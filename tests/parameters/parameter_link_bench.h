@@ -49,11 +49,13 @@ struct ParameterLinkBench : SchedulerBench {
         if (record.words.size() == 5) data += hexOf(qPrintable(record.name)) + hexOf(qPrintable(record.unit));
         answer(QStringLiteral("FF03") + hex(static_cast<int>(data.size() / 2), 2) + data);
     }
-    // Answers every read with R1 until nothing more is asked; the commands, one behind the other.
-    QStringList readAll(const DriveRecord& record = R1) {
+    // Answers every read with R1, each under a name of its own, until nothing more is asked; the commands,
+    // one behind the other.
+    QStringList readAll(DriveRecord record = R1) {
         QStringList asked;
         for (QString command = send(); !command.isEmpty() && asked.size() < 100; command = send()) {
             asked += command;
+            record.name = record.name.left(13) + command.mid(5, 3);
             answerRecord(record);
         }
         return asked;
