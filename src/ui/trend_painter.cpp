@@ -17,13 +17,24 @@ constexpr int LabelGap = 4;
 
 QPen flatPen(const QColor& colour, int width) { return {colour, double(width), Qt::SolidLine, Qt::FlatCap}; }
 
-// The largest size in which a time fits between two grid lines.
+// The largest size in which a time fits between two grid lines. It is asked for at every record, so it is
+// measured once a font.
 QFont timeFont(const QPainter& painter, int room) {
+    constexpr int Largest = 12;
+    constexpr int Smallest = 7;
+    static QString family;
+    static int measuredRoom = 0;
+    static int size = 0;
     QFont font = painter.font();
-    for (int size = 12; size >= 7; --size) {
-        font.setPixelSize(size);
-        if (QFontMetrics(font).horizontalAdvance(QStringLiteral("88:88:88")) <= room - 2) break;
+    if (room != measuredRoom || font.family() != family) {
+        family = font.family();
+        measuredRoom = room;
+        for (size = Largest; size > Smallest; --size) {
+            font.setPixelSize(size);
+            if (QFontMetrics(font).horizontalAdvance(QStringLiteral("88:88:88")) <= room - 2) break;
+        }
     }
+    font.setPixelSize(size);
     return font;
 }
 

@@ -147,8 +147,9 @@ void TrendPlot::recordsGrew(const TrendPlot* leader) {
     const int left = scrolled ? m_view.left() : m_view.left() + std::max(newFrom, 0);
     const int right = scrolled ? m_view.right() : m_view.left() + lastColumn() + 1;
     const int wider = scrolled ? m_view.left() : look.GridXPixel;
-    update(QRect(left, m_view.top(), right - left, m_view.rows()));
-    update(QRect(left - wider, m_view.bottom(), right - left + 2 * wider, m_view.bottomMargin));
+    // One rectangle, although the times need more width than the curves: only then is the canvas copied
+    // straight.
+    update(QRect(left - wider, m_view.top(), right - left + 2 * wider, m_view.rows() + m_view.bottomMargin));
 }
 
 int TrendPlot::lastColumn() const {
