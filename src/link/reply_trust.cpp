@@ -165,9 +165,10 @@ bool ReplyTrust::ownAnswerIsDue() const {
            now >= m_sentUs + std::max(m_slowestUs, UsualDelay) + DelaySpread;
 }
 
-// Only a refusal is shorter than the words of a text.
+// The status is no text, and only a refusal is shorter than the words of one.
 bool ReplyTrust::isText(const QByteArray& reply) const {
-    return wordsAskedFor(m_command) >= WordsOfAText && reply.size() > LongestRefusal;
+    return wordsAskedFor(m_command) >= WordsOfAText && m_command.mid(4, 2) != QLatin1String("21") &&
+           reply.size() > LongestRefusal;
 }
 
 // A write is not repeated for a mere possibility: its echo is nobody else's, and its refusal comes in time.
