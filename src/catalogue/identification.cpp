@@ -43,8 +43,7 @@ void DriveIdentification::onFamily(const QByteArray& RxData) {
 
 void DriveIdentification::refuse(quint8 code) {
     m_link.DriveIdentified = 0;
-    m_link.Notice.TInitialFormShown = false;
-    m_link.notifyChanged();
+    Q_EMIT m_link.identificationFailed();
     m_voice.person.tell(QStringLiteral("ID code = %1. Can't identify this drive !").arg(code),
                         QStringLiteral("Error"));
 }

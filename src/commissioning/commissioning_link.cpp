@@ -104,18 +104,22 @@ void CommissioningLink::closeWait() {
 }
 
 void CommissioningLink::linkChanged() {
-    if (!m_waitShown || site.link.Notice.TInitialFormShown) return;
-    m_waitShown = false;
-    site.link.Notice.waitMayBeLeft = false;
+    if (!site.link.Notice.TInitialFormShown) leaveWait();
+}
+
+void CommissioningLink::leaveWait() {
+    if (!std::exchange(m_waitShown, false)) return;
+    site.link.Notice.TInitialFormShown = site.link.Notice.waitMayBeLeft = false;
+    site.link.notifyChanged();
     Q_EMIT waitLeft();
     Q_EMIT waitEnded();
 }
 
 void CommissioningLink::initialRun() {
+    leaveWait();
     if (!m_open) return;
     m_awaited.reset();
     Q_EMIT wentToRest();
-    closeWait();
 }
 
 }  // namespace kelvane

@@ -58,11 +58,12 @@ class CommissioningLink : public QObject {
     void changed();     // standing
     void wentToRest();  // the link went off line under the open window
     void waitEnded();   // the wait notice has closed, for whatever reason
-    void waitLeft();    // a person closed it; comes before waitEnded()
+    void waitLeft();    // closed by a person or with the link; comes before waitEnded()
 
    private:
     void cycleEnded();
     void linkChanged();
+    void leaveWait();
     void initialRun();
     LinkRequest asked(quint8 task, const QString& command, Awaits awaits);
     void setStanding(Standing why);

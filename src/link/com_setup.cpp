@@ -59,6 +59,22 @@ ComSetup::ComSetup(RequestScheduler& link, TApdComPort& setupPort, TickClock& cl
     m_setupPort.OnTriggerAvail = [this](int count) { ApdComPort1TriggerAvail(count); };
     setLine([](PortSettings& line) { line = {1, 9600, 7, ComParity::None, 2}; });
     m_link.BaudTimeoutTicks = baudTimeoutTicks(9600);
+    connect(&m_link, &RequestScheduler::statusDecoded, this, [this] {
+        if (m_link.owner().endsWaitNotice) endWait();
+    });
+    connect(&m_link, &RequestScheduler::identificationFailed, this, &ComSetup::endWait);
+    connect(&m_link, &RequestScheduler::initialRun, this, &ComSetup::endWait);
+}
+
+void ComSetup::awaitDrive() {
+    m_awaitsDrive = m_link.Notice.TInitialFormShown = true;
+    m_link.notifyChanged();
+}
+
+void ComSetup::endWait() {
+    if (!std::exchange(m_awaitsDrive, false)) return;
+    m_link.Notice.TInitialFormShown = false;
+    m_link.notifyChanged();
 }
 
 ComSetup::~ComSetup() { m_setupPort.OnTriggerAvail = nullptr; }

@@ -77,6 +77,9 @@ class ComSetup : public QObject {
     void OKBitBtnClick();
     void FormClose();
     void closeConnectForm();
+    // After the dialog, when the link goes on line: shows TInitialForm until it is known who the drive is, or
+    // that this cannot be known.
+    void awaitDrive();
 
     // Before the dialog: false when the operator wants to stay on line.
     bool mayOpen();
@@ -100,11 +103,13 @@ class ComSetup : public QObject {
     void failTest(Message message);
     void setLine(const std::function<void(PortSettings&)>& change);
     void notify();
+    void endWait();
 
     RequestScheduler& m_link;
     const Voice m_voice;
     TApdComPort& m_setupPort;
     Shown m_lastShown;
+    bool m_awaitsDrive = false;
 };
 
 }  // namespace kelvane

@@ -105,7 +105,7 @@ void RequestScheduler::Initial() {
     InitFailCount = 0;
     Rx.RxGotCR = Rx.RxFrameDone = 0;
     m_silentSince = false;
-    Notice.TInitialFormShown = Notice.TCEmessageFormShown = false;
+    Notice.TCEmessageFormShown = false;
     DriveIdentified = 1;
     setLamp(LampState::OffLine);
     Q_EMIT initialRun();

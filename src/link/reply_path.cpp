@@ -113,8 +113,7 @@ void RequestScheduler::countRule() {
         return;
     }
     Notice.LinkAction = 3;
-    Notice.TInitialFormShown = false;
-    notifyChanged();
+    Q_EMIT identificationFailed();
     operatorAsked().tell(QStringLiteral("Initial drive failed !!"), QStringLiteral("Error"));
 }
 

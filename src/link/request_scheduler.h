@@ -106,12 +106,13 @@ class RequestScheduler : public QObject, public RequestQueues {
     void cycleEnded();  // one exchange is over and its flags are set
     void answered(quint8 task, const QString& command, const QByteArray& RxData);  // a good reply
     void statusDecoded();                                                          // a status poll was stored
-    void identificationEnded();  // the last group's count is in and the maximum frequency is asked for
-    void keypadTableReady();     // the keypad's counts are read: start the table read
-    void timedOut();             // no reply came; before anybody is asked
-    void timeoutTold();          // the same, behind question and history line
-    void answeredAgain();        // the first reply behind time-outs
-    void badCheck();             // on line
+    void identificationFailed();  // who the drive is cannot be known; before a box says so
+    void identificationEnded();   // the last group's count is in and the maximum frequency is asked for
+    void keypadTableReady();      // the keypad's counts are read: start the table read
+    void timedOut();              // no reply came; before anybody is asked
+    void timeoutTold();           // the same, behind question and history line
+    void answeredAgain();         // the first reply behind time-outs
+    void badCheck();              // on line
     void refused(quint8 task, quint8 code);
     void wentOnLine();
     void initialRun();  // Initial has run

@@ -91,7 +91,6 @@ void decodeStatus(RequestScheduler& link, const QByteArray& RxData) {
     status.JogActive = (status.StatusWords[1] >> 2) & 1;
     status.ReservedEnabled = (status.StatusWords[1] >> 5) & 1;
     status.DriveReady = 1;
-    if (link.owner().endsWaitNotice) link.Notice.TInitialFormShown = false;
     Q_EMIT link.statusDecoded();
 }
 

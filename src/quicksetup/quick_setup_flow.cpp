@@ -219,6 +219,7 @@ void QuickSetupFlow::onRefused(quint8 task) {
 
 // A link that goes to rest answers no more.
 void QuickSetupFlow::onInitialRun() {
+    leaveWait();
     endLastWrite(Outcome::Unanswered);
     RDTimer.stop();
     WRTimer.stop();

@@ -285,8 +285,7 @@ void Windows::afterComSetup() {
         return;
     }
     m_waitingForDrive = true;
-    tool.link.Notice.TInitialFormShown = true;
-    tool.link.notifyChanged();
+    tool.comSetup.awaitDrive();
 }
 
 // At the end of the exchange that closed the wait notice: when identification failed, Initial runs behind its

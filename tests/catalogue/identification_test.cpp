@@ -115,7 +115,11 @@ INSTANTIATE_TEST_SUITE_P(Families, Identification, testing::ValuesIn(goldens),
 TEST(IdentificationEnd, RefusedFamilies) {
     for (const quint8 code : {quint8(7), quint8(10), quint8(20), quint8(255)}) {
         Session session({.family = Family::Larch, .drive = {.familyCode = code}});
+        int askedBefore = -1;
+        QObject::connect(&session.link, &RequestScheduler::identificationFailed,
+                         [&] { askedBefore = int(session.person.asked.size()); });
         EXPECT_FALSE(session.goOnLine(5000));
+        EXPECT_EQ(askedBefore, 0) << "the wait notice closes before the box";
         EXPECT_EQ(session.person.asked,
                   QStringList{QStringLiteral("Error: ID code = %1. Can't identify this drive !").arg(code)});
         EXPECT_EQ(session.sent(), 1);

@@ -294,11 +294,10 @@ TEST_F(TimeOut, IgnoreDropsTheRequestAndAbortTakesTheLinkDown) {
     EXPECT_EQ(send(), "FF0620000030");
 
     start();
-    link.Notice.TInitialFormShown = true;
     failFiveTimes(LinkAnswer::Abort);
     EXPECT_EQ(tasks(), (std::vector<int>{0, 21}));
     EXPECT_FALSE(link.TxTimer.Enabled() || link.RxTimer.Enabled());
-    EXPECT_FALSE(link.Notice.TInitialFormShown || link.Notice.TCEmessageFormShown);
+    EXPECT_FALSE(link.Notice.TCEmessageFormShown);
     EXPECT_EQ(link.Notice.LinkAction, 0);
 }
 
@@ -380,15 +379,17 @@ TEST_F(Reply, FetchesTheTextOfAnExceptionAndDropsTheRequest) {
 
 TEST_F(Reply, CountsFailuresOfIdentificationTogether) {
     link.Initial();
-    link.Notice.TInitialFormShown = true;
+    bool failed = false;
+    QObject::connect(&link, &RequestScheduler::identificationFailed, [&] { failed = true; });
     link.TxTimer.setEnabled(true);
     const QStringList replies{"FF8302", "FF030204D2", "FF8302", "FF030204D2", "FF8302"};
     for (int i = 0; i < 5; ++i) {
         EXPECT_EQ(send(), "FF0321100003");
-        if (i == 4) person.expectBox("Initial drive failed !!", "Error");
+        if (i == 4)
+            person.expectBox("Initial drive failed !!", "Error", BoxAnswer::Ok, [&] { EXPECT_TRUE(failed); });
         answer(replies[i]);
     }
-    EXPECT_FALSE(link.Notice.TInitialFormShown || link.Lamp.onLine() || port.isOpen);
+    EXPECT_FALSE(link.Lamp.onLine() || port.isOpen);
     EXPECT_FALSE(link.TxTimer.Enabled());
     EXPECT_EQ(history, QStringList(2, "Receive data length is not correct !!"));
 }

@@ -33,7 +33,6 @@ TEST_F(StatusPoll, DecodesItemsAsUnsignedTexts) {
     link.DriveStatus.StatusDecimals = {2, 2, 2, 1, 1, 0, 0, 0, 1, 1};
     link.DriveStatus.FaultTextValid = 1;
     link.DriveStatus.DriveReady = 0;
-    link.Notice.TInitialFormShown = true;
     int decoded = 0;
     QObject::connect(&link, &RequestScheduler::statusDecoded, [&] { ++decoded; });
     poll();
@@ -45,7 +44,6 @@ TEST_F(StatusPoll, DecodesItemsAsUnsignedTexts) {
     EXPECT_EQ(status.StatusWords[1], 0x24U);
     EXPECT_TRUE(status.JogActive && status.ReservedEnabled && status.DriveReady);
     EXPECT_EQ(status.FaultTextValid, 0);
-    EXPECT_FALSE(link.Notice.TInitialFormShown);
     EXPECT_EQ(decoded, 1);
 }
 

@@ -143,8 +143,7 @@ TEST(ComSetupForm, TestByHandThenOnLine) {
     click(room.form, "OKBitBtn");
     EXPECT_FALSE(room.form.isVisible());
     ASSERT_TRUE(room.link.TxTimer.Enabled());
-    room.link.Notice.TInitialFormShown = true;
-    room.link.notifyChanged();
+    room.setup.awaitDrive();
     EXPECT_TRUE(wait.isVisible());
     QTest::keyClick(&wait, Qt::Key_Escape);
     wait.close();
@@ -278,8 +277,7 @@ TEST(CEmessageForm, StandsOverTheWindowInFrontAndFollowsTheLink) {
     room.setup.ComPortComboBoxChange(QStringLiteral("3"));
     room.setup.copySettingsToLink();
     room.link.Initial();
-    room.link.Notice.TInitialFormShown = true;
-    room.link.notifyChanged();
+    room.setup.awaitDrive();
     room.link.TxTimer.setEnabled(true);
     room.clock.advanceUntil([&] { return notice.isVisible(); }, 5000);
     EXPECT_FALSE(notice.isModal());
