@@ -141,9 +141,9 @@ void TrendPlot::recordsGrew(const TrendPlot* leader) {
     if (m_follows) m_view.showLastScreen(TotalRecords());
     if (m_cursorX && (m_value.DataValid || m_view.recordAt(*m_cursorX) < TotalRecords())) followCursor();
     if (m_dirty || m_canvas.isNull() || !scrollCanvas(m_view.fromColumn() - from)) return redrawAll();
-    const int newFrom = drawNewColumns();
     // Scale and captions stay. Where nothing scrolled, only the new columns and their time are others.
     const bool scrolled = m_view.fromColumn() != from;
+    const int newFrom = drawNewColumns(scrolled ? m_view.columns() : lastColumn());
     const int left = scrolled ? m_view.left() : m_view.left() + std::max(newFrom, 0);
     const int right = scrolled ? m_view.right() : m_view.left() + lastColumn() + 1;
     const int wider = scrolled ? m_view.left() : look.GridXPixel;
@@ -166,7 +166,8 @@ bool TrendPlot::scrollCanvas(qint64 columns) {
     return true;
 }
 
-int TrendPlot::drawNewColumns() {
+// Up to a column and the width of a stroke.
+int TrendPlot::drawNewColumns(int to) {
     const auto columnOf = [this](qint64 record) {
         return static_cast<int>(static_cast<qint64>(m_view.columnOf(std::max<qint64>(record, 0))) -
                                 m_view.fromColumn());
@@ -177,7 +178,7 @@ int TrendPlot::drawNewColumns() {
     painter.translate(-m_view.left(), -m_view.top());
     // Columns that scrolled in beyond the last record are bare ground.
     const int from = columnOf(m_paintedRecords - 1) - widest;
-    trendPainter().paintColumns(painter, from, m_view.columns());
+    trendPainter().paintColumns(painter, from, std::min(to + widest + 1, m_view.columns()));
     m_paintedRecords = TotalRecords();
     return from;
 }

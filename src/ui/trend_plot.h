@@ -107,7 +107,7 @@ class TrendPlot : public QWidget {
     void redrawAll();
     void drawCanvas();
     bool scrollCanvas(qint64 columns);
-    int drawNewColumns();  // the first of them
+    int drawNewColumns(int to);  // the first of them
     int lastColumn() const;
     void paintCursor(QPainter& painter) const;
     void paintMarks(QPainter& painter, const TrendView& view, const QColor& ground) const;
