@@ -5,8 +5,10 @@ that loses it, or a dialog that takes it along when it closes, ends the session.
 
 keyboard_session.py PROGRAM PRACTICE_DRIVE SOURCE_FOLDER WINDOW_MANAGER
 """
+import contextlib
 import os
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -21,7 +23,7 @@ children = []
 
 
 def start(*command, **options):
-    children.append(subprocess.Popen(command, env=desk, stderr=subprocess.DEVNULL, **options))
+    children.append(subprocess.Popen(command, env=desk, stderr=subprocess.DEVNULL, start_new_session=True, **options))
     return children[-1]
 
 
@@ -143,7 +145,7 @@ try:
     main()
 finally:
     for child in reversed(children):
-        if child.poll() is None:
-            child.terminate()
-            child.wait()
+        with contextlib.suppress(ProcessLookupError):
+            os.killpg(child.pid, signal.SIGTERM)  # what it started on its part, too
+        child.wait()
     shutil.rmtree(here, ignore_errors=True)
