@@ -28,8 +28,8 @@ def start(*command, **options):
 
 
 def xdotool(*arguments):
-    told = subprocess.run(("xdotool", *arguments), env=desk, capture_output=True, text=True, check=False)
-    return told.stdout.strip()
+    answer = subprocess.run(("xdotool", *arguments), env=desk, capture_output=True, text=True, check=False)
+    return answer.stdout.strip()
 
 
 def with_keyboard():
@@ -74,6 +74,12 @@ def accepted_by_return():
     while time.monotonic() < asked and with_keyboard() != "Cofirm":
         time.sleep(0.05)
     return with_keyboard() == "Cofirm"
+
+
+def manager_answers():
+    """Whether the manager does what it is asked for. One that only says who it is, is still beginning, and a window
+    that is there before it is never given the keyboard."""
+    return xdotool("set_num_desktops", "2", "get_num_desktops") == "2"
 
 
 def session():
@@ -126,13 +132,14 @@ def main():
     project = (Path(source) / "packaging/default.prj").read_text(encoding="ascii")
     (here / "default.prj").write_text(project.replace("Com port    =20", "Com port    =1").replace("=9600", "=115200"),
                                       encoding="ascii", newline="\r\n")
-    ready, told = os.pipe()
-    start("Xvfb", "-displayfd", str(told), "-screen", "0", "1280x800x24", "-nolisten", "tcp", pass_fds=[told])
+    ready, number = os.pipe()
+    start("Xvfb", "-displayfd", str(number), "-screen", "0", "1280x800x24", "-nolisten", "tcp", "-noreset",
+          pass_fds=[number])
     desk["DISPLAY"] = ":" + os.read(ready, 16).decode().strip()
     drive = start(practice_drive, "--family", "larch", "--baud", "115200", stdout=subprocess.PIPE, text=True)
     (here / "serial_ports.txt").write_text(f"1={drive.stdout.readline().strip()}\n", encoding="utf-8")
     start("dbus-run-session", "--", manager, stdout=subprocess.DEVNULL)
-    wait_for("the window manager", lambda: xdotool("get_desktop"))
+    wait_for("the window manager", manager_answers)
     tool = start(str(here / Path(program).name), cwd=here)
     session()
     if tool.wait(PATIENCE) != 0:
