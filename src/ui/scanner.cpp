@@ -64,7 +64,7 @@ void VrIndicator::paintEvent(QPaintEvent* event) {
     const QColor edge = mix(palette().color(QPalette::WindowText), dark, 0.6);
     for (int cell = 0; cell < Cells; ++cell) {
         const QRectF room = cellRoom(cell);
-        if (!room.intersects(event->rect())) continue;
+        if (!event->region().intersects(room.toAlignedRect())) continue;
         const QRectF box = room.adjusted(1.5, 1.5, -1.5, -1.5);
         const double how = strengthAt(cell, m_painted);
         painter.setPen(how > 0 ? QPen(lit, 1) : QPen(edge, 1));

@@ -30,7 +30,7 @@ class VrIndicator : public QWidget {
     // Strength of cell n of Cells, 0 dark to 1 fully lit; the position is given as a share of the maximum.
     virtual double strength(int cell, double share) const;
     static constexpr int Cells = 10;
-    static constexpr int LeastPaintMs = 80;  // between two paintings of a bar that moves
+    static constexpr int LeastPaintMs = 120;  // between two paintings of a bar that moves
 
    private:
     double strengthAt(int cell, int position) const;

@@ -32,7 +32,8 @@ void TrendOverview::drawCanvas() {
     look.opGrid = false;
     QPainter painter(&m_canvas);
     painter.fillRect(rect(), look.background);
-    TrendPainter(m_data, m_view, look).paintColumns(painter, 0, m_view.columns());
+    ShapedTexts noTexts;
+    TrendPainter(m_data, m_view, look, noTexts).paintColumns(painter, 0, m_view.columns());
     m_dirty = false;
 }
 

@@ -67,6 +67,16 @@ Rows joined(const Rows& a, const Rows& b) {
 
 }  // namespace
 
+const QStaticText& ShapedTexts::of(const QString& text, const QFont& font) {
+    const std::pair key(text, font);
+    if (const QStaticText* known = m_texts.object(key)) return *known;
+    auto* shaped = new QStaticText(text);
+    shaped->setTextFormat(Qt::PlainText);
+    shaped->prepare({}, font);
+    m_texts.insert(key, shaped);
+    return *shaped;
+}
+
 QColor channelColour(const TrendChannel& channel, const QColor& ground) {
     const QColor chosen = QColor::fromRgb(channel.color);
     if (contrast(chosen, ground) >= LeastContrast) return chosen;
@@ -212,6 +222,14 @@ void TrendPainter::paintColumnExtremes(QPainter& painter, int fromColumn, int to
     }
 }
 
+double TrendPainter::putText(QPainter& painter, double x, double top, const QString& text,
+                             double share) const {
+    const QStaticText& shaped = m_texts.of(text, painter.font());
+    const double width = shaped.size().width();
+    painter.drawStaticText(QPointF(x - share * width, top), shaped);
+    return width;
+}
+
 void TrendPainter::paintLeftScale(QPainter& painter) const {
     if (!m_look.opLeftScale) return;
     painter.save();
@@ -223,8 +241,7 @@ void TrendPainter::paintLeftScale(QPainter& painter) const {
         for (qsizetype band = 0; band < m_look.bands.size(); ++band) {
             const double middle = m_view.yOf((static_cast<double>(band) + 0.5) * share);
             painter.setPen(channelColour(m_data.channels[static_cast<size_t>(band)], m_look.background));
-            painter.drawText(QRectF(0, middle - metrics.height() / 2.0, width, metrics.height()),
-                             Qt::AlignRight | Qt::AlignVCenter, m_look.bands[band]);
+            putText(painter, width, middle - metrics.height() / 2.0, m_look.bands[band], 1);
         }
         painter.restore();
         return;
@@ -247,12 +264,11 @@ void TrendPainter::paintLeftScale(QPainter& painter) const {
         text.replace(QLatin1Char('.'), m_look.decimalSep);
         // The lowest one stands clear of the times.
         const int top = std::min(y - metrics.height() / 2, m_view.bottom() + 2 - metrics.height());
-        painter.drawText(QRect(0, top, width, metrics.height()), Qt::AlignRight | Qt::AlignVCenter, text);
+        putText(painter, width, top, text, 1);
     }
     const QString head = QStringLiteral("Ch%1").arg(at + 1) %
                          (channel.ValueUnit.isEmpty() ? QString() : QStringLiteral(" ") % channel.ValueUnit);
-    painter.drawText(QRect(0, m_view.top() - 2 * metrics.height() + 2, width, metrics.height()),
-                     Qt::AlignRight | Qt::AlignVCenter, head);
+    putText(painter, width, m_view.top() - 2 * metrics.height() + 2, head, 1);
     painter.restore();
 }
 
@@ -271,8 +287,7 @@ void TrendPainter::paintTimes(QPainter& painter, int fromX, int toX) const {
         const qint64 sample = m_data.records.nearestSample(record, 50);
         const auto moment = sample < 0 ? std::nullopt : trendMoment(m_data.records[sample].Time);
         if (!moment) continue;
-        painter.drawText(QRect(x - step, m_view.bottom() + 2, 2 * step, m_view.bottomMargin - 2),
-                         Qt::AlignHCenter | Qt::AlignTop, moment->time.toString(QStringLiteral("HH:mm:ss")));
+        putText(painter, x, m_view.bottom() + 2, moment->time.toString(QStringLiteral("HH:mm:ss")), 0.5);
     }
     painter.restore();
 }
@@ -283,19 +298,18 @@ void TrendPainter::paintCaptions(QPainter& painter) const {
     painter.setFont(smallFont(painter));
     const QFontMetrics metrics(painter.font());
     const int gap = 3 * LabelGap;
-    int x = m_view.left();
+    double x = m_view.left();
     int y = 2;
     for (const TrendChannel& channel : m_data.channels) {
         if (!channel.visible) continue;
-        const int width = metrics.horizontalAdvance(channel.Caption);
+        const double width = m_texts.of(channel.Caption, painter.font()).size().width();
         if (x > m_view.left() && x + width > m_view.right()) {
             x = m_view.left();
             y += metrics.height();
         }
         if (y + metrics.height() > m_view.top()) break;
         painter.setPen(channelColour(channel, m_look.background));
-        painter.drawText(QRect(x, y, width + 1, metrics.height()), Qt::AlignLeft | Qt::AlignVCenter,
-                         channel.Caption);
+        putText(painter, x, y, channel.Caption, 0);
         x += width + gap;
     }
     painter.restore();

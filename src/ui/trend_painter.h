@@ -2,8 +2,11 @@
 // from the view; colours and options from the look.
 #pragma once
 
+#include <QCache>
 #include <QColor>
+#include <QFont>
 #include <QRect>
+#include <QStaticText>
 #include <QStringList>
 
 #include "base/trend_view.h"
@@ -35,10 +38,21 @@ struct TrendLook {
 // Colour of a channel on a ground: as chosen where it can be seen, else moved towards it.
 QColor channelColour(const TrendChannel& channel, const QColor& ground);
 
+// Texts as their font shapes them. That costs ten times what drawing does, and most stand there for many
+// records.
+class ShapedTexts {
+   public:
+    // Valid until the next call.
+    const QStaticText& of(const QString& text, const QFont& font);
+
+   private:
+    QCache<std::pair<QString, QFont>, QStaticText> m_texts{100};
+};
+
 class TrendPainter {
    public:
-    TrendPainter(const TrendData& data, const TrendView& view, const TrendLook& look)
-        : m_data(data), m_view(view), m_look(look) {}
+    TrendPainter(const TrendData& data, const TrendView& view, const TrendLook& look, ShapedTexts& texts)
+        : m_data(data), m_view(view), m_look(look), m_texts(texts) {}
 
     // Ground, grid, separators and curves of some of the view's columns, within the plot.
     void paintColumns(QPainter& painter, int fromColumn, int toColumn) const;
@@ -56,9 +70,13 @@ class TrendPainter {
     void paintGrid(QPainter& painter, int fromColumn, int toColumn) const;
     void paintRecords(QPainter& painter, int fromColumn, int toColumn) const;
     void paintColumnExtremes(QPainter& painter, int fromColumn, int toColumn) const;
+    // With some share of it to the left of x; its width.
+    double putText(QPainter& painter, double x, double top, const QString& text, double share) const;
+
     const TrendData& m_data;
     const TrendView& m_view;
     const TrendLook& m_look;
+    ShapedTexts& m_texts;
 };
 
 }  // namespace kelvane

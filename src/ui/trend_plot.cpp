@@ -265,7 +265,7 @@ void TrendPlot::paintSheet(QPainter& painter, QSize size, const QColor& ground, 
         sheet.ColorGrid = Qt::lightGray;
         sheet.ColorSeparator = Qt::darkGray;
     }
-    TrendPainter(m_data, view, sheet).paintSheet(painter);
+    TrendPainter(m_data, view, sheet, m_texts).paintSheet(painter);
     painter.save();
     paintMarks(painter, view, ground);
     painter.restore();

@@ -99,7 +99,7 @@ class TrendPlot : public QWidget {
 
    private:
     enum class Drag { None, Pan, CursorA, CursorB };
-    TrendPainter trendPainter() const { return {m_data, m_view, look}; }
+    TrendPainter trendPainter() const { return {m_data, m_view, look, m_texts}; }
     void changeAxis(void (TrendView::*change)());
     void fitMargins();
     void viewMoved();
@@ -117,6 +117,7 @@ class TrendPlot : public QWidget {
 
     const TrendData& m_data;
     TrendView m_view;
+    mutable ShapedTexts m_texts;
     QPixmap m_canvas;  // the plot without its overlay
     bool m_dirty = true;
     bool m_follows = false;

@@ -102,7 +102,8 @@ void TScopeForm::connectSession() {
         takeColours();
         followMarkers();
         AbTrend1->lookChanged();
-        m_overview->refresh();
+        // A run refreshes the overview by itself, and on a ramp its scales change with every record.
+        if (!m_session.AbTrend1.recording()) m_overview->refresh();
         showMeasure();
     });
     TrendRecorder& recorder = m_session.AbTrend1;
