@@ -56,6 +56,8 @@ ReplyVerdict judgeContent(const QString& command, const QByteArray& RxData) {
     return ReplyVerdict::FunctionError;
 }
 
+int lengthIn(LinkMode mode, int rtuLength) { return mode == LinkMode::Ascii ? 2 * rtuLength + 1 : rtuLength; }
+
 }  // namespace
 
 quint8 CalcLRC(const QByteArray& bytes) {
@@ -142,6 +144,13 @@ JudgedReply judgeReply(LinkMode mode, const QString& command, const RxBuffer& re
     return judged;
 }
 
+int answerLength(LinkMode mode, const QString& command) {
+    const QByteArray sent = StrTo8bitInt(command);
+    const quint8 asked = sent.size() < 6 ? quint8(0) : byteAt(sent, 2);
+    if (asked == 3) return lengthIn(mode, 5 + 2 * wordAt(sent, 5));
+    return asked == 6 ? lengthIn(mode, 8) : 0;
+}
+
 int replyLength(LinkMode mode, const QString& command, const RxBuffer& reply) {
     const bool ascii = mode == LinkMode::Ascii;
     const QByteArray sent = StrTo8bitInt(command);
@@ -149,11 +158,8 @@ int replyLength(LinkMode mode, const QString& command, const RxBuffer& reply) {
     const quint8 asked = byteAt(sent, 2);
     const quint8 came =
         ascii ? byteAt(QByteArray::fromHex(reply.RxData.mid(3, 2)), 1) : byteAt(reply.RxData, 2);
-    int length = 0;  // in RTU
-    if (came == (asked | 0x80)) length = 5;
-    if (came == asked && asked == 3) length = 5 + 2 * wordAt(sent, 5);
-    if (came == asked && asked == 6) length = 8;
-    return ascii && length > 0 ? 2 * length + 1 : length;
+    if (came == (asked | 0x80)) return lengthIn(mode, 5);
+    return came == asked ? answerLength(mode, command) : 0;
 }
 
 bool isWholeRtuReply(const QString& command, const RxBuffer& reply) {

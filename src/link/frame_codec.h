@@ -57,6 +57,8 @@ struct JudgedReply {
 // at the command only: address and echo are never compared.
 JudgedReply judgeReply(LinkMode mode, const QString& command, const RxBuffer& reply, bool rules = true);
 
+// Length on the wire of a good answer to command; 0 for a function that has none.
+int answerLength(LinkMode mode, const QString& command);
 // Length on the wire of the reply to command, by the function that has come: the asked data, the echo of
 // a write or an exception. 0 while the function has not come, and for a function that is neither.
 int replyLength(LinkMode mode, const QString& command, const RxBuffer& reply);

@@ -51,8 +51,10 @@ void RequestScheduler::clearReception() {
     Rx.RxData.clear();
 }
 
-// The answer to a cut-off request may come until its wait would have ended.
+// The answer to a cut-off request may come until its wait would have ended. A STOP that went unanswered
+// before is not forgotten.
 void RequestScheduler::abandonExchange() {
+    if (m_sentAgain || !RxTimer.Enabled()) keepStop();
     if (!RxTimer.Enabled()) return;
     const quint32 left = ReplyTimeoutTicks > RxTickCount ? ReplyTimeoutTicks - RxTickCount : 0;
     const auto wire = static_cast<quint32>(m_wireTimeUs / (qint64(TickLength) * 1000) + 1);
@@ -65,7 +67,7 @@ void RequestScheduler::rest() {
     abandonExchange();
     TxTimer.setEnabled(false);
     RxTimer.setEnabled(false);
-    m_sendDeferred = m_startWanted = false;
+    m_sendDeferred = m_startWanted = m_givingUp = false;
     endHoldBack();
 }
 

@@ -26,6 +26,7 @@ void RequestScheduler::handleReply() {
     }
     stepIndicator(m_indicator == 90 ? 0 : std::min(m_indicator + 10, 100));  // the bar ends at 100
 
+    if (!inHand()) return;  // its request was taken back: it answers nobody's
     // Fronts are copied: a box below may let other windows touch the queues.
     const QString command = CommandQueue.empty() ? QString() : CommandQueue.front();
     const quint8 task = TaskQueue.empty() ? quint8(0xFF) : TaskQueue.front();

@@ -8,9 +8,8 @@ namespace kelvane {
 
 namespace {
 
-constexpr qint64 LongestLateness = 5000000;  // us; an answer that comes later is not reckoned with
-constexpr qint64 LongTrouble = 60000000;     // us; so long a line that failed is not trusted like others
-constexpr qsizetype MostHeard = 2048;        // bytes; a line that chatters on has no answer in it
+constexpr qint64 LongTrouble = 60000000;  // us; so long a line that failed is not trusted like others
+constexpr qsizetype MostHeard = 2048;     // bytes; a line that chatters on has no answer in it
 constexpr qsizetype ShortestRtuReply = 5;
 constexpr qsizetype MostRemembered = 128;  // replies
 constexpr qsizetype LongestRefusal = 11;   // characters
@@ -238,12 +237,15 @@ void ReplyTrust::oweSilence(quint32 ticks) {
     if (ticks == 0) return;
     m_silenceOwed = std::max(ticks, m_silenceLeft);
     m_silenceLeft = m_silenceOwed;
+    m_silenceEndUs = m_clock.nowUs() + 2 * LongestLateness;
     m_silence.setEnabled(false);
     m_silence.setEnabled(true);
 }
 
 void ReplyTrust::silentTick() {
-    if (m_silenceLeft > 0 && --m_silenceLeft > 0) return;
+    const bool wanted = m_silenceLeft > 0 && --m_silenceLeft > 0;
+    if (wanted && m_clock.nowUs() < m_silenceEndUs) return;
+    m_silenceLeft = 0;
     m_silence.setEnabled(false);
     m_onSilent();
 }

@@ -21,6 +21,8 @@ bool fitsCommand(LinkMode mode, const QByteArray& reply, const QString& command)
 
 class ReplyTrust {
    public:
+    static constexpr qint64 LongestLateness = 5000000;  // us; an answer that comes later is not reckoned with
+
     // onSilent is called when the line has been silent for as long as it was owed.
     ReplyTrust(TickClock& clock, std::function<void()> onSilent);
 
@@ -34,6 +36,8 @@ class ReplyTrust {
     // own would have begun.
     bool ownAnswerIsDue() const;
     bool heardAnything() const { return !m_heard.isEmpty(); }
+    // Something was heard, and it is longer than that since the request left.
+    bool onlyNoiseSince(qint64 us) const { return heardAnything() && m_clock.nowUs() >= m_earliestUs + us; }
     // The one reply that fits; nothing when there is none, or when two that fit are not the same. What may be
     // another request's does not count: a copy of what was heard for that one, when it is a text on a line
     // that failed lately, comes beside a fresh reply or where no answer can have begun, and in a resend when
@@ -53,7 +57,8 @@ class ReplyTrust {
     // The same for one that was cut off. Where nothing was in doubt, its answer settles that before the next
     // request is sent, as it would have ended the exchange.
     void cutOff();
-    // Nothing is sent until no byte has come for so many waiting ticks; counts at once.
+    // Nothing is sent until no byte has come for so many waiting ticks; counts at once. Of a line that is
+    // never silent none is asked any more when nothing late can come.
     void oweSilence(quint32 ticks);
     bool silenceOwed() const { return m_silenceLeft > 0; }
     void forgetPace();
@@ -81,10 +86,11 @@ class ReplyTrust {
     TickTimer m_silence;
     quint32 m_silenceOwed = 0;  // ticks
     quint32 m_silenceLeft = 0;
-    QList<Heard> m_before;  // whole replies of the exchanges of the last seconds, oldest first
-    QString m_command;      // the request in hand
-    QByteArray m_echo;      // its answer, when it is a write: nothing else is answered like that
-    QByteArray m_heard;     // since the request was sent
+    qint64 m_silenceEndUs = 0;  // at the latest
+    QList<Heard> m_before;      // whole replies of the exchanges of the last seconds, oldest first
+    QString m_command;          // the request in hand
+    QByteArray m_echo;          // its answer, when it is a write: nothing else is answered like that
+    QByteArray m_heard;         // since the request was sent
     qint64 m_sentUs = 0;
     qint64 m_earliestUs = 0;  // before it no answer can begin
     qint64 m_fastestUs =

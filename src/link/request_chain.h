@@ -50,8 +50,10 @@ class RequestChain : public QObject {
     bool running() const { return m_timer.Enabled(); }
     bool waiting() const { return m_out.has_value(); }  // a request is out
     const std::optional<LinkRequest>& out() const { return m_out; }
-    // A request is out and the link is at rest: no answer is coming any more.
-    bool waitsForNothing() const { return waiting() && m_link.idle() && !flagOf(*m_out); }
+    // A request is out and the link is at rest, or never comes to it: no answer is coming any more.
+    bool waitsForNothing() const {
+        return waiting() && (m_link.idle() || m_link.neverSilent()) && !flagOf(*m_out);
+    }
 
    private:
     void tick();

@@ -53,7 +53,8 @@ QString RequestQueues::takeUp(const QString& generated) {
 }
 
 void RequestQueues::dropFront() {
-    if (!TaskQueue.empty()) TaskQueue.pop_front();
+    if (!m_inHand) return;  // emptied meanwhile; what stands there now has not left
+    TaskQueue.pop_front();
     // With nothing behind them copies stay until the next send step or push.
     const int ended = TaskQueue.empty() ? std::min(m_copies, 1) : m_copies;
     for (int i = 0; i < ended && !CommandQueue.empty(); ++i) CommandQueue.pop_front();
@@ -108,6 +109,12 @@ bool RequestQueues::stopWaits() const { return m_inHand && TaskQueue.size() > 1 
 
 bool RequestQueues::stopIsNext() const {
     return !m_inHand && !TaskQueue.empty() && TaskQueue.front() == StopTask;
+}
+
+void RequestQueues::keepStop() {
+    if (!m_inHand || TaskQueue.front() != StopTask) return;
+    m_inHand = false;
+    m_copies = 0;
 }
 
 void RequestQueues::promoteStop() {

@@ -45,6 +45,7 @@ class RequestQueues {
     // The exchange in hand failed: STOP goes before it is tried again, and what would move the motor is
     // withdrawn.
     void promoteStop();
+    void keepStop();   // a STOP in hand has not been answered: it has to leave once more
     void dropFront();  // the exchange in hand has ended
     void clearQueues();
 

@@ -10,10 +10,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr int PauseAfterTimeout = 1000;  // ms
-constexpr quint8 MaxSilentRepeats = 4;
-constexpr quint32 SilenceAfterResend = 50;  // ticks
-constexpr quint32 LongestWait = 300;        // ticks
 constexpr int MaxUnclear = 3;
 constexpr qint64 UntilKickedUs = 3600000000;
 constexpr qint64 MinimumSilenceUs = 2000;
@@ -67,7 +63,7 @@ void RequestScheduler::pushCommand(quint8 task, const QString& command) {
     start();
     if (m_ending) return;
     if (RxTimer.Enabled()) {
-        if (m_trust.inDoubt() && m_trust.answer(mode(), CommandQueue.front())) RxTimer.kick();
+        if ((m_trust.inDoubt() && ownAnswerIsHeard()) || stopOutwaitsNoise()) RxTimer.kick();
         return;
     }
     // The exchange in hand is about to be resent. Where that has to wait for silence, STOP does not.
@@ -164,7 +160,9 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
     const bool mayEndEarly = !inConsole() && !m_trust.inDoubt();
     m_wholeReply = mayEndEarly && mode() == LinkMode::Rtu && !CommandQueue.empty() &&
                    isWholeRtuReply(CommandQueue.front(), Rx);
-    if (m_wholeReply) {
+    if (stopOutwaitsNoise()) {
+        RxTimer.kick();
+    } else if (m_wholeReply) {
         const PortSettings& line = port().settings();
         RxTimer.tickIn(rtuSilenceUs(line.silenceUs(), line.Baud, MinimumSilenceUs));
     } else if ((mayEndEarly && Rx.RxFrameDone && mode() == LinkMode::Ascii) || echoIsHeard()) {
@@ -230,18 +228,34 @@ void RequestScheduler::RxTimerTimer() {
 }
 
 bool RequestScheduler::waitIsOver() {
+    if (stopOutwaitsNoise()) return true;
     if (inConsole()) return Console.waitIsOver(RxTickCount, ReplyTimeoutTicks, Rx, port().settings());
     // One tick of silence behind a whole reply stands for all that remain.
     if (m_wholeReply) return true;
     const bool doubt = m_trust.inDoubt();
     if (Rx.RxFrameDone && !doubt) return true;
     if (echoIsHeard()) return true;
-    if (RxTickCount >= adapterGapTicks() && m_trust.ownAnswerIsDue() &&
-        m_trust.answer(mode(), CommandQueue.front()))
-        return true;
-    if (!stopWaits()) return RxTickCount >= ReplyTimeoutTicks;
-    if (doubt && m_trust.answer(mode(), CommandQueue.front())) return true;
+    if (RxTickCount >= adapterGapTicks() && m_trust.ownAnswerIsDue() && ownAnswerIsHeard()) return true;
+    if (!stopIsDue() && !m_givingUp) return RxTickCount >= ReplyTimeoutTicks;
+    if (doubt && ownAnswerIsHeard()) return true;
     return RxTickCount >= std::min(ReplyTimeoutTicks, BaudTimeoutTicks);
+}
+
+bool RequestScheduler::ownAnswerIsHeard() const {
+    return !CommandQueue.empty() && m_trust.answer(mode(), CommandQueue.front());
+}
+
+// The wait is for silence, which a noisy line never is; a STOP waits for no more than an answer can take, and
+// is sent again as soon as its own could have come.
+bool RequestScheduler::stopOutwaitsNoise() const {
+    if (!stopIsDue() && !(inHand() && TaskQueue.front() == StopTask)) return false;
+    const int answer = CommandQueue.empty() ? 0 : answerLength(mode(), CommandQueue.front());
+    return m_trust.onlyNoiseSince(2 * qint64(BaudTimeoutTicks) * TickLength * 1000 +
+                                  port().settings().wireTimeUs(answer));
+}
+
+bool RequestScheduler::neverSilent() const {
+    return (RxTimer.Enabled() || m_sendDeferred) && m_trust.onlyNoiseSince(ReplyTrust::LongestLateness);
 }
 
 // An adapter hands on the bytes of a reply in portions; shorter silences say nothing.
@@ -261,6 +275,11 @@ void RequestScheduler::endCycle() {
 }
 
 void RequestScheduler::judgeCycle() {
+    if (std::exchange(m_givingUp, false)) {
+        Notice.LinkAction = 3;
+        return;
+    }
+    if (stopOutwaitsNoise() && !ownAnswerIsHeard()) return yieldToStop();
     const bool doubt = !inConsole() && m_trust.inDoubt() && m_trust.heardAnything();
     if (doubt && !takeTrustedAnswer() && m_trust.othersMayCome() && m_trust.heardWholeReply(mode()) &&
         m_unclear < MaxUnclear) {
@@ -271,7 +290,7 @@ void RequestScheduler::judgeCycle() {
     m_unclear = 0;
     if (!Rx.RxData.isEmpty()) {
         handleReply();
-    } else if (stopWaits() || stopIsNext()) {
+    } else if (stopIsDue()) {
         yieldToStop();
     } else {
         handleTimeout();
@@ -289,70 +308,13 @@ bool RequestScheduler::takeTrustedAnswer() {
     return true;
 }
 
-void RequestScheduler::askOnceMore() {
-    ShowHistoryMsg(QStringLiteral("An answer to another request came. The request is sent again."));
-    TxTimer.setInterval(StepInterval);
-    m_trust.lostTrack();
-    m_trust.oweSilence(SilenceAfterResend);
-    Notice.LinkAction = 1;
-}
-
-// ---- Time-out path ----
-
-// Not counted as a time-out: the request was not waited for as long as it may be.
-void RequestScheduler::yieldToStop() {
-    if (inConsole()) Console.noResponse();
-    m_trust.lostTrack();
-    m_trust.oweSilence(SilenceAfterResend);
-    Notice.LinkAction = 1;
-}
-
-void RequestScheduler::handleTimeout() {
-    m_silentSince = true;
-    if (!inConsole()) {
-        m_trust.lostTrack();
-        m_trust.oweSilence(BaudTimeoutTicks);
-        Q_EMIT timedOut();
-    } else if (!Console.timedOut()) {
-        return;
-    }
-    ++TimeoutCount;
-    if (TimeoutCount <= MaxSilentRepeats) {
-        announceRetry();
-    } else {
-        askAfterFifthTimeout();
-    }
-    if (!inConsole()) {
-        ShowHistoryMsg(QStringLiteral("Communication Timeout"));
-        Q_EMIT timeoutTold();
-    }
-    TxTimer.setInterval(PauseAfterTimeout);
-}
-
-void RequestScheduler::announceRetry() {
-    Notice.TCEmessageFormShown = true;
-    Notice.CEmessageText = QStringLiteral("Can not get any response from derive. Try to communicate ...");
-    Notice.CEmessageTitle = QStringLiteral("Communication TimeOut");
-    Notice.LinkAction = 1;
-    ReplyTimeoutTicks = TimeoutCount == 1 ? 50 : LongestWait;
-    notifyChanged();
-}
-
-void RequestScheduler::askAfterFifthTimeout() {
-    Notice.TCEmessageFormShown = false;
-    inConsole() ? notifyChanged() : setLamp(LampState::Silent);
-    Notice.LinkAction = static_cast<quint8>(
-        operatorAsked().linkFailure(QStringLiteral("Communication Timeout"), !readIsRunning()));
-    TimeoutCount = 0;
-    if (inConsole()) Console.Log.CanSend = 1;
-}
-
 // ---- End of the cycle ----
 
 void RequestScheduler::finishByLinkAction() {
     const bool writesWait =
         Notice.TWriteCheckFormShown && !Notice.TProgressFormShown;  // for the answer, to act on it
-    if (Notice.LinkAction == 1) return sendAgain();
+    if (Notice.LinkAction == 3 && stopIsDue()) m_givingUp = true;   // behind that STOP
+    if (Notice.LinkAction == 1 || m_givingUp) return sendAgain();
     if (Notice.LinkAction == 3) {
         giveUp();
     } else {
@@ -411,7 +373,9 @@ void RequestScheduler::decideWhetherToGoOn() {
     if (exceptionPending && Notice.TWriteCheckFormShown) TxTimer.setEnabled(true);
     if (owner().emptiesQueues) emptyQueues();
     if (std::exchange(m_startWanted, false) && !TaskQueue.empty()) TxTimer.setEnabled(true);
-    if (stopIsNext()) TxTimer.setEnabled(true);
+    if (!stopIsNext()) return;
+    TxTimer.setEnabled(true);
+    TxTimer.kick();
 }
 
 }  // namespace kelvane

@@ -67,6 +67,8 @@ class RequestScheduler : public QObject, public RequestQueues {
     void pushCommand(quint8 task, const QString& command);
     void start();  // sends what waits in the queues
     bool idle() const { return !TxTimer.Enabled() && !RxTimer.Enabled() && !m_ending; }
+    // Bytes have been coming for so long that nothing can be sent or answered.
+    bool neverSilent() const;
     // Reply handlers by task code; a code without one does nothing.
     using TaskHandler = std::function<void(const QString& command, const QByteArray& RxData)>;
     void onReply(quint8 task, TaskHandler handler);
@@ -95,7 +97,7 @@ class RequestScheduler : public QObject, public RequestQueues {
 
     LinkMode mode() const { return ComMode ? LinkMode::Rtu : LinkMode::Ascii; }
     const OwnerRow& owner() const { return ownerRow(ActiveFunction); }
-    TApdComPort& port() { return m_site.ApdComPort1; }
+    TApdComPort& port() const { return m_site.ApdComPort1; }
     int BrandVariant() const { return m_brandVariant; }
     int ComStatusVrIndicator() const { return m_indicator; }  // scanner bar, 0 to 100
 
@@ -138,6 +140,9 @@ class RequestScheduler : public QObject, public RequestQueues {
 
     // Wait step.
     bool waitIsOver();
+    bool ownAnswerIsHeard() const;
+    bool stopIsDue() const { return stopWaits() || stopIsNext(); }
+    bool stopOutwaitsNoise() const;
     void goOnWaiting();
     bool restUntilNearlyWhole();
     int knownLength() const;
@@ -169,7 +174,9 @@ class RequestScheduler : public QObject, public RequestQueues {
     void clearReception();
     void abandonExchange();
 
-    static constexpr int StepInterval = 1;  // of TxTimer, outside the pause behind a time-out
+    static constexpr int StepInterval = 1;             // of TxTimer, outside the pause behind a time-out
+    static constexpr quint32 SilenceAfterResend = 50;  // ticks
+    static constexpr quint32 LongestWait = 300;        // ticks
     struct ShownRecords {
         DriveLabelsRecord Labels;
         LampRecord Lamp;
@@ -192,6 +199,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     bool m_startWanted = false;   // a window pushed while an exchange was open
     bool m_sendDeferred = false;  // until the line is silent
     bool m_silentSince = false;   // time-outs since the last reply
+    bool m_givingUp = false;      // a STOP goes out once more before the link is given up
 };
 
 }  // namespace kelvane

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "bench/link_bench.h"
+#include "link/request_chain.h"
 
 namespace kelvane {
 namespace {
@@ -406,6 +407,63 @@ TEST_F(Reply, LogsLengthAndFunctionErrorsAndGoesOnWithoutAFlag) {
 }
 
 // Who goes on by himself after a good reply.
+// A line that hums without a pause: bytes closer together than any wait.
+struct Stop : OnLine {
+    const QString stop = QStringLiteral("FF0620000001");
+    TickTimer hum{clock, TickKind::RealTime, 40, [this] { port.arrive("U"); }};
+
+    qsizetype framesUntilStop(qint64 maxMs) {
+        const qsizetype before = port.written.size();
+        const auto left = [&] {
+            return port.written.size() > before && commandOf(port.written.back()) == stop;
+        };
+        return clock.advanceUntil(left, maxMs) ? port.written.size() - before : 0;
+    }
+    void press() { link.pushCommand(StopTask, stop); }
+};
+
+TEST_F(Stop, LeavesALineThatIsNeverSilentAndIsRepeatedThereUntilItsEcho) {
+    for (const quint8 ComMode : {quint8(0), quint8(1)}) {
+        start(ComMode);
+        RequestChain chain(clock, link);
+        chain.next = [] { return LinkRequest{ParameterTask, "FF030100000F", Awaits::ReadDone}; };
+        hum.setEnabled(true);
+        chain.start();
+        send();
+        press();
+        EXPECT_EQ(framesUntilStop(500), 1);
+        EXPECT_EQ(framesUntilStop(500), 1);
+        answer(stop);
+        EXPECT_EQ(framesUntilStop(15000), 0);
+        EXPECT_TRUE(chain.waitsForNothing()) << "and nobody is locked in behind the other request";
+        hum.setEnabled(false);
+    }
+}
+
+TEST_F(Stop, LeavesBeforeTheLinkIsGivenUp) {
+    for (const LinkAnswer chosen : {LinkAnswer::Retry, LinkAnswer::Ignore, LinkAnswer::Abort}) {
+        start();
+        for (int i = 0; i < 4; ++i) staySilent();
+        person.expectLinkFailure(DeadText, true, chosen, [this] { press(); });
+        staySilent();
+        EXPECT_EQ(framesUntilStop(1), 1);
+        staySilent();
+        EXPECT_EQ(port.isOpen, chosen != LinkAnswer::Abort);
+    }
+}
+
+TEST_F(Stop, OutlivesQueuesThatAreEmptiedAndAWindowThatTakesTheLine) {
+    send();
+    link.emptyQueues();
+    press();
+    answerWords(Sixteen);  // nobody's any more
+    EXPECT_EQ(send(), stop);
+    EXPECT_EQ(history, QStringList());
+    staySilent();
+    link.prelude();
+    EXPECT_EQ(send(), stop) << "it was not answered";
+}
+
 TEST_F(OnLine, EndOfCycleDecidesWhetherTheLineGoesOn) {
     struct Row {
         int owner, ready, exception, writing, identified;  // TWriteCheckForm is shown while writing
