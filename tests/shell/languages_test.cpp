@@ -268,6 +268,7 @@ TEST(Translations, TranslateWhatNoKeyNamesAndComeBackToEnglish) {
     QWidget window;
     QLabel stop("Stop bits", &window);
     QAction find("&Find...", &window);
+    QLabel what("&Find:", &window);
     QLabel value("12.50", &window);
     const QString folder = QStringLiteral(KELVANE_SOURCE_DIR) + "/Language file";
     translations.choose(9, folder);
@@ -277,7 +278,7 @@ TEST(Translations, TranslateWhatNoKeyNamesAndComeBackToEnglish) {
     stop.setText("Parity");  // set by code meanwhile
     translations.choose(2, folder);
     translations.show({&window});
-    EXPECT_EQ(find.text(), QString::fromUtf8("查找(&F)..."));
+    EXPECT_EQ(find.text() + what.text(), QString::fromUtf8("查找(&F)...查找(&F)："));
     translations.choose(4, folder);
     translations.show({&window});
     EXPECT_EQ(stop.text() + find.text(), "Parity&Find...");
