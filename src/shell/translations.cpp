@@ -141,7 +141,9 @@ QString TextCatalogue::text(const QString& english) const {
     if (found.isEmpty()) return found;
     constexpr char16_t FirstIdeograph = 0x2E80;
     if (found[0].unicode() < FirstIdeograph) return QLatin1Char('&') % found;
-    const qsizetype end = found.endsWith(QLatin1String("...")) ? found.size() - 3 : found.size();
+    qsizetype end = found.size();
+    if (found.endsWith(QLatin1String("..."))) end -= 3;
+    if (found.endsWith(QChar(0xFF1A))) end -= 1;  // the wide colon
     return found.insert(end, QStringLiteral("(&%1)").arg(english[mark + 1].toUpper()));
 }
 

@@ -268,6 +268,7 @@ TEST(Translations, TranslateWhatNoKeyNamesAndComeBackToEnglish) {
     QWidget window;
     QLabel stop("Stop bits", &window);
     QAction find("&Find...", &window);
+    QLabel what("&Find:", &window);
     QLabel value("12.50", &window);
     const QString folder = QStringLiteral(KELVANE_SOURCE_DIR) + "/Language file";
     translations.choose(9, folder);
@@ -277,7 +278,7 @@ TEST(Translations, TranslateWhatNoKeyNamesAndComeBackToEnglish) {
     stop.setText("Parity");  // set by code meanwhile
     translations.choose(2, folder);
     translations.show({&window});
-    EXPECT_EQ(find.text(), QString::fromUtf8("查找(&F)..."));
+    EXPECT_EQ(find.text() + what.text(), QString::fromUtf8("查找(&F)...查找(&F)："));
     translations.choose(4, folder);
     translations.show({&window});
     EXPECT_EQ(stop.text() + find.text(), "Parity&Find...");
@@ -292,7 +293,7 @@ TEST(Translations, FindTextsOfEnginesByTheirWords) {
               QString::fromUtf8("/mnt/x.txt: der Datenträger ist voll"));
     EXPECT_EQ(inLanguage("1 difference. Rows that could not be compared: 2 of the drive, 0 of the file."),
               QString::fromUtf8("1 Unterschied. Nicht vergleichbare Zeilen: 2 des Umrichters, 0 der Datei."));
-    EXPECT_EQ(inLanguage("7 of 198"), "7 von 198");
+    EXPECT_EQ(inLanguage("7 of 198") + inLanguage("Loaded a.trd"), "7 von 198a.trd geladen");
     EXPECT_EQ(inLanguage("Initial drive failed !!"), "Initial drive failed !!");
     translations.choose(4, folder);
     EXPECT_EQ(inLanguage("1 difference."), "1 difference.");

@@ -135,7 +135,10 @@ void TInputValueForm::check() {
     const InputVerdict verdict = CheckInputValue(*m_edit, m_person, m_lang);
     if (!m_edit) return;  // the window closed while a box stood over it
     InputEdit->setText(m_edit->Text);
-    if (verdict == InputVerdict::SelectAll) InputEdit->selectAll();
+    if (verdict == InputVerdict::SelectAll) {  // to type another one, also if OK was clicked
+        InputEdit->setFocus();
+        InputEdit->selectAll();
+    }
     if (verdict == InputVerdict::Close) accept();
 }
 

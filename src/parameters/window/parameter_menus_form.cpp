@@ -107,6 +107,7 @@ void ParameterMenus::buildViewMenu(QMenuBar* bar) {
     for (size_t i = 0; i < HideItems.size(); ++i) {
         hideItems[i] = add(HideColumn, HideItems[i].name, QLatin1String(HideItems[i].text));
         hideItems[i]->setCheckable(true);
+        hideItems[i]->setProperty("content", true);  // as the heads of the columns, in no other language
         connect(hideItems[i], &QAction::triggered, this, [this, i] { Q_EMIT hideColumnClicked(int(i) + 1); });
     }
 }

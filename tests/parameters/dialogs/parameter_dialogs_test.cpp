@@ -296,7 +296,9 @@ TEST_F(ValueEditor, TakesFiguresOnlyAndRefusesWithABoxAndTheOldText) {
     for (const auto& refusal : refusals) {
         type(refusal.typed);
         person.expectBox(refusal.text, refusal.title);
+        part(form, "OKTransparentButton").setFocus();
         press(form, "OKTransparentButton");
+        EXPECT_EQ(form.focusWidget() == &input, refusal.selected) << refusal.typed;
         EXPECT_EQ(person.lastIcon, BoxIcon::Stop);
         EXPECT_EQ(input.text(), "60.00");
         EXPECT_EQ(input.hasSelectedText(), refusal.selected) << refusal.typed;
