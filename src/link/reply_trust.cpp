@@ -131,6 +131,10 @@ bool ReplyTrust::owedToAnother(LinkMode mode, const QByteArray& reply) const {
     });
 }
 
+bool ReplyTrust::hums(qint64 us) const {
+    return heardAnything() && m_clock.nowUs() >= m_sentUs + m_delayUs + us;
+}
+
 void ReplyTrust::heard(LinkMode mode, const QByteArray& burst) {
     if (m_silenceLeft > 0) m_silenceLeft = m_silenceOwed;
     if (m_heard.isEmpty()) {
@@ -237,15 +241,12 @@ void ReplyTrust::oweSilence(quint32 ticks) {
     if (ticks == 0) return;
     m_silenceOwed = std::max(ticks, m_silenceLeft);
     m_silenceLeft = m_silenceOwed;
-    m_silenceEndUs = m_clock.nowUs() + 2 * LongestLateness;
     m_silence.setEnabled(false);
     m_silence.setEnabled(true);
 }
 
 void ReplyTrust::silentTick() {
-    const bool wanted = m_silenceLeft > 0 && --m_silenceLeft > 0;
-    if (wanted && m_clock.nowUs() < m_silenceEndUs) return;
-    m_silenceLeft = 0;
+    if (m_silenceLeft > 0 && --m_silenceLeft > 0) return;
     m_silence.setEnabled(false);
     m_onSilent();
 }

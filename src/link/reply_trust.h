@@ -36,8 +36,8 @@ class ReplyTrust {
     // own would have begun.
     bool ownAnswerIsDue() const;
     bool heardAnything() const { return !m_heard.isEmpty(); }
-    // Something was heard, and it is longer than that since the request left.
-    bool onlyNoiseSince(qint64 us) const { return heardAnything() && m_clock.nowUs() >= m_earliestUs + us; }
+    // So long after the first byte behind the request there is no end yet.
+    bool hums(qint64 us) const;
     // The one reply that fits; nothing when there is none, or when two that fit are not the same. What may be
     // another request's does not count: a copy of what was heard for that one, when it is a text on a line
     // that failed lately, comes beside a fresh reply or where no answer can have begun, and in a resend when
@@ -57,8 +57,7 @@ class ReplyTrust {
     // The same for one that was cut off. Where nothing was in doubt, its answer settles that before the next
     // request is sent, as it would have ended the exchange.
     void cutOff();
-    // Nothing is sent until no byte has come for so many waiting ticks; counts at once. Of a line that is
-    // never silent none is asked any more when nothing late can come.
+    // Nothing is sent until no byte has come for so many waiting ticks; counts at once.
     void oweSilence(quint32 ticks);
     bool silenceOwed() const { return m_silenceLeft > 0; }
     void forgetPace();
@@ -86,11 +85,10 @@ class ReplyTrust {
     TickTimer m_silence;
     quint32 m_silenceOwed = 0;  // ticks
     quint32 m_silenceLeft = 0;
-    qint64 m_silenceEndUs = 0;  // at the latest
-    QList<Heard> m_before;      // whole replies of the exchanges of the last seconds, oldest first
-    QString m_command;          // the request in hand
-    QByteArray m_echo;          // its answer, when it is a write: nothing else is answered like that
-    QByteArray m_heard;         // since the request was sent
+    QList<Heard> m_before;  // whole replies of the exchanges of the last seconds, oldest first
+    QString m_command;      // the request in hand
+    QByteArray m_echo;      // its answer, when it is a write: nothing else is answered like that
+    QByteArray m_heard;     // since the request was sent
     qint64 m_sentUs = 0;
     qint64 m_earliestUs = 0;  // before it no answer can begin
     qint64 m_fastestUs =

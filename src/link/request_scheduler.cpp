@@ -245,17 +245,18 @@ bool RequestScheduler::ownAnswerIsHeard() const {
     return !CommandQueue.empty() && m_trust.answer(mode(), CommandQueue.front());
 }
 
-// The wait is for silence, which a noisy line never is; a STOP waits for no more than an answer can take, and
-// is sent again as soon as its own could have come.
+// The wait is for silence, which a line that hums never is; a STOP waits for no more than an answer can take
+// there, and goes out again when its own has not come by then.
 bool RequestScheduler::stopOutwaitsNoise() const {
-    if (!stopIsDue() && !(inHand() && TaskQueue.front() == StopTask)) return false;
+    const bool again = inHand() && TaskQueue.front() == StopTask;
+    if ((!stopIsDue() && !again) || RxTickCount > 1) return false;
     const int answer = CommandQueue.empty() ? 0 : answerLength(mode(), CommandQueue.front());
-    return m_trust.onlyNoiseSince(2 * qint64(BaudTimeoutTicks) * TickLength * 1000 +
-                                  port().settings().wireTimeUs(answer));
+    const quint32 ticks = again ? SilenceAfterResend : 2 * BaudTimeoutTicks;
+    return m_trust.hums(qint64(ticks) * TickLength * 1000 + port().settings().wireTimeUs(answer));
 }
 
 bool RequestScheduler::neverSilent() const {
-    return (RxTimer.Enabled() || m_sendDeferred) && m_trust.onlyNoiseSince(ReplyTrust::LongestLateness);
+    return (RxTimer.Enabled() || m_sendDeferred) && m_trust.hums(ReplyTrust::LongestLateness);
 }
 
 // An adapter hands on the bytes of a reply in portions; shorter silences say nothing.

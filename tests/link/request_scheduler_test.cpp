@@ -432,7 +432,7 @@ TEST_F(Stop, LeavesALineThatIsNeverSilentAndIsRepeatedThereUntilItsEcho) {
         send();
         press();
         EXPECT_EQ(framesUntilStop(500), 1);
-        EXPECT_EQ(framesUntilStop(500), 1);
+        EXPECT_EQ(framesUntilStop(1000), 1);
         answer(stop);
         EXPECT_EQ(framesUntilStop(15000), 0);
         EXPECT_TRUE(chain.waitsForNothing()) << "and nobody is locked in behind the other request";
