@@ -53,7 +53,7 @@ QString RequestQueues::takeUp(const QString& generated) {
 }
 
 void RequestQueues::dropFront() {
-    if (!m_inHand) return;  // emptied meanwhile; what stands there now has not left
+    if (!inHand()) return;  // emptied meanwhile; what stands there now has not left
     TaskQueue.pop_front();
     // With nothing behind them copies stay until the next send step or push.
     const int ended = TaskQueue.empty() ? std::min(m_copies, 1) : m_copies;
@@ -112,7 +112,7 @@ bool RequestQueues::stopIsNext() const {
 }
 
 void RequestQueues::keepStop() {
-    if (!m_inHand || TaskQueue.front() != StopTask) return;
+    if (!inHand() || TaskQueue.front() != StopTask) return;
     m_inHand = false;
     m_copies = 0;
 }

@@ -36,7 +36,7 @@ class RequestQueues {
     // The front string of the front task, which gets one more string if it is a generated one. Empty when it
     // has none.
     QString takeUp(const QString& generated);
-    bool inHand() const { return m_inHand; }  // sent, and not ended
+    bool inHand() const { return m_inHand && !TaskQueue.empty(); }  // sent, and not ended
 
    protected:
     void pushStop(const QString& command);

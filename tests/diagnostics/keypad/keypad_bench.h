@@ -62,7 +62,7 @@ struct KeypadBench : SchedulerBench {
             pushed += QString::number(link.TaskQueue[i]) + " " +
                       (i < link.CommandQueue.size() ? link.CommandQueue[i] : QString());
         link.TaskQueue.clear();
-        link.CommandQueue.clear();
+        link.emptyQueues();
         link.rest();
         return pushed.join(", ");
     }
