@@ -203,7 +203,7 @@ QString TAutoTuningForm::statusText() const {
     }
     if (!m_tuning.line.site.link.Lamp.onLine())
         return tr("Off Line. A drive that was tuning goes on by itself.");
-    if (tunes)
+    if (tunes && m_tuning.sequence.TuneStep < 6)  // from there on the result speaks
         return tr("Tuning. The drive ends it by itself; nothing here limits its time.") % QLatin1Char(' ') %
                tr("F12 stops the drive.");
     if (m_tuning.RdTimer.running()) return tr("Reading the motor parameters ...");

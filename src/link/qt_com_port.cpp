@@ -97,7 +97,7 @@ bool QtComPort::open() {
     m_errorsInARow = 0;
     m_port->clearError();
     applySettings();
-    if (!m_port->open(QIODevice::ReadWrite)) {
+    if (!openDevice()) {
         m_openError = whyNotOpened(m_devicePath, m_port->error(), m_port->errorString());
         return false;
     }
@@ -109,6 +109,17 @@ bool QtComPort::open() {
     dropInput();
     findReadable();
     return true;
+}
+
+// A pseudo terminal that has all the other settings already, as a program that was killed leaves it, refuses
+// seven data bits and with them the opening. They are set again behind it, where a refusal does no harm.
+bool QtComPort::openDevice() {
+    if (m_port->open(QIODevice::ReadWrite)) return true;
+    const QSerialPort::SerialPortError error = m_port->error();
+    if (error == QSerialPort::PermissionError || error == QSerialPort::DeviceNotFoundError) return false;
+    m_port->clearError();
+    m_port->setDataBits(QSerialPort::Data8);
+    return m_port->open(QIODevice::ReadWrite);
 }
 
 void QtComPort::findReadable() {

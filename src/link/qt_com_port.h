@@ -45,6 +45,7 @@ class QtComPort final : public TApdComPort {
 
    private:
     void applySettings();
+    bool openDevice();
     void findReadable();
     void takeFromDevice();
     void announce();

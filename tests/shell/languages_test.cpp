@@ -294,6 +294,10 @@ TEST(Translations, FindTextsOfEnginesByTheirWords) {
     EXPECT_EQ(inLanguage("1 difference. Rows that could not be compared: 2 of the drive, 0 of the file."),
               QString::fromUtf8("1 Unterschied. Nicht vergleichbare Zeilen: 2 des Umrichters, 0 der Datei."));
     EXPECT_EQ(inLanguage("7 of 198") + inLanguage("Loaded a.trd"), "7 von 198a.trd geladen");
+    EXPECT_EQ(inLanguage("Quick Setup: 3 of 26 settings were not written: 01-01 (no answer), 02-02 (not "
+                         "sent), 03 (not sent)"),
+              "Schnellstart: 3 von 26 Einstellungen wurden nicht geschrieben: 01-01 (keine Antwort), "
+              "02-02 (nicht gesendet), 03 (nicht gesendet)");
     EXPECT_EQ(inLanguage("Initial drive failed !!"), "Initial drive failed !!");
     translations.choose(4, folder);
     EXPECT_EQ(inLanguage("1 difference."), "1 difference.");
