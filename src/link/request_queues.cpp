@@ -54,7 +54,7 @@ QString RequestQueues::takeUp(const QString& generated) {
 
 void RequestQueues::dropFront() {
     if (!m_inHand) return;  // emptied meanwhile; what stands there now has not left
-    TaskQueue.pop_front();
+    if (!TaskQueue.empty()) TaskQueue.pop_front();
     // With nothing behind them copies stay until the next send step or push.
     const int ended = TaskQueue.empty() ? std::min(m_copies, 1) : m_copies;
     for (int i = 0; i < ended && !CommandQueue.empty(); ++i) CommandQueue.pop_front();
@@ -112,9 +112,13 @@ bool RequestQueues::stopIsNext() const {
 }
 
 void RequestQueues::keepStop() {
-    if (!m_inHand || TaskQueue.front() != StopTask) return;
+    if (!stopIsOut()) return;
     m_inHand = false;
     m_copies = 0;
+}
+
+bool RequestQueues::stopIsOut() const {
+    return m_inHand && !TaskQueue.empty() && TaskQueue.front() == StopTask;
 }
 
 void RequestQueues::promoteStop() {

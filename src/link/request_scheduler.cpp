@@ -248,7 +248,7 @@ bool RequestScheduler::ownAnswerIsHeard() const {
 // The wait is for silence, which a noisy line never is; a STOP waits for no more than an answer can take, and
 // is sent again as soon as its own could have come.
 bool RequestScheduler::stopOutwaitsNoise() const {
-    if (!stopIsDue() && !(inHand() && TaskQueue.front() == StopTask)) return false;
+    if (!stopIsDue() && !stopIsOut()) return false;
     const int answer = CommandQueue.empty() ? 0 : answerLength(mode(), CommandQueue.front());
     return m_trust.onlyNoiseSince(2 * qint64(BaudTimeoutTicks) * TickLength * 1000 +
                                   port().settings().wireTimeUs(answer));
