@@ -52,9 +52,9 @@ void RequestScheduler::clearReception() {
 }
 
 // The answer to a cut-off request may come until its wait would have ended. A STOP that went unanswered
-// before is not forgotten.
+// before is not forgotten; the console counts its repeats itself.
 void RequestScheduler::abandonExchange() {
-    if (m_sentAgain || !RxTimer.Enabled()) keepStop();
+    if (!inConsole() && (m_sentAgain || !RxTimer.Enabled())) keepStop();
     if (!RxTimer.Enabled()) return;
     const quint32 left = ReplyTimeoutTicks > RxTickCount ? ReplyTimeoutTicks - RxTickCount : 0;
     const auto wire = static_cast<quint32>(m_wireTimeUs / (qint64(TickLength) * 1000) + 1);

@@ -91,8 +91,8 @@ class ReplyTrust {
     QByteArray m_heard;     // since the request was sent
     qint64 m_sentUs = 0;
     qint64 m_earliestUs = 0;  // before it no answer can begin
-    qint64 m_fastestUs =
-        -1;  // from the end of a request to the first byte of its answer, without doubt; -1: none
+    // From the end of a request to the first byte of its answer, without doubt; -1 while none is known.
+    qint64 m_fastestUs = -1;
     qint64 m_slowestUs = 0;  // from a request to the first byte of its answer, in any exchange without doubt
     qint64 m_delayUs = 0;    // the same in the exchange in hand
     qint64 m_lostUntilUs = 0;

@@ -112,10 +112,12 @@ bool RequestQueues::stopIsNext() const {
 }
 
 void RequestQueues::keepStop() {
-    if (!inHand() || TaskQueue.front() != StopTask) return;
+    if (!stopIsOut()) return;
     m_inHand = false;
     m_copies = 0;
 }
+
+bool RequestQueues::stopIsOut() const { return inHand() && TaskQueue.front() == StopTask; }
 
 void RequestQueues::promoteStop() {
     const quint8 failed = TaskQueue.front();

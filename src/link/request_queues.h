@@ -42,6 +42,7 @@ class RequestQueues {
     void pushStop(const QString& command);
     bool stopWaits() const;   // behind the exchange in hand
     bool stopIsNext() const;  // at the front, not sent yet
+    bool stopIsOut() const;   // in hand
     // The exchange in hand failed: STOP goes before it is tried again, and what would move the motor is
     // withdrawn.
     void promoteStop();

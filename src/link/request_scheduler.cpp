@@ -248,10 +248,9 @@ bool RequestScheduler::ownAnswerIsHeard() const {
 // The wait is for silence, which a line that hums never is; a STOP waits for no more than an answer can take
 // there, and goes out again when its own has not come by then.
 bool RequestScheduler::stopOutwaitsNoise() const {
-    const bool again = inHand() && TaskQueue.front() == StopTask;
-    if ((!stopIsDue() && !again) || RxTickCount > 1) return false;
+    if ((!stopIsDue() && !stopIsOut()) || RxTickCount > 1) return false;
     const int answer = CommandQueue.empty() ? 0 : answerLength(mode(), CommandQueue.front());
-    const quint32 ticks = again ? SilenceAfterResend : 2 * BaudTimeoutTicks;
+    const quint32 ticks = stopIsOut() ? SilenceAfterResend : 2 * BaudTimeoutTicks;
     return m_trust.hums(qint64(ticks) * TickLength * 1000 + port().settings().wireTimeUs(answer));
 }
 

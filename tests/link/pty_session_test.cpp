@@ -1,9 +1,11 @@
-// A few sessions in real time: the scheduler on the real port, kelvane-drive behind a pseudo terminal. Limits
-// are wide, so that a busy machine fails none of them.
+// A few sessions in real time: the scheduler on the real port, kelvane-drive behind a pseudo terminal, and a
+// gateway between them. Limits are wide, so that a busy machine fails none of them.
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QProcess>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 
 #include "base/qt_tick_clock.h"
@@ -11,6 +13,8 @@
 #include "catalogue/identification.h"
 #include "link/com_setup.h"
 #include "link/qt_com_port.h"
+#include "link/routed_port.h"
+#include "link/tcp_com_port.h"
 #include "tests/link/real_time.h"
 
 namespace kelvane {
@@ -40,8 +44,36 @@ class DriveProcess {
     QString m_device;
 };
 
+// Hands on what comes between the network and a serial line.
+struct Gateway {
+    explicit Gateway(const QString& device) : serial(device) {
+        serial.setSettings({.ComNumber = 4, .Baud = 38400});
+        EXPECT_TRUE(server.listen(QHostAddress::LocalHost) && serial.open());
+        QObject::connect(&server, &QTcpServer::newConnection, [this] {
+            client = server.nextPendingConnection();
+            QObject::connect(client, &QTcpSocket::readyRead, [this] { serial.PutBlock(client->readAll()); });
+        });
+        serial.OnTriggerAvail = [this](int count) {
+            for (; count > 0; --count)
+                if (const auto byte = serial.GetChar()) client->putChar(*byte);
+        };
+    }
+    QString target() const { return QStringLiteral("tcp:127.0.0.1:%1").arg(server.serverPort()); }
+    QTcpServer server;
+    QTcpSocket* client = nullptr;
+    QtComPort serial;
+};
+
+std::unique_ptr<TApdComPort> makePort(const PortTarget& target) {
+    if (target.kind == PortTarget::Kind::Gateway)
+        return std::make_unique<TcpComPort>(target.host, target.tcpPort);
+    return std::make_unique<QtComPort>(target.devicePath);
+}
+
 struct PtySession {
-    PtySession(bool rtu, int Baud, const QString& device) : port(device) {
+    PtySession(bool rtu, int Baud, const QString& target)
+        : ports(PortDirectory::fromText(QStringLiteral("4=") + target)),
+          port(ports, makePort, LinkPortAtCreation) {
         port.setSettings({.ComNumber = 4, .Baud = Baud, .DataBits = rtu ? 8 : 7});
         QObject::connect(&link, &RequestScheduler::historyLine,
                          [this](const QString& line) { history += line; });
@@ -58,7 +90,8 @@ struct PtySession {
     QtTickClock clock;
     SystemWallClock wall;
     ScriptedOperator person;
-    QtComPort port;
+    PortDirectory ports;
+    RoutedPort port;
     LangTable lang = LangTable::builtInEnglish();
     RequestScheduler link{{clock, wall, person, port, lang}};
     GroupNameTable groupNames;
@@ -86,6 +119,30 @@ TEST_P(PtyLine, IdentifiesADriveAndPolls) {
 INSTANTIATE_TEST_SUITE_P(Lines, PtyLine,
                          testing::Values(std::pair(false, 9600), std::pair(true, 38400),
                                          std::pair(true, 115200)));
+
+TEST(GatewayLine, LeadsFromSerialPortsTxtToADrive) {
+    const DriveProcess drive(true, 38400);
+    Gateway gateway(drive.device());
+    PtySession session(true, 38400, gateway.target());
+    session.link.TxTimer.setEnabled(true);
+    EXPECT_TRUE(session.polled(3));
+    EXPECT_EQ(session.link.Labels.DriveVrLabel, "Tilia");
+    EXPECT_EQ(session.link.TimeoutCount, 0);
+}
+
+TEST(KelvaneDrive, EndsWithACodeThatSaysWhy) {
+    const auto ends = [](const QStringList& arguments) {
+        QProcess drive;
+        drive.setStandardInputFile(QProcess::nullDevice());
+        drive.start(QStringLiteral(KELVANE_DRIVE_PROGRAM), arguments);
+        drive.waitForFinished(WideLimitMs);
+        return std::pair(drive.exitCode(), drive.readAllStandardError());
+    };
+    EXPECT_EQ(ends({"--help"}), std::pair(0, QByteArray()));
+    EXPECT_EQ(ends({"--until-eof"}).first, 0);
+    EXPECT_EQ(ends({"--baud", "7"}).first, 2);
+    EXPECT_TRUE(ends({"oak"}).second.contains("Try kelvane-drive --help"));
+}
 
 TEST(PtyLoss, IsToldOnceAndTheLinkComesBackWithTheDevice) {
     const QTemporaryDir folder;

@@ -23,11 +23,13 @@ void ParameterSite::whenOnLine(const std::function<void()>& go) const {
 
 QString ParameterSite::noAnswerText(const QString& PrNo) const {
     const DriveStatusRecord& status = link.DriveStatus;
-    const QString why = status.ExceptionTextDone ? QStringLiteral("refused, CE %1 %2")
-                                                       .arg(status.ExceptionCode)
-                                                       .arg(status.ExceptionText.trimmed())
-                                                       .trimmed()
-                                                 : QStringLiteral("the reply was lost or could not be used");
+    QString why = QStringLiteral("the reply was lost or could not be used");
+    if (status.ExceptionTextDone)
+        why = QStringLiteral("refused, CE %1 %2")
+                  .arg(status.ExceptionCode)
+                  .arg(status.ExceptionText.trimmed())
+                  .trimmed();
+    if (link.neverSilent()) why = QStringLiteral("the line is never silent, something disturbs it");
     return QStringLiteral("No answer is coming for Pr %1: %2.").arg(PrNo, why);
 }
 
