@@ -207,6 +207,15 @@ TEST_F(Console, EndsARunByItsStopConditions) {
         EXPECT_EQ(console->record().CanSend, 1);
     }
     console->settings() = {};
+    console->settings().CheckRuleCheckBoxChecked = false;
+    console->SendAnyTransparentButtonClick("010321000001");
+    run(5);
+    port.arrive("nonsense");
+    run(300);
+    EXPECT_EQ(sent().size(), 1) << "without rules anything is good";
+    EXPECT_EQ(console->record().errorRecords, 1);
+
+    console->settings() = {};
     console->RUNTransparentButtonClick();
     run(400);
     EXPECT_EQ(sent().join(' ').left(38), "010321000001 010321000002 010321000001")

@@ -101,7 +101,14 @@ TEST_P(EachDrive, JudgesWrites) {
 }
 
 TEST_P(EachDrive, GivesTextsOfFaultsAndExceptions) {
+    ask(drive, "FF0620010BB8");
+    ask(drive, "FF0620000002");
+    pass(drive, 1);
+    EXPECT_GT(drive.motor().outputHz(), 0);
     drive.motor().injectFault(1);
+    EXPECT_EQ(drive.motor().outputHz(), 0);
+    pass(drive, 1);
+    EXPECT_EQ(drive.motor().outputHz(), 0) << "at rest, and stays there";
     EXPECT_EQ(drive.word(0x2100), 1);
     const bool hazel = GetParam() == Family::Hazel;
     EXPECT_EQ(text(drive, 0x3201, 10).toStdString(), hazel ? "" : "Over current    oc  ");

@@ -40,17 +40,6 @@ TEST(Motor, RampsAndTurnsOverByItsTimesWhateverTheStepsOfTheClock) {
     }
 }
 
-TEST(Motor, StandsByWithoutAFrequencyAndComesToRestAtAFault) {
-    MotorModel motor = motorAt(0);
-    motor.run();
-    motor.advance(1);
-    EXPECT_EQ(motor.runState(), RunState::Standby);
-    motor.setCommandHz(20);
-    motor.advance(10);
-    motor.injectFault(1);
-    EXPECT_EQ(motor.outputHz(), 0);
-}
-
 TEST(Motor, AWorkingLoadMovesCurrentSpeedAndBusTogether) {
     MotorModel motor = motorAt(50);
     motor.workingLoad = true;

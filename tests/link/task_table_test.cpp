@@ -47,22 +47,6 @@ TEST_F(StatusPoll, DecodesItemsAsUnsignedTexts) {
     EXPECT_EQ(decoded, 1);
 }
 
-TEST_F(StatusPoll, KeepsTheSecondStateWordOfRowanAndLarchApart) {
-    for (const Family family : {Family::Rowan, Family::Larch}) {
-        be(family);
-        link.DriveStatus.StatusWords[1] = 0x1234;
-        poll();
-        EXPECT_EQ(send(), "FF0321000010");
-        answerWords({0, 0xFFFF, 7, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
-        EXPECT_EQ(link.DriveStatus.StatusWords[1], 0x1234U);
-        EXPECT_EQ(link.DriveStatus.StatusWords[2], 7U);
-        EXPECT_EQ(send(), "FF0321190001");
-        answerWords({0x0100});
-        EXPECT_EQ(link.DriveStatus.StatusWords[1], 0x0100U);
-        EXPECT_EQ(send(), "FF0321000010");
-    }
-}
-
 TEST_F(ParameterRead, NamesHazelByTheCommandAndKeepsAllButTheValueOfAKeypad) {
     be(Family::Hazel);
     link.ParamRead.fixedParaName = [](int group, int number) {

@@ -22,8 +22,6 @@ struct CommissioningFlow : ShellBench {
     TAutoTuningForm& tuningForm = windows->form<TAutoTuningForm>();
     RequestScheduler& link = tool->link;
 
-    drive::PracticePort& port() { return *dynamic_cast<drive::PracticePort*>(tool->linkPort.behind()); }
-    void press(const char* name, QWidget& in) { find<QAbstractButton>(name, &in)->click(); }
     bool checked(const char* name, QWidget& in) { return find<QAbstractButton>(name, &in)->isChecked(); }
     bool open(const char* item, QWidget& form) {
         trigger(item);

@@ -220,14 +220,13 @@ TEST(MainForm, RestsWhileTheParameterWindowIsOpenAndGoesOnWithoutIdentification)
     bench.goOnLine(Family::Willow);
     bench.trigger("ParameterManagement");
     ASSERT_TRUE(bench.windows->parameterForm.isVisible());
-    auto* port = dynamic_cast<drive::PracticePort*>(bench.tool->linkPort.behind());
-    const qsizetype before = port->transcript().size();
+    const qsizetype before = bench.port().transcript().size();
     bench.clock.advance(5000);
-    EXPECT_EQ(port->transcript().size(), before);
+    EXPECT_EQ(bench.port().transcript().size(), before);
     bench.windows->parameterForm.close();
     EXPECT_EQ(bench.tool->link.ActiveFunction, OwnerMain);
     bench.clock.advance(1000);
-    const QStringList after = port->transcript().mid(before);
+    const QStringList after = bench.port().transcript().mid(before);
     EXPECT_TRUE(after.contains("FF032100000B"));
     EXPECT_FALSE(after.contains("FF0321100003"));
     // A keypad that was read as the drive is no drive to go on with.

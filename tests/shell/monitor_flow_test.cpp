@@ -26,8 +26,6 @@ struct MonitorFlow : ShellBench {
     RequestScheduler& link = tool->link;
 
     explicit MonitorFlow(const QByteArray& project = {}) : ShellBench(project) {}
-    drive::PracticePort& port() { return *dynamic_cast<drive::PracticePort*>(tool->linkPort.behind()); }
-    void press(const char* name, QWidget& in) { find<QAbstractButton>(name, &in)->click(); }
     void choose(const char* name, int index) {
         auto* box = find<QComboBox>(name, &form);
         box->setCurrentIndex(index);

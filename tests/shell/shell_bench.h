@@ -62,6 +62,8 @@ struct ShellBench {
         return found;
     }
     QString text(const char* name) { return find<QWidget>(name)->property("text").toString(); }
+    void press(const char* name, QWidget& in) { find<QAbstractButton>(name, &in)->click(); }
+    drive::PracticePort& port() { return *dynamic_cast<drive::PracticePort*>(tool->linkPort.behind()); }
     void trigger(const char* action) { find<QAction>(action)->trigger(); }
     // As a technician does it: com setup, Test, Accept, Yes.
     void goOnLine(Family family = Family::Larch) {

@@ -174,6 +174,7 @@ TEST(KeypadFaultText, IsReadOnceAndLogged) {
         const qsizetype asked = line.sentSince(from).count("FF033205000A");
         const QString name = line.keypad.screen.ErrNameVrLabel;
         EXPECT_EQ(line.keypad.screen.sheet, KeypadSheet::ErrInfo);
+        EXPECT_EQ(line.keypad.screen.ErrDescriptLabel, family == Family::Hazel ? "" : "Motor overload  ");
         EXPECT_EQ(asked, family == Family::Hazel ? 0 : 1) << familyName(family);
         EXPECT_EQ(name, family == Family::Aspen || family == Family::Hazel ? "oL1" : "oL1 ")
             << familyName(family);
@@ -223,6 +224,8 @@ TEST(KeypadRun, MovesTheDriveOfEveryFamily) {
         line.keypad.JOGTransparentButtonMouseUp();
         line.clock.advance(6000);
         EXPECT_FALSE(line.motor().running()) << familyName(family);
+        EXPECT_EQ(line.transcript().filter("FF062000").join(' '),
+                  "FF0620000002 FF0620000030 FF0620000001 FF0620000003 FF0620000001");
         EXPECT_TRUE(line.credits.miscredited.isEmpty()) << line.credits.miscredited.join('\n').toStdString();
     }
 }

@@ -152,6 +152,7 @@ TEST(ParameterWriter, RefusalsAreRecordedAndTheRunGoesOn) {
     EXPECT_EQ(b.send(), "FF0601001770");
     b.refuse(4, "Not while running");
     EXPECT_EQ(b.asked15, "FF0333040008");
+    EXPECT_EQ(b.history.back(), "CE 4 : Not while runnin");
     EXPECT_EQ(b.send(), "FF06010105DC");
     b.answer("FF06010105DC");
     EXPECT_EQ(b.send(), "FF0620050005");

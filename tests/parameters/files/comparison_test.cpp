@@ -35,11 +35,7 @@ class Comparison : public ::testing::Test {
 TEST_F(Comparison, DefaultsLeaveOutGroupsWithoutADifference) {
     EXPECT_TRUE(compare(DriveVsDefault).shown);
     ASSERT_EQ(result.RowCount(), 3);
-    EXPECT_EQ(row(1), "*****|*****|1 - Basic|*****|*****|*****|*****|*****|*****|Drive");
-    EXPECT_EQ(row(2), "01-00|0100H|Max. Output Freq|Hz  |50.00|60.00|50.00|400.00|Writable|Drive");
     EXPECT_TRUE(info.rowHidden(2));
-    EXPECT_EQ(rowTexts(info, 1, 1, 6).join('|'), "drive|Larch|2.05|150A|460V|75 ( 100 )");
-
     drive.grid.setCell(column::Data, 5, "60.00");
     drive.grid.setCell(column::Data, 3, "140.0");
     EXPECT_EQ(compare(DriveVsDefault).differences, 1);

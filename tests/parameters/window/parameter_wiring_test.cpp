@@ -24,7 +24,6 @@ struct ParameterWiring : ShellBench, testing::Test {
         windows->openWindow(OwnerParameter);
     }
     QAction* item(const char* name) { return find<QAction>(name, &form); }
-    void press(QWidget& window, const char* button) { find<QAbstractButton>(button, &window)->click(); }
     void readTable() {
         item("ReadfromDrive")->trigger();
         clock.advance(300);
@@ -58,7 +57,7 @@ TEST_F(ParameterWiring, SourceOfAWriteIsAskedForAndGivesTheList) {
     ASSERT_TRUE(session.loader.load(path));
     item("WriteSelect")->trigger();
     ASSERT_TRUE(windows->selParaSourceForm.isVisible());
-    press(windows->selParaSourceForm, "OKTransparentButton");
+    press("OKTransparentButton", windows->selParaSourceForm);
     ASSERT_TRUE(windows->writeCheckForm.isVisible());
     EXPECT_EQ(session.writer.AdvStringGrid1.RowCount(), 2) << "the one checked row of the file in front";
     windows->writeCheckForm.close();
@@ -115,13 +114,11 @@ TEST_F(ParameterWiring, ComSetupAfterAnAbortedWriteGivesTheLineBackToTheWindow) 
     readTable();
     const int row = rowOfNumber(session.DriveAdvStringGrid, "01-00");
     session.DriveAdvStringGrid.setCheckBox(row, true);
-    auto* port = dynamic_cast<drive::PracticePort*>(tool->linkPort.behind());
-    ASSERT_NE(port, nullptr);
-    port->unplug();
+    port().unplug();
     item("WriteSelect")->trigger();
     person.expectBox("Do you want to write the parameter(s) to drive ?", "Cofirm", BoxAnswer::Yes);
     person.expectLinkFailure("Communication Timeout", true, LinkAnswer::Abort);
-    press(windows->writeCheckForm, "OKTransparentButton");
+    press("OKTransparentButton", windows->writeCheckForm);
     clock.advanceUntil([this] { return windows->writeCheckErrRecordForm.isVisible(); }, 600000);
     ASSERT_TRUE(windows->writeCheckErrRecordForm.isVisible());
     windows->writeCheckErrRecordForm.close();
@@ -136,7 +133,7 @@ TEST_F(ParameterWiring, ComSetupAfterAnAbortedWriteGivesTheLineBackToTheWindow) 
     windows->writeCheckForm.close();
     EXPECT_TRUE(tool->link.idle());
 
-    port->plugIn();
+    port().plugIn();
     person.expectBox("The serial port is not yet functioning ! Please set up first !", "Cofirm");
     item("ReadfromDrive")->trigger();
     ASSERT_TRUE(windows->comSetupForm.isVisible());
