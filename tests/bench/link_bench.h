@@ -72,7 +72,7 @@ struct SchedulerBench {
         drive::PracticeDrive practice(drive::familyData(family));
         link.Initial();
         link.TxTimer.setEnabled(true);
-        while (!link.DriveStatus.DriveReady) {
+        for (int replies = 0; replies < 1000 && !link.DriveStatus.DriveReady; ++replies) {
             const QByteArray request = QByteArray::fromHex(send().toLatin1());
             answer(QString::fromLatin1(practice.answer(request).toHex().toUpper()));
         }
