@@ -127,7 +127,7 @@ bool RequestScheduler::SendUsart(const QString& command) {
 void RequestScheduler::prepareToReceive(const QString& command) {
     RxTickCount = 0;
     Console.FirstWaitOver = 0;
-    m_wholeReply = false;
+    m_wholeReply = m_humTold = false;
     endHoldBack();
     Rx.prepare(mode());
     m_trust.sent(mode(), command, m_wireTimeUs, m_sentAgain);
@@ -156,16 +156,17 @@ void RequestScheduler::ApdComPort1TriggerAvail(int count) {
     Rx.takeBurst(mode(), burst);
     m_trust.heard(mode(), burst);
     RxTickCount = 0;
+    if (!inConsole() && neverSilent() && !std::exchange(m_humTold, true))
+        ShowHistoryMsg(QStringLiteral("The line is never silent, something disturbs it."));
     if (!RxTimer.Enabled()) return;
     const bool mayEndEarly = !inConsole() && !m_trust.inDoubt();
     m_wholeReply = mayEndEarly && mode() == LinkMode::Rtu && !CommandQueue.empty() &&
                    isWholeRtuReply(CommandQueue.front(), Rx);
-    if (stopOutwaitsNoise()) {
-        RxTimer.kick();
-    } else if (m_wholeReply) {
+    const bool noise = stopOutwaitsNoise();
+    if (m_wholeReply && !noise) {
         const PortSettings& line = port().settings();
         RxTimer.tickIn(rtuSilenceUs(line.silenceUs(), line.Baud, MinimumSilenceUs));
-    } else if ((mayEndEarly && Rx.RxFrameDone && mode() == LinkMode::Ascii) || echoIsHeard()) {
+    } else if (noise || (mayEndEarly && Rx.RxFrameDone && mode() == LinkMode::Ascii) || echoIsHeard()) {
         RxTimer.kick();
     } else if (!restUntilNearlyWhole()) {
         goOnWaiting();

@@ -199,6 +199,7 @@ class RequestScheduler : public QObject, public RequestQueues {
     bool m_startWanted = false;   // a window pushed while an exchange was open
     bool m_sendDeferred = false;  // until the line is silent
     bool m_silentSince = false;   // time-outs since the last reply
+    bool m_humTold = false;       // in this exchange
     bool m_givingUp = false;      // a STOP goes out once more before the link is given up
 };
 

@@ -425,6 +425,7 @@ TEST_F(Stop, LeavesALineThatIsNeverSilentAndIsRepeatedThereUntilItsEcho) {
         EXPECT_EQ(framesUntilStop(1000), 1);
         answer(stop);
         EXPECT_EQ(framesUntilStop(15000), 0);
+        EXPECT_EQ(history.filter("The line is never silent, something disturbs it.").size(), 1);
         EXPECT_TRUE(chain.waitsForNothing()) << "and nobody is locked in behind the other request";
         hum.setEnabled(false);
     }

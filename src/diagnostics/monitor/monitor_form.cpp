@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
 #include <QScrollArea>
@@ -18,6 +19,7 @@
 #include "ui/named.h"
 #include "ui/power_button.h"
 #include "ui/tab_order.h"
+#include "ui/title_width.h"
 #include "ui/transparent_button.h"
 #include "ui/trend_plot.h"
 
@@ -282,6 +284,7 @@ void TMonitorForm::askMaximum(void (MonitorSession::*take)(const QString& text))
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowTitle(QStringLiteral("Adjust the Max Value of Meter"));
     dialog->setLabelText(QStringLiteral("Please Input the Value"));
+    dialog->findChild<QLabel*>()->setMinimumWidth(titleWidth(*dialog));  // its layout sets its own
     connect(dialog, &QInputDialog::textValueSelected, this,
             [this, take](const QString& text) { (m_monitor.*take)(text); });
     dialog->open();
