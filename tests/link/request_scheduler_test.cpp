@@ -396,7 +396,6 @@ TEST_F(Reply, LogsLengthAndFunctionErrorsAndGoesOnWithoutAFlag) {
     EXPECT_EQ(history, (QStringList{"Receive data length is not correct !!", "Function code error !! -> "}));
 }
 
-// Who goes on by himself after a good reply.
 // A line that hums without a pause: bytes closer together than any wait.
 struct Stop : OnLine {
     const QString stop = QStringLiteral("FF0620000001");
@@ -455,6 +454,7 @@ TEST_F(Stop, OutlivesQueuesThatAreEmptiedAndAWindowThatTakesTheLine) {
     EXPECT_EQ(send(), stop) << "it was not answered";
 }
 
+// Who goes on by himself after a good reply.
 TEST_F(OnLine, EndOfCycleDecidesWhetherTheLineGoesOn) {
     struct Row {
         int owner, ready, exception, writing, identified;  // TWriteCheckForm is shown while writing
