@@ -112,11 +112,14 @@ bool QtComPort::open() {
 }
 
 // A pseudo terminal that has all the other settings already, as a program that was killed leaves it, refuses
-// seven data bits and with them the opening. They are set again behind it, where a refusal does no harm.
+// seven data bits and with them the opening. It carries whole bytes whatever is set. An adapter that refuses
+// them says so.
 bool QtComPort::openDevice() {
     if (m_port->open(QIODevice::ReadWrite)) return true;
     const QSerialPort::SerialPortError error = m_port->error();
-    if (error == QSerialPort::PermissionError || error == QSerialPort::DeviceNotFoundError) return false;
+    const bool isTerminal =
+        QFileInfo(m_devicePath).canonicalFilePath().startsWith(QLatin1String("/dev/pts/"));
+    if (!isTerminal || error == QSerialPort::PermissionError) return false;
     m_port->clearError();
     m_port->setDataBits(QSerialPort::Data8);
     return m_port->open(QIODevice::ReadWrite);
